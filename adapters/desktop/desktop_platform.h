@@ -1,0 +1,74 @@
+// The whole platform of a desktop machine in one object: databases, pictures, messages, the
+// machine's address and the print windows. A program that embeds the component needs one line to
+// get it:
+//
+//   td::DesktopPlatform desktop;      // keep it alive as long as anything that was given Get()
+//   … desktop.Get() …
+//
+// The program may have a Qt application of its own, which is then used and kept. If it has none,
+// one is made when the first DesktopPlatform is constructed, and lives until the program ends; it
+// needs no display. Everything runs on the thread that constructs the object, which must be the
+// thread of the Qt application.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/platform.h"
+
+namespace td {
+
+class PageDocument;
+
+enum class MessageMode {
+  kAutomatic,      // a message box if there is a window system, otherwise as kStandardError
+  kStandardError,  // one line on standard error for each message, whatever display there is
+};
+
+// Texts are UTF-8; an empty text asks for what the comment calls the default.
+struct DesktopOptions {
+  // Every document goes to this printer, whatever printer its format or its user chose. Default:
+  // the document's own choice.
+  std::string printer;
+
+  // Takes a finished document in the place of any printer: no printer is needed then, and none is
+  // used. The reference is good during the call. A Failure that it throws leaves PrintDoc.
+  std::function<void(const PageDocument&)> document_sink;
+
+  MessageMode messages = MessageMode::kAutomatic;
+
+  // The folder of the export file 订单.html. Default: the environment variable
+  // QBTDPRINTER_STATE_DIR, else qbtdprinter in $XDG_STATE_HOME, else in ~/.local/state. It is
+  // created when it is missing, for the user alone.
+  std::string state_directory;
+
+  // The folder whose subfolder "picture" holds the goods pictures. Default: the folder of the
+  // running program.
+  std::string component_folder;
+
+  // Called with the number of each page, from 1, when the page has been finished by the run.
+  std::function<void(int page)> on_page;
+};
+
+class DesktopPlatform {
+ public:
+  // Fails with kInvalidProperty when `options.printer` names a printer that this machine doesn't
+  // have, and with kInvalidCall when the program's own Qt application can't paint text.
+  explicit DesktopPlatform(DesktopOptions options = {});
+  ~DesktopPlatform();
+  DesktopPlatform(const DesktopPlatform&) = delete;
+  DesktopPlatform& operator=(const DesktopPlatform&) = delete;
+
+  // Good as long as this object lives.
+  [[nodiscard]] Platform& Get();
+
+  // How many messages were shown so far, as a box or as a line.
+  [[nodiscard]] int MessagesShown() const;
+
+ private:
+  struct Parts;
+  std::unique_ptr<Parts> parts_;
+};
+
+}  // namespace td
