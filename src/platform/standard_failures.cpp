@@ -1,0 +1,43 @@
+#include "platform/standard_failures.h"
+
+#include <string>
+
+namespace td {
+
+Failure InvalidCallFailure() {
+  return {kInvalidCall, "无效的过程调用或参数"};
+}
+
+Failure OverflowFailure() {
+  return {kOverflow, "溢出"};
+}
+
+Failure DivisionByZeroFailure() {
+  return {kDivisionByZero, "除数为零"};
+}
+
+Failure MismatchFailure() {
+  return {kTypeMismatch, "类型不匹配"};
+}
+
+Failure NullFailure() {
+  return {kInvalidUseOfNull, "无效使用 Null"};
+}
+
+Failure NoCurrentRowFailure() {
+  return {kNoCurrentRow, "记录集中没有当前记录"};
+}
+
+Failure ClosedFailure() {
+  return {kObjectClosed, "对象已关闭，不允许此操作"};
+}
+
+Failure NoSuchColumnFailure(std::string_view column) {
+  const std::string description = "记录集中找不到该名称的列";
+  // A description with this character means a busy database and is tried again without end, so
+  // that a column named so can't be named here.
+  if (column.find("锁") != std::string_view::npos) return {kNoSuchColumn, description};
+  return {kNoSuchColumn, description + "：" + std::string(column)};
+}
+
+}  // namespace td

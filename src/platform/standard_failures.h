@@ -1,0 +1,21 @@
+// The failures that several places raise, each with its number and its words in one place.
+#pragma once
+
+#include <string_view>
+
+#include "platform/failure.h"
+
+namespace td {
+
+[[nodiscard]] Failure InvalidCallFailure();     // kInvalidCall
+[[nodiscard]] Failure OverflowFailure();        // kOverflow
+[[nodiscard]] Failure DivisionByZeroFailure();  // kDivisionByZero
+[[nodiscard]] Failure MismatchFailure();        // kTypeMismatch
+[[nodiscard]] Failure NullFailure();            // kInvalidUseOfNull
+[[nodiscard]] Failure NoCurrentRowFailure();    // kNoCurrentRow
+[[nodiscard]] Failure ClosedFailure();          // kObjectClosed
+
+// kNoSuchColumn. The description names the column.
+[[nodiscard]] Failure NoSuchColumnFailure(std::string_view column);
+
+}  // namespace td
