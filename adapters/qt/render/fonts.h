@@ -1,0 +1,35 @@
+// Which installed font families stand for the font names that formats hold.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <map>
+#include <string>
+
+namespace td {
+
+// Maps a font name to families, the most wanted first. Names are compared without regard to case
+// and to blanks at their ends. A name that is not in the table stands for the family of that name.
+class FontTable {
+ public:
+  // The built-in table. `configuration` is the path of a file with lines `name = family, family`,
+  // which come before the built-in ones for that name; `#` begins a comment. A missing file is no
+  // error; a line without `=` is skipped.
+  explicit FontTable(const std::string& configuration);
+
+  // The table of this process, read once, with the file of ConfigurationFile().
+  static const FontTable& Instance();
+  // fonts.conf in the folder qbtdprinter of $XDG_CONFIG_HOME, or of ~/.config.
+  static std::string ConfigurationFile();
+
+  // The installed families for a name, best first, then fallbacks that have the Chinese characters.
+  // Never empty if any font is installed.
+  [[nodiscard]] QStringList Families(const std::string& name) const;
+
+ private:
+  void Read(const std::string& configuration);
+
+  std::map<QString, QStringList> families_;
+};
+
+}  // namespace td

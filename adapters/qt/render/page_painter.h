@@ -1,0 +1,16 @@
+// Draws pages with QPainter. Every output goes through DrawPage, so that an item lies at the same
+// place in all of them.
+#pragma once
+
+#include "page_document/drawing.h"
+
+class QPainter;
+
+namespace td {
+
+// Draws a page. The painter's coordinates are twips from the page's top left corner: an output
+// scales it before the call. The painter's state is the same afterwards. Needs a QGuiApplication,
+// as do all functions of this folder.
+void DrawPage(QPainter& painter, const Page& page);
+
+}  // namespace td
