@@ -1,0 +1,36 @@
+#!/bin/bash
+# Installs every Debian package that building, testing and printing the samples needs.
+# The one place where packages are named. Run as root or by a user with sudo.
+set -euo pipefail
+
+packages=(
+  # the compilers, the build and its checks
+  g++ clang clang-format clang-tidy cmake make ninja-build pkg-config git
+  # the platform: windows, drawing and printing; the embedded database; barcodes
+  qt6-base-dev qt6-svg-dev qt6-image-formats-plugins libgl-dev
+  libsqlite3-dev libzint-dev libcli11-dev nlohmann-json3-dev
+  # fonts that stand in for the families that stored formats name
+  fontconfig fonts-noto-cjk fonts-arphic-uming fonts-arphic-ukai fonts-liberation
+  # a printer queue that writes PDF files
+  cups cups-client printer-driver-cups-pdf
+  # what the tests read the results with
+  libgtest-dev poppler-utils zbar-tools imagemagick chromium sqlite3 xvfb xauth procps
+)
+
+missing=()
+for package in "${packages[@]}"; do
+  status=$(dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null || true)
+  [ "$status" = installed ] || missing+=("$package")
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+as_root=()
+if [ "$(id -u)" -ne 0 ]; then
+  command -v sudo >/dev/null || { echo "Run this as root, or install sudo." >&2; exit 1; }
+  as_root=(sudo)
+fi
+
+echo "Installing: ${missing[*]}"
+"${as_root[@]}" apt-get update -q
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+  apt-get install -q -y --no-install-recommends "${missing[@]}"
