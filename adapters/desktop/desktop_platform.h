@@ -34,21 +34,21 @@ struct DesktopOptions {
 
   // Takes a finished document in the place of any printer: no printer is needed then, and none is
   // used. The reference is good during the call. A Failure that it throws leaves PrintDoc.
-  std::function<void(const PageDocument&)> document_sink;
+  std::function<void(const PageDocument&)> documentSink;
 
   MessageMode messages = MessageMode::kAutomatic;
 
   // The folder of the export file 订单.html. Default: the environment variable
   // QBTDPRINTER_STATE_DIR, else qbtdprinter in $XDG_STATE_HOME, else in ~/.local/state. It is
   // created when it is missing, for the user alone.
-  std::string state_directory;
+  std::string stateDirectory;
 
   // The folder whose subfolder "picture" holds the goods pictures. Default: the folder of the
   // running program.
-  std::string component_folder;
+  std::string componentFolder;
 
-  // Called with the number of each page, from 1, when the page has been finished by the run.
-  std::function<void(int page)> on_page;
+  // Called with the number of each page, from 1, when the page begins.
+  std::function<void(int page)> onPage;
 };
 
 class DesktopPlatform {
