@@ -1,0 +1,21 @@
+// From the bytes of a picture file to pixels.
+#pragma once
+
+#include <QImage>
+#include <cstddef>
+
+#include "platform/value.h"
+
+namespace td {
+
+// Pictures whose pixels would take more than this are refused before they are decoded. A picture
+// that has to be turned takes twice that for a moment.
+inline constexpr std::size_t kLargestDecodedBytes = std::size_t{128} << 20;
+inline constexpr std::size_t kLargestFileBytes = std::size_t{64} << 20;
+
+// Decodes a JPEG, PNG, BMP, GIF or TIFF file, known by its first bytes: the first picture or page
+// in it, turned as its orientation asks. Fails with kInvalidPicture when it is none of them, is
+// damaged, ends too early, or is larger than the bounds.
+[[nodiscard]] QImage DecodePicture(const Bytes& file);
+
+}  // namespace td

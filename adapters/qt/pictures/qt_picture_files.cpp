@@ -1,0 +1,190 @@
+#include "pictures/qt_picture_files.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+
+#include "page_document/pictures.h"
+#include "pictures/picture_decoder.h"
+#include "pictures/picture_headers.h"
+#include "platform/failure.h"
+
+namespace td {
+namespace {
+
+class OpenFile {
+ public:
+  explicit OpenFile(int descriptor) : descriptor_(descriptor) {}
+  ~OpenFile() { Close(); }
+  OpenFile(const OpenFile&) = delete;
+  OpenFile& operator=(const OpenFile&) = delete;
+
+  [[nodiscard]] int Descriptor() const { return descriptor_; }
+  [[nodiscard]] bool IsOpen() const { return descriptor_ >= 0; }
+  // False when the system reports only now that a write has failed.
+  bool Close() {
+    if (descriptor_ < 0) return true;
+    const int result = close(descriptor_);
+    descriptor_ = -1;
+    return result == 0;
+  }
+
+ private:
+  int descriptor_;
+};
+
+std::string NativePath(const std::string& path) {
+  std::string native = path;
+  std::replace(native.begin(), native.end(), '\\', '/');
+  return native;
+}
+
+// A 锁 in a description would make its readers take the failure for a lock conflict.
+std::string Shown(std::string text) {
+  constexpr std::string_view kLockCharacter = "锁";
+  for (std::size_t at = text.find(kLockCharacter); at != text.npos;
+       at = text.find(kLockCharacter, at)) {
+    text.replace(at, kLockCharacter.size(), "?");
+  }
+  return text;
+}
+
+Failure FileFailure(int number, const std::string& reason, const std::string& path) {
+  return {number, Shown(reason + "：" + path)};
+}
+
+bool FolderIsMissing(const std::string& path) {
+  std::error_code error;
+  const std::filesystem::path folder = std::filesystem::path(path).parent_path();
+  return !folder.empty() && !std::filesystem::is_directory(folder, error);
+}
+
+Failure SystemFailure(int error, const std::string& path) {
+  switch (error) {
+    case ENOENT:
+      if (FolderIsMissing(path)) return FileFailure(kPathNotFound, "文件夹不存在", path);
+      return FileFailure(kFileNotFound, "文件不存在", path);
+    case ENOTDIR:
+    case ENAMETOOLONG:
+    case ELOOP:
+      return FileFailure(kPathNotFound, "路径无效", path);
+    case EEXIST:
+      return FileFailure(QtPictureFiles::kFileExists, "文件已经存在", path);
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      return FileFailure(QtPictureFiles::kPermissionDenied, "没有权限", path);
+    case ENOSPC:
+    case EDQUOT:
+      return FileFailure(kDeviceIo, "磁盘空间不足", path);
+    default:
+      return FileFailure(kDeviceIo, "文件读写失败（系统错误 " + std::to_string(error) + "）", path);
+  }
+}
+
+// A byte 0 would end the path early and name another file.
+void RequireWholePath(const std::string& path) {
+  if (path.empty()) throw Failure(kFileNotFound, "没有给出文件名。");
+  if (path.find('\0') != path.npos) throw Failure(kPathNotFound, "路径无效。");
+}
+
+// 0, or the system's error.
+int WriteAll(int descriptor, const Bytes& bytes) {
+  std::size_t written = 0;
+  while (written < bytes.size()) {
+    const ssize_t step = write(descriptor, bytes.data() + written, bytes.size() - written);
+    if (step < 0 && errno == EINTR) continue;
+    if (step < 0) return errno;
+    written += static_cast<std::size_t>(step);
+  }
+  return 0;
+}
+
+const Bytes& BytesOf(const Value& value, const std::string& path) {
+  if (IsNull(value)) throw FileFailure(kInvalidUseOfNull, "没有图片数据（Null），未保存", path);
+  const Bytes* bytes = std::get_if<Bytes>(&value);
+  if (bytes == nullptr) throw FileFailure(kTypeMismatch, "图片数据不是二进制数据，未保存", path);
+  if (bytes->empty()) throw FileFailure(kInvalidPicture, "图片数据是空的，未保存", path);
+  return *bytes;
+}
+
+// Reads a regular file up to one byte beyond the bound, which the decoder then refuses.
+Bytes ReadPictureFile(const std::string& path) {
+  // Without O_NONBLOCK, a pipe in the file's place would hold the program up.
+  const OpenFile file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+  if (!file.IsOpen()) throw SystemFailure(errno, path);
+  struct stat status = {};
+  if (fstat(file.Descriptor(), &status) != 0) throw SystemFailure(errno, path);
+  if (!S_ISREG(status.st_mode)) throw FileFailure(kInvalidPicture, "不是图片文件", path);
+
+  const auto size = std::min(static_cast<std::size_t>(status.st_size), kLargestFileBytes + 1);
+  Bytes bytes(size);
+  std::size_t filled = 0;
+  while (filled < size) {
+    const ssize_t step = read(file.Descriptor(), bytes.data() + filled, size - filled);
+    if (step < 0 && errno == EINTR) continue;
+    if (step < 0) throw SystemFailure(errno, path);
+    if (step == 0) break;
+    filled += static_cast<std::size_t>(step);
+  }
+  bytes.resize(filled);
+  return bytes;
+}
+
+}  // namespace
+
+QtPictureFiles::QtPictureFiles(const std::string& componentFolder)
+    : componentFolder_(componentFolder.empty() ? FolderOfLoadedComponent()
+                                               : NativePath(componentFolder)) {
+  while (componentFolder_.size() > 1 && componentFolder_.back() == '/') componentFolder_.pop_back();
+}
+
+bool QtPictureFiles::FileExists(const std::string& path) {
+  if (path.find('\0') != path.npos) return false;
+  struct stat status = {};
+  return lstat(NativePath(path).c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+}
+
+void QtPictureFiles::DeleteFile(const std::string& path) {
+  RequireWholePath(path);
+  const std::string native = NativePath(path);
+  if (unlink(native.c_str()) != 0) throw SystemFailure(errno, native);
+}
+
+void QtPictureFiles::SaveNewFile(const std::string& path, const Value& value) {
+  RequireWholePath(path);
+  const std::string native = NativePath(path);
+  const Bytes& bytes = BytesOf(value, native);
+  constexpr mode_t kModeBeforeUmask = 0666;
+  OpenFile file(
+      open(native.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, kModeBeforeUmask));
+  if (!file.IsOpen()) throw SystemFailure(errno, native);
+  int error = WriteAll(file.Descriptor(), bytes);
+  if (!file.Close() && error == 0) error = EIO;
+  if (error != 0) {
+    unlink(native.c_str());
+    throw SystemFailure(error, native);
+  }
+}
+
+PictureRef QtPictureFiles::Load(const std::string& path) {
+  RequireWholePath(path);
+  const std::string native = NativePath(path);
+  Bytes bytes = ReadPictureFile(native);
+  try {
+    const QImage image = DecodePicture(bytes);
+    const PictureResolution resolution = ResolutionOf(bytes);
+    return std::make_shared<ImagePicture>(std::move(bytes), image.width(), image.height(),
+                                          resolution.x, resolution.y);
+  } catch (const Failure& failure) {
+    throw Failure(failure.Number(), failure.Description() + Shown("（" + native + "）"));
+  }
+}
+
+}  // namespace td

@@ -1,0 +1,38 @@
+// Picture files on the disk, decoded by Qt.
+#pragma once
+
+#include <string>
+
+#include "pictures/component_folder.h"
+#include "platform/pictures.h"
+
+namespace td {
+
+// Backslashes in paths count as separators. The pictures are ImagePictures: they keep the bytes of
+// the file, and take the resolution that it states (96 dots per inch if it states none).
+//
+// Beside the failures of Pictures: kInvalidUseOfNull and kTypeMismatch for a value without bytes,
+// and the numbers below. A description names the file, but never shows the character 锁 of its
+// name.
+class QtPictureFiles : public Pictures {
+ public:
+  static constexpr int kFileExists = 58;
+  static constexpr int kPermissionDenied = 70;
+
+  // An empty folder means FolderOfLoadedComponent().
+  explicit QtPictureFiles(const std::string& componentFolder = {});
+
+  std::string ComponentFolder() override { return componentFolder_; }
+  // False for folders. A link counts as a file, whether or not its target is there.
+  bool FileExists(const std::string& path) override;
+  // Deletes a link, never its target.
+  void DeleteFile(const std::string& path) override;
+  // Follows no link in the file's place, and leaves no half-written file behind.
+  void SaveNewFile(const std::string& path, const Value& bytes) override;
+  PictureRef Load(const std::string& path) override;
+
+ private:
+  std::string componentFolder_;
+};
+
+}  // namespace td
