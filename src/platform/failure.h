@@ -16,12 +16,13 @@ enum FailureNumber : int {
   kFileNotFound = 53,
   kDeviceIo = 57,
   kPathNotFound = 76,
+  kObjectNotSet = 91,
   kInvalidUseOfNull = 94,
-  kInvalidProperty = 380,   // a property refuses a value: an unknown printer name
+  kInvalidProperty = 380,  // a property refuses a value: an unknown printer name
   kInvalidPicture = 481,
-  kNoCurrentRow = 3021,     // a column is read while the record set stands at its end
-  kNoSuchColumn = 3265,     // no column of that name in the record set
-  kObjectClosed = 3704,     // a record set that is not open is used
+  kNoCurrentRow = 3021,           // a column is read while the record set stands at its end
+  kNoSuchColumn = 3265,           // no column of that name in the record set
+  kObjectClosed = 3704,           // a record set that is not open is used
   kDatabaseFailed = -2147467259,  // a statement or a connection failed; the description says why
 };
 

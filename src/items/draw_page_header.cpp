@@ -1,0 +1,70 @@
+#include "items/draw_page_header.h"
+
+#include "items/header_band.h"
+#include "items/image_items.h"
+#include "items/named_fields.h"
+#include "text/conversions.h"
+
+namespace td {
+namespace {
+
+// Free-standing text is written at the current point, boxed text into the item's box.
+void DrawPageNumber(Band& band) {
+  const auto text = [&] { return band.caption + ToText(band.vp.PageCount()); };
+  if (IsAutoSize(band)) {
+    band.guard.Step([&] { band.vp.PutParagraph(text()); });
+  } else {
+    Box(band, text);
+  }
+}
+
+// A Null value prints the caption of a free-standing item and nothing at all of a boxed one.
+void DrawDataField(Band& band) {
+  Recordset& data = *Context().PrintData;
+  const auto text = [&] { return band.caption + ToText(data.Field(band.field)); };
+  if (IsAutoSize(band)) {
+    band.guard.Step([&] { band.vp.PutParagraph(text()); });
+  } else if (band.guard.Test([&] { return !IsNull(data.Field(band.field)); })) {
+    Box(band, text);
+  }
+}
+
+// A constant prints its caption as stored, also where it repeats the item's name.
+void DrawConstant(Band& band) {
+  const auto text = [&] { return ToLoneText(band.Item("FObjectCaption")); };
+  if (IsAutoSize(band)) {
+    band.guard.Step([&] { band.vp.PutText(text()); });
+  } else {
+    Box(band, text);
+  }
+}
+
+void DrawTextItem(Band& band) {
+  PlaceTextItem(band);
+  ReadField(band);
+  ReadCaption(band);
+
+  if (HasToken(band, kBillNoBarcode)) {
+    DrawBarcode(band, "FBillNo");
+  } else if (HasToken(band, kUserBarcode)) {
+    DrawBarcode(band, "FUserBarCode");
+  } else if (HasToken(band, kRandomBarcode)) {
+    DrawBarcode(band, "FBillNoBarCode");
+  } else if (LowerCase(band.field) == kPageNumberField) {
+    DrawPageNumber(band);
+  } else if (LowerCase(band.field) == kTotalPageNumberField) {
+    StoreTotalPageStamp(band);
+  } else if (!band.field.empty()) {
+    DrawDataField(band);
+  } else {
+    DrawConstant(band);
+  }
+}
+
+}  // namespace
+
+void DrawPageHeader(PrintWindow& window, std::int16_t site) {
+  DrawHeaderBand(window, site, DrawTextItem);
+}
+
+}  // namespace td

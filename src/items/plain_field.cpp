@@ -1,0 +1,73 @@
+#include "items/plain_field.h"
+
+#include <algorithm>
+
+#include "text/conversions.h"
+#include "text/format_value.h"
+
+namespace td {
+namespace {
+
+constexpr std::int16_t kRowBand = 3;
+
+bool HasPicture(Band& band) {
+  const Value& picture = band.Item("FFormatString");
+  return !IsNull(picture) && !ToText(picture).empty();
+}
+
+// ".5" in a text column prints as "0.5".
+std::string PlainText(const Value& value) {
+  std::string text = ToText(value);
+  if (text.starts_with('.')) text.insert(0, "0");
+  return text;
+}
+
+std::int16_t CharacterCount(std::string_view text) {
+  const auto isFirstByte = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; };
+  return ToInteger16(static_cast<std::int64_t>(std::ranges::count_if(text, isFirstByte)));
+}
+
+}  // namespace
+
+std::string PriceRulePicture(const Value& value, const std::string& field,
+                             const std::string& picture) {
+  const std::string text = ToText(value);
+  const auto valueDot = text.find('.');
+  const auto pictureDot = picture.find('.');
+  const bool isPrice = LowerCase(field).find("price") != std::string::npos;
+  if (valueDot == std::string::npos || pictureDot == std::string::npos || !isPrice) return picture;
+
+  const std::int16_t ValueDecimals = CharacterCount(std::string_view(text).substr(valueDot + 1));
+  const std::int16_t FormatDecimals =
+      CharacterCount(std::string_view(picture).substr(pictureDot + 1));
+  if (ValueDecimals <= FormatDecimals) return picture;
+  return picture.substr(0, pictureDot + 1) + RepeatText("0", ValueDecimals);
+}
+
+void DrawPlainField(Band& band) {
+  const Guard& guard = band.guard;
+  Recordset& data = *Context().PrintData;
+  Recordset& clone = *Context().PrintDataClone;
+  const auto isFormatted = [&](Recordset& rows) {
+    return guard.Test([&] { return IsNumeric(rows.Field(band.field)) && HasPicture(band); });
+  };
+  const auto picture = [&] { return ToLoneText(band.Item("FFormatString")); };
+
+  if (guard.Test([&] { return data.Eof(); })) {
+    if (isFormatted(clone)) {
+      Box(band, [&] { return band.caption + FormatValue(clone.Field(band.field), picture()); });
+    } else {
+      Box(band, [&] { return band.caption + PlainText(clone.Field(band.field)); });
+    }
+  } else if (isFormatted(data)) {
+    Box(band, [&] {
+      const Value& value = data.Field(band.field);
+      return band.caption + FormatValue(value, PriceRulePicture(value, band.field, picture()));
+    });
+  } else {
+    Recordset& rows = band.site == kRowBand ? data : clone;
+    Box(band, [&] { return band.caption + PlainText(rows.Field(band.field)); });
+  }
+}
+
+}  // namespace td

@@ -1,0 +1,60 @@
+// The page number, the total-page place, and the sums as numbers or in Chinese capitals.
+#include "items/named_fields.h"
+#include "text/amount_in_words.h"
+#include "text/conversions.h"
+#include "text/format_value.h"
+
+namespace td {
+namespace {
+
+double ReadSum(Band& band, const NamedField& field) {
+  const SumSource& source = std::get<SumSource>(field.source);
+  if (const auto* pageSum = std::get_if<double PageSums::*>(&source))
+    return band.state.page.**pageSum;
+  if (const auto* runSum = std::get_if<double RunSums::*>(&source)) return band.state.run.**runSum;
+  return ToDouble(Context().PrintDataClone->Field(std::get<std::string_view>(source)));
+}
+
+// Whether the item has an empty picture. Null is not empty: the picture then fails where it is
+// used.
+bool HasEmptyPicture(Band& band) {
+  return band.guard.Test([&] {
+    const Value& picture = band.Item("FFormatString");
+    return !IsNull(picture) && ToText(picture).empty();
+  });
+}
+
+void DrawValue(Band& band, const std::function<Value()>& readValue) {
+  if (HasEmptyPicture(band)) {
+    Box(band, [&] { return band.caption + ToText(readValue()); });
+  } else {
+    Box(band, [&] {
+      return band.caption + FormatValue(readValue(), ToLoneText(band.Item("FFormatString")));
+    });
+  }
+}
+
+}  // namespace
+
+void DrawPageNumber(Band& band, const NamedField& /*field*/) {
+  const auto text = [&] { return band.caption + ToText(band.state.PageOfBill); };
+  if (IsAutoSize(band)) {
+    band.guard.Step([&] { band.vp.PutParagraph(text()); });
+  } else {
+    Box(band, text);
+  }
+}
+
+void DrawTotalPageNumber(Band& band, const NamedField& /*field*/) {
+  StoreTotalPageStamp(band);
+}
+
+void DrawSum(Band& band, const NamedField& field) {
+  DrawValue(band, [&] { return Value(ReadSum(band, field)); });
+}
+
+void DrawSumInWords(Band& band, const NamedField& field) {
+  DrawValue(band, [&] { return Value(AmountInWords(ReadSum(band, field))); });
+}
+
+}  // namespace td

@@ -1,0 +1,53 @@
+// Every statement that the component sends, each built in one place. Values are spliced in as they
+// are: a quote in a name breaks the statement, and the error policy reports it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace td {
+
+struct PrintContext;
+
+// The format asked for by name, or the selected one when `context.TDBillName` is empty.
+[[nodiscard]] std::string TemplateRowStatement(const PrintContext& context);
+
+// The paper of a format on one machine.
+[[nodiscard]] std::string MachinePaperStatement(std::string_view machineId,
+                                                std::string_view formatName);
+
+// The items of a band for DrawItems. A filter takes the place of the variable-only restriction.
+[[nodiscard]] std::string ItemStatement(const PrintContext& context, std::int16_t site,
+                                        std::string_view filter);
+
+// The items of a band for the head routines, hidden positions included.
+[[nodiscard]] std::string HeaderItemStatement(const PrintContext& context, std::int16_t site);
+
+[[nodiscard]] std::string ComplexQtySettingStatement();
+[[nodiscard]] std::string AdvertisingSettingStatement();
+
+[[nodiscard]] std::string GoodsPictureStatement(std::int32_t itemId);
+
+// What page setup stores: margins in twips as the surface gives them, paper and printer.
+struct PageSettings {
+  double MarginLeft = 0;
+  double MarginTop = 0;
+  double MarginRight = 0;
+  double MarginBottom = 0;
+  std::int32_t Orientation = 0;
+  std::int32_t PaperSize = 0;
+  float PaperWidth = 0;
+  float PaperHeight = 0;
+  std::string Device;
+};
+
+[[nodiscard]] std::string SaveFormatPaperStatement(const PrintContext& context,
+                                                   const PageSettings& settings);
+[[nodiscard]] std::string ClearMachinePaperStatement(std::string_view machineId,
+                                                     std::string_view formatName);
+[[nodiscard]] std::string SaveMachinePaperStatement(std::string_view machineId,
+                                                    std::string_view formatName,
+                                                    const PageSettings& settings);
+
+}  // namespace td

@@ -1,0 +1,70 @@
+#include "windows/toolbar.h"
+
+#include "run/do_printing.h"
+#include "service/print_context.h"
+#include "store/error_policy.h"
+#include "windows/page_setup.h"
+
+namespace td {
+namespace {
+
+void SwitchZoom(PrintWindow& window) {
+  constexpr double kFitting = 50;
+  constexpr double kTrueSize = 100;
+  window.vp.PutZoom(window.vp.Zoom() == kFitting ? kTrueSize : kFitting);
+}
+
+// Counts as printed whatever the user answered in the printer dialog.
+void PrintWithDialog(PrintWindow& window) {
+  window.vp.PrintDoc(true);
+  Context().PrintOk = true;
+}
+
+void SetUpPage(PrintWindow& window) {
+  window.state.CurrentRowTop = 0;
+  PageSetup(window);
+}
+
+void CloseWindow(PrintWindow& window) {
+  window.frame->Unload();
+}
+
+struct Button {
+  std::string_view key;
+  void (*press)(PrintWindow&);
+};
+
+constexpr Button kButtons[] = {
+    {"previouspage", ShowPreviousPage},
+    {"nextpage", ShowNextPage},
+    {"zoom", SwitchZoom},
+    {"pageset", SetUpPage},
+    {"print", PrintWithDialog},
+    {"exit", CloseWindow},
+};
+
+}  // namespace
+
+void PressButton(PrintWindow& window, std::string_view key) {
+  RunRoutine(Guard(reactions::kMessageOnly), window.platform.messages, [&](const Guard& guard) {
+    for (const Button& button : kButtons) {
+      if (button.key == key) guard.Step([&] { button.press(window); });
+    }
+  });
+}
+
+void ShowNextPage(PrintWindow& window) {
+  const std::int16_t page = window.vp.PreviewPage();
+  if (page < window.vp.PageCount()) {
+    window.vp.PutPreviewPage(static_cast<std::int16_t>(page + 1));
+  }
+  WritePageText(window);
+}
+
+void ShowPreviousPage(PrintWindow& window) {
+  const std::int16_t page = window.vp.PreviewPage();
+  if (page != 1) window.vp.PutPreviewPage(static_cast<std::int16_t>(page - 1));
+  WritePageText(window);
+}
+
+}  // namespace td
