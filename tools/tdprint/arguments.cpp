@@ -1,0 +1,109 @@
+#include "arguments.h"
+
+#include <CLI/CLI.hpp>
+#include <limits>
+
+namespace td {
+namespace {
+
+constexpr const char* kExitStatusText =
+    "Exit status:\n"
+    "  0  printed, and no message was shown\n"
+    "  1  not printed\n"
+    "  2  wrong usage\n"
+    "  3  printed, but a message was shown: part of the bill may be missing\n";
+
+constexpr const char* kPrintExamples =
+    "Examples:\n"
+    "  tdprint print --db sqlite:shop.db --type 21 \\\n"
+    "      --data \"select * from OrderLines where FInterID=1001\" --pdf order.pdf\n"
+    "  tdprint print --db sqlite:shop.db --type 22 --format 销售出库单A4 --only-variant \\\n"
+    "      --data \"select * from OutLines where FBillNo='XOUT0007'\" --printer 针式打印机\n";
+
+constexpr const char* kExamples =
+    "Examples:\n"
+    "  tdprint demo --out /tmp/bills\n"
+    "  tdprint print --db sqlite:/tmp/bills/sample.db --type 21 \\\n"
+    "      --data \"select * from OrderLines\" --pdf order.pdf\n"
+    "  tdprint print --help\n";
+
+constexpr int kLargest = std::numeric_limits<std::int16_t>::max();
+
+void DescribePrint(CLI::App& command, PrintArguments& arguments) {
+  command.add_option("--db", arguments.database, "Connection text of the database, sqlite:PATH")
+      ->required()
+      ->type_name("TEXT");
+  command.add_option("--type", arguments.billType, "Bill type number of the format")
+      ->required()
+      ->check(CLI::Range(-kLargest - 1, kLargest))
+      ->type_name("N");
+  command
+      .add_option("--data", arguments.data,
+                  "Statement that selects the rows to print, the rows of a bill together")
+      ->required()
+      ->type_name("SQL");
+  command
+      .add_option("--format", arguments.format,
+                  "Name of the format (without it: the selected format of the bill type)")
+      ->type_name("NAME");
+  command.add_flag("--only-variant", arguments.onlyVariant,
+                   "The sheets are pre-printed: draw only the variable values");
+  command
+      .add_option("--blank-rows", arguments.blankRows,
+                  "Rows that earlier bills have used up on the first sheet")
+      ->check(CLI::Range(0, kLargest))
+      ->type_name("N");
+
+  CLI::Option_group* output = command.add_option_group(
+      "Output", "Where the document goes (without it: to the printer that the format chooses)");
+  output->add_option("--printer", arguments.printer, "A printer by its name")->type_name("NAME");
+  output->add_option("--pdf", arguments.pdf, "A PDF file")->type_name("FILE");
+  output->add_option("--png", arguments.png, "A folder for one PNG file per page")
+      ->type_name("FOLDER");
+  output->add_option("--html", arguments.html, "A self-contained HTML file")->type_name("FILE");
+  output->require_option(0, 1);
+
+  command.footer(std::string(kPrintExamples) + "\n" + kExitStatusText);
+}
+
+void DescribeDemo(CLI::App& command, DemoArguments& arguments) {
+  command.add_option("--out", arguments.out, "Folder for the database and the printed bills")
+      ->capture_default_str()
+      ->type_name("FOLDER");
+  command
+      .add_option("--samples", arguments.samples,
+                  "Folder of the sample's SQL files (without it: where they were installed)")
+      ->type_name("FOLDER");
+  command
+      .add_option("--printer", arguments.printer,
+                  "Printer for one job (without it: the default printer, if there is any)")
+      ->type_name("NAME");
+  command.footer(kExitStatusText);
+}
+
+}  // namespace
+
+Command ParseArguments(int argc, const char* const* argv) {
+  CLI::App app("Prints bills through the overlay formats that a database holds.", "tdprint");
+  app.require_subcommand(1);
+  app.footer(std::string(kExamples) + "\n" + kExitStatusText);
+
+  PrintArguments print;
+  CLI::App* printCommand =
+      app.add_subcommand("print", "Print bills without showing them on the screen");
+  DescribePrint(*printCommand, print);
+
+  DemoArguments demo;
+  DescribeDemo(*app.add_subcommand("demo", "Make a sample database and print all its bills"), demo);
+
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    const bool askedForHelp = app.exit(error) == static_cast<int>(CLI::ExitCodes::Success);
+    return askedForHelp ? ExitStatus::kPrinted : ExitStatus::kWrongUsage;
+  }
+  if (printCommand->parsed()) return print;
+  return demo;
+}
+
+}  // namespace td

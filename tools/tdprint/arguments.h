@@ -1,0 +1,38 @@
+// The command line of tdprint.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <variant>
+
+#include "exit_status.h"
+
+namespace td {
+
+// One call of the component. Texts are UTF-8; an empty one was not given.
+struct PrintArguments {
+  std::string database;  // connection text
+  std::int16_t billType = 0;
+  std::string data;    // the statement that selects the rows of the bills
+  std::string format;  // empty: the selected format of the bill type
+  bool onlyVariant = false;
+  std::int16_t blankRows = 0;
+  // Where the document goes. Without any of them: the printer that the format chooses.
+  std::string printer;
+  std::string pdf;   // a file
+  std::string png;   // a folder
+  std::string html;  // a file
+};
+
+struct DemoArguments {
+  std::string out = "out";
+  std::string samples;  // folder of the sample's SQL files; empty: where they were installed
+  std::string printer;  // empty: the default printer, if there is any printer
+};
+
+// What to do, or the status to end with: help was shown, or the usage is wrong and said so.
+using Command = std::variant<PrintArguments, DemoArguments, ExitStatus>;
+
+Command ParseArguments(int argc, const char* const* argv);
+
+}  // namespace td

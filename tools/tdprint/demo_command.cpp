@@ -1,0 +1,109 @@
+#include "demo_command.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <iostream>
+#include <string>
+
+#include "complaint.h"
+#include "desktop/desktop_platform.h"
+#include "platform/failure.h"
+#include "print_command.h"
+#include "sample_files.h"
+
+namespace td {
+namespace {
+
+namespace fs = std::filesystem;
+
+PrintArguments ArgumentsFor(const SamplePrint& sample, const fs::path& database) {
+  PrintArguments arguments;
+  arguments.database = "sqlite:" + database.string();
+  arguments.billType = sample.billType;
+  arguments.data = sample.data;
+  arguments.format = sample.format;
+  arguments.onlyVariant = sample.onlyVariant;
+  arguments.blankRows = sample.blankRows;
+  return arguments;
+}
+
+// The worse of two results: nothing printed before printed with messages before printed.
+ExitStatus Worse(ExitStatus one, ExitStatus other) {
+  if (one == ExitStatus::kNotPrinted || other == ExitStatus::kNotPrinted) {
+    return ExitStatus::kNotPrinted;
+  }
+  return std::max(one, other);
+}
+
+ExitStatus PrintToFiles(const SamplePrint& sample, const fs::path& out, const fs::path& database) {
+  PrintArguments arguments = ArgumentsFor(sample, database);
+  const fs::path base = out / sample.name;
+  arguments.pdf = base.string() + ".pdf";
+  arguments.png = base.string();
+  arguments.html = base.string() + ".html";
+  const ExitStatus status = PrintBills(arguments);
+  if (status != ExitStatus::kNotPrinted) {
+    std::cout << arguments.pdf << "  " << arguments.png << "/  " << arguments.html << std::endl;
+  }
+  return status;
+}
+
+// The default printer, or the first one; empty when none is installed.
+std::string InstalledPrinter() {
+  DesktopPlatform desktop;
+  const auto frame = desktop.Get().windows.CreatePrintFrame("frmTdPrint");
+  PrintSurface& surface = frame->Surface();
+  if (surface.DeviceCount() == 0) return {};
+  const std::string chosen = surface.Device();
+  return chosen.empty() ? surface.DeviceName(0) : chosen;
+}
+
+ExitStatus PrintToPrinter(const SamplePrint& sample, const fs::path& database,
+                          const std::string& wanted) {
+  const std::string printer = wanted.empty() ? InstalledPrinter() : wanted;
+  if (printer.empty()) {
+    std::cout << "No printer is installed, so no job was sent to one." << std::endl;
+    return ExitStatus::kPrinted;
+  }
+  PrintArguments arguments = ArgumentsFor(sample, database);
+  arguments.printer = printer;
+  const ExitStatus status = PrintBills(arguments);
+  if (status != ExitStatus::kNotPrinted) {
+    std::cout << sample.name << " was sent to the printer " << printer << "." << std::endl;
+  }
+  return status;
+}
+
+ExitStatus Demonstrate(const DemoArguments& arguments) {
+  const fs::path samples = FindSamples(arguments.samples);
+  const std::vector<SamplePrint> prints = ReadSamplePrints(samples);
+  const fs::path out = fs::absolute(arguments.out);
+  fs::create_directories(out);
+  const fs::path database = out / "sample.db";
+  MakeSampleDatabase(samples, database);
+  std::cout << "The sample database: " << database.string() << "\nThe printed bills:" << std::endl;
+
+  ExitStatus status = ExitStatus::kPrinted;
+  for (const SamplePrint& sample : prints) {
+    status = Worse(status, PrintToFiles(sample, out, database));
+  }
+  if (!prints.empty()) {
+    status = Worse(status, PrintToPrinter(prints.front(), database, arguments.printer));
+  }
+  return status;
+}
+
+}  // namespace
+
+ExitStatus MakeDemo(const DemoArguments& arguments) {
+  try {
+    return Demonstrate(arguments);
+  } catch (const Failure& failure) {
+    Complain("the demo failed", failure.Description());
+  } catch (const fs::filesystem_error& failure) {
+    Complain("the demo failed", failure.what());
+  }
+  return ExitStatus::kNotPrinted;
+}
+
+}  // namespace td

@@ -1,0 +1,21 @@
+#include "arguments.h"
+#include "demo_command.h"
+#include "print_command.h"
+
+namespace {
+
+struct Runner {
+  td::ExitStatus operator()(const td::PrintArguments& arguments) const {
+    return td::PrintBills(arguments);
+  }
+  td::ExitStatus operator()(const td::DemoArguments& arguments) const {
+    return td::MakeDemo(arguments);
+  }
+  td::ExitStatus operator()(td::ExitStatus status) const { return status; }
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  return static_cast<int>(std::visit(Runner{}, td::ParseArguments(argc, argv)));
+}

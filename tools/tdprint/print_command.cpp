@@ -1,0 +1,130 @@
+#include "print_command.h"
+
+#include <filesystem>
+#include <string>
+
+#include "complaint.h"
+#include "desktop/desktop_platform.h"
+#include "page_document/page_document.h"
+#include "platform/failure.h"
+#include "progress.h"
+#include "qt/render/outputs.h"
+#include "service/printer.h"
+
+namespace td {
+namespace {
+
+constexpr double kPngDotsPerInch = 150;
+
+// A step before the print that failed: which one, and the reason.
+class StepFailure : public Failure {
+ public:
+  StepFailure(std::string step, const Failure& reason)
+      : Failure(reason.Number(), reason.Description()), step_(std::move(step)) {}
+  [[nodiscard]] const std::string& Step() const { return step_; }
+
+ private:
+  std::string step_;
+};
+
+bool IsLockConflict(const Failure& failure) {
+  return failure.Description().find("锁") != std::string::npos;
+}
+
+// Waits for other users of the database as the component itself does: by trying again.
+template <typename Operation>
+auto Try(const std::string& step, Operation operation) {
+  for (;;) {
+    try {
+      return operation();
+    } catch (const Failure& failure) {
+      if (!IsLockConflict(failure)) throw StepFailure(step, failure);
+    }
+  }
+}
+
+std::string QuotedText(const std::string& text) {
+  std::string quoted = "'";
+  for (const char c : text) quoted.append(c == '\'' ? 2 : 1, c);
+  return quoted + "'";
+}
+
+void RequireFormat(Database& database, const PrintArguments& arguments) {
+  const std::string condition =
+      arguments.format.empty() ? "FSelected=1" : "FTDBillName=" + QuotedText(arguments.format);
+  const std::string billType = std::to_string(arguments.billType);
+  const bool registered = Try("the registered formats can't be read", [&] {
+    return !database
+                .OpenQuery(arguments.database, "select FTDBillName from TDBill where FTranType=" +
+                                                   billType + " and " + condition)
+                ->Eof();
+  });
+  if (registered) return;
+  throw StepFailure("not printed",
+                    Failure(kInvalidCall, arguments.format.empty()
+                                              ? "bill type " + billType + " has no selected format"
+                                              : "bill type " + billType + " has no format named " +
+                                                    arguments.format));
+}
+
+bool GoesToFiles(const PrintArguments& arguments) {
+  return !arguments.pdf.empty() || !arguments.png.empty() || !arguments.html.empty();
+}
+
+std::string Title(const PrintArguments& arguments) {
+  return arguments.format.empty() ? "tdprint" : arguments.format;
+}
+
+void WriteFiles(const PageDocument& document, const PrintArguments& arguments) {
+  const std::vector<Page>& pages = document.Pages();
+  if (!arguments.pdf.empty()) WritePdf(pages, arguments.pdf, Title(arguments));
+  if (!arguments.png.empty()) WritePngPages(pages, arguments.png, kPngDotsPerInch);
+  if (!arguments.html.empty()) WriteHtml(pages, arguments.html, Title(arguments));
+}
+
+ExitStatus Print(const PrintArguments& arguments) {
+  Progress progress;
+  bool written = false;
+  DesktopOptions options;
+  options.printer = arguments.printer;
+  options.messages = MessageMode::kStandardError;
+  options.onPage = [&progress](int page) { progress.PageBegun(page); };
+  if (GoesToFiles(arguments)) {
+    options.documentSink = [&](const PageDocument& document) {
+      WriteFiles(document, arguments);
+      written = true;
+    };
+  }
+  DesktopPlatform desktop(options);
+  Platform& platform = desktop.Get();
+
+  Try("the database can't be opened",
+      [&] { return platform.database.Connect(arguments.database) != nullptr; });
+  RequireFormat(platform.database, arguments);
+  const RecordsetRef rows = Try("the rows can't be read", [&] {
+    return platform.database.OpenQuery(arguments.database, arguments.data);
+  });
+
+  Printer printer(platform);
+  printer.PrintBlankRows(arguments.blankRows);
+  printer.DoPrint(true, arguments.database, arguments.billType, arguments.onlyVariant, false,
+                  progress.Watch(rows), arguments.format);
+  const bool printed = printer.PrintOk() && (written || !GoesToFiles(arguments));
+  if (!printed) return ExitStatus::kNotPrinted;
+  return desktop.MessagesShown() == 0 ? ExitStatus::kPrinted : ExitStatus::kPrintedWithMessages;
+}
+
+}  // namespace
+
+ExitStatus PrintBills(const PrintArguments& arguments) {
+  try {
+    return Print(arguments);
+  } catch (const StepFailure& failure) {
+    Complain(failure.Step(), failure.Description());
+  } catch (const Failure& failure) {
+    Complain("not printed", failure.Description());
+  }
+  return ExitStatus::kNotPrinted;
+}
+
+}  // namespace td

@@ -1,0 +1,132 @@
+#include "sample_files.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <charconv>
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <system_error>
+
+#include "platform/failure.h"
+
+namespace td {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kPrintList = "prints.tsv";
+constexpr const char* kSchema = "schema.sql";
+constexpr std::size_t kPrintColumns = 6;
+
+bool HoldsSamples(const fs::path& folder) {
+  std::error_code error;
+  return fs::exists(folder / kPrintList, error) && fs::exists(folder / kSchema, error);
+}
+
+std::string ReadFile(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::stringstream content;
+  content << file.rdbuf();
+  if (!file) throw Failure(kFileNotFound, path.string() + " can't be read");
+  return content.str();
+}
+
+std::vector<std::string> SplitAtTabs(const std::string& line) {
+  std::vector<std::string> parts;
+  std::stringstream rest(line);
+  for (std::string part; std::getline(rest, part, '\t');) parts.push_back(part);
+  return parts;
+}
+
+std::int16_t Number(const std::string& text, const std::string& line) {
+  std::int16_t number = 0;
+  const char* end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, number);
+  if (error != std::errc{} || stop != end) {
+    throw Failure(kInvalidCall, "“" + text + "” is no number in the sample's line: " + line);
+  }
+  return number;
+}
+
+SamplePrint ReadLine(const std::string& line) {
+  const std::vector<std::string> parts = SplitAtTabs(line);
+  if (parts.size() != kPrintColumns) {
+    throw Failure(kInvalidCall, "wrong number of columns in the sample's line: " + line);
+  }
+  return {.name = parts[0],
+          .billType = Number(parts[1], line),
+          .format = parts[2],
+          .onlyVariant = Number(parts[3], line) != 0,
+          .blankRows = Number(parts[4], line),
+          .data = parts[5]};
+}
+
+std::vector<fs::path> SqlFiles(const fs::path& samples) {
+  std::vector<fs::path> files;
+  for (const fs::directory_entry& entry : fs::directory_iterator(samples)) {
+    if (entry.path().extension() == ".sql" && entry.path().filename() != kSchema) {
+      files.push_back(entry.path());
+    }
+  }
+  std::sort(files.begin(), files.end());
+  files.insert(files.begin(), samples / kSchema);
+  return files;
+}
+
+struct CloseDatabase {
+  void operator()(sqlite3* database) const { sqlite3_close(database); }
+};
+using OpenDatabase = std::unique_ptr<sqlite3, CloseDatabase>;
+
+void Run(sqlite3* database, const std::string& script, const std::string& name) {
+  char* text = nullptr;
+  if (sqlite3_exec(database, script.c_str(), nullptr, nullptr, &text) == SQLITE_OK) return;
+  const std::unique_ptr<char, decltype(&sqlite3_free)> reason(text, &sqlite3_free);
+  throw Failure(kDatabaseFailed, name + ": " + (reason ? reason.get() : sqlite3_errmsg(database)));
+}
+
+}  // namespace
+
+fs::path FindSamples(const std::string& given) {
+  if (!given.empty()) {
+    if (HoldsSamples(given)) return given;
+    throw Failure(kPathNotFound, given + " holds no sample");
+  }
+  const fs::path programFolder = fs::read_symlink("/proc/self/exe").parent_path();
+  const fs::path installed = (programFolder / TDPRINT_SAMPLES_FROM_PROGRAM).lexically_normal();
+  if (HoldsSamples(installed)) return installed;
+  for (fs::path folder = programFolder; folder.has_relative_path(); folder = folder.parent_path()) {
+    if (HoldsSamples(folder / "examples")) return folder / "examples";
+  }
+  throw Failure(kPathNotFound, "the sample is neither in " + installed.string() +
+                                   " nor beside the program's source; name its folder: --samples");
+}
+
+std::vector<SamplePrint> ReadSamplePrints(const fs::path& samples) {
+  std::stringstream lines(ReadFile(samples / kPrintList));
+  std::vector<SamplePrint> prints;
+  bool headerSeen = false;
+  for (std::string line; std::getline(lines, line);) {
+    if (line.empty() || line.front() == '#') continue;
+    if (headerSeen) prints.push_back(ReadLine(line));
+    headerSeen = true;
+  }
+  return prints;
+}
+
+void MakeSampleDatabase(const fs::path& samples, const fs::path& database) {
+  fs::remove(database);
+  sqlite3* handle = nullptr;
+  const int result = sqlite3_open(database.c_str(), &handle);
+  const OpenDatabase open(handle);
+  if (result != SQLITE_OK) {
+    throw Failure(kDatabaseFailed, database.string() + ": " + sqlite3_errstr(result));
+  }
+  Run(handle, "begin", database.string());
+  for (const fs::path& file : SqlFiles(samples)) Run(handle, ReadFile(file), file.string());
+  Run(handle, "commit", database.string());
+}
+
+}  // namespace td
