@@ -25,6 +25,8 @@ using Bytes = std::vector<std::byte>;
 // conversions between the kinds.
 using Value = std::variant<Null, bool, std::int64_t, double, std::string, Date, Bytes>;
 
-[[nodiscard]] inline bool IsNull(const Value& value) { return std::holds_alternative<Null>(value); }
+[[nodiscard]] inline bool IsNull(const Value& value) {
+  return std::holds_alternative<Null>(value);
+}
 
 }  // namespace td

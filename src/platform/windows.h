@@ -25,9 +25,9 @@ class PrintFrame {
 
   virtual void Connect(PrintFrameEvents events) = 0;
 
-  virtual PrintSurface& Surface() = 0;      // `vp`
-  virtual Barcode& BarcodeMaker() = 0;      // `barcode`
-  virtual std::string MemoText() = 0;       // `rtbMemo`: plain text and rich text
+  virtual PrintSurface& Surface() = 0;  // `vp`
+  virtual Barcode& BarcodeMaker() = 0;  // `barcode`
+  virtual std::string MemoText() = 0;   // `rtbMemo`: plain text and rich text
   virtual std::string MemoTextRtf() = 0;
 
   // Loads the window if that has not happened, shows it and returns when it was closed. A failure
