@@ -29,6 +29,7 @@ CalendarTime ReadSerial(double serial) {
   const year_month_day parts{date};
   const sys_days newYear{parts.year() / January / 1};
   CalendarTime result;
+  result.days = days;
   result.year = static_cast<int>(parts.year());
   result.month = static_cast<int>(static_cast<unsigned>(parts.month()));
   result.day = static_cast<int>(static_cast<unsigned>(parts.day()));

@@ -4,6 +4,7 @@
 namespace td {
 
 struct CalendarTime {
+  int days = 0;  // since 30 December 1899
   int year = 0;
   int month = 0;  // 1 to 12
   int day = 0;

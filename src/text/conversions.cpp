@@ -21,36 +21,10 @@ namespace {
 template <typename Kind, typename Wanted>
 constexpr bool kIs = std::is_same_v<Kind, Wanted>;
 
-std::string PaddedNumber(int number, std::size_t width) {
-  std::string digits = ToText(std::int64_t{number});
-  if (digits.size() < width) digits.insert(0, width - digits.size(), '0');
-  return digits;
-}
-
-std::string ScientificText(const DecimalDigits& number) {
-  std::string text = number.digits.substr(0, 1);
-  if (number.digits.size() > 1) text += "." + number.digits.substr(1);
-  const int exponent = number.point - 1;
-  text += exponent < 0 ? "E-" : "E+";
-  return text + PaddedNumber(std::abs(exponent), 2);
-}
-
-std::string FixedText(const DecimalDigits& number) {
-  std::string text = IntegerDigits(number);
-  const int places = static_cast<int>(number.digits.size()) - number.point;
-  if (places > 0) text += "." + FractionDigits(number, places);
-  return text;
-}
-
 std::string RealText(double number, int significant) {
   if (std::isnan(number)) return "NaN";
   if (std::isinf(number)) return number < 0 ? "-Infinity" : "Infinity";
-  const DecimalDigits reading = ReadDecimal(number, significant);
-  constexpr int kSmallestFixedPoint = -3;  // 0.0001
-  constexpr int kLargestFixedPoint = 15;   // below 1E+15
-  const bool fixed = reading.IsZero() ||
-                     (reading.point >= kSmallestFixedPoint && reading.point <= kLargestFixedPoint);
-  return (reading.negative ? "-" : "") + (fixed ? FixedText(reading) : ScientificText(reading));
+  return GeneralNumber(ReadDecimal(number, significant));
 }
 
 std::string DateText(const Date& date) {

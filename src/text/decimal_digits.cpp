@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstdlib>
 
 namespace td {
 
@@ -33,6 +34,21 @@ void Increment(DecimalDigits& number) {
   ++number.point;
 }
 
+std::string ScientificText(const DecimalDigits& number) {
+  std::string text = number.digits.substr(0, 1);
+  if (number.digits.size() > 1) text += "." + number.digits.substr(1);
+  const int exponent = number.point - 1;
+  text += exponent < 0 ? "E-" : "E+";
+  return text + PaddedNumber(std::abs(exponent), 2);
+}
+
+std::string FixedText(const DecimalDigits& number) {
+  std::string text = IntegerDigits(number);
+  const int places = static_cast<int>(number.digits.size()) - number.point;
+  if (places > 0) text += "." + FractionDigits(number, places);
+  return text;
+}
+
 }  // namespace
 
 DecimalDigits ReadDecimal(double number, int significant) {
@@ -52,6 +68,15 @@ DecimalDigits ReadDecimal(double number, int significant) {
   int exponent = 0;
   std::from_chars(at, written.ptr, exponent);
   result.point = exponent + 1;
+  TrimZeros(result);
+  return result;
+}
+
+DecimalDigits ReadWhole(std::int64_t number) {
+  DecimalDigits result;
+  result.negative = number < 0;
+  result.digits = std::to_string(number).substr(result.negative ? 1 : 0);
+  result.point = static_cast<int>(result.digits.size());
   TrimZeros(result);
   return result;
 }
@@ -81,6 +106,19 @@ std::string FractionDigits(const DecimalDigits& number, int places) {
     const bool present = index >= 0 && static_cast<std::size_t>(index) < number.digits.size();
     digits += present ? number.digits[static_cast<std::size_t>(index)] : '0';
   }
+  return digits;
+}
+
+std::string GeneralNumber(const DecimalDigits& number) {
+  constexpr int kSmallestFixedPoint = -3;  // 0.0001
+  constexpr int kLargestFixedPoint = 15;   // below 1E+15
+  const bool fixed = number.point >= kSmallestFixedPoint && number.point <= kLargestFixedPoint;
+  return (number.negative ? "-" : "") + (fixed ? FixedText(number) : ScientificText(number));
+}
+
+std::string PaddedNumber(int number, std::size_t width) {
+  std::string digits = std::to_string(number);
+  if (digits.size() < width) digits.insert(0, width - digits.size(), '0');
   return digits;
 }
 

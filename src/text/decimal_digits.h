@@ -1,6 +1,8 @@
 // The decimal reading of a real number: what a person sees as its digits.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 
 namespace td {
@@ -21,6 +23,9 @@ struct DecimalDigits {
 // `number`, which is finite, at `significant` digits. A negative zero reads as zero.
 [[nodiscard]] DecimalDigits ReadDecimal(double number, int significant = kDoubleDigits);
 
+// `number` with all its digits.
+[[nodiscard]] DecimalDigits ReadWhole(std::int64_t number);
+
 // The reading rounded to `places` digits after the point (before it if negative), halves away from
 // zero. What rounds to zero is not negative.
 [[nodiscard]] DecimalDigits RoundToPlaces(const DecimalDigits& number, int places);
@@ -30,5 +35,11 @@ struct DecimalDigits {
 
 // The first `places` digits after the point, filled up with zeros; nothing is rounded.
 [[nodiscard]] std::string FractionDigits(const DecimalDigits& number, int places);
+
+// The number as plain text: fixed from 1E-04 to below 1E+15, otherwise as 1.5E+20.
+[[nodiscard]] std::string GeneralNumber(const DecimalDigits& number);
+
+// A number that is not negative, with zeros in front up to `width` digits.
+[[nodiscard]] std::string PaddedNumber(int number, std::size_t width);
 
 }  // namespace td

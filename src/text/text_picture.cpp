@@ -1,0 +1,94 @@
+#include "text/text_picture.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "text/conversions.h"
+
+namespace td {
+
+namespace {
+
+constexpr std::string_view kPlaces = "@&";
+
+enum class LetterCase { kAsItIs, kLower, kUpper };
+
+std::string InCase(std::string_view text, LetterCase letterCase) {
+  if (letterCase == LetterCase::kAsItIs) return std::string(text);
+  std::string changed = LowerCase(text);
+  if (letterCase == LetterCase::kLower) return changed;
+  std::transform(changed.begin(), changed.end(), changed.begin(), [](char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+  });
+  return changed;
+}
+
+std::string_view TakeCodePoint(std::string_view& text) {
+  const std::string_view first = FirstCodePoint(text);
+  text.remove_prefix(first.size());
+  return first;
+}
+
+std::size_t CountCodePoints(std::string_view text) {
+  std::size_t count = 0;
+  for (; !text.empty(); ++count) TakeCodePoint(text);
+  return count;
+}
+
+// What applies to the whole text, wherever it stands in the section.
+struct Manner {
+  LetterCase letterCase = LetterCase::kAsItIs;
+  bool fromLeft = false;  // places that are left over lie at the end
+  std::size_t places = 0;
+};
+
+Manner ReadManner(const PictureSection& section) {
+  Manner manner;
+  for (const PictureMark& mark : section) {
+    if (mark.Is('<')) manner.letterCase = LetterCase::kLower;
+    if (mark.Is('>')) manner.letterCase = LetterCase::kUpper;
+    if (mark.Is('!')) manner.fromLeft = true;
+    if (mark.IsOneOf(kPlaces)) ++manner.places;
+  }
+  return manner;
+}
+
+// The last place takes all that is left of the text; without a place it stands at the end.
+std::string WriteSection(std::string_view text, const PictureSection& section) {
+  const Manner manner = ReadManner(section);
+  const std::size_t length = CountCodePoints(text);
+  std::size_t skipped = manner.fromLeft || manner.places <= length ? 0 : manner.places - length;
+  std::size_t placesLeft = manner.places;
+  std::string result;
+  for (const PictureMark& mark : section) {
+    if (mark.IsOneOf("<>!")) continue;
+    if (!mark.IsOneOf(kPlaces)) {
+      result += mark.text;
+      continue;
+    }
+    --placesLeft;
+    if (skipped > 0 || text.empty()) {
+      if (skipped > 0) --skipped;
+      if (mark.Is('@')) result += ' ';
+    } else if (placesLeft > 0) {
+      result += InCase(TakeCodePoint(text), manner.letterCase);
+    } else {
+      result += InCase(text, manner.letterCase);
+    }
+  }
+  if (manner.places == 0) result += InCase(text, manner.letterCase);
+  return result;
+}
+
+}  // namespace
+
+std::string FormatText(std::string_view text, const std::vector<PictureSection>& sections) {
+  const bool second = text.empty() && sections.size() > 1;
+  return WriteSection(text, sections[second ? 1 : 0]);
+}
+
+std::string FormatNullText(const std::vector<PictureSection>& sections) {
+  return sections.size() > 1 ? WriteSection({}, sections[1]) : std::string();
+}
+
+}  // namespace td
