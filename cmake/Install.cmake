@@ -1,0 +1,37 @@
+# Installs the libraries, the public headers, the tools' sample and a package that another project
+# finds with find_package(QbTdPrinter) and links as QbTdPrinter::desktop or QbTdPrinter::logic.
+include(CMakePackageConfigHelpers)
+include(cmake/PublicHeaders.cmake)
+
+set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/QbTdPrinter)
+set(libraries
+  td_logic td_memory_rows td_page_document td_render td_pictures td_system td_sqlite td_barcodes
+  td_desktop)
+foreach(l ${libraries})
+  if(NOT TARGET ${l})
+    return()
+  endif()
+endforeach()
+set_target_properties(td_logic PROPERTIES EXPORT_NAME logic)
+set_target_properties(td_desktop PROPERTIES EXPORT_NAME desktop)
+install(TARGETS ${libraries} EXPORT QbTdPrinterTargets
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}/qbtdprinter)
+install(EXPORT QbTdPrinterTargets NAMESPACE QbTdPrinter:: DESTINATION ${package_folder})
+
+foreach(header ${qbtd_public_headers})
+  string(REGEX REPLACE "^(src|adapters)/" "" included_as ${header})
+  get_filename_component(folder ${included_as} DIRECTORY)
+  install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/qbtdprinter/${folder})
+endforeach()
+
+install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/qbtdprinter/examples)
+install(FILES LICENSE README.md README.zh-CN.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
+configure_package_config_file(cmake/QbTdPrinterConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/QbTdPrinterConfig.cmake INSTALL_DESTINATION ${package_folder})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/QbTdPrinterConfigVersion.cmake
+  COMPATIBILITY SameMinorVersion)
+install(FILES
+  ${PROJECT_BINARY_DIR}/QbTdPrinterConfig.cmake
+  ${PROJECT_BINARY_DIR}/QbTdPrinterConfigVersion.cmake
+  DESTINATION ${package_folder})

@@ -22,12 +22,16 @@ struct PrintArguments {
   std::string pdf;   // a file
   std::string png;   // a folder
   std::string html;  // a file
+
+  bool operator==(const PrintArguments&) const = default;
 };
 
 struct DemoArguments {
   std::string out = "out";
   std::string samples;  // folder of the sample's SQL files; empty: where they were installed
   std::string printer;  // empty: the default printer, if there is any printer
+
+  bool operator==(const DemoArguments&) const = default;
 };
 
 // What to do, or the status to end with: help was shown, or the usage is wrong and said so.

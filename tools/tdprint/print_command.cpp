@@ -102,7 +102,9 @@ ExitStatus Print(const PrintArguments& arguments) {
       [&] { return platform.database.Connect(arguments.database) != nullptr; });
   RequireFormat(platform.database, arguments);
   const RecordsetRef rows = Try("the rows can't be read", [&] {
-    return platform.database.OpenQuery(arguments.database, arguments.data);
+    RecordsetRef opened = platform.database.OpenQuery(arguments.database, arguments.data);
+    (void)opened->Eof();  // fails for a statement that delivers no rows at all
+    return opened;
   });
 
   Printer printer(platform);

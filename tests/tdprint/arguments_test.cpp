@@ -1,0 +1,86 @@
+#include "arguments.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace td {
+namespace {
+
+Command Parse(std::vector<const char*> arguments) {
+  arguments.insert(arguments.begin(), "tdprint");
+  return ParseArguments(static_cast<int>(arguments.size()), arguments.data());
+}
+
+// With "print" and the options that it can't do without.
+Command ParsePrint(const std::vector<const char*>& more) {
+  std::vector<const char*> arguments = {"print", "--db",   "sqlite:a.db", "--type",
+                                        "21",    "--data", "select 1"};
+  arguments.insert(arguments.end(), more.begin(), more.end());
+  return Parse(arguments);
+}
+
+TEST(TdprintArguments, PrintNeedsDatabaseTypeAndData) {
+  const Command command = ParsePrint({});
+  const auto& print = std::get<PrintArguments>(command);
+  EXPECT_EQ(print.database, "sqlite:a.db");
+  EXPECT_EQ(print.billType, 21);
+  EXPECT_EQ(print.data, "select 1");
+  EXPECT_EQ(print.format, "");
+  EXPECT_FALSE(print.onlyVariant);
+  EXPECT_EQ(print.blankRows, 0);
+
+  EXPECT_EQ(Parse({"print", "--type", "21", "--data", "x"}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"print", "--db", "x", "--data", "x"}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"print", "--db", "x", "--type", "21"}), Command(ExitStatus::kWrongUsage));
+}
+
+TEST(TdprintArguments, PrintTakesFormatBlankRowsAndVariantOnly) {
+  const Command command =
+      ParsePrint({"--format", "销售订单 针式", "--only-variant", "--blank-rows", "3"});
+  const auto& print = std::get<PrintArguments>(command);
+  EXPECT_EQ(print.format, "销售订单 针式");
+  EXPECT_TRUE(print.onlyVariant);
+  EXPECT_EQ(print.blankRows, 3);
+}
+
+TEST(TdprintArguments, ADocumentGoesToOnePlaceOnly) {
+  EXPECT_EQ(std::get<PrintArguments>(ParsePrint({"--pdf", "a.pdf"})).pdf, "a.pdf");
+  EXPECT_EQ(std::get<PrintArguments>(ParsePrint({"--png", "folder"})).png, "folder");
+  EXPECT_EQ(std::get<PrintArguments>(ParsePrint({"--html", "a.html"})).html, "a.html");
+  EXPECT_EQ(std::get<PrintArguments>(ParsePrint({"--printer", "Dot"})).printer, "Dot");
+  EXPECT_EQ(ParsePrint({"--pdf", "a.pdf", "--html", "a.html"}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(ParsePrint({"--printer", "Dot", "--png", "x"}), Command(ExitStatus::kWrongUsage));
+}
+
+TEST(TdprintArguments, NumbersOutsideSixteenBitsAreWrongUsage) {
+  const Command largest = Parse({"print", "--db", "x", "--type", "32767", "--data", "x"});
+  EXPECT_EQ(std::get<PrintArguments>(largest).billType, 32767);
+  EXPECT_EQ(Parse({"print", "--db", "x", "--type", "32768", "--data", "x"}),
+            Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"print", "--db", "x", "--type", "two", "--data", "x"}),
+            Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(ParsePrint({"--blank-rows", "-1"}), Command(ExitStatus::kWrongUsage));
+}
+
+TEST(TdprintArguments, WithoutACommandOrWithAnUnknownOneTheUsageIsWrong) {
+  EXPECT_EQ(Parse({}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"copy"}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(ParsePrint({"more"}), Command(ExitStatus::kWrongUsage));
+}
+
+TEST(TdprintArguments, AskingForHelpIsNoError) {
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(Parse({"print", "--help"}), Command(ExitStatus::kPrinted));
+  const std::string help = testing::internal::GetCapturedStdout();
+  EXPECT_NE(help.find("Examples:"), std::string::npos);
+  EXPECT_NE(help.find("Exit status:"), std::string::npos);
+}
+
+TEST(TdprintArguments, DemoWritesIntoOutUnlessToldOtherwise) {
+  EXPECT_EQ(std::get<DemoArguments>(Parse({"demo"})).out, "out");
+  EXPECT_EQ(std::get<DemoArguments>(Parse({"demo", "--out", "there"})).out, "there");
+}
+
+}  // namespace
+}  // namespace td
