@@ -1,0 +1,133 @@
+#include "recording/memory_tables.h"
+
+#include <utility>
+#include <variant>
+
+#include "platform/failure.h"
+#include "recording/sql_conditions.h"
+#include "recording/sql_parser.h"
+#include "recording/sql_select.h"
+#include "recording/sql_tokens.h"
+
+namespace td::recording {
+namespace {
+
+template <typename Tables>
+auto FindIn(Tables& tables, std::string_view name) -> decltype(&tables.begin()->second) {
+  for (auto& [table_name, table] : tables) {
+    if (SameName(table_name, name)) {
+      return &table;
+    }
+  }
+  return nullptr;
+}
+
+// The table that a statement changes, with the places at which its names stand.
+struct Target {
+  Target(TableData* found, const std::string& name, std::size_t position) {
+    if (found == nullptr) {
+      FailAt("对象名无效", position);
+    }
+    table = found;
+    scope = Scope(name, found->columns);
+  }
+
+  TableData* table = nullptr;
+  Scope scope;
+};
+
+void Change(const Update& update, const Target& target) {
+  std::vector<std::size_t> columns;
+  for (const Assignment& assignment : update.assignments) {
+    columns.push_back(target.scope.Find(assignment.column));
+    target.scope.Check(assignment.value);
+  }
+  std::vector<Row> changed = target.table->rows;
+  for (Row& row : changed) {
+    if (update.where && !Holds(*update.where, target.scope, row)) {
+      continue;
+    }
+    const Row before = row;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      row[columns[i]] = ValueIn(update.assignments[i].value, target.scope, before);
+    }
+  }
+  target.table->rows = std::move(changed);
+}
+
+void Change(const Insert& insert, const Target& target) {
+  if (insert.columns.size() != insert.values.size()) {
+    FailAt("列的个数与值的个数不同", insert.position);
+  }
+  Row row(target.table->columns.size());
+  for (std::size_t i = 0; i < insert.columns.size(); ++i) {
+    Scope().Check(insert.values[i]);
+    row[target.scope.Find(insert.columns[i])] = ValueIn(insert.values[i], Scope(), {});
+  }
+  target.table->rows.push_back(std::move(row));
+}
+
+void Change(const Delete& statement, const Target& target) {
+  std::erase_if(target.table->rows, [&](const Row& row) {
+    return !statement.where || Holds(*statement.where, target.scope, row);
+  });
+}
+
+}  // namespace
+
+MemoryTables::MemoryTables(std::map<std::string, TableData> tables) : tables_(std::move(tables)) {}
+
+const TableData* MemoryTables::Find(std::string_view name) const {
+  return FindIn(tables_, name);
+}
+
+TableData MemoryTables::Query(const std::string& sql) const {
+  const Statement statement = Parse(sql);
+  const auto* select = std::get_if<Select>(&statement);
+  if (select == nullptr) {
+    throw Failure(kDatabaseFailed, "语句不返回记录集。");
+  }
+  return RowsOf(*select, *this);
+}
+
+void MemoryTables::Execute(const std::string& sql) {
+  const Statement statement = Parse(sql);
+  if (const auto* select = std::get_if<Select>(&statement)) {
+    (void)RowsOf(*select, *this);
+    return;
+  }
+  const auto target_of = [&](const auto& change) {
+    const Target target(FindIn(tables_, change.table), change.table, change.position);
+    if constexpr (requires { change.where; }) {
+      if (change.where) {
+        target.scope.Check(*change.where);
+      }
+    }
+    return target;
+  };
+  if (const auto* update = std::get_if<Update>(&statement)) {
+    Change(*update, target_of(*update));
+  } else if (const auto* insert = std::get_if<Insert>(&statement)) {
+    Change(*insert, target_of(*insert));
+  } else if (const auto* removal = std::get_if<Delete>(&statement)) {
+    Change(*removal, target_of(*removal));
+  }
+}
+
+Json MemoryTables::AsJson() const {
+  Json tables = Json::object();
+  for (const auto& [name, table] : tables_) {
+    Json rows = Json::array();
+    for (const Row& row : table.rows) {
+      Json values = Json::array();
+      for (const Value& value : row) {
+        values.push_back(ToJson(value));
+      }
+      rows.push_back(std::move(values));
+    }
+    tables[name] = Json::object({{"columns", table.columns}, {"rows", std::move(rows)}});
+  }
+  return tables;
+}
+
+}  // namespace td::recording

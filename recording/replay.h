@@ -1,0 +1,26 @@
+// Runs the component on a scenario and hands back what it asked of the platform.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "recording/json_values.h"
+
+namespace td::recording {
+
+struct Recording {
+  std::vector<Json> trace;  // one object for each line
+  Json tables;              // as they are afterwards
+};
+
+// Starts with a request state of its own and leaves a fresh one. Fails with ScenarioError, before
+// anything runs, on a scenario that can't be read.
+[[nodiscard]] Recording Replay(const Json& scenario);
+
+// The text of a scenario as JSON. Fails with ScenarioError.
+[[nodiscard]] Json ParseScenario(const std::string& text);
+
+// One line of a trace, without a line end.
+[[nodiscard]] std::string LineText(const Json& line);
+
+}  // namespace td::recording

@@ -1,0 +1,180 @@
+#include "recording/sql_conditions.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <compare>
+#include <optional>
+
+#include "recording/sql_tokens.h"
+#include "text/conversions.h"
+
+namespace td::recording {
+namespace {
+
+std::optional<double> NumberIn(const Value& value) {
+  if (const auto* whole = std::get_if<std::int64_t>(&value)) {
+    return static_cast<double>(*whole);
+  }
+  if (const auto* real = std::get_if<double>(&value)) {
+    return *real;
+  }
+  return std::nullopt;
+}
+
+std::optional<double> NumberSpelledBy(const std::string& text) {
+  double number = 0;
+  const char* end = text.data() + text.size();
+  const auto read = std::from_chars(text.data(), end, number);
+  if (read.ptr != end || read.ec != std::errc() || !std::isfinite(number)) {
+    return std::nullopt;
+  }
+  return number;
+}
+
+// How two values stand to each other; unordered when they can't be compared.
+std::partial_ordering Compare(const Value& a, const Value& b) {
+  const auto* text_a = std::get_if<std::string>(&a);
+  const auto* text_b = std::get_if<std::string>(&b);
+  if (text_a != nullptr && text_b != nullptr) {
+    return *text_a <=> *text_b;
+  }
+  const auto number_a = text_a != nullptr ? NumberSpelledBy(*text_a) : NumberIn(a);
+  const auto number_b = text_b != nullptr ? NumberSpelledBy(*text_b) : NumberIn(b);
+  if (number_a && number_b) {
+    return *number_a <=> *number_b;
+  }
+  return std::partial_ordering::unordered;
+}
+
+bool CompareHolds(Comparison comparison, const Value& a, const Value& b) {
+  if (IsNull(a) || IsNull(b)) {
+    return false;
+  }
+  const std::partial_ordering order = Compare(a, b);
+  switch (comparison) {
+    case Comparison::kEqual:
+      return order == 0;
+    case Comparison::kUnequal:
+      return order != 0;
+    case Comparison::kLess:
+      return order < 0;
+    case Comparison::kLessOrEqual:
+      return order <= 0;
+    case Comparison::kGreater:
+      return order > 0;
+    case Comparison::kGreaterOrEqual:
+      return order >= 0;
+  }
+  return false;
+}
+
+std::string FirstCharacters(const std::string& text, double count) {
+  std::size_t end = 0;
+  for (; end < text.size(); ++end) {
+    const bool starts_character = (static_cast<unsigned char>(text[end]) & 0xC0U) != 0x80U;
+    if (starts_character && --count < 0) {
+      break;
+    }
+  }
+  return text.substr(0, end);
+}
+
+int KindRank(const Value& value) {
+  if (IsNull(value)) {
+    return 0;
+  }
+  if (NumberIn(value)) {
+    return 1;
+  }
+  return std::holds_alternative<std::string>(value) ? 2 : 3;
+}
+
+}  // namespace
+
+Scope::Scope(const std::string& qualifier, const std::vector<std::string>& names) {
+  for (const std::string& name : names) {
+    columns_.push_back({qualifier, name});
+  }
+}
+
+std::size_t Scope::Find(const Scalar& column) const {
+  std::optional<std::size_t> found;
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    const bool is_it =
+        SameName(columns_[i].name, column.name) &&
+        (column.qualifier.empty() || SameName(columns_[i].qualifier, column.qualifier));
+    if (is_it && found) {
+      FailAt("列名不明确", column.position);
+    }
+    if (is_it) {
+      found = i;
+    }
+  }
+  if (!found) {
+    FailAt("列名无效", column.position);
+  }
+  return *found;
+}
+
+void Scope::Check(const Scalar& value) const {
+  if (value.kind == Scalar::Kind::kColumn) {
+    (void)Find(value);
+  }
+  for (const Scalar& argument : value.arguments) {
+    Check(argument);
+  }
+}
+
+void Scope::Check(const Condition& condition) const {
+  for (const Scalar& side : condition.sides) {
+    Check(side);
+  }
+  for (const Condition& part : condition.parts) {
+    Check(part);
+  }
+}
+
+Value ValueIn(const Scalar& value, const Scope& scope, const Row& row) {
+  switch (value.kind) {
+    case Scalar::Kind::kColumn:
+      return row[scope.Find(value)];
+    case Scalar::Kind::kLiteral:
+      return value.literal;
+    case Scalar::Kind::kIsNull: {
+      const Value first = ValueIn(value.arguments[0], scope, row);
+      return IsNull(first) ? ValueIn(value.arguments[1], scope, row) : first;
+    }
+    case Scalar::Kind::kLeft:
+      break;
+  }
+  const Value text = ValueIn(value.arguments[0], scope, row);
+  const auto count = NumberIn(ValueIn(value.arguments[1], scope, row));
+  if (!count || std::holds_alternative<Bytes>(text)) {
+    FailAt("函数的参数无效", value.position);
+  }
+  return IsNull(text) ? text : FirstCharacters(ToText(text), *count);
+}
+
+bool Holds(const Condition& condition, const Scope& scope, const Row& row) {
+  const auto part_holds = [&](const Condition& part) { return Holds(part, scope, row); };
+  switch (condition.kind) {
+    case Condition::Kind::kAll:
+      return std::all_of(condition.parts.begin(), condition.parts.end(), part_holds);
+    case Condition::Kind::kAny:
+      return std::any_of(condition.parts.begin(), condition.parts.end(), part_holds);
+    case Condition::Kind::kComparison:
+      break;
+  }
+  return CompareHolds(condition.comparison, ValueIn(condition.sides[0], scope, row),
+                      ValueIn(condition.sides[1], scope, row));
+}
+
+bool SortsBefore(const Value& a, const Value& b) {
+  if (KindRank(a) != KindRank(b)) {
+    return KindRank(a) < KindRank(b);
+  }
+  return Compare(a, b) < 0;
+}
+
+}  // namespace td::recording

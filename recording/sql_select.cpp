@@ -1,0 +1,173 @@
+#include "recording/sql_select.h"
+
+#include <algorithm>
+
+#include "recording/sql_conditions.h"
+#include "recording/sql_tokens.h"
+
+namespace td::recording {
+namespace {
+
+struct ScopedRows {
+  Scope scope;
+  std::vector<Row> rows;
+};
+
+ScopedRows RowsOf(const Source& source, const MemoryTables& tables);
+
+ScopedRows RowsOfJoin(const Source& join, const MemoryTables& tables) {
+  const ScopedRows left = RowsOf(*join.left, tables);
+  const ScopedRows right = RowsOf(*join.right, tables);
+  std::vector<BoundColumn> columns = left.scope.Columns();
+  columns.insert(columns.end(), right.scope.Columns().begin(), right.scope.Columns().end());
+  ScopedRows joined{Scope(std::move(columns)), {}};
+  joined.scope.Check(join.on);
+  for (const Row& left_row : left.rows) {
+    bool has_partner = false;
+    for (const Row& right_row : right.rows) {
+      Row row = left_row;
+      row.insert(row.end(), right_row.begin(), right_row.end());
+      if (Holds(join.on, joined.scope, row)) {
+        has_partner = true;
+        joined.rows.push_back(std::move(row));
+      }
+    }
+    if (join.keeps_left && !has_partner) {
+      Row row = left_row;
+      row.resize(joined.scope.Columns().size());
+      joined.rows.push_back(std::move(row));
+    }
+  }
+  return joined;
+}
+
+ScopedRows RowsOf(const Source& source, const MemoryTables& tables) {
+  if (source.left) {
+    return RowsOfJoin(source, tables);
+  }
+  if (source.derived) {
+    TableData derived = RowsOf(*source.derived, tables);
+    return {Scope(source.alias, derived.columns), std::move(derived.rows)};
+  }
+  const TableData* table = tables.Find(source.table);
+  if (table == nullptr) {
+    FailAt("对象名无效", source.position);
+  }
+  return {Scope(source.alias, table->columns), table->rows};
+}
+
+// The items with every "*" written out.
+std::vector<SelectItem> SpelledOut(const std::vector<SelectItem>& items, const Scope& scope) {
+  std::vector<SelectItem> spelled;
+  for (const SelectItem& item : items) {
+    if (!item.is_all) {
+      scope.Check(item.value);
+      spelled.push_back(item);
+      continue;
+    }
+    const std::size_t before = spelled.size();
+    for (const BoundColumn& column : scope.Columns()) {
+      if (item.qualifier.empty() || SameName(item.qualifier, column.qualifier)) {
+        SelectItem single;
+        single.value.kind = Scalar::Kind::kColumn;
+        single.value.qualifier = column.qualifier;
+        single.value.name = column.name;
+        single.name = column.name;
+        spelled.push_back(std::move(single));
+      }
+    }
+    if (spelled.size() == before) {
+      FailAt("列前缀无效", item.position);
+    }
+  }
+  return spelled;
+}
+
+bool IsGrouped(const Scalar& value, const std::vector<std::size_t>& grouped, const Scope& scope) {
+  if (value.kind == Scalar::Kind::kColumn) {
+    return std::find(grouped.begin(), grouped.end(), scope.Find(value)) != grouped.end();
+  }
+  return std::all_of(value.arguments.begin(), value.arguments.end(),
+                     [&](const Scalar& argument) { return IsGrouped(argument, grouped, scope); });
+}
+
+// Keeps the first row of each group.
+void Group(const Select& select, const std::vector<SelectItem>& items, ScopedRows& from) {
+  std::vector<std::size_t> grouped;
+  for (const Scalar& column : select.group_by) {
+    grouped.push_back(from.scope.Find(column));
+  }
+  for (const SelectItem& item : items) {
+    if (!IsGrouped(item.value, grouped, from.scope)) {
+      FailAt("选择列表中的列不在分组中", item.position);
+    }
+  }
+  std::vector<Row> kept;
+  for (Row& row : from.rows) {
+    const auto same_group = [&](const Row& other) {
+      return std::all_of(grouped.begin(), grouped.end(),
+                         [&](std::size_t column) { return row[column] == other[column]; });
+    };
+    if (std::none_of(kept.begin(), kept.end(), same_group)) {
+      kept.push_back(std::move(row));
+    }
+  }
+  from.rows = std::move(kept);
+}
+
+// The value by which a row is ordered. A name that the select list gives comes before a column of
+// the tables.
+Scalar OrderKey(const OrderTerm& term, const std::vector<SelectItem>& items, const Scope& scope) {
+  if (term.column.qualifier.empty()) {
+    for (const SelectItem& item : items) {
+      if (SameName(item.name, term.column.name)) {
+        return item.value;
+      }
+    }
+  }
+  scope.Check(term.column);
+  return term.column;
+}
+
+void Order(const Select& select, const std::vector<SelectItem>& items, ScopedRows& from) {
+  // The last term first: a stable sort keeps what the later terms have ordered.
+  for (auto term = select.order_by.rbegin(); term != select.order_by.rend(); ++term) {
+    const Scalar key = OrderKey(*term, items, from.scope);
+    std::stable_sort(from.rows.begin(), from.rows.end(), [&](const Row& a, const Row& b) {
+      const Value value_a = ValueIn(key, from.scope, a);
+      const Value value_b = ValueIn(key, from.scope, b);
+      return term->descends ? SortsBefore(value_b, value_a) : SortsBefore(value_a, value_b);
+    });
+  }
+}
+
+}  // namespace
+
+TableData RowsOf(const Select& select, const MemoryTables& tables) {
+  ScopedRows from = RowsOf(*select.from, tables);
+  const std::vector<SelectItem> items = SpelledOut(select.items, from.scope);
+  if (select.where) {
+    from.scope.Check(*select.where);
+    std::erase_if(from.rows,
+                  [&](const Row& row) { return !Holds(*select.where, from.scope, row); });
+  }
+  if (!select.group_by.empty()) {
+    Group(select, items, from);
+  }
+  Order(select, items, from);
+
+  TableData result;
+  for (const SelectItem& item : items) {
+    result.columns.push_back(item.name);
+  }
+  for (const Row& row : from.rows) {
+    Row values;
+    for (const SelectItem& item : items) {
+      values.push_back(ValueIn(item.value, from.scope, row));
+    }
+    result.rows.push_back(std::move(values));
+  }
+  return result;
+}
+
+}  // namespace td::recording

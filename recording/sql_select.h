@@ -1,0 +1,12 @@
+// The rows of a select statement.
+#pragma once
+
+#include "recording/memory_tables.h"
+#include "recording/sql_syntax.h"
+#include "recording/table_data.h"
+
+namespace td::recording {
+
+[[nodiscard]] TableData RowsOf(const Select& select, const MemoryTables& tables);
+
+}  // namespace td::recording
