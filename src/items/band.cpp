@@ -122,7 +122,12 @@ void PlaceTextItem(Band& band) {
 }
 
 void ReadCaption(Band& band) {
-  band.guard.Step([&] { band.caption = ToLoneText(band.Item("FObjectCaption")); });
+  const WindowKind& kind = band.window.kind;
+  band.guard.Step([&] {
+    const Value& caption = band.Item("FObjectCaption");
+    band.caption = kind.keepsCaptionOnNull ? ToLoneText(caption) : ToText(caption);
+  });
+  if (!kind.clearsRepeatedCaptions) return;
   const auto repeatsName = [&] {
     return AreEqualTexts(band.Item("FObjectCaption"), band.Item("FObjectFieldName"));
   };
@@ -137,6 +142,7 @@ void ReadField(Band& band) {
 }
 
 bool HasToken(Band& band, std::string_view token) {
+  if (!band.window.kind.drawsImages) return false;
   return band.guard.Test([&] {
     const Value& name = band.Item("FObjectFieldName");
     return !IsNull(name) && ToText(name) == token;

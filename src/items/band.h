@@ -43,11 +43,12 @@ void DrawBand(PrintWindow& window, const std::string& sql, std::int16_t site, bo
 // Current point, font and alignment of a text item.
 void PlaceTextItem(Band& band);
 
-// `caption` and `field` of the item. A label that merely repeats the item's name becomes empty.
+// `caption` and `field` of the item. In the plain window a label that merely repeats the item's
+// name becomes empty.
 void ReadCaption(Band& band);
 void ReadField(Band& band);
 
-// Whether the item's FObjectFieldName is `token`, exactly.
+// Whether the item asks for an image: its FObjectFieldName is `token`, exactly.
 [[nodiscard]] bool HasToken(Band& band, std::string_view token);
 
 // Whether FAutoSize is set; Null counts as not.

@@ -22,7 +22,7 @@ void DrawTextItem(Band& band) {
     DrawGoodsPicture(band);
   } else if (band.field.empty()) {
     Box(band, [&] { return band.caption; });
-  } else if (const NamedField* named = FindNamedField(band.field)) {
+  } else if (const NamedField* named = FindNamedField(band.field, band.window.kind)) {
     named->draw(band, *named);
   } else {
     DrawPlainField(band);

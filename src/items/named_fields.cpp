@@ -8,11 +8,14 @@
 namespace td {
 namespace {
 
-NamedField Number(std::string_view name, SumSource source) {
-  return {name, DrawSum, source};
+using enum WithoutAllSums;
+
+NamedField Number(std::string_view name, SumSource source, WithoutAllSums without = kSame) {
+  return {name, DrawSum, source, without};
 }
-NamedField Words(std::string_view name, SumSource source) {
-  return {name, DrawSumInWords, source};
+
+NamedField Words(std::string_view name, SumSource source, WithoutAllSums without = kSame) {
+  return {name, DrawSumInWords, source, without};
 }
 
 const std::array kFields = {
@@ -24,32 +27,32 @@ const std::array kFields = {
     Words("fsumnotaxamount_dx", "FSumNoTaxAmount"),
     Words("FSumBzkAmount_Dx", "FSumBzkAmount"),
     Number("ftotalpage", &PageSums::PageAmount),
-    Number("ftotalpage_1", &RunSums::RunAmount),
+    Number("ftotalpage_1", &RunSums::RunAmount, kNoValue),
     Words("ftotalpagedx", &PageSums::PageAmount),
-    Words("FTotalPage_1_Dx", &RunSums::RunAmount),
+    Words("FTotalPage_1_Dx", &RunSums::RunAmount, kNoValue),
     Number("FSumTotalPage", &RunSums::SumAmount),
     Number("ftotalpagetax", &PageSums::PageTax),
-    Number("ftotalpage_retailamount", &PageSums::PageRetailAmount),
-    Number("ftotalpage_bzkamount", &PageSums::PageBzkAmount),
-    Number("ftotalpagetax_1", &RunSums::RunTax),
-    Words("ftotalpagetax_1_dx", &RunSums::RunTax),
+    Number("ftotalpage_retailamount", &PageSums::PageRetailAmount, kNoValue),
+    Number("ftotalpage_bzkamount", &PageSums::PageBzkAmount, kNoValue),
+    Number("ftotalpagetax_1", &RunSums::RunTax, kNoValue),
+    Words("ftotalpagetax_1_dx", &RunSums::RunTax, kNoValue),
     Number("ftotalpagenotaxamount", &PageSums::PageNoTaxAmount),
-    Number("ftotalpagenotaxamount_1", &RunSums::RunNoTaxAmount),
-    Words("ftotalpagenotaxamount_1_dx", &RunSums::RunNoTaxAmount),
+    Number("ftotalpagenotaxamount_1", &RunSums::RunNoTaxAmount, kNoValue),
+    Words("ftotalpagenotaxamount_1_dx", &RunSums::RunNoTaxAmount, kNoValue),
     Words("fearnest_dx", "FEarnest"),
     Number("ftotalpage_qty", &PageSums::PageQty),
-    Number("ftotalpage_sumqty", &PageSums::PageSumQty),
-    Number("ftotalpage_credit", &PageSums::PageCredit),
-    Number("ftotalpage_debit", &PageSums::PageDebit),
-    Number("ftotalpage_slaveqty", &PageSums::PageSlaveQty),
+    Number("ftotalpage_sumqty", &PageSums::PageSumQty, kNoValue),
+    Number("ftotalpage_credit", &PageSums::PageCredit, kNoValue),
+    Number("ftotalpage_debit", &PageSums::PageDebit, kNoValue),
+    Number("ftotalpage_slaveqty", &PageSums::PageSlaveQty, kNoValue),
     Number("ftotalpage_mainqty", &PageSums::PageMainQty),
-    Number("FPurAmount_TotalPage", &PageSums::PagePurAmount),
-    Number("FSaleAmount_TotalPage", &PageSums::PageSaleAmount),
-    Number("FSkd_TotalPage", &PageSums::PageSkd),
-    Number("FFkd_TotalPage", &PageSums::PageFkd),
-    Number("ftotalpageselffreight", &RunSums::RunFreight),
-    Number("ftotalpage_mainqty_1", &RunSums::RunMainQty),
-    Number("FTotalPageFreight_Amount", &RunSums::RunFreightAmount),
+    Number("FPurAmount_TotalPage", &PageSums::PagePurAmount, kOrdinaryColumn),
+    Number("FSaleAmount_TotalPage", &PageSums::PageSaleAmount, kOrdinaryColumn),
+    Number("FSkd_TotalPage", &PageSums::PageSkd, kOrdinaryColumn),
+    Number("FFkd_TotalPage", &PageSums::PageFkd, kOrdinaryColumn),
+    Number("ftotalpageselffreight", &RunSums::RunFreight, kNoValue),
+    Number("ftotalpage_mainqty_1", &RunSums::RunMainQty, kNoValue),
+    Number("FTotalPageFreight_Amount", &RunSums::RunFreightAmount, kNoValue),
     NamedField{"forderid", DrawOrderId},
     NamedField{"fcomplexqty", DrawQuantity,
                QuantityColumns{.main = "FMainQty",
@@ -79,14 +82,16 @@ const std::array kFields = {
 
 }  // namespace
 
-const NamedField* FindNamedField(std::string_view name) {
+const NamedField* FindNamedField(std::string_view name, const WindowKind& kind) {
   static const auto byName = [] {
     std::unordered_map<std::string, const NamedField*> fields;
     for (const NamedField& field : kFields) fields.emplace(LowerCase(field.name), &field);
     return fields;
   }();
   const auto found = byName.find(LowerCase(name));
-  return found == byName.end() ? nullptr : found->second;
+  if (found == byName.end()) return nullptr;
+  const NamedField* field = found->second;
+  return !kind.hasAllSums && field->withoutAllSums == kOrdinaryColumn ? nullptr : field;
 }
 
 }  // namespace td

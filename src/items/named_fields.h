@@ -28,14 +28,18 @@ struct QuantityColumns {
 // Where a sum comes from: a sum over the page, a sum over the run, or a column of the parked clone.
 using SumSource = std::variant<double PageSums::*, double RunSums::*, std::string_view>;
 
+// What a field is in a window that does not keep all sums.
+enum class WithoutAllSums { kSame, kNoValue, kOrdinaryColumn };
+
 struct NamedField {
   std::string_view name;
   void (*draw)(Band&, const NamedField&);
   std::variant<std::monostate, SumSource, QuantityColumns> source{};
+  WithoutAllSums withoutAllSums = WithoutAllSums::kSame;
 };
 
-// The field named `name`, in any case, or nothing if it is an ordinary column.
-[[nodiscard]] const NamedField* FindNamedField(std::string_view name);
+// The field named `name`, in any case, or nothing if it is an ordinary column in that window.
+[[nodiscard]] const NamedField* FindNamedField(std::string_view name, const WindowKind& kind);
 
 // The drawings. A number or words sum: the picture decides between plain and formatted text.
 void DrawPageNumber(Band& band, const NamedField& field);

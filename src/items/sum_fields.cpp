@@ -15,6 +15,11 @@ double ReadSum(Band& band, const NamedField& field) {
   return ToDouble(Context().PrintDataClone->Field(std::get<std::string_view>(source)));
 }
 
+// A sum that the window does not keep: a picture and capitals show it as 0, plain text as nothing.
+bool HasNoValue(const Band& band, const NamedField& field) {
+  return !band.window.kind.hasAllSums && field.withoutAllSums == WithoutAllSums::kNoValue;
+}
+
 // Whether the item has an empty picture. Null is not empty: the picture then fails where it is
 // used.
 bool HasEmptyPicture(Band& band) {
@@ -29,7 +34,9 @@ void DrawValue(Band& band, const std::function<Value()>& readValue) {
     Box(band, [&] { return band.caption + ToText(readValue()); });
   } else {
     Box(band, [&] {
-      return band.caption + FormatValue(readValue(), ToLoneText(band.Item("FFormatString")));
+      const Value value = readValue();
+      const std::string picture = ToLoneText(band.Item("FFormatString"));
+      return band.caption + FormatValue(IsNull(value) ? Value(0.0) : value, picture);
     });
   }
 }
@@ -50,11 +57,14 @@ void DrawTotalPageNumber(Band& band, const NamedField& /*field*/) {
 }
 
 void DrawSum(Band& band, const NamedField& field) {
-  DrawValue(band, [&] { return Value(ReadSum(band, field)); });
+  DrawValue(band, [&] { return HasNoValue(band, field) ? Value() : Value(ReadSum(band, field)); });
 }
 
 void DrawSumInWords(Band& band, const NamedField& field) {
-  DrawValue(band, [&] { return Value(AmountInWords(ReadSum(band, field))); });
+  DrawValue(band, [&] {
+    const double amount = HasNoValue(band, field) ? 0 : ReadSum(band, field);
+    return Value(AmountInWords(amount));
+  });
 }
 
 }  // namespace td

@@ -14,15 +14,27 @@ void RecordBillPages(PrintRun& run) {
   });
 }
 
+// A blank-row run ends on a form that is printed already: no filler rows, no band 4, no foot.
+void FinishLastBill(PrintRun& run) {
+  if (run.state.BlankRowsAtStart != 0) return;
+  run.guard.Step([&] { FinishBill(run.window, !run.state.FooterPerPage); });
+}
+
+void FinishLastStockArea(PrintRun& run) {
+  run.guard.Step([&] { FinishBill(run.window, true); });
+}
+
 void CloseDocument(PrintRun& run) {
   const Guard& guard = run.guard;
   RunState& state = run.state;
   PrintContext& context = run.context;
   PrintFrame& frame = *run.window.frame;
 
-  if (state.BlankRowsAtStart == 0) guard.Step([&] { FinishBill(run.window); });
-  RecordBillPages(run);
-  state.BillPageCount = 1;
+  run.kind.finishLastBill(run);
+  if (run.kind.recordsBillPages) {
+    RecordBillPages(run);
+    state.BillPageCount = 1;
+  }
   if (guard.Test([&] { return !frame.MemoText().empty(); })) {
     guard.Step([&] { run.vp.PutText("\r\n"); });
     guard.Step([&] { run.vp.PutRichText(frame.MemoTextRtf()); });

@@ -16,12 +16,12 @@ void ReportRefusedPrinter(PrintWindow& window, Query& paper) {
 void DoPrinting(PrintWindow& window) {
   LoadWindow(window);
   Query paper;
-  const Guard guard(reactions::kPlainRun, [&] { ReportRefusedPrinter(window, paper); });
+  const Guard guard(window.kind.runReactions, [&] { ReportRefusedPrinter(window, paper); });
   RunRoutine(guard, window.platform.messages, [&](const Guard&) {
     PrintRun run{.window = window, .guard = guard, .paper = paper};
     if (!PrepareRun(run)) return;
     OpenDocument(run);
-    PrintRows(run);
+    window.kind.printRows(run);
     CloseDocument(run);
   });
 }

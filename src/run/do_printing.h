@@ -9,7 +9,8 @@ struct PrintWindow;
 // message boxes; an error in the report of a refused printer leaves the call.
 void DoPrinting(PrintWindow& window);
 
-// Ends a bill: fills the page with empty rows if the format says so, then bands 4 and 5.
-void FinishBill(PrintWindow& window);
+// Ends a bill or a stock area: fills the page with empty rows if the format says so, then draws
+// band 4 if rows are pending, and the foot if asked for.
+void FinishBill(PrintWindow& window, bool withFoot);
 
 }  // namespace td

@@ -27,11 +27,11 @@ void FillPage(PrintWindow& window) {
 
 }  // namespace
 
-void FinishBill(PrintWindow& window) {
+void FinishBill(PrintWindow& window, bool withFoot) {
   RunState& state = window.state;
   if (state.RowsPerPage > state.RowsOnPage && state.IntegralPage) FillPage(window);
   if (state.Site4Pending) DrawItems(window, 4, "");
-  if (!state.FooterPerPage) DrawItems(window, 5, "");
+  if (withFoot) DrawItems(window, 5, "");
 }
 
 }  // namespace td

@@ -32,16 +32,20 @@ void OpenDocument(PrintRun& run) {
   RunState& state = run.state;
   PrintContext& context = run.context;
 
-  SkipBlankPages(run);
+  if (run.kind.knowsBlankRows) {
+    SkipBlankPages(run);
+  }
   state.IsBodyStarted = false;
   state.AdjustRowsOnce = true;
-  guard.Step([&] { run.vp.PutExportFormat(1); });
-  guard.Step([&] { run.vp.PutExportFile("c:\\订单.html"); });
+  if (run.kind.writesExportFile) {
+    guard.Step([&] { run.vp.PutExportFormat(1); });
+    guard.Step([&] { run.vp.PutExportFile("c:\\订单.html"); });
+  }
   guard.Step([&] { run.vp.StartDoc(); });
-  if (!state.HeaderPerPage && context.PrintBlankRows < 1) {
+  if (!state.HeaderPerPage && run.rem < 1) {
     guard.Step([&] { DrawPageHeader(run.window, 1); });
   }
-  if (context.PrintBlankRows == 0) guard.Step([&] { DrawItems(run.window, 2, ""); });
+  if (run.rem == 0) guard.Step([&] { DrawItems(run.window, 2, ""); });
   state.IsBodyStarted = true;
   state.CurrentRowTop = -state.RowHeight;
   state.OrderId = 1;

@@ -24,7 +24,7 @@ bool IsNumber(const Value& value, double number) {
 
 void BeginRun(PrintRun& run) {
   const Guard& guard = run.guard;
-  run.state.BlankRowsAtStart = run.context.PrintBlankRows;
+  if (run.kind.knowsBlankRows) run.state.BlankRowsAtStart = run.context.PrintBlankRows;
   guard.Step([&] { run.vp.PutMousePointer(11); });
   guard.Step([&] { run.window.frame->PutPageText("请稍候，正在读入打印数据..."); });
   guard.Step([&] { run.vp.PutTableSeparators("|_"); });
@@ -52,8 +52,12 @@ void ApplyMachinePaper(PrintRun& run) {
   const Guard& guard = run.guard;
   Query& paper = run.paper;
   guard.Step([&] { run.vp.PutDevice(ToLoneText(paper.Field("FDevice"))); });
-  guard.Step([&] { run.vp.PutOrientation(LandscapeCode(paper.Field("FOrientation"))); });
+  const auto setOrientation = [&] {
+    guard.Step([&] { run.vp.PutOrientation(LandscapeCode(paper.Field("FOrientation"))); });
+  };
+  if (!run.kind.setsPaperBeforeOrientation) setOrientation();
   guard.Step([&] { run.vp.PutPaperSize(PaperCodeOrZero(paper.Field("FPaperSize"))); });
+  if (run.kind.setsPaperBeforeOrientation) setOrientation();
 }
 
 void ReadLayout(PrintRun& run, Query& format) {

@@ -15,6 +15,7 @@ struct PrintRun {
   const Guard& guard;
   Query& paper;  // the machine's paper row; the report of a refused printer reads it, too
 
+  const WindowKind& kind = window.kind;
   RunState& state = window.state;
   PrintSurface& vp = window.vp;
   PrintContext& context = Context();
@@ -32,11 +33,25 @@ struct PrintRun {
 // Passes over whole pages of blank rows, opens the document and draws the first page's bands.
 void OpenDocument(PrintRun& run);
 
-// Walks the rows and breaks pages.
-void PrintRows(PrintRun& run);
+// Walk the rows. A new bill, or a new stock area, begins a new page.
+void PrintRowsByBill(PrintRun& run);
+void PrintRowsByStockArea(PrintRun& run);
 
-// Adds the current row to the page sums and running sums; errors skip single statements.
+// Draws the current row and moves to the next; goes to a new page if this one is full and more rows
+// follow.
+void PlaceRow(PrintRun& run);
+
+// Moves the parked clone forward to the bill of the current row.
+void MoveCloneToBill(PrintRun& run);
+
+// Add the current row to the page sums and running sums; errors skip single statements. The plain
+// run computes the tax from price and quantity, the stock-area run takes it from its column.
 void AddRowToSums(PrintRun& run);
+void AddStockAreaRowToSums(PrintRun& run);
+
+// What ends the last bill, or the last area, behind the last row.
+void FinishLastBill(PrintRun& run);
+void FinishLastStockArea(PrintRun& run);
 
 // Gives the pages since the last recorded one to the bill in progress.
 void RecordBillPages(PrintRun& run);

@@ -1,5 +1,6 @@
 // What one row adds to the sums.
 #include <cmath>
+#include <string_view>
 
 #include "run/print_run.h"
 #include "text/conversions.h"
@@ -19,72 +20,103 @@ double Quotient(double dividend, double divisor) {
   return Checked(dividend / divisor);
 }
 
-struct RowReader {
-  Recordset& row;
+// Reads the current row and adds to sums; a failing statement is skipped without a message.
+class RowAdder {
+ public:
+  explicit RowAdder(Recordset& row) : row_(row) {}
 
-  [[nodiscard]] double Leading(std::string_view column) const { return Val(row.Field(column)); }
-  [[nodiscard]] double Number(std::string_view column) const { return ToDouble(row.Field(column)); }
+  // The leading number of a column's text, or the column's value as it stands.
+  void AddLeading(double& sum, std::string_view column) const {
+    ignoring_.Step([&] { sum = Checked(sum + Leading(column)); });
+  }
+  void AddNumber(double& sum, std::string_view column) const {
+    ignoring_.Step([&] { sum = Checked(sum + Number(column)); });
+  }
+  void Add(double& sum, double value) const {
+    ignoring_.Step([&] { sum = Checked(sum + value); });
+  }
+
+  // Without the column FMainQty the test fails and thus holds: all rows are marker rows.
   [[nodiscard]] bool IsMarker() const {
-    const Value& qty = row.Field("FMainQty");
-    return !IsNull(qty) && ToDouble(qty) == kMarkerQty;
+    return ignoring_.Test([&] {
+      const Value& qty = row_.Field("FMainQty");
+      return !IsNull(qty) && ToDouble(qty) == kMarkerQty;
+    });
   }
-  [[nodiscard]] double NoTax() const {
-    const double price = Quotient(Number("FPrice"), 1 + Leading("FTaxRate") / 100);
-    return Checked(Number("FQty") * price);
+
+  // The row's split into amount without tax and tax; a failing one leaves its target as it was.
+  void ComputeNoTax(double& noTax) const {
+    ignoring_.Step([&] { noTax = Checked(Number("FQty") * PriceWithoutTax()); });
   }
-  [[nodiscard]] double Tax() const {
-    const double quantity = Checked(Leading("FTaxRate") / 100 * Number("FQty"));
-    return Checked(quantity * Quotient(Number("FPrice"), 1 + Leading("FTaxRate") / 100));
+  void ComputeTax(double& tax) const {
+    ignoring_.Step(
+        [&] { tax = Checked(Leading("FTaxRate") / 100 * Number("FQty") * PriceWithoutTax()); });
   }
+
+ private:
+  [[nodiscard]] double Leading(std::string_view column) const { return Val(row_.Field(column)); }
+  [[nodiscard]] double Number(std::string_view column) const {
+    return ToDouble(row_.Field(column));
+  }
+  [[nodiscard]] double PriceWithoutTax() const {
+    return Quotient(Number("FPrice"), 1 + Leading("FTaxRate") / 100);
+  }
+
+  Recordset& row_;
+  Guard ignoring_{reactions::kIgnoreAll};
 };
 
 }  // namespace
 
 void AddRowToSums(PrintRun& run) {
-  const Guard ignoring(reactions::kIgnoreAll);
-  const RowReader row{*run.context.PrintData};
+  const RowAdder row(*run.context.PrintData);
   RunSums& total = run.state.run;
   PageSums& page = run.state.page;
 
-  const auto addLeading = [&](double& sum, std::string_view column) {
-    ignoring.Step([&] { sum = Checked(sum + row.Leading(column)); });
-  };
-  const auto addNumber = [&](double& sum, std::string_view column) {
-    ignoring.Step([&] { sum = Checked(sum + row.Number(column)); });
-  };
-  const auto addSplit = [&](double& sum, double split) {
-    ignoring.Step([&] { sum = Checked(sum + split); });
-  };
+  row.AddLeading(total.SumAmount, "FAmount");
+  if (row.IsMarker()) return;
 
-  addLeading(total.SumAmount, "FAmount");
-  // Without the column FMainQty the test fails and thus holds: all rows are marker rows.
-  if (ignoring.Test([&] { return row.IsMarker(); })) return;
-
-  addLeading(page.PageMainQty, "FMainQty");
-  addLeading(page.PageAmount, "FAmount");
-  addLeading(page.PageQty, "FQty");
-  addLeading(page.PageSumQty, "FQty");
-  addLeading(page.PageCredit, "FCredit");
-  addLeading(page.PageDebit, "FDebit");
-  addLeading(page.PageSlaveQty, "FSlaveQty");
-  addLeading(page.PageSaleAmount, "FSaleAmount");
-  addLeading(page.PagePurAmount, "FPurAmount");
-  addLeading(page.PageSkd, "FSkd");
-  addLeading(page.PageFkd, "FFkd");
+  row.AddLeading(page.PageMainQty, "FMainQty");
+  row.AddLeading(page.PageAmount, "FAmount");
+  row.AddLeading(page.PageQty, "FQty");
+  row.AddLeading(page.PageSumQty, "FQty");
+  row.AddLeading(page.PageCredit, "FCredit");
+  row.AddLeading(page.PageDebit, "FDebit");
+  row.AddLeading(page.PageSlaveQty, "FSlaveQty");
+  row.AddLeading(page.PageSaleAmount, "FSaleAmount");
+  row.AddLeading(page.PagePurAmount, "FPurAmount");
+  row.AddLeading(page.PageSkd, "FSkd");
+  row.AddLeading(page.PageFkd, "FFkd");
 
   // A row that lacks price, quantity or rate adds the split of the row before it once more.
-  ignoring.Step([&] { run.NoTax = row.NoTax(); });
-  ignoring.Step([&] { run.Tax = row.Tax(); });
-  addSplit(page.PageNoTaxAmount, run.NoTax);
-  addSplit(page.PageTax, run.Tax);
-  addNumber(page.PageRetailAmount, "FRetailAmount");
-  addNumber(page.PageBzkAmount, "FBeforeZkAmount");
-  addSplit(total.RunTax, run.Tax);
-  addSplit(total.RunNoTaxAmount, run.NoTax);
-  addLeading(total.RunAmount, "FAmount");
-  addNumber(total.RunMainQty, "FMainQty");
-  addNumber(total.RunFreight, "FFreight");
-  addNumber(total.RunFreightAmount, "FFreight_Amount");
+  row.ComputeNoTax(run.NoTax);
+  row.ComputeTax(run.Tax);
+  row.Add(page.PageNoTaxAmount, run.NoTax);
+  row.Add(page.PageTax, run.Tax);
+  row.AddNumber(page.PageRetailAmount, "FRetailAmount");
+  row.AddNumber(page.PageBzkAmount, "FBeforeZkAmount");
+  row.Add(total.RunTax, run.Tax);
+  row.Add(total.RunNoTaxAmount, run.NoTax);
+  row.AddLeading(total.RunAmount, "FAmount");
+  row.AddNumber(total.RunMainQty, "FMainQty");
+  row.AddNumber(total.RunFreight, "FFreight");
+  row.AddNumber(total.RunFreightAmount, "FFreight_Amount");
+}
+
+void AddStockAreaRowToSums(PrintRun& run) {
+  const RowAdder row(*run.context.PrintData);
+  RunSums& total = run.state.run;
+  PageSums& page = run.state.page;
+
+  row.AddLeading(page.PageAmount, "FAmount");
+  row.AddLeading(page.PageQty, "FQty");
+  row.AddLeading(total.SumAmount, "FAmount");
+  row.AddLeading(page.PageMainQty, "FMainQty");
+  row.AddLeading(page.PageTax, "FTax");
+  row.AddLeading(page.AreaPageAmount, "FAmount");
+  row.AddLeading(page.PageNoTaxAmount, "FNoTaxAmount");
+  row.AddLeading(total.RunTax, "FTax");
+  row.AddLeading(total.RunNoTaxAmount, "FNoTaxAmount");
 }
 
 }  // namespace td

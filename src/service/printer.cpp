@@ -8,11 +8,30 @@
 #include "windows/print_window.h"
 
 namespace td {
+namespace {
 
-void Printer::DoPrint(bool New_DoPrint, const std::string& New_PromptString,
-                      std::int16_t New_TranType, bool New_OnlyPrintVariantItem,
-                      bool New_PrintBorder, const RecordsetRef& PrintData,
-                      const std::string& TDBillName, Value* /*PrintDevice*/) {
+// Rows that can't be cloned still print: one cursor then serves as both. The handler stays in force
+// to the end, so that any error which leaves the window has the same effect.
+void PrintOnWindow(Platform& platform, const WindowKind& kind) {
+  PrintContext& context = Context();
+  const Guard guard(reactions::kIgnoreAll,
+                    [&context] { context.PrintDataClone = context.PrintData; });
+  guard.Step([&] { context.PrintDataClone = context.PrintData->Clone(); });
+  std::unique_ptr<PrintWindow> window;
+  guard.Step([&] { window = std::make_unique<PrintWindow>(platform, kind); });
+  guard.Step([&] {
+    if (!window) throw Failure(kObjectNotSet, "对象变量未设置");
+    if (context.New_DoPrint) {
+      DoPrinting(*window);
+    } else {
+      window->frame->ShowModal();
+    }
+  });
+}
+
+void StoreRequest(bool New_DoPrint, const std::string& New_PromptString, std::int16_t New_TranType,
+                  bool New_OnlyPrintVariantItem, bool New_PrintBorder,
+                  const RecordsetRef& PrintData, const std::string& TDBillName) {
   if (!PrintData) throw Failure(kNothingToPrint, "没有可供打印的数据!");
 
   PrintContext& context = Context();
@@ -24,22 +43,26 @@ void Printer::DoPrint(bool New_DoPrint, const std::string& New_PromptString,
   context.TDBillName = TDBillName;
   context.PrintOk = false;
   context.PrintData = PrintData;
+}
 
-  // Rows that can't be cloned still print: one cursor then serves as both. The handler stays in
-  // force to the end, so that any error which leaves the window has the same effect.
-  const Guard guard(reactions::kIgnoreAll,
-                    [&context] { context.PrintDataClone = context.PrintData; });
-  guard.Step([&] { context.PrintDataClone = context.PrintData->Clone(); });
-  std::unique_ptr<PrintWindow> window;
-  guard.Step([&] { window = std::make_unique<PrintWindow>(platform_); });
-  guard.Step([&] {
-    if (!window) throw Failure(kObjectNotSet, "对象变量未设置");
-    if (New_DoPrint) {
-      DoPrinting(*window);
-    } else {
-      window->frame->ShowModal();
-    }
-  });
+}  // namespace
+
+void Printer::DoPrint(bool New_DoPrint, const std::string& New_PromptString,
+                      std::int16_t New_TranType, bool New_OnlyPrintVariantItem,
+                      bool New_PrintBorder, const RecordsetRef& PrintData,
+                      const std::string& TDBillName, Value* /*PrintDevice*/) {
+  StoreRequest(New_DoPrint, New_PromptString, New_TranType, New_OnlyPrintVariantItem,
+               New_PrintBorder, PrintData, TDBillName);
+  PrintOnWindow(platform_, kPlainWindow);
+}
+
+void Printer::DoPrint_GroupByArea(bool New_DoPrint, const std::string& New_PromptString,
+                                  std::int16_t New_TranType, bool New_OnlyPrintVariantItem,
+                                  bool New_PrintBorder, const RecordsetRef& PrintData,
+                                  const std::string& TDBillName, Value* /*PrintDevice*/) {
+  StoreRequest(New_DoPrint, New_PromptString, New_TranType, New_OnlyPrintVariantItem,
+               New_PrintBorder, PrintData, TDBillName);
+  PrintOnWindow(platform_, kStockAreaWindow);
 }
 
 bool Printer::PrintOk() const {

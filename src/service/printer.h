@@ -34,6 +34,14 @@ class Printer {
                bool New_OnlyPrintVariantItem, bool New_PrintBorder, const RecordsetRef& PrintData,
                const std::string& TDBillName = {}, Value* PrintDevice = nullptr);
 
+  // The same with a new page at each new stock area (the first character of `FStockArea`) instead
+  // of
+  // each new bill. The rows stand area by area.
+  void DoPrint_GroupByArea(bool New_DoPrint, const std::string& New_PromptString,
+                           std::int16_t New_TranType, bool New_OnlyPrintVariantItem,
+                           bool New_PrintBorder, const RecordsetRef& PrintData,
+                           const std::string& TDBillName = {}, Value* PrintDevice = nullptr);
+
   // True once the document of the last call was sent to the printer.
   [[nodiscard]] bool PrintOk() const;
 

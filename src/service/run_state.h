@@ -36,6 +36,7 @@ struct PageSums {
   double PagePurAmount = 0;
   double PageSkd = 0;
   double PageFkd = 0;
+  double AreaPageAmount = 0;  // stock-area run only
 };
 
 // Sums over all rows, re-runs on the same window included: nothing clears them.
@@ -78,9 +79,11 @@ struct RunState {
   bool AdjustRowsOnce = false;  // the growth of RowsPerPage is still due
   bool Site4Pending = false;    // a row was placed since the last band after the rows
 
-  std::string CurrentInterId;                     // the bill in progress, empty when none
-  std::int16_t PageOfBill = 0;                    // page number within the bill
-  std::int16_t BillPageCount = 0;                 // like PageOfBill, for BillPages
+  std::string CurrentInterId;      // the bill in progress, empty when none
+  std::string CurrentArea;         // stock area of the last row, in the stock-area run
+  std::int32_t RowInterId = 0;     // bill of the last row, in the stock-area run
+  std::int16_t PageOfBill = 0;     // page number within the bill
+  std::int16_t BillPageCount = 0;  // like PageOfBill, for BillPages
   std::map<std::string, std::int16_t> BillPages;  // by document page number and "page"
 
   bool HasTotalPageStamp = false;

@@ -24,7 +24,11 @@ inline constexpr Reactions kPlainRun{
     .retriesLocked = true, .skipsNull = true, .skipsMissingColumn = true, .reportsPrinter = true};
 inline constexpr Reactions kDrawing{
     .retriesLocked = true, .skipsNull = true, .skipsMissingColumn = true};
-inline constexpr Reactions kMessageOnly{};                  // goods picture, toolbar, page setup
+inline constexpr Reactions kStockAreaRun = kDrawing;
+inline constexpr Reactions kSettingsLoad{.retriesLocked = true, .skipsNull = true};
+inline constexpr Reactions kSettingsSave{.retriesLocked = true};
+inline constexpr Reactions kAreaPrinterLoad{.skipsNull = true};
+inline constexpr Reactions kMessageOnly{};  // area printers, goods picture, toolbar, page setup
 inline constexpr Reactions kIgnoreAll{.ignoresAll = true};  // row sums, window load, print calls
 
 }  // namespace reactions

@@ -21,11 +21,27 @@ void ReadComplexQtySetting(PrintWindow& window) {
   }
 }
 
+void ClearMargins(PrintSurface& vp, const Guard& guard) {
+  guard.Step([&] { vp.PutMarginLeft(0); });
+  guard.Step([&] { vp.PutMarginBottom(0); });
+  guard.Step([&] { vp.PutMarginRight(0); });
+  guard.Step([&] { vp.PutMarginTop(0); });
+}
+
+void ReadAdvertisingSetting(PrintWindow& window) {
+  window.state.PrintAdvertising = "-1";
+  Query setting;
+  setting.Open(window.platform, AdvertisingSettingStatement());
+  if (!setting.Eof()) window.state.PrintAdvertising = ToLoneText(setting.Field("FValue"));
+  setting.Close();
+}
+
 }  // namespace
 
-PrintWindow::PrintWindow(Platform& usedPlatform)
+PrintWindow::PrintWindow(Platform& usedPlatform, const WindowKind& usedKind)
     : platform(usedPlatform),
-      frame(platform.windows.CreatePrintFrame("frmTdPrint")),
+      kind(usedKind),
+      frame(platform.windows.CreatePrintFrame(kind.name)),
       vp(frame->Surface()) {
   frame->Connect({.Load = [this] { LoadWindow(*this); },
                   .Activate = [this] { ActivateWindow(*this); },
@@ -41,12 +57,14 @@ void LoadWindow(PrintWindow& window) {
 
   window.state.RowHeight = kRowHeightAtLoad;
   const Guard guard(reactions::kIgnoreAll);
-  guard.Step([&] { ReadComplexQtySetting(window); });
+  bool isSettingRead = false;
+  guard.Step([&] {
+    ReadComplexQtySetting(window);
+    isSettingRead = true;
+  });
+  if (!isSettingRead && !window.kind.isLoadForgiving) return;
   window.state.IsFirstActivate = true;
-  guard.Step([&] { window.vp.PutMarginLeft(0); });
-  guard.Step([&] { window.vp.PutMarginBottom(0); });
-  guard.Step([&] { window.vp.PutMarginRight(0); });
-  guard.Step([&] { window.vp.PutMarginTop(0); });
+  if (window.kind.clearsMargins) ClearMargins(window.vp, guard);
 }
 
 void ActivateWindow(PrintWindow& window) {
@@ -54,12 +72,7 @@ void ActivateWindow(PrintWindow& window) {
   if (!state.IsFirstActivate) return;
   state.IsFirstActivate = false;
 
-  state.PrintAdvertising = "-1";
-  Query setting;
-  setting.Open(window.platform, AdvertisingSettingStatement());
-  if (!setting.Eof()) state.PrintAdvertising = ToLoneText(setting.Field("FValue"));
-  setting.Close();
-
+  if (window.kind.readsAdvertising) ReadAdvertisingSetting(window);
   DoPrinting(window);
 }
 

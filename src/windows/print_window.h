@@ -6,6 +6,7 @@
 
 #include "platform/platform.h"
 #include "service/run_state.h"
+#include "windows/window_kind.h"
 
 namespace td {
 
@@ -16,14 +17,15 @@ struct PictureHolder {
   PictureRef Picture;
 };
 
-// `frmTdPrint`. Shown modally it is the preview; in a silent print it exists and is never shown.
+// Shown modally it is the preview; in a silent print it exists and is never shown.
 struct PrintWindow {
-  explicit PrintWindow(Platform& usedPlatform);
+  PrintWindow(Platform& usedPlatform, const WindowKind& usedKind);
   PrintWindow(const PrintWindow&) = delete;
   PrintWindow& operator=(const PrintWindow&) = delete;
   ~PrintWindow() = default;
 
   Platform& platform;
+  const WindowKind& kind;
   std::unique_ptr<PrintFrame> frame;
   PrintSurface& vp;
   PictureHolder Image1;
@@ -31,7 +33,7 @@ struct PrintWindow {
   bool isLoaded = false;
 };
 
-// Loads the window if that has not happened: row height, settings, margins. Ignores errors.
+// Loads the window if that has not happened: row height, settings, margins. Shows no errors.
 void LoadWindow(PrintWindow& window);
 
 // Starts the run at the first activation and does nothing at later ones. It has no handler: an

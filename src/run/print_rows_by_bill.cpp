@@ -1,6 +1,6 @@
-// The walk over the rows. A page holds a fixed number of equally high rows, so rows are counted and
-// one vertical offset moves; nothing is measured. The page events change the state inside NewPage.
-#include "items/draw_items.h"
+// The walk over the rows of the plain run. A page holds a fixed number of equally high rows, so
+// rows are counted and one vertical offset moves; nothing is measured. The page events change the
+// state inside NewPage.
 #include "platform/checked_counters.h"
 #include "run/do_printing.h"
 #include "run/print_run.h"
@@ -35,19 +35,11 @@ bool IsNewBill(const PrintRun& run) {
   return !IsNull(id) && ToText(id) != run.state.CurrentInterId && !run.state.CurrentInterId.empty();
 }
 
-bool CloneStandsOnBill(const PrintRun& run) {
-  const Value& parked = run.context.PrintDataClone->Field("FInterID");
-  const Value& current = run.context.PrintData->Field("FInterID");
-  return !IsNull(parked) && !IsNull(current) && ToText(parked) == ToText(current);
-}
-
 void BreakBill(PrintRun& run) {
   const Guard& guard = run.guard;
   RunState& state = run.state;
-  guard.Step([&] { FinishBill(run.window); });
-  while (guard.Test([&] { return !CloneStandsOnBill(run); })) {
-    guard.Step([&] { run.context.PrintDataClone->MoveNext(); });
-  }
+  guard.Step([&] { FinishBill(run.window, !state.FooterPerPage); });
+  MoveCloneToBill(run);
   // The first page of every bill has its head, also in a format that prints it only once.
   const bool headerPerPage = state.HeaderPerPage;
   state.HeaderPerPage = true;
@@ -69,30 +61,9 @@ void RememberBill(PrintRun& run) {
   }
 }
 
-// Draws one row. True: the page is full and more rows follow.
-bool PlaceRow(PrintRun& run) {
-  const Guard& guard = run.guard;
-  RunState& state = run.state;
-  PrintContext& context = run.context;
-
-  state.CurrentRowTop += state.RowHeight;
-  state.Site4Pending = true;
-  AddRowToSums(run);
-  guard.Step([&] { DrawItems(run.window, 3, ""); });
-  guard.Step([&] { AddChecked(state.OrderId, 1); });
-  guard.Step([&] { AddChecked(state.RowsOnPage, 1); });
-  const bool isPageFull = state.RowsOnPage == state.RowsPerPage;
-  if (isPageFull) {
-    guard.Step([&] { DrawItems(run.window, 4, ""); });
-    state.Site4Pending = false;
-  }
-  guard.Step([&] { context.PrintData->MoveNext(); });
-  return isPageFull && !guard.Test([&] { return context.PrintData->Eof(); });
-}
-
 }  // namespace
 
-void PrintRows(PrintRun& run) {
+void PrintRowsByBill(PrintRun& run) {
   const Guard& guard = run.guard;
   RunState& state = run.state;
   PrintContext& context = run.context;
@@ -105,11 +76,7 @@ void PrintRows(PrintRun& run) {
     if (guard.Test([&] { return context.PrintData->Eof(); })) return;
     if (guard.Test([&] { return IsNewBill(run); })) BreakBill(run);
     RememberBill(run);
-    if (PlaceRow(run)) {
-      guard.Step([&] { run.vp.NewPage(); });
-      state.CurrentRowTop = -state.RowHeight;
-      state.RowsOnPage = 0;
-    }
+    PlaceRow(run);
   }
 }
 
