@@ -1,0 +1,73 @@
+#include "memory_rows/memory_recordset.h"
+
+#include <utility>
+
+#include "memory_rows/text_repair.h"
+#include "platform/failure.h"
+
+namespace td {
+namespace {
+
+std::shared_ptr<const MemoryRows> CheckedRows(std::vector<std::string> columns,
+                                              std::vector<std::vector<Value>> rows) {
+  for (const auto& row : rows) {
+    if (row.size() != columns.size()) {
+      throw Failure(kInvalidCall, "记录的值的个数与列数不同。");
+    }
+  }
+  auto names = std::make_shared<const ColumnNames>(std::move(columns));
+  return std::make_shared<const MemoryRows>(MemoryRows{std::move(names), std::move(rows)});
+}
+
+Failure NoCurrentRow() {
+  return {kNoCurrentRow, "没有当前记录。"};
+}
+
+}  // namespace
+
+MemoryRecordset::MemoryRecordset(std::vector<std::string> columns,
+                                 std::vector<std::vector<Value>> rows)
+    : MemoryRecordset(CheckedRows(std::move(columns), std::move(rows))) {}
+
+MemoryRecordset::MemoryRecordset(std::shared_ptr<const MemoryRows> rows) : rows_(std::move(rows)) {}
+
+const MemoryRows& MemoryRecordset::OpenRows() const {
+  if (!rows_) throw Failure(kObjectClosed, "记录集没有打开。");
+  return *rows_;
+}
+
+bool MemoryRecordset::Eof() {
+  return position_ >= OpenRows().rows.size();
+}
+
+const Value& MemoryRecordset::Field(std::string_view column) {
+  const MemoryRows& rows = OpenRows();
+  const auto index = rows.columns->Find(column);
+  if (!index) {
+    throw Failure(kNoSuchColumn, WithoutLockCharacter("找不到列“" + ValidUtf8(column) + "”。"));
+  }
+  if (position_ >= rows.rows.size()) throw NoCurrentRow();
+  return rows.rows[position_][*index];
+}
+
+void MemoryRecordset::MoveNext() {
+  if (Eof()) throw NoCurrentRow();
+  ++position_;
+}
+
+void MemoryRecordset::MoveFirst() {
+  if (OpenRows().rows.empty()) throw NoCurrentRow();
+  position_ = 0;
+}
+
+void MemoryRecordset::Close() {
+  OpenRows();
+  rows_.reset();
+}
+
+RecordsetRef MemoryRecordset::Clone() {
+  OpenRows();
+  return std::make_shared<MemoryRecordset>(rows_);
+}
+
+}  // namespace td

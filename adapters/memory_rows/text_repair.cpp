@@ -1,0 +1,54 @@
+#include "memory_rows/text_repair.h"
+
+#include <cstddef>
+
+namespace td {
+namespace {
+
+// Length of the valid character at the start of a text that is not empty, 0 if there is none.
+std::size_t CharacterLength(std::string_view text) {
+  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  const unsigned char first = byte(0);
+  if (first < 0x80) return 1;
+  const std::size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
+  if (first < 0xC2 || first > 0xF4 || text.size() < length) return 0;
+  for (std::size_t i = 1; i < length; ++i) {
+    if ((byte(i) & 0xC0U) != 0x80) return 0;
+  }
+  // Overlong forms, surrogates and numbers above U+10FFFF show in the second byte.
+  if (first == 0xE0 && byte(1) < 0xA0) return 0;
+  if (first == 0xED && byte(1) > 0x9F) return 0;
+  if (first == 0xF0 && byte(1) < 0x90) return 0;
+  if (first == 0xF4 && byte(1) > 0x8F) return 0;
+  return length;
+}
+
+}  // namespace
+
+std::string ValidUtf8(std::string_view text) {
+  std::string result;
+  for (;;) {
+    std::size_t valid = 0;
+    while (valid < text.size()) {
+      const std::size_t length = CharacterLength(text.substr(valid));
+      if (length == 0) break;
+      valid += length;
+    }
+    result += text.substr(0, valid);
+    if (valid == text.size()) return result;
+    result += "\uFFFD";
+    text.remove_prefix(valid + 1);
+  }
+}
+
+std::string WithoutLockCharacter(std::string text) {
+  constexpr std::string_view kLock = "锁";
+  constexpr std::string_view kTraditional = "鎖";
+  static_assert(kLock.size() == kTraditional.size());
+  for (auto at = text.find(kLock); at != std::string::npos; at = text.find(kLock, at)) {
+    text.replace(at, kLock.size(), kTraditional);
+  }
+  return text;
+}
+
+}  // namespace td

@@ -1,0 +1,199 @@
+#include "sqlite/session.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstddef>
+#include <filesystem>
+#include <limits>
+#include <string_view>
+#include <utility>
+
+#include "memory_rows/text_repair.h"
+#include "sqlite/sql_dialect.h"
+#include "sqlite/sql_scanner.h"
+#include "sqlite/sqlite_failure.h"
+#include "sqlite/sqlite_functions.h"
+
+namespace td {
+namespace {
+
+constexpr int kLockWaitMilliseconds = 200;
+constexpr std::size_t kPreparedStatements = 32;
+
+Failure OpenFailure(const std::string& path, int systemError, const std::string& engineWords) {
+  const std::string name = "“" + path + "”";
+  if (systemError == ENOENT || systemError == ENOTDIR) {
+    return DatabaseFailure("找不到数据库文件" + name);
+  }
+  if (systemError == EISDIR) return DatabaseFailure(name + "不是普通文件");
+  if (systemError == EACCES) return DatabaseFailure("没有权限打开数据库文件" + name);
+  return DatabaseFailure("打不开数据库文件" + name + "（" + engineWords + "）");
+}
+
+// A statement of another kind may change the connection itself.
+bool LeavesNothingBehind(std::string_view sql) {
+  constexpr std::array<std::string_view, 7> kPlain = {"select", "with",   "values", "insert",
+                                                      "update", "delete", "replace"};
+  const std::string_view word = FirstWord(sql);
+  return std::any_of(kPlain.begin(), kPlain.end(),
+                     [word](std::string_view plain) { return EqualWords(plain, word); });
+}
+
+Value ReadValue(sqlite3_stmt* statement, int column) {
+  const auto size = [&] {
+    return static_cast<std::size_t>(sqlite3_column_bytes(statement, column));
+  };
+  switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_INTEGER:
+      return std::int64_t{sqlite3_column_int64(statement, column)};
+    case SQLITE_FLOAT:
+      return sqlite3_column_double(statement, column);
+    case SQLITE_TEXT: {
+      const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+      if (text == nullptr) throw std::bad_alloc();
+      return ValidUtf8(std::string_view(text, size()));
+    }
+    case SQLITE_BLOB: {
+      const auto* bytes = static_cast<const std::byte*>(sqlite3_column_blob(statement, column));
+      return bytes == nullptr ? Bytes() : Bytes(bytes, bytes + size());
+    }
+    default:
+      return Null{};
+  }
+}
+
+ColumnNamesRef ReadColumns(sqlite3_stmt* statement) {
+  std::vector<std::string> names;
+  const int count = sqlite3_column_count(statement);
+  for (int column = 0; column < count; ++column) {
+    const char* name = sqlite3_column_name(statement, column);
+    if (name == nullptr) throw std::bad_alloc();
+    names.emplace_back(name);
+  }
+  return std::make_shared<const ColumnNames>(std::move(names));
+}
+
+}  // namespace
+
+void Session::EngineCloser::operator()(sqlite3* engine) const {
+  sqlite3_close_v2(engine);
+}
+
+void Session::StatementCloser::operator()(sqlite3_stmt* statement) const {
+  sqlite3_finalize(statement);
+}
+
+Session::Session(std::string path) : path_(std::move(path)) {
+  Open();
+}
+
+Session::~Session() = default;
+
+void Session::Open() {
+  const auto stamp = StampOf(path_);
+  if (!stamp) throw OpenFailure(path_, errno, "");
+  stamp_ = *stamp;
+
+  // An absolute name has no meaning of its own to the engine, as ":memory:" would have.
+  const std::string name = std::filesystem::absolute(path_).string();
+  sqlite3* engine = nullptr;
+  const int code =
+      sqlite3_open_v2(name.c_str(), &engine, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  engine_.reset(engine);
+  if (code != SQLITE_OK) {
+    throw OpenFailure(path_, sqlite3_system_errno(engine), sqlite3_errstr(code));
+  }
+  sqlite3_extended_result_codes(engine, 1);
+  sqlite3_busy_timeout(engine, kLockWaitMilliseconds);
+  // A misspelt name in double quotes must fail and not become a text.
+  sqlite3_db_config(engine, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  sqlite3_db_config(engine, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+  RegisterFunctions(engine);
+
+  const int read = sqlite3_exec(engine, "pragma schema_version", nullptr, nullptr, nullptr);
+  if (read == SQLITE_NOTADB) {
+    throw DatabaseFailure("“" + path_ + "”不是 SQLite 数据库（" + sqlite3_errmsg(engine) + "）");
+  }
+  if (read != SQLITE_OK) throw EngineFailure(engine);
+}
+
+bool Session::FileUnchanged() const {
+  return StampOf(path_) == stamp_;
+}
+
+bool Session::FileInPlace() const {
+  const auto stamp = StampOf(path_);
+  return stamp && stamp->SameFile(stamp_);
+}
+
+std::shared_ptr<const MemoryRows> Session::Run(const std::string& sql) {
+  const bool wasReusable = std::exchange(reusable_, false);  // stays so when a failure leaves
+  Prepared& prepared = Find(sql);
+  const auto reset = [](sqlite3_stmt* statement) { sqlite3_reset(statement); };
+  const std::unique_ptr<sqlite3_stmt, decltype(reset)> resetAtEnd(prepared.handle.get(), reset);
+  auto rows = Step(prepared);
+  reusable_ =
+      wasReusable && prepared.leavesNothingBehind && sqlite3_get_autocommit(engine_.get()) != 0;
+  return rows;
+}
+
+Session::Prepared& Session::Find(const std::string& sql) {
+  auto found = std::find_if(prepared_.begin(), prepared_.end(),
+                            [&sql](const Prepared& prepared) { return prepared.sql == sql; });
+  if (found == prepared_.end()) {
+    Prepared prepared = Prepare(sql);
+    if (prepared_.size() == kPreparedStatements) prepared_.pop_back();
+    found = prepared_.insert(prepared_.end(), std::move(prepared));
+  }
+  std::rotate(prepared_.begin(), found, found + 1);
+  return prepared_.front();
+}
+
+Session::Prepared Session::Prepare(const std::string& sql) const {
+  if (sql.find('\0') != std::string::npos) throw DatabaseFailure("语句里有空字符");
+  const std::string text = ToSqliteDialect(sql);
+  if (text.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
+    throw DatabaseFailure("语句太长");
+  }
+  sqlite3_stmt* statement = nullptr;
+  const char* tail = nullptr;
+  const int code = sqlite3_prepare_v3(engine_.get(), text.c_str(), static_cast<int>(text.size()),
+                                      SQLITE_PREPARE_PERSISTENT, &statement, &tail);
+  Prepared prepared;
+  prepared.handle.reset(statement);
+  if (code != SQLITE_OK) throw EngineFailure(engine_.get());
+  if (statement == nullptr) throw DatabaseFailure("没有语句");
+  if (!IsBlank(tail)) throw DatabaseFailure("语句结束之后还有文字，没有执行");
+  prepared.sql = sql;
+  prepared.leavesNothingBehind = LeavesNothingBehind(sql);
+  return prepared;
+}
+
+std::shared_ptr<const MemoryRows> Session::Step(Prepared& prepared) const {
+  sqlite3_stmt* statement = prepared.handle.get();
+  int code = sqlite3_step(statement);
+  if (code != SQLITE_ROW && code != SQLITE_DONE) throw EngineFailure(engine_.get());
+  const int count = sqlite3_column_count(statement);
+  if (count == 0) return nullptr;
+
+  // The first step prepares a statement anew when the tables have changed, and its columns with it.
+  const int preparations = sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 0);
+  if (!prepared.columns || prepared.preparations != preparations) {
+    prepared.columns = ReadColumns(statement);
+    prepared.preparations = preparations;
+  }
+  auto result = std::make_shared<MemoryRows>();
+  result->columns = prepared.columns;
+  for (; code == SQLITE_ROW; code = sqlite3_step(statement)) {
+    std::vector<Value>& row = result->rows.emplace_back();
+    row.reserve(static_cast<std::size_t>(count));
+    for (int column = 0; column < count; ++column) row.push_back(ReadValue(statement, column));
+  }
+  if (code != SQLITE_DONE) throw EngineFailure(engine_.get());
+  return result;
+}
+
+}  // namespace td

@@ -1,0 +1,66 @@
+// One open connection of the engine with its prepared statements.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "memory_rows/memory_recordset.h"
+#include "sqlite/file_stamp.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace td {
+
+class Session {
+ public:
+  // Opens an existing file, read-only if it may not be written, and reads from it once, so that a
+  // file that is no database fails here. Never creates a file.
+  explicit Session(std::string path);
+  ~Session();
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  // Runs one statement to its end, waiting a short while for a lock. Returns its rows, or nothing
+  // for a statement that delivers none. No lock is held afterwards.
+  std::shared_ptr<const MemoryRows> Run(const std::string& sql);
+
+  // Whether the path still leads to the file that was opened, and that file is as this session
+  // last saw it.
+  [[nodiscard]] bool FileUnchanged() const;
+  // Whether the path still leads to the file that was opened.
+  [[nodiscard]] bool FileInPlace() const;
+
+  // Whether no statement has failed or left something behind in the connection, such as an open
+  // transaction or a setting.
+  [[nodiscard]] bool Reusable() const { return reusable_; }
+
+ private:
+  struct EngineCloser {
+    void operator()(sqlite3* engine) const;
+  };
+  struct StatementCloser {
+    void operator()(sqlite3_stmt* statement) const;
+  };
+  struct Prepared {
+    std::string sql;
+    std::unique_ptr<sqlite3_stmt, StatementCloser> handle;
+    ColumnNamesRef columns;
+    int preparations = 0;  // how often the engine had prepared it anew when `columns` was read
+    bool leavesNothingBehind = false;
+  };
+
+  void Open();
+  Prepared& Find(const std::string& sql);
+  [[nodiscard]] Prepared Prepare(const std::string& sql) const;
+  std::shared_ptr<const MemoryRows> Step(Prepared& prepared) const;
+
+  std::string path_;
+  FileStamp stamp_;
+  std::unique_ptr<sqlite3, EngineCloser> engine_;
+  std::vector<Prepared> prepared_;  // the last used first
+  bool reusable_ = true;
+};
+
+}  // namespace td
