@@ -16,15 +16,15 @@ constexpr const char* kExitStatusText =
 constexpr const char* kPrintExamples =
     "Examples:\n"
     "  tdprint print --db sqlite:shop.db --type 21 \\\n"
-    "      --data \"select * from OrderLines where FInterID=1001\" --pdf order.pdf\n"
+    "      --data \"select * from v_sales_order where FInterID=21002\" --pdf order.pdf\n"
     "  tdprint print --db sqlite:shop.db --type 22 --format 销售出库单A4 --only-variant \\\n"
-    "      --data \"select * from OutLines where FBillNo='XOUT0007'\" --printer 针式打印机\n";
+    "      --data \"select * from v_stock_out where FInterID=22001\" --printer 针式打印机\n";
 
 constexpr const char* kExamples =
     "Examples:\n"
     "  tdprint demo --out /tmp/bills\n"
     "  tdprint print --db sqlite:/tmp/bills/sample.db --type 21 \\\n"
-    "      --data \"select * from OrderLines\" --pdf order.pdf\n"
+    "      --data \"select * from v_sales_order\" --pdf order.pdf\n"
     "  tdprint print --help\n";
 
 constexpr int kLargest = std::numeric_limits<std::int16_t>::max();
