@@ -12,7 +12,9 @@
 namespace td {
 namespace {
 
-// The name of the decoder; empty for an unknown format.
+constexpr int kLeastBits = 32;  // of a pixel, to which decoders widen smaller ones
+
+// The name of Qt's decoder; empty for an unknown format.
 const char* DecoderOf(PictureFormat format) {
   switch (format) {
     case PictureFormat::kJpeg:
@@ -31,23 +33,30 @@ const char* DecoderOf(PictureFormat format) {
   return "";
 }
 
-void RefuseAbsurdSize(const QImageReader& reader) {
-  const QSize size = reader.size();
-  if (size.width() <= 0 || size.height() <= 0) {
+Failure CannotDecode(PictureFormat format) {
+  if (!QImageReader::supportedImageFormats().contains(DecoderOf(format))) {
+    return {kInvalidPicture,
+            std::string("本机没有安装 ") + DecoderOf(format) + " 图片的解码组件。"};
+  }
+  return {kInvalidPicture, "图片文件已损坏，无法解码。"};
+}
+
+void RefuseAbsurdSize(const PixelSize& size, int bitsPerPixel) {
+  if (size.width <= 0 || size.height <= 0) {
     throw Failure(kInvalidPicture, "图片文件已损坏：无法读出图片的大小。");
   }
-  constexpr double kBitsPerByte = 8;
-  constexpr int kLeastBits = 32;  // to which decoders widen smaller pixels
-  const int bits = reader.imageFormat() == QImage::Format_Invalid
-                       ? kLeastBits
-                       : QImage::toPixelFormat(reader.imageFormat()).bitsPerPixel();
   const double bytes =
-      static_cast<double>(size.width()) * size.height() * std::max(bits, kLeastBits) / kBitsPerByte;
+      static_cast<double>(size.width) * static_cast<double>(size.height) * bitsPerPixel / 8;
   if (bytes > static_cast<double>(kLargestDecodedBytes)) {
-    throw Failure(kInvalidPicture, "图片过大，不予装入：" + std::to_string(size.width()) + "×" +
-                                       std::to_string(size.height()) + " 像素展开后超过 " +
+    throw Failure(kInvalidPicture, "图片过大，不予装入：" + std::to_string(size.width) + "×" +
+                                       std::to_string(size.height) + " 像素展开后超过 " +
                                        std::to_string(kLargestDecodedBytes >> 20) + " MB。");
   }
+}
+
+int DecodedBits(const QImageReader& reader) {
+  if (reader.imageFormat() == QImage::Format_Invalid) return kLeastBits;
+  return std::max(kLeastBits, int{QImage::toPixelFormat(reader.imageFormat()).bitsPerPixel()});
 }
 
 }  // namespace
@@ -62,6 +71,7 @@ QImage DecodePicture(const Bytes& file) {
   if (format == PictureFormat::kUnknown) {
     throw Failure(kInvalidPicture, "不是可用的图片文件：只支持 JPEG、PNG、BMP、GIF 和 TIFF。");
   }
+  RefuseAbsurdSize(SizeOf(file), kLeastBits);
   if (!IsComplete(file)) throw Failure(kInvalidPicture, "图片文件不完整。");
 
   QByteArray bytes = QByteArray::fromRawData(reinterpret_cast<const char*>(file.data()),
@@ -71,13 +81,11 @@ QImage DecodePicture(const Bytes& file) {
   QImageReader reader(&buffer, DecoderOf(format));
   reader.setAutoDetectImageFormat(false);
   reader.setAutoTransform(true);
-  if (!QImageReader::supportedImageFormats().contains(DecoderOf(format))) {
-    throw Failure(kInvalidPicture,
-                  std::string("本机没有安装 ") + DecoderOf(format) + " 图片的解码组件。");
-  }
-  RefuseAbsurdSize(reader);
+  if (!reader.canRead()) throw CannotDecode(format);
+  // Once more with what the decoder has understood, which needn't be what the header announced.
+  RefuseAbsurdSize({reader.size().width(), reader.size().height()}, DecodedBits(reader));
   QImage image = reader.read();
-  if (image.isNull()) throw Failure(kInvalidPicture, "图片文件已损坏，无法解码。");
+  if (image.isNull()) throw CannotDecode(format);
   return image;
 }
 

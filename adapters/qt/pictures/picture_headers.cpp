@@ -19,6 +19,7 @@ constexpr double kMetresPerInch = 0.0254;
 // --- TIFF directories, which stand in TIFF files and in the Exif segment of JPEG files
 
 struct Directory {
+  PixelSize size;
   PictureResolution resolution;
   int orientation = 1;  // 5 to 8 swap the axes
 };
@@ -26,6 +27,12 @@ struct Directory {
 double RationalAt(const ByteView& tiff, std::size_t at) {
   const std::uint32_t denominator = tiff.U32(at + 4);
   return denominator == 0 ? 0.0 : static_cast<double>(tiff.U32(at)) / denominator;
+}
+
+// A whole number of an entry, which may be stored in two bytes or in four.
+std::uint32_t NumberAt(const ByteView& tiff, std::size_t entry) {
+  constexpr int kShort = 3;
+  return tiff.U16(entry + 2) == kShort ? tiff.U16(entry + 8) : tiff.U32(entry + 8);
 }
 
 Directory FirstDirectory(std::span<const std::byte> bytes) {
@@ -38,8 +45,14 @@ Directory FirstDirectory(std::span<const std::byte> bytes) {
   for (int i = 0; i < entries; ++i) {
     const std::size_t entry = start + 2 + 12 * static_cast<std::size_t>(i);
     switch (tiff.U16(entry)) {
+      case 0x0100:
+        directory.size.width = NumberAt(tiff, entry);
+        break;
+      case 0x0101:
+        directory.size.height = NumberAt(tiff, entry);
+        break;
       case 0x0112:
-        directory.orientation = tiff.U16(entry + 8);
+        directory.orientation = static_cast<int>(NumberAt(tiff, entry));
         break;
       case 0x011A:
         directory.resolution.x = RationalAt(tiff, tiff.U32(entry + 8));
@@ -48,7 +61,7 @@ Directory FirstDirectory(std::span<const std::byte> bytes) {
         directory.resolution.y = RationalAt(tiff, tiff.U32(entry + 8));
         break;
       case 0x0128:
-        unit = tiff.U16(entry + 8);
+        unit = static_cast<int>(NumberAt(tiff, entry));
         break;
       default:
         break;
@@ -90,6 +103,19 @@ std::size_t NextMarker(const ByteView& jpeg, std::size_t at) {
 // The place behind the segment whose marker code stands at `at`.
 std::size_t SegmentEnd(const ByteView& jpeg, std::size_t at) {
   return StandsAlone(jpeg.U8(at)) ? at + 1 : at + 1 + jpeg.U16(at + 1);
+}
+
+bool StartsFrame(std::uint8_t marker) {  // its segment holds the size
+  const bool isOther = marker == 0xC4 || marker == 0xC8 || marker == 0xCC;
+  return marker >= 0xC0 && marker <= 0xCF && !isOther;
+}
+
+PixelSize JpegSize(const ByteView& jpeg) {
+  std::size_t at = NextMarker(jpeg, 0);
+  while (at < jpeg.Size() && !StartsFrame(jpeg.U8(at))) {
+    at = NextMarker(jpeg, SegmentEnd(jpeg, at));
+  }
+  return {jpeg.U16(at + 6), jpeg.U16(at + 4)};
 }
 
 PictureResolution JpegResolution(const ByteView& jpeg) {
@@ -137,6 +163,12 @@ PictureResolution PngResolution(const ByteView& png) {
 constexpr std::size_t kBmpInfo = 14;        // place of the info header, which begins with its size
 constexpr std::uint32_t kBmpInfoSize = 40;  // of the first one that states a resolution
 
+PixelSize BmpSize(const ByteView& bmp) {
+  if (bmp.U32(kBmpInfo) < kBmpInfoSize) return {bmp.U16(18), bmp.U16(20)};
+  const std::int64_t height = bmp.I32(22);  // negative when the rows go from the top down
+  return {bmp.I32(18), std::abs(height)};
+}
+
 PictureResolution BmpResolution(const ByteView& bmp) {
   if (bmp.U32(kBmpInfo) < kBmpInfoSize) return {};
   return {bmp.I32(38) * kMetresPerInch, bmp.I32(42) * kMetresPerInch};
@@ -148,10 +180,10 @@ bool BmpIsComplete(const ByteView& bmp) {
   constexpr std::uint32_t kBitFields = 3;
   const std::uint32_t compression = bmp.U32(30);
   if (compression != kPlain && compression != kBitFields) return true;
-  const double width = std::abs(static_cast<double>(bmp.I32(18)));
-  const double height = std::abs(static_cast<double>(bmp.I32(22)));
-  const double rowBytes = std::ceil(width * bmp.U16(28) / 32) * 4;
-  return bmp.U32(10) + rowBytes * height <= static_cast<double>(bmp.Size());
+  const PixelSize size = BmpSize(bmp);
+  const double rowBytes = std::ceil(static_cast<double>(size.width) * bmp.U16(28) / 32) * 4;
+  return bmp.U32(10) + rowBytes * static_cast<double>(size.height) <=
+         static_cast<double>(bmp.Size());
 }
 
 // --- GIF
@@ -185,6 +217,26 @@ PictureFormat FormatOf(const Bytes& file) {
   if (bytes.Holds(0, "GIF8"sv)) return PictureFormat::kGif;
   if (bytes.Holds(0, "II*\0"sv) || bytes.Holds(0, "MM\0*"sv)) return PictureFormat::kTiff;
   return PictureFormat::kUnknown;
+}
+
+PixelSize SizeOf(const Bytes& file) {
+  const ByteView big(file);
+  const ByteView little(file, Order::kLittleEndian);
+  switch (FormatOf(file)) {
+    case PictureFormat::kJpeg:
+      return JpegSize(big);
+    case PictureFormat::kPng:
+      return {big.U32(16), big.U32(20)};
+    case PictureFormat::kBmp:
+      return BmpSize(little);
+    case PictureFormat::kGif:
+      return {little.U16(6), little.U16(8)};
+    case PictureFormat::kTiff:
+      return FirstDirectory(file).size;
+    case PictureFormat::kUnknown:
+      break;
+  }
+  return {};
 }
 
 PictureResolution ResolutionOf(const Bytes& file) {

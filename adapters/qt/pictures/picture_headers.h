@@ -1,6 +1,9 @@
 // What a picture file says about itself, read from its bytes without decoding it. Nothing here
-// fails: bytes that are no sound picture give an unknown format, no resolution, or "incomplete".
+// fails: bytes that are no sound picture give an unknown format, no size, no resolution, or
+// "incomplete".
 #pragma once
+
+#include <cstdint>
 
 #include "platform/value.h"
 
@@ -9,6 +12,14 @@ namespace td {
 enum class PictureFormat { kUnknown, kJpeg, kPng, kBmp, kGif, kTiff };
 
 [[nodiscard]] PictureFormat FormatOf(const Bytes& file);
+
+// The size that the file announces, in pixels as they are stored: whatever it claims, so that a
+// claim can be judged before a decoder acts on it. 0 by 0 where the file does not say.
+struct PixelSize {
+  std::int64_t width = 0;
+  std::int64_t height = 0;
+};
+[[nodiscard]] PixelSize SizeOf(const Bytes& file);
 
 // Dots per inch along the axes of the picture as it is shown, that is with the orientation of a
 // photograph applied; 0 where the file states none.

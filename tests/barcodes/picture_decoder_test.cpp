@@ -1,0 +1,110 @@
+#include "pictures/picture_decoder.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <random>
+
+#include "expect_failure.h"
+#include "sample_pictures.h"
+
+namespace td {
+namespace {
+
+bool IsRed(QRgb pixel) {
+  return qRed(pixel) > 200 && qBlue(pixel) < 60;
+}
+bool IsBlue(QRgb pixel) {
+  return qBlue(pixel) > 200 && qRed(pixel) < 60;
+}
+
+TEST(PictureDecoder, EveryFormatIsDecoded) {
+  for (const char* format : {"jpeg", "png", "bmp", "tiff"}) {
+    const QImage image = DecodePicture(SamplePicture(format, 30, 20));
+    EXPECT_EQ(image.size(), QSize(30, 20)) << format;
+    EXPECT_TRUE(IsRed(image.pixel(3, 10))) << format;
+    EXPECT_TRUE(IsBlue(image.pixel(26, 10))) << format;
+  }
+  const QImage gif = DecodePicture(SampleGif());
+  EXPECT_EQ(gif.size(), QSize(10, 6));
+  EXPECT_TRUE(IsRed(gif.pixel(1, 3)));
+  EXPECT_TRUE(IsBlue(gif.pixel(8, 3)));
+}
+
+TEST(PictureDecoder, APhotographIsTurnedAsItsOrientationAsks) {
+  const Bytes jpeg = SamplePicture("jpeg", 48, 16);
+  const QImage turned = DecodePicture(WithExif(jpeg, 6, 72, 72));  // a quarter to the right
+  EXPECT_EQ(turned.size(), QSize(16, 48));
+  EXPECT_TRUE(IsRed(turned.pixel(8, 3)));
+  EXPECT_TRUE(IsBlue(turned.pixel(8, 44)));
+  const QImage half = DecodePicture(WithExif(jpeg, 3, 72, 72));
+  EXPECT_TRUE(IsBlue(half.pixel(3, 8)));
+}
+
+TEST(PictureDecoder, WhatIsNoPictureIsRefused) {
+  ExpectFailure(kInvalidPicture, [] { (void)DecodePicture({}); });
+  for (const char* text : {"x", "hello", "<svg xmlns='http://www.w3.org/2000/svg'/>", "%PDF-1.4"}) {
+    const std::string description =
+        ExpectFailure(kInvalidPicture, [&] { (void)DecodePicture(BytesOf(text)); });
+    EXPECT_NE(description.find("JPEG"), std::string::npos) << description;
+  }
+}
+
+TEST(PictureDecoder, TruncatedPicturesAreRefused) {
+  for (const Bytes& file :
+       {SamplePicture("jpeg", 60, 60), SamplePicture("png", 60, 60), SamplePicture("bmp", 60, 60),
+        SamplePicture("tiff", 60, 60), SampleGif()}) {
+    for (const std::size_t percent : {1U, 5U, 20U, 50U, 80U}) {
+      ExpectFailure(kInvalidPicture,
+                    [&] { (void)DecodePicture(Shortened(file, file.size() * percent / 100)); });
+    }
+  }
+}
+
+TEST(PictureDecoder, BombsAreRefusedWithTheirSizeBeforeTheyTakeMemory) {
+  for (const Bytes& bomb : {PngBomb(), GifBomb(), BmpBomb(), JpegBomb(), TiffBomb()}) {
+    ASSERT_LT(bomb.size(), 5000U);
+    const std::string description =
+        ExpectFailure(kInvalidPicture, [&] { (void)DecodePicture(bomb); });
+    EXPECT_NE(description.find("60000×60000"), std::string::npos) << description;
+    EXPECT_NE(description.find("128 MB"), std::string::npos) << description;
+  }
+  rusage usage = {};
+  getrusage(RUSAGE_SELF, &usage);
+  EXPECT_LT(usage.ru_maxrss, 1 << 20) << "kilobytes";
+}
+
+TEST(PictureDecoder, TheLargestPictureThatFitsIsDecoded) {
+  constexpr int kSide = 5792;  // squared and times four, just below 128 MB
+  EXPECT_EQ(DecodePicture(SamplePicture("png", kSide, kSide)).width(), kSide);
+  ExpectFailure(kInvalidPicture,
+                [] { (void)DecodePicture(SamplePicture("png", kSide + 1, kSide + 1)); });
+}
+
+TEST(PictureDecoder, AFileThatIsTooLargeIsRefused) {
+  Bytes file = SamplePicture("png", 8, 8);
+  file.resize(kLargestFileBytes + 1);
+  const std::string description =
+      ExpectFailure(kInvalidPicture, [&] { (void)DecodePicture(file); });
+  EXPECT_NE(description.find("64 MB"), std::string::npos) << description;
+}
+
+TEST(PictureDecoder, DamagedFilesDecodeOrFailButDoNoHarm) {
+  std::mt19937 random(20240607);
+  for (const Bytes& file :
+       {SamplePicture("jpeg", 20, 20), SamplePicture("png", 20, 20), SamplePicture("bmp", 20, 20),
+        SamplePicture("tiff", 20, 20), SampleGif()}) {
+    for (int round = 0; round < 300; ++round) {
+      Bytes damaged = file;
+      for (int i = 0; i < 4; ++i) damaged[random() % file.size()] = std::byte(random() % 256);
+      try {
+        EXPECT_FALSE(DecodePicture(damaged).isNull());
+      } catch (const Failure& failure) {
+        EXPECT_EQ(failure.Number(), kInvalidPicture);
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace td
