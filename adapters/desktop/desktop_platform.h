@@ -47,7 +47,7 @@ struct DesktopOptions {
   // running program.
   std::string componentFolder;
 
-  // Called with the number of each page, from 1, when the page begins.
+  // Called with the number of each page, from 1, when the run has finished it.
   std::function<void(int page)> onPage;
 };
 

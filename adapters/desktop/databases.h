@@ -1,0 +1,34 @@
+// All database engines behind one interface.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/database.h"
+
+namespace td {
+
+// Chooses the engine by the connection text. SQLite serves each text that no other engine does, so
+// that its failure tells which texts are right.
+class Databases : public Database {
+ public:
+  Databases();
+  ~Databases() override;
+
+  RecordsetRef OpenQuery(const std::string& connection, const std::string& sql, CursorType cursor,
+                         LockType lock) override;
+  std::unique_ptr<Connection> Connect(const std::string& connection) override;
+
+ private:
+  struct Engine {
+    bool (*serves)(const std::string& connection);
+    std::unique_ptr<Database> database;
+  };
+
+  [[nodiscard]] Database& EngineFor(const std::string& connection);
+
+  std::vector<Engine> engines_;  // the first that serves a text is taken; the last serves any
+};
+
+}  // namespace td

@@ -1,0 +1,55 @@
+#include "qt/system/application.h"
+
+#include <QApplication>
+#include <cerrno>
+#include <string>
+
+#include "platform/failure.h"
+
+namespace td {
+namespace {
+
+constexpr const char* kWithoutScreen = "offscreen";
+
+// The window systems to try, best first. Qt ends the program when none of its list can be used, so
+// that the list always ends with the one that needs nothing.
+std::string WindowSystems() {
+  std::string systems;
+  if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+    systems = qEnvironmentVariable("QT_QPA_PLATFORM").toStdString() + ";";
+  } else {
+    if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) systems += "wayland;";
+    if (!qEnvironmentVariableIsEmpty("DISPLAY")) systems += "xcb;";
+  }
+  return systems + kWithoutScreen;
+}
+
+// Never deleted: whoever paints last in this process may do so while it ends.
+void MakeApplication() {
+  static std::string option = "-platform";
+  static std::string systems = WindowSystems();
+  static char* arguments[] = {program_invocation_name, option.data(), systems.data(), nullptr};
+  static int count = 3;
+  static QApplication* const application = new QApplication(count, arguments);
+  // The component's windows come and go; the end of the last one must not end the program.
+  application->setQuitOnLastWindowClosed(false);
+}
+
+}  // namespace
+
+void EnsureApplication() {
+  if (QCoreApplication::instance() == nullptr) MakeApplication();
+  if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) == nullptr) {
+    throw Failure(kInvalidCall,
+                  "本程序的 Qt 应用对象没有图形部分（QCoreApplication），无法绘制打印内容，"
+                  "请改用 QApplication 或 QGuiApplication。");
+  }
+}
+
+bool HasWindowSystem() {
+  if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr) return false;
+  const QString system = QGuiApplication::platformName();
+  return system != kWithoutScreen && system != "minimal" && system != "minimalegl";
+}
+
+}  // namespace td

@@ -1,0 +1,96 @@
+#include "qt/system/desktop_host.h"
+
+#include <QApplication>
+#include <QPageSize>
+#include <algorithm>
+
+#include "page_document/page_document.h"
+#include "qt/render/outputs.h"
+#include "qt/system/application.h"
+#include "qt/system/device_failure.h"
+#include "qt/system/document_printing.h"
+#include "qt/system/export_folder.h"
+#include "qt/system/printers.h"
+
+namespace td {
+namespace {
+
+constexpr std::int32_t kHtmlFormat = 1;
+
+}  // namespace
+
+int DesktopHost::DeviceCount() {
+  printers_ = PrinterNames();
+  return static_cast<int>(printers_.size());
+}
+
+std::string DesktopHost::DeviceName(int index) {
+  return printers_.at(static_cast<std::size_t>(index));
+}
+
+std::string DesktopHost::DefaultDevice() {
+  return DefaultPrinter();
+}
+
+bool DesktopHost::HasDevice(const std::string& name) {
+  return HasPrinter(name);
+}
+
+std::optional<PaperExtent> DesktopHost::PaperOf(std::int32_t code, const std::string& device) {
+  const QPageSize::PageSizeId id = QPageSize::id(code);
+  if (id == QPageSize::Custom) return std::nullopt;
+  const QSizeF inches = QPageSize::size(id, QPageSize::Inch);
+  const PaperExtent paper{inches.width() * kTwipsPerInch, inches.height() * kTwipsPerInch};
+  return SheetName(device, paper) ? std::optional(paper) : std::nullopt;
+}
+
+double DesktopHost::LineHeight(const TextLine& line) {
+  return td::LineHeight(line);
+}
+
+void DesktopHost::Print(PageDocument& document, bool withDialog) {
+  if (settings_.documentSink) {
+    settings_.documentSink(document);
+    return;
+  }
+  PrintChoice choice;
+  choice.printer = settings_.printer.empty() ? document.Device() : settings_.printer;
+  if (choice.printer.empty()) {
+    throw DeviceFailure(kDeviceIo, "本机没有安装打印机，无法打印。");
+  }
+  if (withDialog) {
+    if (!HasWindowSystem()) {
+      throw DeviceFailure(kInvalidCall, "没有可用的显示，无法打开打印对话框。");
+    }
+    const auto answer = AskForPrinter(choice.printer, document.PageCount(), viewer_.window);
+    if (!answer) return;
+    choice = *answer;
+  }
+  PrintDocument(document, choice);
+}
+
+void DesktopHost::Export(PageDocument& document, const std::string& file, std::int32_t format) {
+  try {
+    if (format != kHtmlFormat) {
+      throw DeviceFailure(kInvalidCall, "不支持的导出格式：" + std::to_string(format));
+    }
+    const std::string folder =
+        settings_.stateDirectory.empty() ? DefaultStateFolder() : settings_.stateDirectory;
+    if (folder.empty())
+      throw DeviceFailure(kPathNotFound, "找不到用户的文件夹，无法保存导出文件。");
+    const std::string name = FileNameOf(file);
+    WritePrivateFile(folder, name, ToHtml(document.Pages(), name));
+  } catch (const Failure& failure) {
+    messages_.ShowBox(failure.Description(), kInformationIcon);
+  }
+}
+
+void DesktopHost::PreviewChanged(PageDocument&) {
+  if (viewer_.previewChanged) viewer_.previewChanged();
+}
+
+void DesktopHost::PointerChanged(std::int32_t shape) {
+  if (viewer_.pointerChanged) viewer_.pointerChanged(shape);
+}
+
+}  // namespace td

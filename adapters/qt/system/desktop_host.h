@@ -1,0 +1,60 @@
+// The machine around a page document: its printers, its dialogs and its export file.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "page_document/document_host.h"
+#include "platform/platform.h"
+#include "qt/system/frame_settings.h"
+
+class QWidget;
+
+namespace td {
+
+class DesktopHost : public DocumentHost {
+ public:
+  // Both outlive the host.
+  DesktopHost(const FrameSettings& settings, Messages& messages)
+      : settings_(settings), messages_(messages) {}
+
+  // The window that shows the document, or none: dialogs open on it, and it hears of changes.
+  struct Viewer {
+    QWidget* window = nullptr;
+    std::function<void()> previewChanged;
+    std::function<void(std::int32_t shape)> pointerChanged;
+  };
+  void PutViewer(Viewer viewer) { viewer_ = std::move(viewer); }
+
+  // A walk over the printers begins with the count, which is when the list is read.
+  int DeviceCount() override;
+  std::string DeviceName(int index) override;
+  std::string DefaultDevice() override;
+  bool HasDevice(const std::string& name) override;
+
+  // The printing system has no numbers of its own: the less common numbers stand for a sheet if the
+  // printer has that sheet.
+  std::optional<PaperExtent> PaperOf(std::int32_t code, const std::string& device) override;
+
+  double LineHeight(const TextLine& line) override;
+
+  // One job for each run of pages on the same sheet. Fails with kDeviceIo when the machine has no
+  // printer, and with kInvalidCall when a dialog is asked for and none can be shown.
+  void Print(PageDocument& document, bool withDialog) override;
+  bool ShowPageSetup(PageDocument& document) override;
+
+  // The file's name is the last part of `file`; it lies in the state directory.
+  void Export(PageDocument& document, const std::string& file, std::int32_t format) override;
+
+  void PreviewChanged(PageDocument& document) override;
+  void PointerChanged(std::int32_t shape) override;
+
+ private:
+  const FrameSettings& settings_;
+  Messages& messages_;
+  Viewer viewer_;
+  std::vector<std::string> printers_;
+};
+
+}  // namespace td

@@ -1,0 +1,23 @@
+// The folder of the export file, and the writing of a file in it.
+#pragma once
+
+#include <string>
+
+namespace td {
+
+// Where the export file goes: $QBTDPRINTER_STATE_DIR, else the folder qbtdprinter in
+// $XDG_STATE_HOME, else in ~/.local/state. A variable that is no absolute path is passed over.
+// Empty when there is no home either.
+[[nodiscard]] std::string DefaultStateFolder();
+
+// The name that a path of any system ends with: "订单.html" of "c:\订单.html".
+[[nodiscard]] std::string FileNameOf(const std::string& path);
+
+// Writes a file into a folder, both for the user alone. The folder is made if it is missing, its
+// parents too. An old file of that name is replaced whole or, when this fails, not at all; a link
+// in its place is replaced, never followed, and a folder that is a link is refused.
+// `name` holds no separator. Fails with kPathNotFound or kDeviceIo.
+void WritePrivateFile(const std::string& folder, const std::string& name,
+                      const std::string& content);
+
+}  // namespace td

@@ -1,0 +1,20 @@
+// What a program chooses for the print windows that it gets.
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace td {
+
+class PageDocument;
+
+struct FrameSettings {
+  std::string printer;         // takes every document; empty: the document's own printer does
+  std::string stateDirectory;  // of the export file; empty: DefaultStateFolder()
+  // Takes a finished document in the place of any printer, if it is set.
+  std::function<void(const PageDocument&)> documentSink;
+  // Called with the number of each page, from 1, when the run has finished it, if it is set.
+  std::function<void(int page)> onPage;
+};
+
+}  // namespace td

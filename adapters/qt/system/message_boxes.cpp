@@ -1,0 +1,43 @@
+#include "qt/system/message_boxes.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <cstdio>
+
+#include "qt/system/application.h"
+
+namespace td {
+namespace {
+
+QMessageBox::Icon IconOf(int style) {
+  switch (style & 0xF0) {
+    case 0x10:
+      return QMessageBox::Critical;
+    case 0x20:
+      return QMessageBox::Question;
+    case 0x30:
+      return QMessageBox::Warning;
+    case kInformationIcon:
+      return QMessageBox::Information;
+    default:
+      return QMessageBox::NoIcon;
+  }
+}
+
+}  // namespace
+
+void MessageBoxes::ShowBox(const std::string& text, int style) {
+  ++shown_;
+  const QString words = QString::fromStdString(text);
+  if (!boxesAllowed_ || !HasWindowSystem()) {
+    std::fprintf(stderr, "%s\n", words.simplified().toUtf8().constData());
+    return;
+  }
+  QMessageBox box(IconOf(style), QGuiApplication::applicationDisplayName(), words,
+                  QMessageBox::NoButton, QApplication::activeWindow());
+  box.setTextFormat(Qt::PlainText);
+  box.addButton(QStringLiteral("确定"), QMessageBox::AcceptRole);
+  box.exec();
+}
+
+}  // namespace td

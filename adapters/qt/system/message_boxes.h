@@ -1,0 +1,27 @@
+// Messages for the user.
+#pragma once
+
+#include <string>
+
+#include "platform/platform.h"
+
+namespace td {
+
+// Shows a box where windows can be shown, otherwise writes the text as one line to standard error.
+class MessageBoxes : public Messages {
+ public:
+  // With `boxesAllowed` False, every message is a line.
+  explicit MessageBoxes(bool boxesAllowed) : boxesAllowed_(boxesAllowed) {}
+
+  // The icon is that of the style's second hexadecimal digit: 1 stop, 2 question, 3 warning,
+  // 4 information; any other style has none. The box bears the program's name.
+  void ShowBox(const std::string& text, int style) override;
+
+  [[nodiscard]] int Shown() const { return shown_; }
+
+ private:
+  bool boxesAllowed_;
+  int shown_ = 0;
+};
+
+}  // namespace td

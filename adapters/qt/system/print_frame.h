@@ -1,0 +1,59 @@
+// A print window on Qt, shown or not.
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "barcodes/zint_barcode.h"
+#include "page_document/page_document.h"
+#include "platform/windows.h"
+#include "qt/system/desktop_host.h"
+
+namespace td {
+
+// A document that tells of each page that the run has finished.
+class ReportingDocument : public PageDocument {
+ public:
+  ReportingDocument(DocumentHost& host, const FrameSettings& settings)
+      : PageDocument(host), settings_(settings) {}
+
+  void NewPage() override;
+  void EndDoc() override;
+
+ private:
+  void Report(int page);
+
+  const FrameSettings& settings_;
+};
+
+class QtPrintFrame : public PrintFrame {
+ public:
+  // Both outlive the frame. Needs EnsureApplication().
+  QtPrintFrame(const FrameSettings& settings, Messages& messages,
+               const BarcodeSettings& barcodeSettings);
+
+  void Connect(PrintFrameEvents events) override { events_ = std::move(events); }
+
+  PrintSurface& Surface() override { return document_; }
+  Barcode& BarcodeMaker() override { return barcode_; }
+  // Nothing writes into the memo.
+  std::string MemoText() override { return {}; }
+  std::string MemoTextRtf() override { return {}; }
+
+  // Fails with kInvalidCall where no window can be shown.
+  void ShowModal() override;
+  void Unload() override;
+
+  void EnableButton(std::string_view key, bool enabled) override;
+  void PutPageText(const std::string& text) override { pageText_ = text; }
+
+ private:
+  DesktopHost host_;
+  ReportingDocument document_;
+  ZintBarcode barcode_;
+  PrintFrameEvents events_;
+  std::map<std::string, bool, std::less<>> enabledButtons_;
+  std::string pageText_;
+};
+
+}  // namespace td

@@ -1,0 +1,30 @@
+// Jobs for the printing system.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "page_document/paper.h"
+
+namespace td {
+
+// One file for one printer.
+struct PrintJob {
+  std::string printer;
+  std::string title;
+  std::string pdfFile;
+  PaperExtent sheet;  // its width runs across the printer's way; pages may lie on it turned
+  // More options of the printing system, such as ("copies", "2"). Those that would scale or move
+  // the pages, or choose another sheet, have no effect.
+  std::vector<std::pair<std::string, std::string>> options;
+};
+
+// Hands a job to the printing system and returns its number there. The sheet is asked for by its
+// name if the printer has it (SheetName), otherwise by its exact size in points. The hardware's
+// margins neither move nor scale a page. Nobody is asked for a password. Fails with
+// kInvalidProperty for an unknown printer, with kFileNotFound for a file that can't be read and
+// with kDeviceIo when the printing system refuses the job.
+int SubmitPrintJob(const PrintJob& job);
+
+}  // namespace td
