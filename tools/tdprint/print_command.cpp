@@ -88,7 +88,7 @@ ExitStatus Print(const PrintArguments& arguments) {
   DesktopOptions options;
   options.printer = arguments.printer;
   options.messages = MessageMode::kStandardError;
-  options.onPage = [&progress](int page) { progress.PageBegun(page); };
+  options.onPage = [&progress](int page) { progress.PageFinished(page); };
   if (GoesToFiles(arguments)) {
     options.documentSink = [&](const PageDocument& document) {
       WriteFiles(document, arguments);

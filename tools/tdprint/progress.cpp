@@ -42,8 +42,8 @@ Progress::~Progress() {
   if (shown_) std::cerr << kWipeLine << std::flush;
 }
 
-void Progress::PageBegun(int page) {
-  page_ = page;
+void Progress::PageFinished(int page) {
+  page_ = page + 1;
   Show();
 }
 

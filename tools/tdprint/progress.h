@@ -14,7 +14,7 @@ class Progress {
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
 
-  void PageBegun(int page);
+  void PageFinished(int page);
   void RowReached(int row);
 
   // The rows, reported as the cursor moves over them; clones are not reported. The progress must
