@@ -32,7 +32,8 @@ struct DesktopPlatform::Parts {
       : pictures(options.componentFolder),
         messages(options.messages == MessageMode::kAutomatic),
         windows({std::move(options.printer), std::move(options.stateDirectory),
-                 std::move(options.documentSink), std::move(options.onPage)},
+                 std::move(options.documentSink), std::move(options.onPage),
+                 std::move(options.onPrinted)},
                 ReadBarcodeSettings(BarcodeSettingsFile()), messages) {}
 
   Databases databases;

@@ -49,6 +49,10 @@ struct DesktopOptions {
 
   // Called with the number of each page, from 1, when the run has finished it.
   std::function<void(int page)> onPage;
+
+  // Called when a document has gone whole to its printer, or to the sink: Printer::PrintOk is set
+  // before that and stays when it fails.
+  std::function<void()> onPrinted;
 };
 
 class DesktopPlatform {

@@ -84,16 +84,14 @@ void WriteFiles(const PageDocument& document, const PrintArguments& arguments) {
 
 ExitStatus Print(const PrintArguments& arguments) {
   Progress progress;
-  bool written = false;
+  bool delivered = false;
   DesktopOptions options;
   options.printer = arguments.printer;
   options.messages = MessageMode::kStandardError;
   options.onPage = [&progress](int page) { progress.PageFinished(page); };
+  options.onPrinted = [&delivered] { delivered = true; };
   if (GoesToFiles(arguments)) {
-    options.documentSink = [&](const PageDocument& document) {
-      WriteFiles(document, arguments);
-      written = true;
-    };
+    options.documentSink = [&](const PageDocument& document) { WriteFiles(document, arguments); };
   }
   DesktopPlatform desktop(options);
   Platform& platform = desktop.Get();
@@ -111,8 +109,10 @@ ExitStatus Print(const PrintArguments& arguments) {
   printer.PrintBlankRows(arguments.blankRows);
   printer.DoPrint(true, arguments.database, arguments.billType, arguments.onlyVariant, false,
                   progress.Watch(rows), arguments.format);
-  const bool printed = printer.PrintOk() && (written || !GoesToFiles(arguments));
-  if (!printed) return ExitStatus::kNotPrinted;
+  if (!printer.PrintOk() || !delivered) {
+    if (desktop.MessagesShown() == 0) Complain("not printed", "the run ended without a message");
+    return ExitStatus::kNotPrinted;
+  }
   return desktop.MessagesShown() == 0 ? ExitStatus::kPrinted : ExitStatus::kPrintedWithMessages;
 }
 

@@ -51,6 +51,7 @@ double DesktopHost::LineHeight(const TextLine& line) {
 void DesktopHost::Print(PageDocument& document, bool withDialog) {
   if (settings_.documentSink) {
     settings_.documentSink(document);
+    TellPrinted();
     return;
   }
   PrintChoice choice;
@@ -67,6 +68,11 @@ void DesktopHost::Print(PageDocument& document, bool withDialog) {
     choice = *answer;
   }
   PrintDocument(document, choice);
+  TellPrinted();
+}
+
+void DesktopHost::TellPrinted() const {
+  if (settings_.onPrinted) settings_.onPrinted();
 }
 
 void DesktopHost::Export(PageDocument& document, const std::string& file, std::int32_t format) {

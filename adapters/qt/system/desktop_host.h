@@ -51,6 +51,8 @@ class DesktopHost : public DocumentHost {
   void PointerChanged(std::int32_t shape) override;
 
  private:
+  void TellPrinted() const;
+
   const FrameSettings& settings_;
   Messages& messages_;
   Viewer viewer_;

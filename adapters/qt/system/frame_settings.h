@@ -15,6 +15,8 @@ struct FrameSettings {
   std::function<void(const PageDocument&)> documentSink;
   // Called with the number of each page, from 1, when the run has finished it, if it is set.
   std::function<void(int page)> onPage;
+  // Called when a document has gone to its printer, or to the sink, if it is set.
+  std::function<void()> onPrinted;
 };
 
 }  // namespace td
