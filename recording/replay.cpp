@@ -55,8 +55,10 @@ class Caller {
   void Do(const Print& call) {
     rows_ = RowsOf(call);
     Printer printer(platform_.Get());
-    printer.DoPrint(call.New_DoPrint, kConnectionText, call.New_TranType,
-                    call.New_OnlyPrintVariantItem, call.New_PrintBorder, rows_, call.TDBillName);
+    const auto method = call.by_area ? &Printer::DoPrint_GroupByArea : &Printer::DoPrint;
+    (printer.*method)(call.New_DoPrint, kConnectionText, call.New_TranType,
+                      call.New_OnlyPrintVariantItem, call.New_PrintBorder, rows_, call.TDBillName,
+                      nullptr);
   }
 
   void Do(const OpenSettings& /*call*/) {}
