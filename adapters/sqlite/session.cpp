@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <limits>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "memory_rows/text_repair.h"
@@ -94,11 +95,13 @@ Session::~Session() = default;
 
 void Session::Open() {
   const auto stamp = StampOf(path_);
-  if (!stamp) throw OpenFailure(path_, errno, "");
+  if (!stamp) throw OpenFailure(path_, errno, std::generic_category().message(errno));
   stamp_ = *stamp;
 
   // An absolute name has no meaning of its own to the engine, as ":memory:" would have.
-  const std::string name = std::filesystem::absolute(path_).string();
+  std::error_code error;
+  const std::string name = std::filesystem::absolute(path_, error).string();
+  if (error) throw OpenFailure(path_, error.value(), error.message());
   sqlite3* engine = nullptr;
   const int code =
       sqlite3_open_v2(name.c_str(), &engine, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);

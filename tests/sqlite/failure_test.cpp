@@ -59,6 +59,10 @@ TEST_F(SqliteFailure, OfAFolderOrADevice) {
   EXPECT_NE(QueryFails("sqlite:/dev/null").find("不是普通文件"), std::string::npos);
 }
 
+TEST_F(SqliteFailure, OfAPathThatNoFileCanHave) {
+  EXPECT_NE(QueryFails("sqlite:" + std::string(10000, 'x')).find("打不开"), std::string::npos);
+}
+
 TEST_F(SqliteFailure, OfAFileThatIsNoDatabase) {
   const std::string path = folder_.File("锁.txt");
   std::ofstream(path) << std::string(4096, 'x');
