@@ -20,12 +20,12 @@ bool IsBlue(QRgb pixel) {
 
 TEST(PictureDecoder, EveryFormatIsDecoded) {
   for (const char* format : {"jpeg", "png", "bmp", "tiff"}) {
-    const QImage image = DecodePicture(SamplePicture(format, 30, 20));
+    const QImage image = DecodePicture(SamplePicture(format, 30, 20)).image;
     EXPECT_EQ(image.size(), QSize(30, 20)) << format;
     EXPECT_TRUE(IsRed(image.pixel(3, 10))) << format;
     EXPECT_TRUE(IsBlue(image.pixel(26, 10))) << format;
   }
-  const QImage gif = DecodePicture(SampleGif());
+  const QImage gif = DecodePicture(SampleGif()).image;
   EXPECT_EQ(gif.size(), QSize(10, 6));
   EXPECT_TRUE(IsRed(gif.pixel(1, 3)));
   EXPECT_TRUE(IsBlue(gif.pixel(8, 3)));
@@ -33,12 +33,27 @@ TEST(PictureDecoder, EveryFormatIsDecoded) {
 
 TEST(PictureDecoder, APhotographIsTurnedAsItsOrientationAsks) {
   const Bytes jpeg = SamplePicture("jpeg", 48, 16);
-  const QImage turned = DecodePicture(WithExif(jpeg, 6, 72, 72));  // a quarter to the right
+  const QImage turned = DecodePicture(WithExif(jpeg, 6, 72, 72)).image;  // a quarter to the right
   EXPECT_EQ(turned.size(), QSize(16, 48));
   EXPECT_TRUE(IsRed(turned.pixel(8, 3)));
   EXPECT_TRUE(IsBlue(turned.pixel(8, 44)));
-  const QImage half = DecodePicture(WithExif(jpeg, 3, 72, 72));
+  const QImage half = DecodePicture(WithExif(jpeg, 3, 72, 72)).image;
   EXPECT_TRUE(IsBlue(half.pixel(3, 8)));
+}
+
+TEST(PictureDecoder, OnlyAPictureThatHadToBeTurnedSaysSo) {
+  const Bytes jpeg = SamplePicture("jpeg", 48, 16);
+  EXPECT_FALSE(DecodePicture(jpeg).turned);
+  EXPECT_FALSE(DecodePicture(WithExif(jpeg, 1, 72, 72)).turned);
+  EXPECT_TRUE(DecodePicture(WithExif(jpeg, 8, 72, 72)).turned);
+}
+
+TEST(PictureDecoder, AnEncodedImageDecodesToItself) {
+  const QImage image = DecodePicture(SamplePicture("png", 30, 20)).image;
+  EXPECT_EQ(FormatOf(EncodePicture(image, PictureFormat::kTiff)), PictureFormat::kPng);
+  EXPECT_EQ(DecodePicture(EncodePicture(image, PictureFormat::kTiff)).image, image);
+  EXPECT_EQ(FormatOf(EncodePicture(image, PictureFormat::kJpeg)), PictureFormat::kJpeg);
+  ExpectFailure(kInvalidPicture, [] { (void)EncodePicture({}, PictureFormat::kPng); });
 }
 
 TEST(PictureDecoder, WhatIsNoPictureIsRefused) {
@@ -76,9 +91,19 @@ TEST(PictureDecoder, BombsAreRefusedWithTheirSizeBeforeTheyTakeMemory) {
 
 TEST(PictureDecoder, TheLargestPictureThatFitsIsDecoded) {
   constexpr int kSide = 5792;  // squared and times four, just below 128 MB
-  EXPECT_EQ(DecodePicture(SamplePicture("png", kSide, kSide)).width(), kSide);
+  EXPECT_EQ(DecodePicture(SamplePicture("png", kSide, kSide)).image.width(), kSide);
   ExpectFailure(kInvalidPicture,
                 [] { (void)DecodePicture(SamplePicture("png", kSide + 1, kSide + 1)); });
+}
+
+TEST(PictureDecoder, DeepPixelsCountWithAllTheirBytes) {
+  constexpr int kSide = 5000;  // 100 MB at four bytes to the pixel, 200 MB at eight
+  QImage deep(kSide, kSide, QImage::Format_RGBA64);
+  deep.fill(Qt::red);
+  const Bytes file = EncodePicture(deep, PictureFormat::kPng);
+  const std::string description =
+      ExpectFailure(kInvalidPicture, [&] { (void)DecodePicture(file); });
+  EXPECT_NE(description.find("5000×5000"), std::string::npos) << description;
 }
 
 TEST(PictureDecoder, AFileThatIsTooLargeIsRefused) {
@@ -98,7 +123,7 @@ TEST(PictureDecoder, DamagedFilesDecodeOrFailButDoNoHarm) {
       Bytes damaged = file;
       for (int i = 0; i < 4; ++i) damaged[random() % file.size()] = std::byte(random() % 256);
       try {
-        EXPECT_FALSE(DecodePicture(damaged).isNull());
+        EXPECT_FALSE(DecodePicture(damaged).image.isNull());
       } catch (const Failure& failure) {
         EXPECT_EQ(failure.Number(), kInvalidPicture);
       }

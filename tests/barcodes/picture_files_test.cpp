@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QImage>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -105,6 +106,17 @@ TEST_F(PictureFiles, ATurnedPhotographHasItsSizeAsShown) {
   const PictureSize size = Loaded("photo.jpg")->NaturalSize();
   EXPECT_DOUBLE_EQ(size.width, 16 / 144.0 * 1440);
   EXPECT_DOUBLE_EQ(size.height, 48 / 72.0 * 1440);
+}
+
+TEST_F(PictureFiles, ATurnedPhotographDecodesUprightForReadersThatKnowNoOrientation) {
+  Write("photo.jpg", WithExif(SamplePicture("jpeg", 48, 16), 6, 72, 72));
+  const auto picture = Loaded("photo.jpg");
+  const Bytes& encoded = picture->Encoded();
+  const QImage image = QImage::fromData(reinterpret_cast<const uchar*>(encoded.data()),
+                                        static_cast<int>(encoded.size()));
+  EXPECT_EQ(image.size(), QSize(16, 48));
+  EXPECT_GT(qRed(image.pixel(8, 3)), 200);
+  EXPECT_GT(qBlue(image.pixel(8, 44)), 200);
 }
 
 TEST_F(PictureFiles, LoadingWhatIsMissingSaysWhatIsMissing) {

@@ -5,8 +5,8 @@
 #include <QPixelFormat>
 #include <algorithm>
 #include <string>
+#include <utility>
 
-#include "pictures/picture_headers.h"
 #include "platform/failure.h"
 
 namespace td {
@@ -54,14 +54,18 @@ void RefuseAbsurdSize(const PixelSize& size, int bitsPerPixel) {
   }
 }
 
-int DecodedBits(const QImageReader& reader) {
-  if (reader.imageFormat() == QImage::Format_Invalid) return kLeastBits;
-  return std::max(kLeastBits, int{QImage::toPixelFormat(reader.imageFormat()).bitsPerPixel()});
+int DecodedBits(const QImageReader& reader, PictureFormat format) {
+  // Only these have deeper pixels; and Qt answers a damaged JPEG file with a number that is no
+  // image format at all.
+  if (format != PictureFormat::kPng && format != PictureFormat::kTiff) return kLeastBits;
+  const QImage::Format pixels = reader.imageFormat();
+  if (pixels <= QImage::Format_Invalid || pixels >= QImage::NImageFormats) return kLeastBits;
+  return std::max(kLeastBits, int{QImage::toPixelFormat(pixels).bitsPerPixel()});
 }
 
 }  // namespace
 
-QImage DecodePicture(const Bytes& file) {
+DecodedPicture DecodePicture(const Bytes& file) {
   if (file.empty()) throw Failure(kInvalidPicture, "图片文件是空的。");
   if (file.size() > kLargestFileBytes) {
     throw Failure(kInvalidPicture, "图片文件过大，不予装入：超过 " +
@@ -83,10 +87,21 @@ QImage DecodePicture(const Bytes& file) {
   reader.setAutoTransform(true);
   if (!reader.canRead()) throw CannotDecode(format);
   // Once more with what the decoder has understood, which needn't be what the header announced.
-  RefuseAbsurdSize({reader.size().width(), reader.size().height()}, DecodedBits(reader));
+  RefuseAbsurdSize({reader.size().width(), reader.size().height()}, DecodedBits(reader, format));
   QImage image = reader.read();
   if (image.isNull()) throw CannotDecode(format);
-  return image;
+  return {std::move(image), reader.transformation() != QImageIOHandler::TransformationNone};
+}
+
+Bytes EncodePicture(const QImage& image, PictureFormat origin) {
+  constexpr int kHardlyAnyLoss = 95;
+  QBuffer buffer;
+  buffer.open(QIODevice::WriteOnly);
+  const bool written = origin == PictureFormat::kJpeg ? image.save(&buffer, "jpeg", kHardlyAnyLoss)
+                                                      : image.save(&buffer, "png");
+  if (!written) throw Failure(kInvalidPicture, "图片转正后无法重新编码。");
+  const auto* first = reinterpret_cast<const std::byte*>(buffer.data().constData());
+  return {first, first + buffer.size()};
 }
 
 }  // namespace td

@@ -4,6 +4,7 @@
 #include <QImage>
 #include <cstddef>
 
+#include "pictures/picture_headers.h"
 #include "platform/value.h"
 
 namespace td {
@@ -13,9 +14,18 @@ namespace td {
 inline constexpr std::size_t kLargestDecodedBytes = std::size_t{128} << 20;
 inline constexpr std::size_t kLargestFileBytes = std::size_t{64} << 20;
 
+struct DecodedPicture {
+  QImage image;
+  bool turned = false;  // the pixels lie otherwise than in the file, as its orientation asked
+};
+
 // Decodes a JPEG, PNG, BMP, GIF or TIFF file, known by its first bytes: the first picture or page
-// in it, turned as its orientation asks. Fails with kInvalidPicture when it is none of them, is
-// damaged, ends too early, or is larger than the bounds.
-[[nodiscard]] QImage DecodePicture(const Bytes& file);
+// in it. Fails with kInvalidPicture when it is none of them, is damaged, ends too early, or is
+// larger than the bounds.
+[[nodiscard]] DecodedPicture DecodePicture(const Bytes& file);
+
+// The bytes of a file that decodes to the image as it is: JPEG for what came from a JPEG file,
+// otherwise PNG. Fails with kInvalidPicture.
+[[nodiscard]] Bytes EncodePicture(const QImage& image, PictureFormat origin);
 
 }  // namespace td

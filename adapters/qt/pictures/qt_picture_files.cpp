@@ -178,8 +178,10 @@ PictureRef QtPictureFiles::Load(const std::string& path) {
   const std::string native = NativePath(path);
   Bytes bytes = ReadPictureFile(native);
   try {
-    const QImage image = DecodePicture(bytes);
+    const auto [image, turned] = DecodePicture(bytes);
     const PictureResolution resolution = ResolutionOf(bytes);
+    // Outputs don't look at orientations, and some put the bytes of the file into their own.
+    if (turned) bytes = EncodePicture(image, FormatOf(bytes));
     return std::make_shared<ImagePicture>(std::move(bytes), image.width(), image.height(),
                                           resolution.x, resolution.y);
   } catch (const Failure& failure) {

@@ -9,7 +9,8 @@
 namespace td {
 
 // Backslashes in paths count as separators. The pictures are ImagePictures: they keep the bytes of
-// the file, and take the resolution that it states (96 dots per inch if it states none).
+// the file (encoded anew when its orientation asks to turn it), and take the resolution that it
+// states, 96 dots per inch if it states none.
 //
 // Beside the failures of Pictures: kInvalidUseOfNull and kTypeMismatch for a value without bytes,
 // and the numbers below. A description names the file, but never shows the character 锁 of its
