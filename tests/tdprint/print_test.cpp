@@ -32,9 +32,10 @@ class TdprintProgram : public testing::Test {
         values (1, 21, '两行订单', 1, 256, 13663, 7937, 2, 400), (2, 22, '未选', 0, 9, 0, 0, 2, 400);
       insert into TDVariant (FTranType, FVarCaption, FVarName) values (21, '品名', 'FItemName');
       insert into TDBillDetail (FTDBillID, FSite, FLeft, FTop, FWidth, FHeight, FTypeID, FIsVariant,
-                                FObjectFieldName, FObjectCaption, FFontName, FFontSize, FAlignMent)
-        values (1, 1, 1000, 500, 4000, 400, 0, 0, '', '订单抬头', '宋体', 12, 6),
-               (1, 3, 1000, 2000, 4000, 400, 0, 1, '品名', '品名', '宋体', 12, 6);
+                                FObjectFieldName, FObjectCaption, FFormatString, FFontName, FFontSize,
+                                FAlignMent)
+        values (1, 1, 1000, 500, 4000, 400, 0, 0, '', '订单抬头', '', '宋体', 12, 0),
+               (1, 3, 1000, 2000, 4000, 400, 0, 1, '品名', '品名', '', '宋体', 12, 0);
     )");
   }
   ~TdprintProgram() override { sqlite3_close(database_); }
