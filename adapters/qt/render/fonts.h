@@ -9,12 +9,12 @@
 namespace td {
 
 // Maps a font name to families, the most wanted first. Names are compared without regard to case
-// and to blanks at their ends. A name that is not in the table stands for the family of that name.
+// and to blanks at their ends; an @ before a name (its form for vertical writing) is ignored.
 class FontTable {
  public:
-  // The built-in table. `configuration` is the path of a file with lines `name = family, family`,
-  // which come before the built-in ones for that name; `#` begins a comment. A missing file is no
-  // error; a line without `=` is skipped.
+  // The built-in table. `configuration` is the path of a UTF-8 file with lines
+  // `name = family, family`, which come before all others for that name; `#` begins a comment. A
+  // missing file is no error; a line without `=` is skipped.
   explicit FontTable(const std::string& configuration);
 
   // The table of this process, read once, with the file of ConfigurationFile().
@@ -22,14 +22,14 @@ class FontTable {
   // fonts.conf in the folder qbtdprinter of $XDG_CONFIG_HOME, or of ~/.config.
   static std::string ConfigurationFile();
 
-  // The installed families for a name, best first, then fallbacks that have the Chinese characters.
-  // Never empty if any font is installed.
+  // The installed families for a name: the configured ones, the one that bears the name, those of
+  // the table, then such that have the Chinese characters. Empty only if no font is installed.
   [[nodiscard]] QStringList Families(const std::string& name) const;
 
  private:
   void Read(const std::string& configuration);
 
-  std::map<QString, QStringList> families_;
+  std::map<QString, QStringList> configured_;
 };
 
 }  // namespace td

@@ -9,10 +9,12 @@
 #include "page_document/drawing.h"
 
 class QPrinter;
+class QPageLayout;
 
 namespace td {
 
 // One PDF page per page, each of its own exact size, fonts embedded as subsets, text extractable.
+std::string ToPdf(const std::vector<Page>& pages, const std::string& title);
 // The file is replaced whole or not at all; fails with kDeviceIo.
 void WritePdf(const std::vector<Page>& pages, const std::string& path, const std::string& title);
 
@@ -30,6 +32,10 @@ std::vector<std::string> WritePngPages(const std::vector<Page>& pages, const std
 std::string ToHtml(const std::vector<Page>& pages, const std::string& title);
 // The file is replaced whole or not at all; fails with kDeviceIo.
 void WriteHtml(const std::vector<Page>& pages, const std::string& path, const std::string& title);
+
+// The sheet of a page for a printer, in whole points, as QPrinter knows no finer ones. Its content
+// lies exactly where it belongs, from the top left corner; a PDF of ToPdf has the exact sheet, too.
+QPageLayout PrinterLayout(const Page& page);
 
 // Draws the pages `first` to `last` (from 1) on a printer that no painter is active on, in the
 // paper's coordinates, whatever margins the hardware has; the printer's page size is set for each

@@ -1,0 +1,78 @@
+// The faces of the fonts that texts name, at their size, and the glyphs in them.
+#pragma once
+
+#include <QFont>
+#include <QRawFont>
+#include <map>
+#include <memory>
+#include <set>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "page_document/drawing.h"
+
+namespace td {
+
+// One installed face at one size; a pixel of its fonts is a twip. Hinting is off, so that glyphs
+// have the same advances at every resolution.
+struct Face {
+  QFont font;
+  QRawFont raw;
+  double size = 0;             // twips
+  bool syntheticBold = false;  // bold is wanted and the family has no bold face
+};
+using FaceRef = std::shared_ptr<const Face>;
+
+// A glyph of one face; `face` is empty if no face of the font has the character.
+struct FaceGlyph {
+  FaceRef face;
+  quint32 index = 0;
+  double advance = 0;  // twips
+};
+
+// The faces that serve one font of a text: the most wanted one, then those that help it out.
+class FontFaces {
+ public:
+  explicit FontFaces(const TextFont& font);
+
+  [[nodiscard]] FaceRef Primary() { return FaceAt(0); }
+  // The glyph of a character in the first face that has it.
+  [[nodiscard]] const FaceGlyph& Glyph(char32_t character);
+
+  // All characters that were looked up, with their glyphs.
+  [[nodiscard]] const std::unordered_map<char32_t, FaceGlyph>& Glyphs() const { return glyphs_; }
+
+  // Twips above and below the base line, and of the whole line, in the primary face.
+  [[nodiscard]] double Ascent() { return Primary()->raw.ascent(); }
+  [[nodiscard]] double Descent() { return Primary()->raw.descent(); }
+  [[nodiscard]] double LineHeight();
+
+ private:
+  // The face of the n-th family; empty behind the last.
+  FaceRef FaceAt(std::size_t index);
+
+  TextFont wanted_;
+  QStringList families_;
+  std::vector<FaceRef> faces_;  // loaded one by one, when a character asks for them
+  std::unordered_map<char32_t, FaceGlyph> glyphs_;
+};
+
+// The faces of a font; shared by all texts, kept until the application object is destroyed.
+FontFaces& FacesOf(const TextFont& font);
+
+// Which characters the glyphs stood for that have been looked up so far.
+class DrawnCharacters {
+ public:
+  DrawnCharacters();
+  // `character` itself if it was looked up, else one that was and has the same glyph as it in a
+  // face, else `character`.
+  [[nodiscard]] char16_t For(char16_t character) const;
+
+ private:
+  std::map<std::pair<FaceRef, quint32>, char32_t> glyphs_;
+  std::set<FaceRef> faces_;
+  std::set<char32_t> characters_;
+};
+
+}  // namespace td

@@ -1,0 +1,190 @@
+#include <QString>
+#include <map>
+#include <utility>
+
+#include "page_document/pictures.h"
+#include "render/outputs.h"
+#include "render/picture_images.h"
+#include "render/text_layout.h"
+#include "render/written_file.h"
+
+namespace td {
+namespace {
+
+constexpr double kMillimetresPerTwip = 25.4 / 1440;
+
+// A length in twips, to a hundredth: finer than any output can show.
+QString Number(double number) {
+  QString text = QString::number(number, 'f', 2);
+  while (text.endsWith('0')) text.chop(1);
+  if (text.endsWith('.')) text.chop(1);
+  return text == "-0" ? QString("0") : text;
+}
+
+QString Millimetres(double twips) {
+  return QString::number(twips * kMillimetresPerTwip, 'f', 3) + "mm";
+}
+
+QString Escaped(const QString& text) {
+  QString escaped;
+  for (const char32_t character : text.toUcs4()) {
+    const bool allowed = character >= 0x20 && character != 0xFFFE && character != 0xFFFF;
+    escaped += allowed ? QString::fromUcs4(&character, 1).toHtmlEscaped() : QString(' ');
+  }
+  return escaped;
+}
+
+QString HexColour(const Colour& colour) {
+  return QString("#%1%2%3")
+      .arg(colour.red, 2, 16, QChar('0'))
+      .arg(colour.green, 2, 16, QChar('0'))
+      .arg(colour.blue, 2, 16, QChar('0'));
+}
+
+// A style sheet's string.
+QString Quoted(QString text) {
+  return '"' + text.replace('\\', "\\\\").replace('"', "\\\"").replace('<', "\\3c ") + '"';
+}
+
+QString FontStyle(const Face& face) {
+  QString families;
+  for (const QString& family : face.font.families()) families += Quoted(family) + ',';
+  return QString("font-family:%1sans-serif;font-size:%2px;%3%4")
+      .arg(families, Number(face.size), face.font.bold() ? "font-weight:bold;" : "",
+           face.font.italic() ? "font-style:italic;" : "");
+}
+
+// Writes pages as SVG, in twips. Fonts, sheets and pictures are collected, so that the file holds
+// each of them once.
+class HtmlWriter {
+ public:
+  std::string Write(const std::vector<Page>& pages, const std::string& title) {
+    for (const Page& page : pages) AddPage(page);
+    QString html;
+    html += "<!DOCTYPE html>\n<html lang=\"zh-CN\">\n<head>\n<meta charset=\"utf-8\">\n<title>";
+    html += Escaped(QString::fromStdString(title)) + "</title>\n<style>\n" + StyleSheet();
+    html += "</style>\n</head>\n<body>\n" + body_ + "</body>\n</html>\n";
+    return html.toStdString();
+  }
+
+ private:
+  QString StyleSheet() const {
+    return "body{margin:0;background:#ddd}\n"
+           "svg{display:block;margin:5mm auto;background:#fff;fill:#000}\n"
+           "text{white-space:pre;font-kerning:none;font-variant-ligatures:none;"
+           "text-rendering:geometricPrecision}\n"
+           "image{image-orientation:none}\n"
+           "@media print{body{background:none}svg{margin:0;break-after:page;break-inside:avoid}"
+           "svg:last-of-type{break-after:auto}}\n" +
+           style_;
+  }
+
+  void AddPage(const Page& page) {
+    body_ += QString("<svg class=\"%1\" width=\"%2\" height=\"%3\" viewBox=\"0 0 %4 %5\">\n")
+                 .arg(SheetClass(page), Millimetres(page.width), Millimetres(page.height),
+                      Number(page.width), Number(page.height));
+    for (const DrawingCommand& command : page.commands) {
+      std::visit([this](const auto& drawn) { Add(drawn); }, command);
+    }
+    body_ += "</svg>\n";
+  }
+
+  void Add(const BoxText& command) { AddTexts(LayOut(command), {}); }
+  void Add(const PointText& command) { AddTexts(LayOut(command), {}); }
+
+  void Add(const Line& line) {
+    body_ += QString(
+                 "<path d=\"M%1 %2L%3 %4\" stroke=\"#000\" stroke-width=\"%5\" "
+                 "stroke-linecap=\"square\"/>\n")
+                 .arg(Number(line.x1), Number(line.y1), Number(line.x2), Number(line.y2),
+                      Number(std::max(line.penWidth, 1.0)));
+  }
+
+  void Add(const PlacedPicture& placed) {
+    if (placed.width <= 0 || placed.height <= 0) return;
+    if (const auto* image = dynamic_cast<const ImagePicture*>(placed.picture.get())) {
+      AddImage(*image, placed);
+    } else if (const auto* drawing = dynamic_cast<const VectorPicture*>(placed.picture.get())) {
+      AddVectors(*drawing, placed);
+    }
+  }
+
+  // A picture is a square of 1 by 1 that each of its uses stretches over a box.
+  void AddImage(const ImagePicture& image, const PlacedPicture& placed) {
+    const std::string uri = DataUri(image);
+    if (uri.empty()) return;
+    const auto [known, isNew] = pictures_.try_emplace(uri, QString("i%1").arg(pictures_.size()));
+    if (isNew) {
+      body_ += QString(
+                   "<defs><image id=\"%1\" width=\"1\" height=\"1\" "
+                   "preserveAspectRatio=\"none\" href=\"%2\"/></defs>\n")
+                   .arg(known->second, QString::fromStdString(uri));
+    }
+    body_ += QString("<use href=\"#%1\" transform=\"translate(%2 %3) scale(%4 %5)\"/>\n")
+                 .arg(known->second, Number(placed.left), Number(placed.top), Number(placed.width),
+                      Number(placed.height));
+  }
+
+  void AddVectors(const VectorPicture& drawing, const PlacedPicture& placed) {
+    const PictureSize size = drawing.NaturalSize();
+    body_ += QString(
+                 "<g transform=\"translate(%1 %2) scale(%3 %4)\" "
+                 "shape-rendering=\"crispEdges\">\n")
+                 .arg(Number(placed.left), Number(placed.top),
+                      QString::number(placed.width / size.width, 'g', 9),
+                      QString::number(placed.height / size.height, 'g', 9));
+    for (const VectorPicture::Rectangle& bar : drawing.Rectangles()) {
+      body_ += QString("<rect x=\"%1\" y=\"%2\" width=\"%3\" height=\"%4\" fill=\"%5\"/>\n")
+                   .arg(Number(bar.left), Number(bar.top), Number(bar.width), Number(bar.height),
+                        HexColour(bar.colour));
+    }
+    for (const VectorPicture::Text& text : drawing.Texts()) AddTexts(LayOut(text), text.colour);
+    body_ += "</g>\n";
+  }
+
+  void AddTexts(const std::vector<PlacedText>& texts, const Colour& colour) {
+    const QString fill = colour == Colour() ? QString() : " fill=\"" + HexColour(colour) + '"';
+    for (const PlacedText& text : texts) {
+      if (text.text.isEmpty()) continue;
+      body_ +=
+          QString("<text class=\"%1\" x=\"%2\" y=\"%3\" textLength=\"%4\"%5>")
+              .arg(FontClass(*text.face), Number(text.x), Number(text.y), Number(text.width), fill);
+      body_ += Escaped(text.text) + "</text>\n";
+    }
+  }
+
+  QString FontClass(const Face& face) {
+    const QString style = FontStyle(face);
+    const auto [known, isNew] = fonts_.try_emplace(style, QString("f%1").arg(fonts_.size()));
+    if (isNew) style_ += '.' + known->second + '{' + style + "}\n";
+    return known->second;
+  }
+
+  QString SheetClass(const Page& page) {
+    const QString size = Millimetres(page.width) + ' ' + Millimetres(page.height);
+    const auto [known, isNew] = sheets_.try_emplace(size, QString("s%1").arg(sheets_.size()));
+    if (isNew) {
+      style_ += QString("@page %1{size:%2;margin:0}\n.%1{page:%1}\n").arg(known->second, size);
+    }
+    return known->second;
+  }
+
+  QString body_;
+  QString style_;
+  std::map<QString, QString> fonts_;         // style → class
+  std::map<QString, QString> sheets_;        // size → class
+  std::map<std::string, QString> pictures_;  // data → identifier
+};
+
+}  // namespace
+
+std::string ToHtml(const std::vector<Page>& pages, const std::string& title) {
+  RequirePages(pages);
+  return HtmlWriter().Write(pages, title);
+}
+
+void WriteHtml(const std::vector<Page>& pages, const std::string& path, const std::string& title) {
+  WriteWholeFile(path, ToHtml(pages, title));
+}
+
+}  // namespace td

@@ -1,0 +1,22 @@
+// The pixels of picture files.
+#pragma once
+
+#include <QImage>
+#include <string>
+
+#include "page_document/pictures.h"
+
+namespace td {
+
+// The decoded picture; null if it doesn't decode. Pictures with the same bytes share one image, the
+// latest ones staying in memory up to 64 megabytes, so that an output can store a repeated picture
+// once.
+[[nodiscard]] QImage DecodedImage(const ImagePicture& picture);
+
+[[nodiscard]] bool IsJpeg(const ImagePicture& picture);
+
+// The picture as a data: URI, in a format that every browser shows: JPEG and PNG files as they are,
+// others as PNG. Empty if it doesn't decode.
+[[nodiscard]] std::string DataUri(const ImagePicture& picture);
+
+}  // namespace td

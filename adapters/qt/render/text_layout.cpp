@@ -1,0 +1,296 @@
+#include "render/text_layout.h"
+
+#include <QTextBoundaryFinder>
+#include <QTextLayout>
+#include <algorithm>
+
+#include "render/outputs.h"
+
+namespace td {
+namespace {
+
+// Characters that show nothing: left out of a text that is not shaped.
+bool IsInvisible(char32_t character) {
+  const QChar::Category category = QChar::category(character);
+  return category == QChar::Other_Control || category == QChar::Other_Format;
+}
+
+// Whether the glyphs of a character depend on its neighbours.
+bool NeedsShaping(char32_t character) {
+  constexpr char32_t kZeroWidthJoiner = 0x200D;
+  if (character == kZeroWidthJoiner || QChar::isSurrogate(character)) return true;
+  switch (QChar::category(character)) {
+    case QChar::Mark_NonSpacing:
+    case QChar::Mark_SpacingCombining:
+    case QChar::Mark_Enclosing:
+      return true;
+    default:
+      break;
+  }
+  switch (QChar::script(character)) {
+    case QChar::Script_Common:
+    case QChar::Script_Latin:
+    case QChar::Script_Greek:
+    case QChar::Script_Cyrillic:
+    case QChar::Script_Han:
+    case QChar::Script_Hiragana:
+    case QChar::Script_Katakana:
+    case QChar::Script_Bopomofo:
+      return false;
+    case QChar::Script_Hangul:
+      return character < 0xAC00 || character > 0xD7A3;  // all but whole syllables
+    default:
+      return true;
+  }
+}
+
+// Whether a text has to be drawn as a whole, by the output itself.
+bool NeedsShaping(const QString& text, FontFaces& faces) {
+  const QList<uint> characters = text.toUcs4();
+  return std::ranges::any_of(characters, [&faces](char32_t character) {
+    return NeedsShaping(character) || (!IsInvisible(character) && !faces.Glyph(character).face);
+  });
+}
+
+double ShapedWidth(const QString& text, const QFont& font) {
+  QTextLayout layout(text, font);
+  layout.beginLayout();
+  const QTextLine line = layout.createLine();
+  layout.endLayout();
+  return line.isValid() ? line.naturalTextWidth() : 0;
+}
+
+// One line of text from x = 0 on the base line 0, in pieces of one face each.
+struct LaidLine {
+  std::vector<PlacedText> pieces;
+  double width = 0;
+};
+
+LaidLine ShapedLine(const QString& text, FontFaces& faces) {
+  const FaceRef face = faces.Primary();
+  const double width = ShapedWidth(text, face->font);
+  return {{PlacedText{face, text, 0, 0, width, {}, {}}}, width};
+}
+
+LaidLine LayOutLine(const QString& text, FontFaces& faces) {
+  LaidLine line;
+  if (NeedsShaping(text, faces)) return ShapedLine(text, faces);
+  for (const char32_t character : text.toUcs4()) {
+    if (IsInvisible(character)) continue;
+    const FaceGlyph& glyph = faces.Glyph(character);
+    if (line.pieces.empty() || line.pieces.back().face != glyph.face) {
+      line.pieces.push_back({glyph.face, {}, line.width, 0, 0, {}, {}});
+    }
+    PlacedText& piece = line.pieces.back();
+    piece.text += QString::fromUcs4(&character, 1);
+    piece.glyphs.push_back(glyph.index);
+    piece.advances.push_back(glyph.advance);
+    piece.width += glyph.advance;
+    line.width += glyph.advance;
+  }
+  return line;
+}
+
+QString TrimmedEnd(const QString& text) {
+  qsizetype length = text.size();
+  while (length > 0 && text.at(length - 1).isSpace()) --length;
+  return text.left(length);
+}
+
+// Where each UTF-16 unit of an unshaped text begins, and where the last one ends.
+std::vector<double> Positions(const QString& text, FontFaces& faces) {
+  std::vector<double> positions = {0};
+  for (const char32_t character : text.toUcs4()) {
+    const double advance = IsInvisible(character) ? 0 : faces.Glyph(character).advance;
+    if (QChar::requiresSurrogates(character)) positions.push_back(positions.back());
+    positions.push_back(positions.back() + advance);
+  }
+  return positions;
+}
+
+// Breaks an unshaped paragraph into parts of a text, [begin, end) each, whose widths without the
+// blanks at their ends are within `width`: where lines may break, and inside words that are wider.
+std::vector<std::pair<qsizetype, qsizetype>> Parts(const QString& text, double width,
+                                                   FontFaces& faces) {
+  const std::vector<double> positions = Positions(text, faces);
+  const auto fits = [&](qsizetype begin, qsizetype end) {
+    while (end > begin && text.at(end - 1).isSpace()) --end;
+    return positions[static_cast<std::size_t>(end)] - positions[static_cast<std::size_t>(begin)] <=
+           width;
+  };
+  std::vector<std::pair<qsizetype, qsizetype>> parts;
+  qsizetype begin = 0;
+  qsizetype fitting = 0;
+  const auto cut = [&](qsizetype end) {
+    parts.emplace_back(begin, end);
+    begin = fitting = end;
+  };
+  QTextBoundaryFinder breaks(QTextBoundaryFinder::Line, text);
+  for (qsizetype end = breaks.toNextBoundary(); end > 0; end = breaks.toNextBoundary()) {
+    while (!fits(begin, end)) {
+      if (fitting > begin) {
+        cut(fitting);
+        continue;
+      }
+      QTextBoundaryFinder letters(QTextBoundaryFinder::Grapheme, text);
+      letters.setPosition(begin);
+      qsizetype letterEnd = letters.toNextBoundary();
+      while (letterEnd > 0 && letterEnd < end && fits(begin, letterEnd)) {
+        fitting = letterEnd;
+        letterEnd = letters.toNextBoundary();
+      }
+      if (fitting == begin) fitting = letterEnd > 0 ? letterEnd : end;  // wider than the line
+      if (fitting >= end) break;
+      cut(fitting);
+    }
+    fitting = end;
+  }
+  parts.emplace_back(begin, text.size());
+  return parts;
+}
+
+void BreakShapedParagraph(const QString& text, double width, FontFaces& faces,
+                          std::vector<LaidLine>& lines) {
+  QTextLayout layout(text, faces.Primary()->font);
+  layout.setTextOption([] {
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    return option;
+  }());
+  layout.beginLayout();
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLineWidth(std::max(width, 1.0));
+    lines.push_back(ShapedLine(TrimmedEnd(text.mid(line.textStart(), line.textLength())), faces));
+  }
+  layout.endLayout();
+}
+
+void BreakParagraph(const QString& text, double width, FontFaces& faces,
+                    std::vector<LaidLine>& lines) {
+  constexpr double kTolerance = 0.5;  // twips: rounding of advances makes no line break
+  if (NeedsShaping(text, faces)) {
+    BreakShapedParagraph(text, width + kTolerance, faces, lines);
+    return;
+  }
+  for (const auto& [begin, end] : Parts(text, width + kTolerance, faces)) {
+    const QString part = text.mid(begin, end - begin);
+    lines.push_back(LayOutLine(end < text.size() ? TrimmedEnd(part) : part, faces));
+  }
+}
+
+double AlignedStart(TextAlignment alignment, double left, double room, double width) {
+  if (alignment == TextAlignment::kCentre) return left + (room - width) / 2;
+  return alignment == TextAlignment::kRight ? left + room - width : left;
+}
+
+void Place(LaidLine line, double x, double y, std::vector<PlacedText>& placed) {
+  for (PlacedText& piece : line.pieces) {
+    piece.x += x;
+    piece.y += y;
+    placed.push_back(std::move(piece));
+  }
+}
+
+struct Box {
+  double left;
+  double top;
+  double width;
+  double height;
+};
+
+std::vector<PlacedText> PlaceInBox(std::vector<LaidLine> lines, const Box& box,
+                                   TextAlignment alignment, FontFaces& faces) {
+  std::vector<PlacedText> placed;
+  const double step = faces.LineHeight();
+  const double text = faces.Ascent() + faces.Descent() +
+                      step * static_cast<double>(std::max<std::size_t>(lines.size(), 1) - 1);
+  double baseLine = box.top + (box.height - text) / 2 + faces.Ascent();
+  for (LaidLine& line : lines) {
+    const double x = AlignedStart(alignment, box.left, box.width, line.width);
+    Place(std::move(line), x, baseLine, placed);
+    baseLine += step;
+  }
+  return placed;
+}
+
+// The text without line breaks, each being a blank, and with blanks for tabs.
+QString OneLine(const std::string& text) {
+  QString line = QString::fromStdString(text);
+  line.replace(QLatin1String("\r\n"), QLatin1String(" "));
+  for (QChar& character : line) {
+    if (character == u'\n' || character == u'\r' || character == u'\t' ||
+        character == QChar::LineSeparator || character == QChar::ParagraphSeparator) {
+      character = u' ';
+    }
+  }
+  return line;
+}
+
+std::vector<LaidLine> WrappedLines(const std::string& text, double width, FontFaces& faces) {
+  QString whole = QString::fromStdString(text);
+  whole.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
+  std::vector<LaidLine> lines;
+  for (const QString& paragraph : whole.split(u'\n')) {
+    BreakParagraph(OneLine(paragraph.toStdString()), width, faces, lines);
+  }
+  return lines;
+}
+
+}  // namespace
+
+std::vector<PlacedText> LayOut(const BoxText& command) {
+  FontFaces& faces = FacesOf(*command.font);
+  std::vector<LaidLine> lines;
+  if (command.wordWrap) {
+    lines = WrappedLines(command.text, command.width, faces);
+  } else {
+    lines.push_back(LayOutLine(OneLine(command.text), faces));
+  }
+  return PlaceInBox(std::move(lines), {command.left, command.top, command.width, command.height},
+                    command.alignment, faces);
+}
+
+std::vector<PlacedText> LayOut(const PointText& command) {
+  std::vector<PlacedText> placed;
+  double top = command.y;
+  for (std::size_t i = 0; i < command.lines.size(); ++i) {
+    std::vector<LaidLine> runs;
+    double width = 0;
+    double ascent = 0;
+    for (const TextRun& run : command.lines[i]) {
+      FontFaces& faces = FacesOf(*run.font);
+      runs.push_back(LayOutLine(OneLine(run.text), faces));
+      width += runs.back().width;
+      ascent = std::max(ascent, faces.Ascent());
+    }
+    double x = AlignedStart(command.alignment, command.x, 0, width);
+    for (LaidLine& run : runs) {
+      const double end = x + run.width;
+      Place(std::move(run), x, top + ascent, placed);
+      x = end;
+    }
+    top += command.heights[i];
+  }
+  return placed;
+}
+
+std::vector<PlacedText> LayOut(const VectorPicture::Text& line) {
+  FontFaces& faces = FacesOf(line.font);
+  std::vector<LaidLine> lines;
+  lines.push_back(LayOutLine(OneLine(line.text), faces));
+  return PlaceInBox(std::move(lines), {line.left, line.top, line.width, line.height},
+                    line.alignment, faces);
+}
+
+double LineHeight(const TextLine& line) {
+  double ascent = 0;
+  double below = 0;
+  for (const TextRun& run : line) {
+    FontFaces& faces = FacesOf(*run.font);
+    ascent = std::max(ascent, faces.Ascent());
+    below = std::max(below, faces.LineHeight() - faces.Ascent());
+  }
+  return ascent + below;
+}
+
+}  // namespace td
