@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 #include <QFontDatabase>
+#include <QGlyphRun>
+#include <QTextLayout>
 #include <algorithm>
 #include <cmath>
 
@@ -26,7 +28,29 @@ bool HasBoldFace(const QString& family) {
       styles, [&](const QString& style) { return QFontDatabase::bold(family, style); });
 }
 
+// One line of text as Qt lays it out.
+struct ShapedLine {
+  double width = 0;
+  bool isComplete = false;  // no character is missing in all fonts
+};
+
+ShapedLine Shape(const QString& text, const QFont& font) {
+  QTextLayout layout(text, font);
+  layout.beginLayout();
+  const QTextLine line = layout.createLine();
+  layout.endLayout();
+  if (!line.isValid()) return {};
+  const QList<QGlyphRun> runs = line.glyphRuns();
+  return {line.naturalTextWidth(), std::ranges::none_of(runs, [](const QGlyphRun& run) {
+            return run.glyphIndexes().contains(0);
+          })};
+}
+
 }  // namespace
+
+double ShapedWidth(const QString& text, const QFont& font) {
+  return Shape(text, font).width;
+}
 
 FontFaces::FontFaces(const TextFont& font)
     : wanted_(font), families_(FontTable::Instance().Families(font.name)) {
@@ -66,9 +90,11 @@ const FaceGlyph& FontFaces::Glyph(char32_t character) {
     const QList<quint32> indexes = face->raw.glyphIndexesForString(text);
     if (indexes.size() != 1 || indexes[0] == 0) continue;
     const QList<QPointF> advances = face->raw.advancesForGlyphIndexes(indexes);
-    glyph = {face, indexes[0], advances.at(0).x()};
-    break;
+    glyph = {face, indexes[0], advances.at(0).x(), false};
+    return glyph;
   }
+  const ShapedLine shaped = Shape(text, Primary()->font);
+  glyph = {nullptr, 0, shaped.width, !shaped.isComplete};
   return glyph;
 }
 

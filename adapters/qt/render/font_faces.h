@@ -24,11 +24,13 @@ struct Face {
 };
 using FaceRef = std::shared_ptr<const Face>;
 
-// A glyph of one face; `face` is empty if no face of the font has the character.
+// A glyph of one face. Without a face, another font of the machine has the character, or none has
+// it (`missing`).
 struct FaceGlyph {
   FaceRef face;
   quint32 index = 0;
   double advance = 0;  // twips
+  bool missing = false;
 };
 
 // The faces that serve one font of a text: the most wanted one, then those that help it out.
@@ -57,6 +59,9 @@ class FontFaces {
   std::vector<FaceRef> faces_;  // loaded one by one, when a character asks for them
   std::unordered_map<char32_t, FaceGlyph> glyphs_;
 };
+
+// Width in twips of a text that Qt shapes, with characters from any font of the machine.
+[[nodiscard]] double ShapedWidth(const QString& text, const QFont& font);
 
 // The faces of a font; shared by all texts, kept until the application object is destroyed.
 FontFaces& FacesOf(const TextFont& font);

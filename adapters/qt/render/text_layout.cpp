@@ -44,20 +44,10 @@ bool NeedsShaping(char32_t character) {
   }
 }
 
-// Whether a text has to be drawn as a whole, by the output itself.
-bool NeedsShaping(const QString& text, FontFaces& faces) {
+bool NeedsShaping(const QString& text) {
   const QList<uint> characters = text.toUcs4();
-  return std::ranges::any_of(characters, [&faces](char32_t character) {
-    return NeedsShaping(character) || (!IsInvisible(character) && !faces.Glyph(character).face);
-  });
-}
-
-double ShapedWidth(const QString& text, const QFont& font) {
-  QTextLayout layout(text, font);
-  layout.beginLayout();
-  const QTextLine line = layout.createLine();
-  layout.endLayout();
-  return line.isValid() ? line.naturalTextWidth() : 0;
+  return std::ranges::any_of(characters,
+                             [](char32_t character) { return NeedsShaping(character); });
 }
 
 // One line of text from x = 0 on the base line 0, in pieces of one face each.
@@ -73,20 +63,23 @@ LaidLine ShapedLine(const QString& text, FontFaces& faces) {
 }
 
 LaidLine LayOutLine(const QString& text, FontFaces& faces) {
+  if (NeedsShaping(text)) return ShapedLine(text, faces);
   LaidLine line;
-  if (NeedsShaping(text, faces)) return ShapedLine(text, faces);
+  FaceRef face;  // of the last piece; empty if another font has its characters
   for (const char32_t character : text.toUcs4()) {
     if (IsInvisible(character)) continue;
     const FaceGlyph& glyph = faces.Glyph(character);
-    if (line.pieces.empty() || line.pieces.back().face != glyph.face) {
-      line.pieces.push_back({glyph.face, {}, line.width, 0, 0, {}, {}});
+    if (line.pieces.empty() || face != glyph.face) {
+      face = glyph.face;
+      line.pieces.push_back({face ? face : faces.Primary(), {}, line.width, 0, 0, {}, {}});
     }
     PlacedText& piece = line.pieces.back();
     piece.text += QString::fromUcs4(&character, 1);
-    piece.glyphs.push_back(glyph.index);
-    piece.advances.push_back(glyph.advance);
     piece.width += glyph.advance;
     line.width += glyph.advance;
+    if (!face) continue;
+    piece.glyphs.push_back(glyph.index);
+    piece.advances.push_back(glyph.advance);
   }
   return line;
 }
@@ -168,7 +161,7 @@ void BreakShapedParagraph(const QString& text, double width, FontFaces& faces,
 void BreakParagraph(const QString& text, double width, FontFaces& faces,
                     std::vector<LaidLine>& lines) {
   constexpr double kTolerance = 0.5;  // twips: rounding of advances makes no line break
-  if (NeedsShaping(text, faces)) {
+  if (NeedsShaping(text)) {
     BreakShapedParagraph(text, width + kTolerance, faces, lines);
     return;
   }
@@ -213,17 +206,28 @@ std::vector<PlacedText> PlaceInBox(std::vector<LaidLine> lines, const Box& box,
   return placed;
 }
 
-// The text without line breaks, each being a blank, and with blanks for tabs.
-QString OneLine(const std::string& text) {
-  QString line = QString::fromStdString(text);
-  line.replace(QLatin1String("\r\n"), QLatin1String(" "));
-  for (QChar& character : line) {
-    if (character == u'\n' || character == u'\r' || character == u'\t' ||
-        character == QChar::LineSeparator || character == QChar::ParagraphSeparator) {
-      character = u' ';
+// A line of text as it is drawn: blanks for line breaks and tabs, and question marks for what no
+// font of the machine has.
+QString Drawable(QString text, FontFaces& faces) {
+  text.replace(QLatin1String("\r\n"), QLatin1String(" "));
+  QString drawable;
+  for (const char32_t character : text.toUcs4()) {
+    const bool isBlank = character == '\n' || character == '\r' || character == '\t' ||
+                         character == QChar::LineSeparator ||
+                         character == QChar::ParagraphSeparator;
+    if (isBlank) {
+      drawable += u' ';
+    } else if (!IsInvisible(character) && faces.Glyph(character).missing) {
+      drawable += u'?';
+    } else {
+      drawable += QString::fromUcs4(&character, 1);
     }
   }
-  return line;
+  return drawable;
+}
+
+LaidLine OneLine(const std::string& text, FontFaces& faces) {
+  return LayOutLine(Drawable(QString::fromStdString(text), faces), faces);
 }
 
 std::vector<LaidLine> WrappedLines(const std::string& text, double width, FontFaces& faces) {
@@ -231,7 +235,7 @@ std::vector<LaidLine> WrappedLines(const std::string& text, double width, FontFa
   whole.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
   std::vector<LaidLine> lines;
   for (const QString& paragraph : whole.split(u'\n')) {
-    BreakParagraph(OneLine(paragraph.toStdString()), width, faces, lines);
+    BreakParagraph(Drawable(paragraph, faces), width, faces, lines);
   }
   return lines;
 }
@@ -244,7 +248,7 @@ std::vector<PlacedText> LayOut(const BoxText& command) {
   if (command.wordWrap) {
     lines = WrappedLines(command.text, command.width, faces);
   } else {
-    lines.push_back(LayOutLine(OneLine(command.text), faces));
+    lines.push_back(OneLine(command.text, faces));
   }
   return PlaceInBox(std::move(lines), {command.left, command.top, command.width, command.height},
                     command.alignment, faces);
@@ -259,7 +263,7 @@ std::vector<PlacedText> LayOut(const PointText& command) {
     double ascent = 0;
     for (const TextRun& run : command.lines[i]) {
       FontFaces& faces = FacesOf(*run.font);
-      runs.push_back(LayOutLine(OneLine(run.text), faces));
+      runs.push_back(OneLine(run.text, faces));
       width += runs.back().width;
       ascent = std::max(ascent, faces.Ascent());
     }
@@ -277,7 +281,7 @@ std::vector<PlacedText> LayOut(const PointText& command) {
 std::vector<PlacedText> LayOut(const VectorPicture::Text& line) {
   FontFaces& faces = FacesOf(line.font);
   std::vector<LaidLine> lines;
-  lines.push_back(LayOutLine(OneLine(line.text), faces));
+  lines.push_back(OneLine(line.text, faces));
   return PlaceInBox(std::move(lines), {line.left, line.top, line.width, line.height},
                     line.alignment, faces);
 }
