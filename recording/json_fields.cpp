@@ -11,6 +11,10 @@ JsonFields::JsonFields(const Json& json, std::string where)
   }
 }
 
+bool JsonFields::Has(const char* key) const {
+  return json_.contains(key) && !json_.at(key).is_null();
+}
+
 const Json& JsonFields::At(const char* key) const {
   if (!Has(key)) {
     throw ScenarioError(Where(key) + ": is missing");

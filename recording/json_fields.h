@@ -17,7 +17,8 @@ class JsonFields {
   // Fails if `json` is no object. It must outlive this.
   JsonFields(const Json& json, std::string where);
 
-  [[nodiscard]] bool Has(const char* key) const { return json_.contains(key); }
+  // A field that is null counts as absent.
+  [[nodiscard]] bool Has(const char* key) const;
   // The place of a field, for failures.
   [[nodiscard]] std::string Where(const char* key) const { return where_ + "." + key; }
 

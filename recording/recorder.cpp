@@ -29,7 +29,7 @@ void Recorder::Request(std::string_view kind, std::optional<std::string_view> te
       continue;
     }
     ++injected.requests;
-    const int over = injected.requests - fault.nth;
+    const std::int64_t over = injected.requests - fault.nth;
     if (failing == nullptr && over >= 0 && over < fault.times) {
       failing = &fault;
     }

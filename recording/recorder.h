@@ -1,6 +1,7 @@
 // What the logic asked of the platform, line by line, and the failures injected into it.
 #pragma once
 
+#include <cstdint>
 #include <initializer_list>
 #include <optional>
 #include <string>
@@ -15,8 +16,8 @@ namespace td::recording {
 // From the `nth` matching request on, `times` requests in a row fail.
 struct Fault {
   std::string on;
-  int nth = 1;
-  int times = 1;
+  std::int64_t nth = 1;
+  std::int64_t times = 1;
   int number = 0;
   std::string description;
   std::optional<std::string> match;  // counts only requests whose text contains it
@@ -42,7 +43,7 @@ class Recorder {
  private:
   struct Injected {
     Fault fault;
-    int requests = 0;
+    std::int64_t requests = 0;
   };
 
   std::vector<Json> lines_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/failure.h"
 #include "recording/json_fields.h"
 #include "recording/sql_tokens.h"
 
@@ -124,7 +125,7 @@ UserStep ReadWindowStep(const Json& json, const std::string& where) {
 }
 
 PrintDataOfCall ReadPrintData(const JsonFields& call) {
-  if (!call.Has("data") || call.At("data").is_null()) {
+  if (!call.Has("data")) {
     return std::monostate{};
   }
   const Json& data = call.At("data");
@@ -172,9 +173,9 @@ Fault ReadFault(const Json& json, const std::string& where) {
   const JsonFields fields(json, where);
   Fault fault;
   fault.on = fields.Text("on");
-  fault.nth = fields.Number<int>("nth", 1);
-  fault.times = fields.Number<int>("times", 1);
-  fault.number = fields.Number<int>("number");
+  fault.nth = fields.Number<std::int32_t>("nth", 1);
+  fault.times = fields.Number<std::int32_t>("times", 1);
+  fault.number = fields.Number<std::int32_t>("number", kDatabaseFailed);
   fault.description = fields.Text("description", "");
   if (fields.Has("match")) {
     fault.match = fields.Text("match");
