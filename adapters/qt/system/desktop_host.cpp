@@ -1,10 +1,9 @@
 #include "qt/system/desktop_host.h"
 
-#include <QApplication>
 #include <QPageSize>
-#include <algorithm>
 
 #include "page_document/page_document.h"
+#include "qt/preview/page_setup_dialog.h"
 #include "qt/render/outputs.h"
 #include "qt/system/application.h"
 #include "qt/system/device_failure.h"
@@ -73,6 +72,16 @@ void DesktopHost::Print(PageDocument& document, bool withDialog) {
 
 void DesktopHost::TellPrinted() const {
   if (settings_.onPrinted) settings_.onPrinted();
+}
+
+bool DesktopHost::ShowPageSetup(PageDocument& document) {
+  if (!HasWindowSystem()) {
+    throw DeviceFailure(kInvalidCall, "没有可用的显示，无法打开页面设置。");
+  }
+  PageSetupDialog dialog(document, viewer_.window);
+  if (dialog.exec() != QDialog::Accepted) return false;
+  dialog.Apply();
+  return true;
 }
 
 void DesktopHost::Export(PageDocument& document, const std::string& file, std::int32_t format) {

@@ -42,6 +42,7 @@ class DesktopHost : public DocumentHost {
   // One job for each run of pages on the same sheet. Fails with kDeviceIo when the machine has no
   // printer, and with kInvalidCall when a dialog is asked for and none can be shown.
   void Print(PageDocument& document, bool withDialog) override;
+  // Fails with kInvalidCall where no dialog can be shown.
   bool ShowPageSetup(PageDocument& document) override;
 
   // The file's name is the last part of `file`; it lies in the state directory.

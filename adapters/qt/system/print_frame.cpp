@@ -1,5 +1,7 @@
 #include "qt/system/print_frame.h"
 
+#include <QEventLoop>
+
 #include "platform/failure.h"
 #include "qt/system/application.h"
 
@@ -22,16 +24,98 @@ void ReportingDocument::EndDoc() {
 
 QtPrintFrame::QtPrintFrame(const FrameSettings& settings, Messages& messages,
                            const BarcodeSettings& barcodeSettings)
-    : host_(settings, messages), document_(host_, settings), barcode_(barcodeSettings) {}
+    : messages_(messages),
+      host_(settings, messages),
+      document_(host_, settings),
+      barcode_(barcodeSettings) {}
 
-void QtPrintFrame::ShowModal() {
-  throw Failure(kInvalidCall, "没有可用的显示，无法打开预览窗口。");
+void QtPrintFrame::MakeWindow() {
+  window_ = std::make_unique<PreviewWindow>(
+      document_, PreviewEvents{.activated = [this] { Activate(); },
+                               .buttonPressed = [this](std::string_view key) { PressButton(key); },
+                               .closed = [this] { Unload(); }});
+  window_->setWindowModality(Qt::ApplicationModal);
+  for (const auto& [key, enabled] : enabledButtons_) window_->EnableButton(key, enabled);
+  if (pageText_) window_->PutPageText(*pageText_);
+  window_->PutPointer(document_.MousePointer());
+  host_.PutViewer({.window = window_.get(),
+                   .previewChanged = [this] { window_->ShowDocumentChanges(); },
+                   .pointerChanged = [this](std::int32_t shape) { window_->PutPointer(shape); }});
 }
 
-void QtPrintFrame::Unload() {}
+void QtPrintFrame::ShowModal() {
+  if (!HasWindowSystem()) {
+    throw Failure(kInvalidCall, "没有可用的显示，无法打开预览窗口。");
+  }
+  isUnloaded_ = false;
+  wasActivated_ = false;
+  failureOfActivation_ = nullptr;
+  if (!isLoaded_) {
+    isLoaded_ = true;
+    if (events_.Load) events_.Load();
+  }
+  if (isUnloaded_) return;
+
+  MakeWindow();
+  QEventLoop loop;
+  loop_ = &loop;
+  window_->show();
+  window_->activateWindow();
+  loop.exec();
+  loop_ = nullptr;
+  host_.PutViewer({});
+  window_.reset();
+  if (failureOfActivation_) std::rethrow_exception(failureOfActivation_);
+}
+
+// The window itself goes when ShowModal returns: what closed it may be one of its own events.
+void QtPrintFrame::Unload() {
+  isLoaded_ = false;
+  isUnloaded_ = true;
+  if (window_) window_->hide();
+  if (loop_ != nullptr) loop_->quit();
+}
+
+// No exception may pass through the event loop.
+void QtPrintFrame::Activate() {
+  const bool isFirst = !wasActivated_;
+  wasActivated_ = true;
+  try {
+    if (events_.Activate) events_.Activate();
+  } catch (...) {
+    if (isFirst) {
+      failureOfActivation_ = std::current_exception();
+      Unload();
+    } else {
+      ShowFailure(std::current_exception());
+    }
+  }
+}
+
+void QtPrintFrame::PressButton(std::string_view key) {
+  try {
+    if (events_.ButtonPressed) events_.ButtonPressed(key);
+  } catch (...) {
+    ShowFailure(std::current_exception());
+  }
+}
+
+void QtPrintFrame::ShowFailure(const std::exception_ptr& failure) {
+  try {
+    std::rethrow_exception(failure);
+  } catch (const std::exception& exception) {
+    messages_.ShowBox(exception.what(), kInformationIcon);
+  }
+}
 
 void QtPrintFrame::EnableButton(std::string_view key, bool enabled) {
   enabledButtons_.insert_or_assign(std::string(key), enabled);
+  if (window_) window_->EnableButton(key, enabled);
+}
+
+void QtPrintFrame::PutPageText(const std::string& text) {
+  pageText_ = text;
+  if (window_) window_->PutPageText(text);
 }
 
 }  // namespace td

@@ -1,13 +1,19 @@
 // A print window on Qt, shown or not.
 #pragma once
 
+#include <exception>
 #include <map>
+#include <memory>
+#include <optional>
 #include <string>
 
 #include "barcodes/zint_barcode.h"
 #include "page_document/page_document.h"
 #include "platform/windows.h"
+#include "qt/preview/preview_window.h"
 #include "qt/system/desktop_host.h"
+
+class QEventLoop;
 
 namespace td {
 
@@ -45,15 +51,27 @@ class QtPrintFrame : public PrintFrame {
   void Unload() override;
 
   void EnableButton(std::string_view key, bool enabled) override;
-  void PutPageText(const std::string& text) override { pageText_ = text; }
+  void PutPageText(const std::string& text) override;
 
  private:
+  void MakeWindow();
+  void Activate();
+  void PressButton(std::string_view key);
+  void ShowFailure(const std::exception_ptr& failure);
+
+  Messages& messages_;
   DesktopHost host_;
   ReportingDocument document_;
   ZintBarcode barcode_;
   PrintFrameEvents events_;
   std::map<std::string, bool, std::less<>> enabledButtons_;
-  std::string pageText_;
+  std::optional<std::string> pageText_;    // none: the window's own text stands
+  std::unique_ptr<PreviewWindow> window_;  // while it is shown
+  QEventLoop* loop_ = nullptr;             // while it is shown
+  bool isLoaded_ = false;
+  bool isUnloaded_ = false;
+  bool wasActivated_ = false;
+  std::exception_ptr failureOfActivation_;
 };
 
 }  // namespace td

@@ -1,0 +1,57 @@
+// The page-setup dialog.
+#pragma once
+
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "page_document/page_document.h"
+#include "qt/preview/length_field.h"
+#include "qt/preview/sheet_picture.h"
+
+namespace td {
+
+// Shows a document's paper, orientation, margins and printer. A sheet without an area, and margins
+// that leave nothing of it, can't be confirmed; the dialog then says why.
+class PageSetupDialog : public QDialog {
+ public:
+  // Reads the document's properties; it outlives the dialog.
+  PageSetupDialog(PageDocument& document, QWidget* parent);
+
+  // Puts the choices into the document. To be called after the user has confirmed. Fails with
+  // kInvalidProperty when the chosen printer has gone meanwhile; the rest is then put all the same.
+  void Apply();
+
+ private:
+  void MakeFields();
+  void LayOutFields();
+  void ConnectFields();
+  void FillPrinters();
+  void FillPapers();
+  void PaperChosen();
+  void Check();
+  [[nodiscard]] QString Objection() const;
+  [[nodiscard]] std::int32_t PaperCode() const;
+  [[nodiscard]] QSizeF SheetAsRead() const;
+  [[nodiscard]] SheetMargins Margins() const;
+
+  PageDocument& document_;
+  QComboBox* printer_ = nullptr;
+  QComboBox* paper_ = nullptr;
+  LengthField* width_ = nullptr;
+  LengthField* height_ = nullptr;
+  QRadioButton* portrait_ = nullptr;
+  QRadioButton* landscape_ = nullptr;
+  LengthField* left_ = nullptr;
+  LengthField* top_ = nullptr;
+  LengthField* right_ = nullptr;
+  LengthField* bottom_ = nullptr;
+  SheetPicture* picture_ = nullptr;
+  QLabel* objection_ = nullptr;
+  QPushButton* confirm_ = nullptr;
+  QPushButton* cancel_ = nullptr;
+};
+
+}  // namespace td
