@@ -13,8 +13,9 @@
 #include <utility>
 
 #include "memory_rows/text_repair.h"
+#include "sql_support/database_failure.h"
+#include "sql_support/sql_scanner.h"
 #include "sqlite/sql_dialect.h"
-#include "sqlite/sql_scanner.h"
 #include "sqlite/sqlite_failure.h"
 #include "sqlite/sqlite_functions.h"
 
@@ -156,7 +157,7 @@ Session::Prepared& Session::Find(const std::string& sql) {
 }
 
 Session::Prepared Session::Prepare(const std::string& sql) const {
-  if (sql.find('\0') != std::string::npos) throw DatabaseFailure("语句里有空字符");
+  CheckStatementText(sql);
   const std::string text = ToSqliteDialect(sql);
   if (text.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
     throw DatabaseFailure("语句太长");

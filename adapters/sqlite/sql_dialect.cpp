@@ -1,6 +1,6 @@
 #include "sqlite/sql_dialect.h"
 
-#include "sqlite/sql_scanner.h"
+#include "sql_support/sql_scanner.h"
 
 namespace td {
 namespace {

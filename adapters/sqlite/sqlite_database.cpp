@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "memory_rows/memory_recordset.h"
+#include "sql_support/database_failure.h"
 #include "sqlite/session_pool.h"
-#include "sqlite/sqlite_failure.h"
 
 namespace td {
 namespace {

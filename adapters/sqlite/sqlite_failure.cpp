@@ -2,12 +2,10 @@
 
 #include <sqlite3.h>
 
-#include "memory_rows/text_repair.h"
+#include "sql_support/database_failure.h"
 
 namespace td {
 namespace {
-
-constexpr const char* kLead = "数据库错误：";
 
 // Only what passes when the other user is done: a retry of anything else would never end.
 bool IsLockConflict(int code) {
@@ -17,16 +15,9 @@ bool IsLockConflict(int code) {
 
 }  // namespace
 
-Failure DatabaseFailure(const std::string& description) {
-  return {kDatabaseFailed, WithoutLockCharacter(kLead + ValidUtf8(description))};
-}
-
 Failure EngineFailure(sqlite3* engine) {
-  const std::string words = WithoutLockCharacter(ValidUtf8(sqlite3_errmsg(engine)));
-  if (IsLockConflict(sqlite3_extended_errcode(engine))) {
-    return {kDatabaseFailed, std::string(kLead) + "数据库被锁定（" + words + "）"};
-  }
-  return DatabaseFailure(words);
+  const bool locked = IsLockConflict(sqlite3_extended_errcode(engine));
+  return locked ? LockedFailure(sqlite3_errmsg(engine)) : DatabaseFailure(sqlite3_errmsg(engine));
 }
 
 }  // namespace td

@@ -1,4 +1,4 @@
-#include "sqlite/sql_scanner.h"
+#include "sql_support/sql_scanner.h"
 
 #include <algorithm>
 
