@@ -6,7 +6,7 @@ include(cmake/PublicHeaders.cmake)
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/QbTdPrinter)
 set(libraries
   td_logic td_memory_rows td_page_document td_render td_qt_pictures td_qt_preview td_qt_system
-  td_sqlite td_barcodes
+  td_sql_support td_sqlite td_barcodes
   td_desktop)
 foreach(l ${libraries})
   if(NOT TARGET ${l})
