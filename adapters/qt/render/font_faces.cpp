@@ -41,8 +41,9 @@ ShapedLine Shape(const QString& text, const QFont& font) {
   layout.endLayout();
   if (!line.isValid()) return {};
   const QList<QGlyphRun> runs = line.glyphRuns();
+  // Qt draws boxes for missing characters, with a font that has no tables or with glyph 0.
   return {line.naturalTextWidth(), std::ranges::none_of(runs, [](const QGlyphRun& run) {
-            return run.glyphIndexes().contains(0);
+            return run.glyphIndexes().contains(0) || run.rawFont().fontTable("cmap").isEmpty();
           })};
 }
 
