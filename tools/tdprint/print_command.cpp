@@ -4,6 +4,7 @@
 #include <string>
 
 #include "complaint.h"
+#include "component_folder.h"
 #include "desktop/desktop_platform.h"
 #include "page_document/page_document.h"
 #include "platform/failure.h"
@@ -83,11 +84,13 @@ void WriteFiles(const PageDocument& document, const PrintArguments& arguments) {
 }
 
 ExitStatus Print(const PrintArguments& arguments) {
+  const ComponentFolder folder;
   Progress progress;
   bool delivered = false;
   DesktopOptions options;
   options.printer = arguments.printer;
   options.messages = MessageMode::kStandardError;
+  options.componentFolder = folder.Path();
   options.onPage = [&progress](int page) { progress.PageFinished(page); };
   options.onPrinted = [&delivered] { delivered = true; };
   if (GoesToFiles(arguments)) {
