@@ -89,6 +89,14 @@ TEST(PictureDecoder, BombsAreRefusedWithTheirSizeBeforeTheyTakeMemory) {
   EXPECT_LT(usage.ru_maxrss, 1 << 20) << "kilobytes";
 }
 
+TEST(PictureDecoder, APartThatClaimsToBeHugeTakesNoMemory) {
+  Bytes png = SamplePicture("png", 4, 4);
+  constexpr std::size_t kFirstPartBehindTheHeader = 33;
+  png.at(kFirstPartBehindTheHeader) = std::byte{0x60};  // 1.6 gigabytes
+  const std::string description = ExpectFailure(kInvalidPicture, [&] { (void)DecodePicture(png); });
+  EXPECT_NE(description.find("不完整"), std::string::npos) << description;
+}
+
 TEST(PictureDecoder, TheLargestPictureThatFitsIsDecoded) {
   constexpr int kSide = 5792;  // squared and times four, just below 128 MB
   EXPECT_EQ(DecodePicture(SamplePicture("png", kSide, kSide)).image.width(), kSide);

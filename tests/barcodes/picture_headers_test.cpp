@@ -73,8 +73,8 @@ TEST(PictureHeaders, APhotographsResolutionFollowsItsTurn) {
 }
 
 TEST(PictureHeaders, AFileThatEndsEarlyIsIncomplete) {
-  for (const Bytes& file :
-       {SamplePicture("jpeg", 40, 40), SamplePicture("bmp", 40, 40), SampleGif()}) {
+  for (const Bytes& file : {SamplePicture("jpeg", 40, 40), SamplePicture("bmp", 40, 40),
+                            SamplePicture("png", 40, 40), SampleGif()}) {
     EXPECT_TRUE(IsComplete(file));
     EXPECT_FALSE(IsComplete(Shortened(file, file.size() / 2)));
     EXPECT_FALSE(IsComplete(Shortened(file, file.size() - 3)));
@@ -82,7 +82,8 @@ TEST(PictureHeaders, AFileThatEndsEarlyIsIncomplete) {
 }
 
 TEST(PictureHeaders, BytesBehindThePictureDoNoHarm) {
-  for (Bytes file : {SamplePicture("jpeg", 40, 40), SamplePicture("bmp", 40, 40), SampleGif()}) {
+  for (Bytes file : {SamplePicture("jpeg", 40, 40), SamplePicture("bmp", 40, 40),
+                     SamplePicture("png", 40, 40), SampleGif()}) {
     file.resize(file.size() + 100);
     EXPECT_TRUE(IsComplete(file));
   }

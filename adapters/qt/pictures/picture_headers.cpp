@@ -145,17 +145,28 @@ bool JpegIsComplete(const ByteView& jpeg) {
 
 // --- PNG
 
-PictureResolution PngResolution(const ByteView& png) {
-  constexpr std::size_t kSignature = 8;
+constexpr std::size_t kFirstPngChunk = 8;
+
+std::size_t NextPngChunk(const ByteView& png, std::size_t at) {
   constexpr std::size_t kAroundData = 12;  // length, name and checksum
-  for (std::size_t at = kSignature; at < png.Size() && !png.Holds(at + 4, "IDAT");
-       at += kAroundData + png.U32(at)) {
+  return at + kAroundData + png.U32(at);
+}
+
+PictureResolution PngResolution(const ByteView& png) {
+  for (std::size_t at = kFirstPngChunk; at < png.Size() && !png.Holds(at + 4, "IDAT");
+       at = NextPngChunk(png, at)) {
     constexpr int kPerMetre = 1;
     if (png.Holds(at + 4, "pHYs") && png.U8(at + 16) == kPerMetre) {
       return {png.U32(at + 8) * kMetresPerInch, png.U32(at + 12) * kMetresPerInch};
     }
   }
   return {};
+}
+
+bool PngIsComplete(const ByteView& png) {
+  std::size_t at = kFirstPngChunk;
+  while (at < png.Size() && !png.Holds(at + 4, "IEND")) at = NextPngChunk(png, at);
+  return NextPngChunk(png, at) <= png.Size();
 }
 
 // --- BMP
@@ -267,6 +278,7 @@ bool IsComplete(const Bytes& file) {
     case PictureFormat::kGif:
       return GifIsComplete(ByteView(file, Order::kLittleEndian));
     case PictureFormat::kPng:
+      return PngIsComplete(ByteView(file));
     case PictureFormat::kTiff:
     case PictureFormat::kUnknown:
       break;

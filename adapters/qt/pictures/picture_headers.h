@@ -29,8 +29,9 @@ struct PictureResolution {
 };
 [[nodiscard]] PictureResolution ResolutionOf(const Bytes& file);
 
-// False when a JPEG, GIF or BMP file ends before its picture does. Decoders fill the missing part
-// with some colour and report no error. True for the other formats, whose decoders do report it.
+// False when a file ends before its picture does. Most decoders fill the missing part with some
+// colour and report no error, and the PNG one first reserves what a cut part claims to hold. Always
+// true for TIFF files, whose parts stand in any order.
 [[nodiscard]] bool IsComplete(const Bytes& file);
 
 }  // namespace td

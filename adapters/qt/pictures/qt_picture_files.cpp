@@ -48,9 +48,10 @@ std::string NativePath(const std::string& path) {
 // A 锁 in a description would make its readers take the failure for a lock conflict.
 std::string Shown(std::string text) {
   constexpr std::string_view kLockCharacter = "锁";
+  constexpr std::string_view kHarmlessTwin = "鎖";
   for (std::size_t at = text.find(kLockCharacter); at != text.npos;
        at = text.find(kLockCharacter, at)) {
-    text.replace(at, kLockCharacter.size(), "?");
+    text.replace(at, kLockCharacter.size(), kHarmlessTwin);
   }
   return text;
 }
