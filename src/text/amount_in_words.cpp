@@ -1,5 +1,6 @@
 #include "text/amount_in_words.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -59,6 +60,22 @@ std::string CollapseZeros(std::string text) {
   return text;
 }
 
+// What is no letter of the table is final already.
+std::string InFinalCharacters(std::string_view text) {
+  std::string result;
+  for (const char c : text) {
+    const auto* const found =
+        std::find_if(kFinalCharacters.begin(), kFinalCharacters.end(),
+                     [c](const auto& replacement) { return replacement.first == c; });
+    if (found == kFinalCharacters.end()) {
+      result += c;
+    } else {
+      result += found->second;
+    }
+  }
+  return result;
+}
+
 }  // namespace
 
 std::string AmountInWords(double amount) {
@@ -76,11 +93,8 @@ std::string AmountInWords(double amount) {
   text = Replace(text, "0w", "w");
   // An amount under one yuan has no yuan at all.
   text = Replace(text, "0.", integerDigits.size() == 1 ? "" : ".");
-  for (const auto& [letter, character] : kFinalCharacters) {
-    text = Replace(text, std::string_view(&letter, 1), character);
-  }
   // The sign is that of the amount passed in, even if it rounds to zero.
-  return (amount < 0.0 ? "(负)" : "") + text;
+  return (amount < 0.0 ? "(负)" : "") + InFinalCharacters(text);
 }
 
 }  // namespace td

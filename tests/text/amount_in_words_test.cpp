@@ -131,7 +131,7 @@ TEST(BothReadings, AgreeOnHalvesAtTheThirdDecimal) {
 // Amounts of all lengths up to 10^15, with many zeros among their digits.
 TEST(BothReadings, AgreeOnRandomAmounts) {
   constexpr unsigned kSeed = 20240501;
-  constexpr int kAmounts = 400'000;
+  constexpr int kAmounts = 300'000;
   std::mt19937_64 random(kSeed);
   for (int i = 0; i < kAmounts; ++i) {
     const auto digits = static_cast<int>(random() % 17) + 1;
