@@ -3,7 +3,7 @@
 #include <exception>
 #include <fstream>
 #include <iostream>
-#include <iterator>
+#include <sstream>
 #include <string>
 #include <string_view>
 
@@ -17,11 +17,12 @@ constexpr std::string_view kUsage = "usage: td_replay SCENARIO.json";
 
 std::string ReadFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
-  std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-  if (!file.is_open() || file.bad()) {
+  std::ostringstream text;
+  text << file.rdbuf();
+  if (!file.is_open() || file.bad() || text.bad()) {
     throw td::recording::ScenarioError("the file can't be read");
   }
-  return text;
+  return text.str();
 }
 
 int Run(const std::string& path) {
