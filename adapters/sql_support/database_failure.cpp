@@ -21,9 +21,12 @@ Failure LockedFailure(std::string_view engineWords) {
   return {kDatabaseFailed, std::string(kLead) + "数据库被锁定（" + Clean(engineWords) + "）"};
 }
 
-void CheckStatementText(const std::string& sql) {
-  // Engines take a NUL for the end, and would run what stands before it.
-  if (sql.find('\0') != std::string::npos) throw DatabaseFailure("语句里有空字符");
+Failure NoStatement() {
+  return DatabaseFailure("没有语句");
+}
+
+Failure TextBehindStatement() {
+  return DatabaseFailure("语句结束之后还有文字，没有执行");
 }
 
 }  // namespace td

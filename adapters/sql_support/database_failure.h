@@ -1,6 +1,7 @@
 // The failures of the databases.
 #pragma once
 
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -15,7 +16,18 @@ namespace td {
 // its description, and no other, holds 锁.
 [[nodiscard]] Failure LockedFailure(std::string_view engineWords);
 
-// Fails on what cannot be one statement, before an engine sees it.
-void CheckStatementText(const std::string& sql);
+// A request without any statement, and one with something behind its statement.
+[[nodiscard]] Failure NoStatement();
+[[nodiscard]] Failure TextBehindStatement();
+
+// Runs `action`; lack of memory becomes a failure like any other.
+template <typename Action>
+auto WithEnoughMemory(const Action& action) {
+  try {
+    return action();
+  } catch (const std::bad_alloc&) {
+    throw Failure(kOutOfMemory, "内存不足，查询的结果太大。");
+  }
+}
 
 }  // namespace td

@@ -14,7 +14,7 @@ bool IsKeywordFunction(std::string_view word) {
 std::string ToSqliteDialect(std::string_view sql) {
   std::string result;
   result.reserve(sql.size() + 8);
-  SqlScanner scanner(sql);
+  SqlScanner scanner(sql, kSqliteLexicon);
   for (SqlToken token = scanner.Next(); token != SqlToken::kEnd; token = scanner.Next()) {
     const std::string_view text = scanner.Text();
     if (token == SqlToken::kWord && IsKeywordFunction(text) && scanner.PeekPastBlanks() == "(") {
@@ -24,20 +24,6 @@ std::string ToSqliteDialect(std::string_view sql) {
     }
   }
   return result;
-}
-
-bool IsBlank(std::string_view sql) {
-  SqlScanner scanner(sql);
-  SqlToken token = scanner.Next();
-  while (token == SqlToken::kBlank) token = scanner.Next();
-  return token == SqlToken::kEnd;
-}
-
-std::string_view FirstWord(std::string_view sql) {
-  SqlScanner scanner(sql);
-  SqlToken token = scanner.Next();
-  while (token == SqlToken::kBlank) token = scanner.Next();
-  return token == SqlToken::kWord ? scanner.Text() : std::string_view();
 }
 
 }  // namespace td

@@ -11,10 +11,4 @@ namespace td {
 // included.
 [[nodiscard]] std::string ToSqliteDialect(std::string_view sql);
 
-// Whether the text holds nothing but white space and comments.
-[[nodiscard]] bool IsBlank(std::string_view sql);
-
-// The first word of a statement, behind white space and comments; empty if it begins otherwise.
-[[nodiscard]] std::string_view FirstWord(std::string_view sql);
-
 }  // namespace td

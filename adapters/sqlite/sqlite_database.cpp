@@ -1,28 +1,18 @@
 #include "sqlite/sqlite_database.h"
 
-#include <new>
 #include <utility>
 
 #include "memory_rows/memory_recordset.h"
 #include "sql_support/database_failure.h"
-#include "sqlite/session_pool.h"
+#include "sql_support/session_pool.h"
+#include "sqlite/sqlite_session.h"
 
 namespace td {
 namespace {
 
-// Runs `action`; lack of memory becomes a failure like any other.
-template <typename Action>
-auto Guarded(const Action& action) {
-  try {
-    return action();
-  } catch (const std::bad_alloc&) {
-    throw Failure(kOutOfMemory, "内存不足，查询的结果太大。");
-  }
-}
-
 class SqliteConnection final : public Connection {
  public:
-  SqliteConnection(std::shared_ptr<SessionPool> pool, std::string connection)
+  SqliteConnection(std::shared_ptr<SessionPool<SqliteSession>> pool, std::string connection)
       : pool_(std::move(pool)),
         connection_(std::move(connection)),
         session_(pool_->Take(connection_)) {}
@@ -31,7 +21,7 @@ class SqliteConnection final : public Connection {
   ~SqliteConnection() override { pool_->GiveBack(std::move(connection_), std::move(session_)); }
 
   void Execute(const std::string& sql) override {
-    Guarded([&] {
+    WithEnoughMemory([&] {
       if (!session_->FileInPlace()) {
         throw DatabaseFailure("数据库文件已被替换或删除，请重新连接");
       }
@@ -40,20 +30,20 @@ class SqliteConnection final : public Connection {
   }
 
  private:
-  std::shared_ptr<SessionPool> pool_;
+  std::shared_ptr<SessionPool<SqliteSession>> pool_;
   std::string connection_;
-  std::unique_ptr<Session> session_;
+  std::unique_ptr<SqliteSession> session_;
 };
 
 }  // namespace
 
-SqliteDatabase::SqliteDatabase() : pool_(std::make_shared<SessionPool>()) {}
+SqliteDatabase::SqliteDatabase() : pool_(std::make_shared<SessionPool<SqliteSession>>()) {}
 
 SqliteDatabase::~SqliteDatabase() = default;
 
 RecordsetRef SqliteDatabase::OpenQuery(const std::string& connection, const std::string& sql,
                                        CursorType /*cursor*/, LockType /*lock*/) {
-  return Guarded([&]() -> RecordsetRef {
+  return WithEnoughMemory([&]() -> RecordsetRef {
     auto session = pool_->Take(connection);
     auto rows = session->Run(sql);
     pool_->GiveBack(connection, std::move(session));
@@ -62,7 +52,7 @@ RecordsetRef SqliteDatabase::OpenQuery(const std::string& connection, const std:
 }
 
 std::unique_ptr<Connection> SqliteDatabase::Connect(const std::string& connection) {
-  return Guarded([&] { return std::make_unique<SqliteConnection>(pool_, connection); });
+  return WithEnoughMemory([&] { return std::make_unique<SqliteConnection>(pool_, connection); });
 }
 
 }  // namespace td

@@ -8,6 +8,8 @@
 
 namespace td {
 
+class SqliteSession;
+template <typename Session>
 class SessionPool;
 
 // Connection texts are "sqlite:PATH" and "Provider=SQLite;Data Source=PATH"; see DatabasePath in
@@ -45,7 +47,7 @@ class SqliteDatabase final : public Database {
   std::unique_ptr<Connection> Connect(const std::string& connection) override;
 
  private:
-  std::shared_ptr<SessionPool> pool_;
+  std::shared_ptr<SessionPool<SqliteSession>> pool_;
 };
 
 }  // namespace td

@@ -6,8 +6,9 @@
 #include <thread>
 
 #include "failure_of.h"
-#include "sqlite/session_pool.h"
+#include "sql_support/session_pool.h"
 #include "sqlite/sqlite_database.h"
+#include "sqlite/sqlite_session.h"
 #include "temporary_database.h"
 
 namespace td {
@@ -31,22 +32,22 @@ class SqlitePool : public testing::Test {
 };
 
 TEST_F(SqlitePool, UsesAConnectionAgain) {
-  SessionPool pool;
+  SessionPool<SqliteSession> pool;
   auto session = pool.Take(connection_);
-  const Session* first = session.get();
+  const SqliteSession* first = session.get();
   session->Run("select a from t");
   pool.GiveBack(connection_, std::move(session));
   EXPECT_EQ(pool.Take(connection_).get(), first);
 }
 
 TEST_F(SqlitePool, GivesTwoUsersTwoConnections) {
-  SessionPool pool;
+  SessionPool<SqliteSession> pool;
   const auto first = pool.Take(connection_);
   EXPECT_NE(pool.Take(connection_).get(), first.get());
 }
 
 TEST_F(SqlitePool, DropsAConnectionAfterAFailure) {
-  Session session(path_);
+  SqliteSession session(connection_);
   EXPECT_TRUE(session.Reusable());
   EXPECT_THROW(session.Run("select nothing"), Failure);
   EXPECT_FALSE(session.Reusable());

@@ -37,18 +37,5 @@ TEST(SqliteDialect, GoesOnBehindTextsAndComments) {
             "select '--',\"left\"(a,1),\"'\",\"left\"(b,1) /*'*/ ,\"left\"(c,1)");
 }
 
-TEST(SqliteDialect, TellsWhetherATextIsBlank) {
-  EXPECT_TRUE(IsBlank(""));
-  EXPECT_TRUE(IsBlank(" \r\n\t-- all comment\n/* more ; */"));
-  EXPECT_FALSE(IsBlank(" ;"));
-  EXPECT_FALSE(IsBlank("-- c\n x"));
-}
-
-TEST(SqliteDialect, FindsTheFirstWord) {
-  EXPECT_EQ(FirstWord(" /* with */ Update TDBill"), "Update");
-  EXPECT_EQ(FirstWord("(select 1)"), "");
-  EXPECT_EQ(FirstWord(""), "");
-}
-
 }  // namespace
 }  // namespace td

@@ -1,9 +1,8 @@
-#include "sqlite/session.h"
+#include "sqlite/sqlite_session.h"
 
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstddef>
 #include <filesystem>
@@ -14,7 +13,8 @@
 
 #include "memory_rows/text_repair.h"
 #include "sql_support/database_failure.h"
-#include "sql_support/sql_scanner.h"
+#include "sql_support/statement_text.h"
+#include "sqlite/connection_text.h"
 #include "sqlite/sql_dialect.h"
 #include "sqlite/sqlite_failure.h"
 #include "sqlite/sqlite_functions.h"
@@ -23,7 +23,6 @@ namespace td {
 namespace {
 
 constexpr int kLockWaitMilliseconds = 200;
-constexpr std::size_t kPreparedStatements = 32;
 
 Failure OpenFailure(const std::string& path, int systemError, const std::string& engineWords) {
   const std::string name = "“" + path + "”";
@@ -33,15 +32,6 @@ Failure OpenFailure(const std::string& path, int systemError, const std::string&
   if (systemError == EISDIR) return DatabaseFailure(name + "不是普通文件");
   if (systemError == EACCES) return DatabaseFailure("没有权限打开数据库文件" + name);
   return DatabaseFailure("打不开数据库文件" + name + "（" + engineWords + "）");
-}
-
-// A statement of another kind may change the connection itself.
-bool LeavesNothingBehind(std::string_view sql) {
-  constexpr std::array<std::string_view, 7> kPlain = {"select", "with",   "values", "insert",
-                                                      "update", "delete", "replace"};
-  const std::string_view word = FirstWord(sql);
-  return std::any_of(kPlain.begin(), kPlain.end(),
-                     [word](std::string_view plain) { return EqualWords(plain, word); });
 }
 
 Value ReadValue(sqlite3_stmt* statement, int column) {
@@ -80,21 +70,21 @@ ColumnNamesRef ReadColumns(sqlite3_stmt* statement) {
 
 }  // namespace
 
-void Session::EngineCloser::operator()(sqlite3* engine) const {
+void SqliteSession::EngineCloser::operator()(sqlite3* engine) const {
   sqlite3_close_v2(engine);
 }
 
-void Session::StatementCloser::operator()(sqlite3_stmt* statement) const {
+void SqliteSession::StatementCloser::operator()(sqlite3_stmt* statement) const {
   sqlite3_finalize(statement);
 }
 
-Session::Session(std::string path) : path_(std::move(path)) {
+SqliteSession::SqliteSession(const std::string& connection) : path_(DatabasePath(connection)) {
   Open();
 }
 
-Session::~Session() = default;
+SqliteSession::~SqliteSession() = default;
 
-void Session::Open() {
+void SqliteSession::Open() {
   const auto stamp = StampOf(path_);
   if (!stamp) throw OpenFailure(path_, errno, std::generic_category().message(errno));
   stamp_ = *stamp;
@@ -124,18 +114,19 @@ void Session::Open() {
   if (read != SQLITE_OK) throw EngineFailure(engine);
 }
 
-bool Session::FileUnchanged() const {
+bool SqliteSession::Usable() const {
   return StampOf(path_) == stamp_;
 }
 
-bool Session::FileInPlace() const {
+bool SqliteSession::FileInPlace() const {
   const auto stamp = StampOf(path_);
   return stamp && stamp->SameFile(stamp_);
 }
 
-std::shared_ptr<const MemoryRows> Session::Run(const std::string& sql) {
+std::shared_ptr<const MemoryRows> SqliteSession::Run(const std::string& sql) {
   const bool wasReusable = std::exchange(reusable_, false);  // stays so when a failure leaves
-  Prepared& prepared = Find(sql);
+  Prepared* const kept = prepared_.Find(sql);
+  Prepared& prepared = kept != nullptr ? *kept : prepared_.Add(sql, Prepare(sql));
   const auto reset = [](sqlite3_stmt* statement) { sqlite3_reset(statement); };
   const std::unique_ptr<sqlite3_stmt, decltype(reset)> resetAtEnd(prepared.handle.get(), reset);
   auto rows = Step(prepared);
@@ -144,20 +135,8 @@ std::shared_ptr<const MemoryRows> Session::Run(const std::string& sql) {
   return rows;
 }
 
-Session::Prepared& Session::Find(const std::string& sql) {
-  auto found = std::find_if(prepared_.begin(), prepared_.end(),
-                            [&sql](const Prepared& prepared) { return prepared.sql == sql; });
-  if (found == prepared_.end()) {
-    Prepared prepared = Prepare(sql);
-    if (prepared_.size() == kPreparedStatements) prepared_.pop_back();
-    found = prepared_.insert(prepared_.end(), std::move(prepared));
-  }
-  std::rotate(prepared_.begin(), found, found + 1);
-  return prepared_.front();
-}
-
-Session::Prepared Session::Prepare(const std::string& sql) const {
-  CheckStatementText(sql);
+SqliteSession::Prepared SqliteSession::Prepare(const std::string& sql) const {
+  CheckNoNul(sql);
   const std::string text = ToSqliteDialect(sql);
   if (text.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
     throw DatabaseFailure("语句太长");
@@ -169,14 +148,13 @@ Session::Prepared Session::Prepare(const std::string& sql) const {
   Prepared prepared;
   prepared.handle.reset(statement);
   if (code != SQLITE_OK) throw EngineFailure(engine_.get());
-  if (statement == nullptr) throw DatabaseFailure("没有语句");
-  if (!IsBlank(tail)) throw DatabaseFailure("语句结束之后还有文字，没有执行");
-  prepared.sql = sql;
-  prepared.leavesNothingBehind = LeavesNothingBehind(sql);
+  if (statement == nullptr) throw NoStatement();
+  if (!IsBlankSql(tail, kSqliteLexicon)) throw TextBehindStatement();
+  prepared.leavesNothingBehind = LeavesNothingBehind(sql, kSqliteLexicon);
   return prepared;
 }
 
-std::shared_ptr<const MemoryRows> Session::Step(Prepared& prepared) const {
+std::shared_ptr<const MemoryRows> SqliteSession::Step(Prepared& prepared) const {
   sqlite3_stmt* statement = prepared.handle.get();
   int code = sqlite3_step(statement);
   if (code != SQLITE_ROW && code != SQLITE_DONE) throw EngineFailure(engine_.get());

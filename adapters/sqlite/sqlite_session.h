@@ -3,9 +3,9 @@
 
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "memory_rows/memory_recordset.h"
+#include "sql_support/statement_cache.h"
 #include "sqlite/file_stamp.h"
 
 struct sqlite3;
@@ -13,14 +13,14 @@ struct sqlite3_stmt;
 
 namespace td {
 
-class Session {
+class SqliteSession {
  public:
-  // Opens an existing file, read-only if it may not be written, and reads from it once, so that a
-  // file that is no database fails here. Never creates a file.
-  explicit Session(std::string path);
-  ~Session();
-  Session(const Session&) = delete;
-  Session& operator=(const Session&) = delete;
+  // Opens the existing file that a connection text names, read-only if it may not be written, and
+  // reads from it once, so that a file that is no database fails here. Never creates a file.
+  explicit SqliteSession(const std::string& connection);
+  ~SqliteSession();
+  SqliteSession(const SqliteSession&) = delete;
+  SqliteSession& operator=(const SqliteSession&) = delete;
 
   // Runs one statement to its end, waiting a short while for a lock. Returns its rows, or nothing
   // for a statement that delivers none. No lock is held afterwards.
@@ -28,7 +28,7 @@ class Session {
 
   // Whether the path still leads to the file that was opened, and that file is as this session
   // last saw it.
-  [[nodiscard]] bool FileUnchanged() const;
+  [[nodiscard]] bool Usable() const;
   // Whether the path still leads to the file that was opened.
   [[nodiscard]] bool FileInPlace() const;
 
@@ -44,7 +44,6 @@ class Session {
     void operator()(sqlite3_stmt* statement) const;
   };
   struct Prepared {
-    std::string sql;
     std::unique_ptr<sqlite3_stmt, StatementCloser> handle;
     ColumnNamesRef columns;
     int preparations = 0;  // how often the engine had prepared it anew when `columns` was read
@@ -52,14 +51,13 @@ class Session {
   };
 
   void Open();
-  Prepared& Find(const std::string& sql);
   [[nodiscard]] Prepared Prepare(const std::string& sql) const;
   std::shared_ptr<const MemoryRows> Step(Prepared& prepared) const;
 
   std::string path_;
   FileStamp stamp_;
   std::unique_ptr<sqlite3, EngineCloser> engine_;
-  std::vector<Prepared> prepared_;  // the last used first
+  StatementCache<Prepared> prepared_;
   bool reusable_ = true;
 };
 

@@ -1,0 +1,99 @@
+#include <gtest/gtest.h>
+
+#include "failure_of.h"
+#include "sql_support/connection_entries.h"
+#include "sql_support/statement_text.h"
+
+namespace td {
+namespace {
+
+constexpr SqlLexicon kPlain{};
+
+// The pieces of a statement, parted by bars; quoted ones in angle brackets, blanks left out.
+std::string Pieces(std::string_view sql, const SqlLexicon& lexicon) {
+  std::string result;
+  SqlScanner scanner(sql, lexicon);
+  for (SqlToken token = scanner.Next(); token != SqlToken::kEnd; token = scanner.Next()) {
+    if (token == SqlToken::kBlank) continue;
+    if (!result.empty()) result += '|';
+    const std::string text(scanner.Text());
+    result += token == SqlToken::kQuoted ? "<" + text + ">" : text;
+  }
+  return result;
+}
+
+TEST(SqlScanner, TakesTextsAndNamesInQuotesWhole) {
+  EXPECT_EQ(Pieces("a 'it''s' \"x\"\"y\" 'open", kPlain), "a|<'it''s'>|<\"x\"\"y\">|<'open>");
+}
+
+TEST(SqlScanner, KnowsTheQuotesOfEachEngine) {
+  EXPECT_EQ(Pieces("[a;b]c", kPlain), "[|a|;|b|]|c");
+  EXPECT_EQ(Pieces("[a;]]c", {.brackets = true}), "<[a;]>|]|c");
+  EXPECT_EQ(Pieces("[a]];b]c", {.brackets = true, .doubledBrackets = true}), "<[a]];b]>|c");
+  EXPECT_EQ(Pieces("`a``;`", {.backquotes = true}), "<`a``;`>");
+  EXPECT_EQ(Pieces("`a`", kPlain), "`|a|`");
+}
+
+TEST(SqlScanner, KnowsDollarQuotes) {
+  constexpr SqlLexicon kDollars{.dollarQuotes = true};
+  EXPECT_EQ(Pieces("$$a;'b$$ c", kDollars), "<$$a;'b$$>|c");
+  EXPECT_EQ(Pieces("$f$a;$$;$f$ c", kDollars), "<$f$a;$$;$f$>|c");
+  EXPECT_EQ(Pieces("a$$b;c$$", kDollars), "a$$b|;|c$$");
+  EXPECT_EQ(Pieces("$1;$2", kDollars), "$1|;|$2");
+  EXPECT_EQ(Pieces("$1$;$1$", kDollars), "$1$|;|$1$");
+}
+
+TEST(SqlScanner, KnowsEscapeTexts) {
+  constexpr SqlLexicon kEscapes{.escapeTexts = true};
+  EXPECT_EQ(Pieces("E'a\\';b''c' d", kEscapes), "<E'a\\';b''c'>|d");
+  EXPECT_EQ(Pieces("'a\\';e 'x'", kEscapes), "<'a\\'>|;|e|<'x'>");
+  EXPECT_EQ(Pieces("e'a\\';", kPlain), "e|<'a\\'>|;");
+}
+
+TEST(SqlScanner, KnowsTheCommentsOfEachEngine) {
+  EXPECT_EQ(Pieces("a--b;\nc /* d /* e */ f */ g", kPlain), "a|c|f|*|/|g");
+  EXPECT_EQ(Pieces("c /* d /* e */ f */ g", {.nestedComments = true}), "c|g");
+  EXPECT_EQ(Pieces("/* open /* */", {.nestedComments = true}), "");
+  EXPECT_EQ(Pieces("a # b;\nc", {.hashComments = true}), "a|c");
+  constexpr SqlLexicon kGuarded{.guardedComments = true};
+  EXPECT_EQ(Pieces("1--1;2 -- x\n3 --", kGuarded), "1|-|-|1|;|2|3");
+  EXPECT_EQ(Pieces("/*! a */ /*M!b*/ /*c*/", kGuarded), "/|*|!|a|*|/|/|*|M|!|b|*|/");
+}
+
+TEST(StatementText, EndsAtItsSemicolon) {
+  CheckOneStatement("update t set a=';' ; -- all\n /* done; */ ", kPlain);
+  CheckOneStatement("select 1", kPlain);
+  for (const char* sql :
+       {"select 1;select 2", "select 1;;", "", " ; ", "-- select 1", ";select 1"}) {
+    EXPECT_EQ(FailureOf([sql] { CheckOneStatement(sql, kPlain); }).Number(), kDatabaseFailed)
+        << sql;
+  }
+}
+
+TEST(StatementText, TellsWhetherATextIsBlank) {
+  EXPECT_TRUE(IsBlankSql("", kPlain));
+  EXPECT_TRUE(IsBlankSql(" \r\n\t-- all comment\n/* more ; */", kPlain));
+  EXPECT_FALSE(IsBlankSql(" ;", kPlain));
+  EXPECT_FALSE(IsBlankSql("-- c\n x", kPlain));
+}
+
+TEST(StatementText, TellsStatementsThatLeaveNothingBehind) {
+  EXPECT_TRUE(LeavesNothingBehind(" /* begin */ Update TDBill set FSelected=0", kPlain));
+  EXPECT_TRUE(LeavesNothingBehind("SELECT 1", kPlain));
+  EXPECT_FALSE(LeavesNothingBehind("begin", kPlain));
+  EXPECT_FALSE(LeavesNothingBehind("create temp table t(a)", kPlain));
+  EXPECT_FALSE(LeavesNothingBehind("(select 1)", kPlain));
+}
+
+TEST(ConnectionEntries, ReadValuesInQuotesAndBraces) {
+  const auto entries = ReadConnectionEntries("Driver={a;}}b} ; PWD=\"x\"\"y;\";;Server = h 1 ");
+  ASSERT_EQ(entries.size(), 3U);
+  EXPECT_EQ(entries[0].key, "Driver");
+  EXPECT_EQ(entries[0].value, "a;}b");
+  EXPECT_EQ(entries[1].value, "x\"y;");
+  EXPECT_EQ(entries[2].key, "Server");
+  EXPECT_EQ(entries[2].value, "h 1");
+}
+
+}  // namespace
+}  // namespace td
