@@ -110,8 +110,8 @@ TEST(BillLoop, AtABillBreakPicturesShowTheNextBillAndPlainTextsTheEndingOne) {
   scenario.FieldItem("FTotal", {{"FSite", 5}});
   scenario.FieldItem("FSum", {{"FSite", 5}, {"FFormatString", "0.00"}});
   scenario.Data({"FInterID", "FTotal", "FSum"}, {{1, "一", 1}, {2, "二", 2}});
-  EXPECT_EQ(scenario.Run().TextsByPage(), (Pages{{"一", "2.00"}, {"二", "2"}}))
-      << "behind the last row the parked clone serves";
+  EXPECT_EQ(scenario.Run().TextsByPage(), (Pages{{"一", "2.00"}, {"二", "2.00"}}))
+      << "the first sum is the next bill's; behind the last row the parked clone serves";
 }
 
 TEST(BillLoop, TheCloneIsParkedOnTheFirstRowOfTheBillInProgress) {

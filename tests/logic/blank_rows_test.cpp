@@ -28,8 +28,8 @@ TEST(BlankRows, AreSpentByTheRun) {
   scenario.Print();
   const Trace trace = scenario.Run();
   EXPECT_EQ(trace.After(1).at("PrintBlankRows"), 0);
-  EXPECT_EQ(trace.TextsByPage().back(),
-            (std::vector<std::string>{"列", "行1", "行2", "行3", "行4", "行5", "计", "脚"}));
+  EXPECT_EQ(trace.Texts(), (std::vector<std::string>{"行4", "行5", "列", "行1", "行2", "行3", "行4",
+                                                     "行5", "计", "脚"}));
 }
 
 TEST(BlankRows, LeftOverStayForTheNextRun) {

@@ -80,8 +80,9 @@ TEST(ReRuns, RowsPerPageStartAgainFromTheFormat) {
   Scenario scenario;
   scenario.Format({{"FAdjuctHeader", -600}, {"FRowsPerPage", 1}}).Bills({4});
   scenario.FieldItem("FName").Preview({kConfirmPageSetup});
-  const Pages pages = scenario.Run().TextsByPage();
-  EXPECT_EQ(pages, (Pages{{"行1"}, {"行2", "行3", "行4"}, {"行1"}, {"行2", "行3", "行4"}}));
+  std::vector<int> pages;
+  for (const Drawn& box : scenario.Run().Boxes()) pages.push_back(box.page);
+  EXPECT_EQ(pages, (std::vector<int>{1, 2, 2, 2, 1, 2, 2, 2}));
 }
 
 TEST(ReRuns, StampsOfTheRunBeforeAreWrittenAgain) {
