@@ -30,10 +30,10 @@ void SkipBlankPages(PrintRun& run) {
 void OpenDocument(PrintRun& run) {
   const Guard& guard = run.guard;
   RunState& state = run.state;
-  PrintContext& context = run.context;
 
   if (run.kind.knowsBlankRows) {
     SkipBlankPages(run);
+    run.rem = run.context.PrintBlankRows;
   }
   state.IsBodyStarted = false;
   state.AdjustRowsOnce = true;
@@ -49,7 +49,6 @@ void OpenDocument(PrintRun& run) {
   state.IsBodyStarted = true;
   state.CurrentRowTop = -state.RowHeight;
   state.OrderId = 1;
-  run.rem = context.PrintBlankRows;
 }
 
 }  // namespace td
