@@ -4,15 +4,23 @@ include(CMakePackageConfigHelpers)
 include(cmake/PublicHeaders.cmake)
 
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/QbTdPrinter)
-set(libraries
-  td_logic td_memory_rows td_page_document td_render td_qt_pictures td_qt_preview td_qt_system
-  td_sql_support td_sqlite td_barcodes
-  td_desktop)
-foreach(l ${libraries})
-  if(NOT TARGET ${l})
-    return()
+# Adds a library of this project, and those of this project that it links, to the list `found`.
+function(qbtd_add_own_libraries library found)
+  set(libraries ${${found}})
+  if(NOT library IN_LIST libraries)
+    list(APPEND libraries ${library})
+    get_target_property(links ${library} LINK_LIBRARIES)
+    foreach(link ${links})
+      if(link MATCHES "^td_")
+        qbtd_add_own_libraries(${link} libraries)
+      endif()
+    endforeach()
   endif()
-endforeach()
+  set(${found} ${libraries} PARENT_SCOPE)
+endfunction()
+
+set(libraries)
+qbtd_add_own_libraries(td_desktop libraries)
 set_target_properties(td_logic PROPERTIES EXPORT_NAME logic)
 set_target_properties(td_desktop PROPERTIES EXPORT_NAME desktop)
 install(TARGETS ${libraries} EXPORT QbTdPrinterTargets

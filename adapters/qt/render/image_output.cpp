@@ -1,5 +1,6 @@
 #include <QBuffer>
 #include <QDir>
+#include <QImage>
 #include <QPainter>
 #include <cmath>
 

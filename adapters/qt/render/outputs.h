@@ -2,12 +2,12 @@
 // fails with kInvalidCall. Paths are UTF-8.
 #pragma once
 
-#include <QImage>
 #include <string>
 #include <vector>
 
 #include "page_document/drawing.h"
 
+class QImage;
 class QPrinter;
 class QPageLayout;
 
