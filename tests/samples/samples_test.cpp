@@ -1,0 +1,336 @@
+// The sample bills, printed by tdprint into PDF files and read back by poppler: everything stands
+// where the format's rows say, to a tenth of a millimetre.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <regex>
+#include <string>
+#include <vector>
+
+#include "expected_pages.h"
+#include "printed_document.h"
+#include "program_run.h"
+#include "sample_files.h"
+#include "sample_format.h"
+#include "scratch_folder.h"
+
+namespace td {
+
+// Names the sample in the list of tests and in messages.
+void PrintTo(const SamplePrint& print, std::ostream* out) {
+  *out << print.name;
+}
+
+namespace {
+
+constexpr double kTwipsPerMillimetre = 1440 / 25.4;
+constexpr double kTolerance = 0.1 * kTwipsPerMillimetre;
+
+std::filesystem::path Samples() {
+  return std::filesystem::path(QBTD_SOURCE_DIR) / "examples";
+}
+
+// Without what separates words: blanks, the wide blank of Chinese texts included.
+std::vector<std::string> Words(std::string text) {
+  const std::string wideBlank = "　";
+  for (std::size_t at = text.find(wideBlank); at != std::string::npos; at = text.find(wideBlank)) {
+    text.replace(at, wideBlank.size(), " ");
+  }
+  std::vector<std::string> words(1);
+  for (const char letter : text) {
+    if (letter != ' ') {
+      words.back() += letter;
+    } else if (!words.back().empty()) {
+      words.emplace_back();
+    }
+  }
+  if (words.back().empty()) words.pop_back();
+  return words;
+}
+
+std::string Joined(const std::vector<std::string>& words) {
+  std::string text;
+  for (const std::string& word : words) text += word;
+  return text;
+}
+
+double CentreX(const Area& area) {
+  return area.left + area.width / 2;
+}
+double CentreY(const Area& area) {
+  return area.top + area.height / 2;
+}
+bool IsClose(double one, double other) {
+  return std::abs(one - other) <= kTolerance;
+}
+
+// Where the words of one text lie if they begin with `first`; an empty area if they do not follow.
+Area Extent(const PrintedPage& page, const PrintedWord& first,
+            const std::vector<std::string>& words) {
+  Area extent = first.area;
+  if (first.text != words.front()) return {};
+  for (std::size_t i = 1; i < words.size(); ++i) {
+    const PrintedWord* next = nullptr;
+    for (const PrintedWord& word : page.words) {
+      const bool follows = word.area.left > extent.Right() && word.text == words[i] &&
+                           IsClose(CentreY(word.area), CentreY(extent));
+      if (follows && (next == nullptr || word.area.left < next->area.left)) next = &word;
+    }
+    if (next == nullptr) return {};
+    extent.width = next->area.Right() - extent.left;
+  }
+  return extent;
+}
+
+bool StandsAt(const Area& extent, const PlacedText& expected) {
+  if (extent.width == 0) return false;
+  const Area& area = expected.area;
+  const bool isStamp = expected.item.field == "ftotalpageno";
+  if (expected.item.hasNoBox) {
+    return IsClose(extent.left, area.left) && IsClose(extent.top, area.top);
+  }
+  if (!IsClose(CentreY(extent), CentreY(area))) return false;
+  if (isStamp || expected.item.side == Side::kCentre)
+    return IsClose(CentreX(extent), CentreX(area));
+  return expected.item.side == Side::kLeft ? IsClose(extent.left, area.left)
+                                           : IsClose(extent.Right(), area.Right());
+}
+
+// All that is written inside an area, from top to bottom and left to right.
+std::string TextInside(const PrintedPage& page, const Area& area) {
+  std::vector<PrintedWord> words;
+  for (const PrintedWord& word : page.words) {
+    const bool isInside = word.area.left >= area.left - kTolerance &&
+                          word.area.Right() <= area.Right() + kTolerance &&
+                          CentreY(word.area) > area.top && CentreY(word.area) < area.Bottom();
+    if (isInside) words.push_back(word);
+  }
+  std::stable_sort(words.begin(), words.end(),
+                   [](const PrintedWord& one, const PrintedWord& other) {
+                     if (!IsClose(CentreY(one.area), CentreY(other.area)))
+                       return one.area.top < other.area.top;
+                     return one.area.left < other.area.left;
+                   });
+  std::string text;
+  for (const PrintedWord& word : words) text += Joined(Words(word.text));
+  return text;
+}
+
+::testing::AssertionResult HasText(const PrintedPage& page, const PlacedText& expected) {
+  const std::vector<std::string> words = Words(expected.text);
+  if (expected.item.wraps) {
+    const std::string found = TextInside(page, expected.area);
+    if (found == Joined(words)) return ::testing::AssertionSuccess();
+    return ::testing::AssertionFailure() << "“" << expected.text << "” reads “" << found << "”";
+  }
+  ::testing::AssertionResult failure = ::testing::AssertionFailure();
+  failure << "“" << expected.text << "” is not at " << expected.area.left << ","
+          << expected.area.top << " " << expected.area.width << "x" << expected.area.height
+          << "; its first word is at";
+  for (const PrintedWord& word : page.words) {
+    const Area extent = Extent(page, word, words);
+    if (StandsAt(extent, expected)) return ::testing::AssertionSuccess();
+    if (word.text == words.front()) failure << " " << word.area.left << "," << word.area.top;
+  }
+  return failure;
+}
+
+std::map<std::string, int> CountedCharacters(const std::string& text) {
+  std::map<std::string, int> count;
+  for (std::size_t at = 0; at < text.size();) {
+    std::size_t end = at + 1;
+    while (end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) ++end;
+    ++count[text.substr(at, end - at)];
+    at = end;
+  }
+  return count;
+}
+
+// The characters that `one` has more often than `other`.
+std::string CharactersOfOneOnly(const std::string& one, const std::string& other) {
+  const std::map<std::string, int> others = CountedCharacters(other);
+  std::string surplus;
+  for (const auto& [character, count] : CountedCharacters(one)) {
+    const auto found = others.find(character);
+    for (int i = found == others.end() ? 0 : found->second; i < count; ++i) surplus += character;
+  }
+  return surplus;
+}
+
+constexpr int kInk = 110;
+constexpr int kPaper = 250;
+
+void ExpectLine(const PageImage& page, const PlacedLine& line) {
+  for (const double share : {0.02, 0.37, 0.71, 0.98}) {
+    const double x = line.area.left + line.area.width * share;
+    const double y = line.area.top + line.area.height * share;
+    EXPECT_LT(page.DarkestNear(x, y, 0), kInk) << "no line at " << x << "," << y;
+  }
+}
+
+void ExpectNoLine(const PageImage& page, const PlacedLine& line) {
+  const double x = line.area.left + line.area.width * 0.02;
+  const double y = line.area.top + line.area.height * 0.02;
+  EXPECT_GT(page.DarkestNear(x, y, 1), kPaper) << "a line at " << x << "," << y;
+}
+
+std::string BarcodeText(const PlacedImage& image) {
+  if (image.shows == "<单号条码图>") return image.row.Text("fbillno");
+  if (image.shows == "<随机条码图>") return image.row.Text("fbillnobarcode");
+  if (image.shows == "<用户条码图>") return image.row.Text("fuserbarcode");
+  return {};
+}
+
+class SampleBill : public ::testing::TestWithParam<SamplePrint> {
+ protected:
+  void SetUp() override {
+    const SamplePrint& print = GetParam();
+    MakeSampleDatabase(Samples(), Database());
+    std::vector<std::string> command = {TDPRINT_PROGRAM, "print",
+                                        "--db",          "sqlite:" + Database().string(),
+                                        "--type",        std::to_string(print.billType),
+                                        "--format",      print.format,
+                                        "--data",        print.data,
+                                        "--blank-rows",  std::to_string(print.blankRows),
+                                        "--pdf",         Pdf().string()};
+    if (print.onlyVariant) command.push_back("--only-variant");
+    const ProgramResult result = ProgramRun(command, scratch_.Path()).Finish();
+    ASSERT_EQ(result.status, 0) << result.err;
+    format_ = ReadFormat(Database(), print.billType, print.format);
+    expected_ = ExpectPages(format_, QueryRows(Database(), print.data), print.onlyVariant,
+                            static_cast<std::size_t>(print.blankRows));
+    printed_ = ReadPages(Pdf());
+    ASSERT_EQ(printed_.size(), expected_.size());
+  }
+
+  void ExpectImage(const PageImage& page, const PlacedImage& image) const {
+    const std::string goods = image.row.Text("fitemid");
+    const double ink = page.Ink(image.area);
+    if (image.shows == "<商品图片>" &&
+        QueryRows(Database(), "select 1 from t_icitem_Picture where FItemID=" + goods).empty()) {
+      EXPECT_EQ(ink, 0) << "goods " << goods;
+      return;
+    }
+    EXPECT_GT(ink, 0.08) << image.shows << " " << goods;
+    EXPECT_LT(ink, 0.9) << image.shows << " " << goods;
+  }
+
+  [[nodiscard]] std::filesystem::path Database() const { return scratch_ / "sample.db"; }
+  [[nodiscard]] std::filesystem::path Pdf() const { return scratch_ / "bill.pdf"; }
+
+  ScratchFolder scratch_;
+  SampleFormat format_;
+  std::vector<ExpectedPage> expected_;
+  std::vector<PrintedPage> printed_;
+};
+
+TEST_P(SampleBill, WritesEveryTextAtItsPlaceAndNothingElse) {
+  for (std::size_t number = 0; number < expected_.size(); ++number) {
+    SCOPED_TRACE("page " + std::to_string(number + 1));
+    EXPECT_NEAR(printed_[number].width, format_.paperWidth, kTolerance);
+    EXPECT_NEAR(printed_[number].height, format_.paperHeight, kTolerance);
+    std::string expectedText;
+    for (const PlacedText& text : expected_[number].texts) {
+      if (Words(text.text).empty()) continue;
+      EXPECT_TRUE(HasText(printed_[number], text));
+      expectedText += Joined(Words(text.text));
+    }
+    for (const PlacedImage& image : expected_[number].images) expectedText += BarcodeText(image);
+    std::string printedText;
+    for (const PrintedWord& word : printed_[number].words) {
+      printedText += Joined(Words(word.text));
+    }
+    EXPECT_EQ(CharactersOfOneOnly(printedText, expectedText), "") << "printed too much";
+    EXPECT_EQ(CharactersOfOneOnly(expectedText, printedText), "") << "not printed";
+  }
+}
+
+TEST_P(SampleBill, CarriesTheGlyphsThatItNeedsAndNoMore) {
+  constexpr std::uintmax_t kWholeFont = 2'000'000;
+  static const std::regex embedded(" yes (yes|no) +yes +[0-9]+ +[0-9]+ *$");
+  const std::vector<std::string> fonts = ReadFonts(Pdf());
+  EXPECT_FALSE(fonts.empty());
+  for (const std::string& font : fonts) {
+    EXPECT_TRUE(std::regex_search(font, embedded)) << "not embedded: " << font;
+  }
+  EXPECT_LT(std::filesystem::file_size(Pdf()), kWholeFont);
+}
+
+TEST_P(SampleBill, DrawsItsLinesBarcodesAndPicturesAndNoLineOfThePreprintedForm) {
+  for (std::size_t number = 0; number < expected_.size(); ++number) {
+    SCOPED_TRACE("page " + std::to_string(number + 1));
+    const PageImage image(Pdf(), number + 1);
+    for (const PlacedLine& line : expected_[number].lines) ExpectLine(image, line);
+    for (const PlacedLine& line : expected_[number].leftOut) ExpectNoLine(image, line);
+    for (const PlacedImage& picture : expected_[number].images) ExpectImage(image, picture);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Samples, SampleBill, ::testing::ValuesIn(ReadSamplePrints(Samples())),
+                         [](const ::testing::TestParamInfo<SamplePrint>& print) {
+                           std::string name = print.param.name;
+                           std::replace(name.begin(), name.end(), '-', '_');
+                           return name;
+                         });
+
+TEST(SamplePrints, UseEveryFieldAndEveryImage) {
+  const ScratchFolder scratch;
+  const std::filesystem::path database = scratch / "sample.db";
+  MakeSampleDatabase(Samples(), database);
+  std::map<std::string, bool> used;
+  for (const SamplePrint& print : ReadSamplePrints(Samples())) {
+    for (const SampleItem& item : ReadFormat(database, print.billType, print.format).items) {
+      used[item.field] = true;
+      used[item.variable] = true;
+    }
+  }
+  for (const char* name : {"fpageno",
+                           "ftotalpageno",
+                           "fsumamount_dx",
+                           "fsumretailamount_dx",
+                           "fsumtax_dx",
+                           "fsumnotaxamount_dx",
+                           "fsumbzkamount_dx",
+                           "ftotalpage",
+                           "ftotalpage_1",
+                           "ftotalpagedx",
+                           "ftotalpage_1_dx",
+                           "fsumtotalpage",
+                           "ftotalpagetax",
+                           "ftotalpage_retailamount",
+                           "ftotalpage_bzkamount",
+                           "ftotalpagetax_1",
+                           "ftotalpagetax_1_dx",
+                           "ftotalpagenotaxamount",
+                           "ftotalpagenotaxamount_1",
+                           "ftotalpagenotaxamount_1_dx",
+                           "fearnest_dx",
+                           "ftotalpage_qty",
+                           "ftotalpage_sumqty",
+                           "ftotalpage_credit",
+                           "ftotalpage_debit",
+                           "ftotalpage_slaveqty",
+                           "ftotalpage_mainqty",
+                           "fpuramount_totalpage",
+                           "fsaleamount_totalpage",
+                           "fskd_totalpage",
+                           "ffkd_totalpage",
+                           "ftotalpageselffreight",
+                           "ftotalpage_mainqty_1",
+                           "ftotalpagefreight_amount",
+                           "forderid",
+                           "fcomplexqty",
+                           "fcomplexqty_in",
+                           "fcomplexqty_out",
+                           "<单号条码图>",
+                           "<随机条码图>",
+                           "<用户条码图>",
+                           "<商品图片>"}) {
+    EXPECT_TRUE(used.contains(name)) << name;
+  }
+}
+
+}  // namespace
+}  // namespace td
