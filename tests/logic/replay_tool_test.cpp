@@ -107,6 +107,18 @@ TEST_F(ReplayTool, RefusesAMissingFileAFolderAndNoFileAtAll) {
   ExpectRefused(Run("a b"));
 }
 
+TEST_F(ReplayTool, PrintsTheExampleOfItsGuide) {
+  std::ifstream file(QBTD_SOURCE_DIR "/docs/replay.md");
+  const std::string guide{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  const std::string fence = "```";
+  const std::size_t start = guide.find(fence + "json") + fence.size() + 4;
+  const std::string example = guide.substr(start, guide.find(fence, start) - start);
+  const Outcome outcome = Replay(example);
+  EXPECT_EQ(outcome.exit_code, 0) << outcome.complaint;
+  EXPECT_NE(outcome.output.find(R"("a":["螺丝",100,1000,500,200)"), std::string::npos);
+  EXPECT_NE(outcome.output.find(R"("a":["螺母",100,1300,500,200)"), std::string::npos);
+}
+
 TEST_F(ReplayTool, TellsHowItIsUsed) {
   const Outcome outcome = Run("--help");
   EXPECT_EQ(outcome.exit_code, 0);
