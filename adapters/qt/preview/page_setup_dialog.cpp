@@ -7,6 +7,7 @@
 #include <array>
 
 #include "page_document/paper.h"
+#include "qt/preview/window_font.h"
 
 namespace td {
 namespace {
@@ -47,6 +48,7 @@ void AddPaper(QComboBox& list, std::int32_t code, const QString& name, double wi
 PageSetupDialog::PageSetupDialog(PageDocument& document, QWidget* parent)
     : QDialog(parent), document_(document) {
   setWindowTitle(QStringLiteral("页面设置"));
+  setFont(FontWithChinese(font()));
   MakeFields();
   FillPrinters();
   FillPapers();

@@ -9,7 +9,7 @@
 #include <array>
 
 #include "qt/preview/toolbar_icons.h"
-#include "qt/render/fonts.h"
+#include "qt/preview/window_font.h"
 
 namespace td {
 namespace {
@@ -45,6 +45,7 @@ PreviewWindow::PreviewWindow(PageDocument& document, PreviewEvents events)
       pageText_(new QLineEdit(strip_)),
       view_(new PageView(document, this)) {
   setWindowTitle(QStringLiteral("打印预览"));
+  setFont(FontWithChinese(font()));
   AddButtons();
   AddPageText();
   auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
@@ -74,9 +75,7 @@ void PreviewWindow::AddButtons() {
 }
 
 void PreviewWindow::AddPageText() {
-  QFont font = pageText_->font();
-  font.setFamilies(FontTable::Instance().Families("宋体"));
-  pageText_->setFont(font);
+  pageText_->setFont(FontWithFamilies(font(), "宋体"));
   pageText_->setAccessibleName(QStringLiteral("页码"));
   pageText_->setObjectName(QStringLiteral("txtPageNo"));
   pageText_->setReadOnly(true);

@@ -14,12 +14,15 @@ namespace {
 struct Colours {
   QColor line;
   QColor accent;
+  QColor warning;
   QColor paper;
 };
 
 Colours ColoursOf(QIcon::Mode mode) {
-  if (mode == QIcon::Disabled) return {QColor(160, 160, 160), QColor(176, 176, 176), Qt::white};
-  return {QColor(64, 64, 64), QColor(0, 95, 184), Qt::white};
+  if (mode == QIcon::Disabled) {
+    return {QColor(160, 160, 160), QColor(176, 176, 176), QColor(176, 176, 176), Qt::white};
+  }
+  return {QColor(64, 64, 64), QColor(0, 95, 184), QColor(190, 30, 45), Qt::white};
 }
 
 void UsePen(QPainter& painter, const QColor& colour, double width) {
@@ -92,11 +95,9 @@ void DrawPrinter(QPainter& painter, const Colours& colours) {
 }
 
 void DrawExit(QPainter& painter, const Colours& colours) {
-  UsePen(painter, colours.line, 1);
-  painter.setBrush(colours.paper);
-  painter.drawRect(QRectF(1.5, 1.5, 9, 14));
-  FillShape(painter, colours.accent,
-            {{16, 8.5}, {11.5, 4.5}, {11.5, 7.2}, {6, 7.2}, {6, 9.8}, {11.5, 9.8}, {11.5, 12.5}});
+  painter.setPen(QPen(colours.warning, 2.4, Qt::SolidLine, Qt::RoundCap));
+  painter.drawLine(QPointF(4, 4), QPointF(13, 13));
+  painter.drawLine(QPointF(4, 13), QPointF(13, 4));
 }
 
 void DrawExport(QPainter& painter, const Colours& colours) {

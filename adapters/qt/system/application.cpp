@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <cerrno>
+#include <cstdio>
 #include <string>
 
 #include "platform/failure.h"
@@ -24,12 +25,32 @@ std::string WindowSystems() {
   return systems + kWithoutScreen;
 }
 
+// While it looks for a window system, Qt warns of what it doesn't find. A program that prints
+// without a screen is not to show that among its own messages.
+class QuietSearch {
+ public:
+  QuietSearch() : former_(qInstallMessageHandler(ShowOnlyErrors)) {}
+  ~QuietSearch() { qInstallMessageHandler(former_); }
+  QuietSearch(const QuietSearch&) = delete;
+  QuietSearch& operator=(const QuietSearch&) = delete;
+
+ private:
+  static void ShowOnlyErrors(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type == QtCriticalMsg || type == QtFatalMsg) {
+      std::fprintf(stderr, "%s\n", text.toUtf8().constData());
+    }
+  }
+
+  QtMessageHandler former_;
+};
+
 // Never deleted: whoever paints last in this process may do so while it ends.
 void MakeApplication() {
   static std::string option = "-platform";
   static std::string systems = WindowSystems();
   static char* arguments[] = {program_invocation_name, option.data(), systems.data(), nullptr};
   static int count = 3;
+  const QuietSearch quiet;
   static QApplication* const application = new QApplication(count, arguments);
   // The component's windows come and go; the end of the last one must not end the program.
   application->setQuitOnLastWindowClosed(false);

@@ -4,6 +4,7 @@
 #include <QMessageBox>
 #include <cstdio>
 
+#include "qt/preview/window_font.h"
 #include "qt/system/application.h"
 
 namespace td {
@@ -35,6 +36,7 @@ void MessageBoxes::ShowBox(const std::string& text, int style) {
   }
   QMessageBox box(IconOf(style), QGuiApplication::applicationDisplayName(), words,
                   QMessageBox::NoButton, QApplication::activeWindow());
+  box.setFont(FontWithChinese(box.font()));
   box.setTextFormat(Qt::PlainText);
   box.addButton(QStringLiteral("确定"), QMessageBox::AcceptRole);
   box.exec();
