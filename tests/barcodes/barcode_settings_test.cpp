@@ -1,6 +1,7 @@
 #include "barcodes/barcode_settings.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -13,7 +14,8 @@ namespace {
 
 class BarcodeSettingsTest : public testing::Test {
  protected:
-  BarcodeSettingsTest() : file_(testing::TempDir() + "barcode_settings_test.conf") {}
+  BarcodeSettingsTest()
+      : file_(testing::TempDir() + "barcode_settings_" + std::to_string(getpid()) + ".conf") {}
   ~BarcodeSettingsTest() override { std::filesystem::remove(file_); }
 
   BarcodeSettings Read(const std::string& content) {
