@@ -6,6 +6,7 @@
 #include <QTextLayout>
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 #include "render/fonts.h"
 
@@ -82,20 +83,46 @@ double FontFaces::LineHeight() {
   return Ascent() + Descent() + std::max(0.0, Primary()->raw.leading());
 }
 
+FaceGlyph FontFaces::GlyphIn(const FaceRef& face, char32_t character) const {
+  const QList<quint32> indexes = face->raw.glyphIndexesForString(QString::fromUcs4(&character, 1));
+  if (indexes.size() != 1 || indexes[0] == 0) return {};
+  return {face, indexes[0], face->raw.advancesForGlyphIndexes(indexes).at(0).x(), false};
+}
+
+bool FontFaces::HasEvenDigits(const FaceRef& face) const {
+  const double tolerance = face->size / 100;
+  const double zero = GlyphIn(face, U'0').advance;
+  return std::ranges::all_of(std::u32string_view(U"123456789"), [&](char32_t digit) {
+    return std::abs(GlyphIn(face, digit).advance - zero) <= tolerance;
+  });
+}
+
+FaceRef FontFaces::AsciiFace() {
+  for (std::size_t i = 0; !asciiFace_; ++i) {
+    const FaceRef face = FaceAt(i);
+    if (!face) {
+      asciiFace_ = Primary();
+    } else if (GlyphIn(face, U'0').face && HasEvenDigits(face)) {
+      asciiFace_ = face;
+    }
+  }
+  return asciiFace_;
+}
+
 const FaceGlyph& FontFaces::Glyph(char32_t character) {
   const auto [found, isNew] = glyphs_.try_emplace(character);
   FaceGlyph& glyph = found->second;
   if (!isNew) return glyph;
-  const QString text = QString::fromUcs4(&character, 1);
-  for (std::size_t i = 0; const FaceRef face = FaceAt(i); ++i) {
-    const QList<quint32> indexes = face->raw.glyphIndexesForString(text);
-    if (indexes.size() != 1 || indexes[0] == 0) continue;
-    const QList<QPointF> advances = face->raw.advancesForGlyphIndexes(indexes);
-    glyph = {face, indexes[0], advances.at(0).x(), false};
-    return glyph;
+  if (character >= U' ' && character <= U'~') glyph = GlyphIn(AsciiFace(), character);
+  for (std::size_t i = 0; !glyph.face; ++i) {
+    const FaceRef face = FaceAt(i);
+    if (!face) break;
+    glyph = GlyphIn(face, character);
   }
-  const ShapedLine shaped = Shape(text, Primary()->font);
-  glyph = {nullptr, 0, shaped.width, !shaped.isComplete};
+  if (!glyph.face) {
+    const ShapedLine shaped = Shape(QString::fromUcs4(&character, 1), Primary()->font);
+    glyph = {nullptr, 0, shaped.width, !shaped.isComplete};
+  }
   return glyph;
 }
 

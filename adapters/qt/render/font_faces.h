@@ -39,7 +39,9 @@ class FontFaces {
   explicit FontFaces(const TextFont& font);
 
   [[nodiscard]] FaceRef Primary() { return FaceAt(0); }
-  // The glyph of a character in the first face that has it.
+  // The glyph of a character in the first face that has it. Where the digits of the first face
+  // differ in width, so that columns of numbers would not line up, the characters of ASCII come
+  // from the first other face whose digits don't.
   [[nodiscard]] const FaceGlyph& Glyph(char32_t character);
 
   // All characters that were looked up, with their glyphs.
@@ -53,10 +55,15 @@ class FontFaces {
  private:
   // The face of the n-th family; empty behind the last.
   FaceRef FaceAt(std::size_t index);
+  [[nodiscard]] FaceGlyph GlyphIn(const FaceRef& face, char32_t character) const;
+  [[nodiscard]] bool HasEvenDigits(const FaceRef& face) const;
+  // The face that the characters of ASCII come from.
+  FaceRef AsciiFace();
 
   TextFont wanted_;
   QStringList families_;
   std::vector<FaceRef> faces_;  // loaded one by one, when a character asks for them
+  FaceRef asciiFace_;
   std::unordered_map<char32_t, FaceGlyph> glyphs_;
 };
 

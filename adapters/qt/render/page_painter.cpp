@@ -3,7 +3,6 @@
 #include <QGlyphRun>
 #include <QPaintEngine>
 #include <QPainter>
-#include <QPainterPath>
 #include <algorithm>
 #include <vector>
 
@@ -13,9 +12,6 @@
 
 namespace td {
 namespace {
-
-// Strokes around the letters of a bold that the family doesn't have, as a part of the font's size.
-constexpr double kBoldStroke = 1.0 / 30;
 
 bool WritesPdf(const QPainter& painter) {
   return painter.paintEngine()->type() == QPaintEngine::Pdf;
@@ -34,6 +30,7 @@ class PagePainter {
 
  private:
   using Glyphs = std::pair<QList<quint32>, QList<QPointF>>;
+  using FaceRun = std::pair<FaceRef, Glyphs>;
 
   void Draw(const BoxText& command) { Add(LayOut(command)); }
   void Draw(const PointText& command) { Add(LayOut(command)); }
@@ -78,8 +75,12 @@ class PagePainter {
     painter_.restore();
   }
 
-  // Glyphs wait until all texts of their face are known; other texts are drawn at once.
+  // The glyphs of texts in one face wait until all texts of that face are known. A text that mixes
+  // faces keeps its pieces in their order, or readers would extract them as separate words. Texts
+  // without glyphs are drawn at once.
   void Add(const std::vector<PlacedText>& texts) {
+    const bool isMixed = std::ranges::any_of(
+        texts, [&texts](const PlacedText& text) { return text.face != texts.front().face; });
     for (const PlacedText& text : texts) {
       if (text.glyphs.empty()) {
         painter_.setPen(colour_);
@@ -87,7 +88,7 @@ class PagePainter {
         painter_.drawText(QPointF(text.x, text.y), text.text);
         continue;
       }
-      auto& [indexes, positions] = WaitingGlyphs(text.face);
+      auto& [indexes, positions] = isMixed ? NextGlyphs(text.face) : GlyphsOf(text.face);
       double x = text.x;
       for (std::size_t i = 0; i < text.glyphs.size(); ++i) {
         indexes.append(text.glyphs[i]);
@@ -97,43 +98,41 @@ class PagePainter {
     }
   }
 
-  Glyphs& WaitingGlyphs(const FaceRef& face) {
-    const auto found = std::ranges::find(glyphs_, face, [](const auto& run) { return run.first; });
-    return found != glyphs_.end() ? found->second : glyphs_.emplace_back(face, Glyphs()).second;
+  Glyphs& GlyphsOf(const FaceRef& face) {
+    const auto found = std::ranges::find(byFace_, face, &FaceRun::first);
+    return found != byFace_.end() ? found->second : byFace_.emplace_back(face, Glyphs()).second;
+  }
+
+  Glyphs& NextGlyphs(const FaceRef& face) {
+    const bool goesOn = !inOrder_.empty() && inOrder_.back().first == face;
+    return goesOn ? inOrder_.back().second : inOrder_.emplace_back(face, Glyphs()).second;
   }
 
   void FlushText() {
     painter_.setPen(colour_);
-    for (const auto& [face, glyphs] : glyphs_) {
-      if (face->syntheticBold && !WritesPdf(painter_)) {
-        DrawBold(*face, glyphs);
-        continue;
-      }
-      QGlyphRun run;
-      run.setRawFont(face->raw);
-      run.setGlyphIndexes(glyphs.first);
-      run.setPositions(glyphs.second);
-      painter_.drawGlyphRun(QPointF(0, 0), run);
-    }
-    glyphs_.clear();
+    for (const FaceRun& run : byFace_) DrawRun(run);
+    for (const FaceRun& run : inOrder_) DrawRun(run);
+    byFace_.clear();
+    inOrder_.clear();
   }
 
-  // The PDF engine makes letters bold itself, others don't.
-  void DrawBold(const Face& face, const Glyphs& glyphs) {
-    painter_.setBrush(colour_);
-    painter_.setPen(QPen(colour_, face.size * kBoldStroke));
-    for (qsizetype i = 0; i < glyphs.first.size(); ++i) {
-      QPainterPath letter = face.raw.pathForGlyph(glyphs.first.at(i));
-      letter.translate(glyphs.second.at(i));
-      painter_.drawPath(letter);
+  void DrawRun(const FaceRun& run) {
+    const auto& [face, glyphs] = run;
+    QGlyphRun drawn;
+    drawn.setRawFont(face->raw);
+    drawn.setGlyphIndexes(glyphs.first);
+    drawn.setPositions(glyphs.second);
+    painter_.drawGlyphRun(QPointF(0, 0), drawn);
+    // A bold that the family lacks is struck twice. The PDF engine does the same by itself.
+    if (face->syntheticBold && !WritesPdf(painter_)) {
+      painter_.drawGlyphRun(QPointF(-face->raw.lineThickness() / 2, 0), drawn);
     }
-    painter_.setBrush(Qt::NoBrush);
-    painter_.setPen(colour_);
   }
 
   QPainter& painter_;
   QColor colour_ = Qt::black;
-  std::vector<std::pair<FaceRef, Glyphs>> glyphs_;  // in the order of their first use
+  std::vector<FaceRun> byFace_;   // one for each face, in the order of their first use
+  std::vector<FaceRun> inOrder_;  // of texts that mix faces
 };
 
 }  // namespace

@@ -1,0 +1,178 @@
+#include "render/text_layout.h"
+
+#include <gtest/gtest.h>
+
+#include "render/outputs.h"
+#include "sample_page.h"
+
+namespace td {
+namespace {
+
+BoxText InBox(const std::string& text, double width, bool wordWrap,
+              TextAlignment alignment = TextAlignment::kLeft) {
+  return {text, 1000, 2000, width, 300, wordWrap, alignment, Font("宋体", 10)};
+}
+
+// The texts of the lines, by their base lines.
+std::vector<std::string> Lines(const std::vector<PlacedText>& placed) {
+  std::vector<std::string> lines;
+  double baseLine = -1;
+  for (const PlacedText& text : placed) {
+    if (text.y != baseLine) lines.emplace_back();
+    baseLine = text.y;
+    lines.back() += text.text.toStdString();
+  }
+  return lines;
+}
+
+double Width(const std::vector<PlacedText>& placed) {
+  return placed.back().x + placed.back().width - placed.front().x;
+}
+
+using Texts = std::vector<std::string>;
+
+TEST(TextLayout, BoxesAlignTextAtTheirLeftMiddleAndRight) {
+  const auto left = LayOut(InBox("四个汉字", 3000, false));
+  EXPECT_EQ(left.front().x, 1000);
+  EXPECT_NEAR(Width(left), 4 * 200, 0.5);
+  const auto centre = LayOut(InBox("四个汉字", 3000, false, TextAlignment::kCentre));
+  EXPECT_NEAR(centre.front().x, 1000 + (3000 - 800) / 2, 0.5);
+  const auto right = LayOut(InBox("四个汉字", 3000, false, TextAlignment::kRight));
+  EXPECT_NEAR(right.front().x, 1000 + 3000 - 800, 0.5);
+}
+
+TEST(TextLayout, TextWiderThanItsBoxRunsOnFromItsAlignedEdge) {
+  EXPECT_EQ(LayOut(InBox("四个汉字", 300, false)).front().x, 1000);
+  EXPECT_NEAR(LayOut(InBox("四个汉字", 300, false, TextAlignment::kRight)).front().x, 500, 0.5);
+  EXPECT_NEAR(LayOut(InBox("四个汉字", 300, false, TextAlignment::kCentre)).front().x, 750, 0.5);
+}
+
+TEST(TextLayout, TextIsCentredVerticallyEvenWhereItIsHigherThanItsBox) {
+  BoxText box = InBox("字", 1000, false);
+  const double lineHeight = LineHeight({{"字", box.font}});
+  const double fromTop = LayOut(box).front().y - (box.top + (box.height - lineHeight) / 2);
+  box.height = 20;
+  EXPECT_NEAR(LayOut(box).front().y, box.top + (20 - lineHeight) / 2 + fromTop, 1e-6);
+}
+
+TEST(TextLayout, WithoutWordWrapLineBreaksAreBlanks) {
+  EXPECT_EQ(Lines(LayOut(InBox("a\r\nb\nc\td", 100, false))), (Texts{"a b c d"}));
+}
+
+TEST(TextLayout, WithWordWrapTextBreaksInsideTheWidth) {
+  EXPECT_EQ(Lines(LayOut(InBox("一二三四五六七", 610, true))), (Texts{"一二三", "四五六", "七"}));
+  EXPECT_EQ(Lines(LayOut(InBox("one two three", 900, true))), (Texts{"one two", "three"}));
+}
+
+TEST(TextLayout, PunctuationStaysWithTheCharacterThatItBelongsTo) {
+  EXPECT_EQ(Lines(LayOut(InBox("一二三，四五", 610, true))), (Texts{"一二", "三，四", "五"}));
+  EXPECT_EQ(Lines(LayOut(InBox("一二（三四", 610, true))), (Texts{"一二", "（三四"}));
+}
+
+TEST(TextLayout, WordsThatAreWiderThanTheBoxBreakAnywhere) {
+  const auto lines = Lines(LayOut(InBox("ABCDEFGHIJKLMNOP", 500, true)));
+  ASSERT_GT(lines.size(), 2U);
+  std::string joined;
+  for (const std::string& line : lines) joined += line;
+  EXPECT_EQ(joined, "ABCDEFGHIJKLMNOP");
+  for (const PlacedText& line : LayOut(InBox("ABCDEFGHIJKLMNOP", 500, true))) {
+    EXPECT_LE(line.width, 501);
+  }
+}
+
+TEST(TextLayout, ABoxNarrowerThanACharacterHasOneOnEachLine) {
+  EXPECT_EQ(Lines(LayOut(InBox("一二", 10, true))), (Texts{"一", "二"}));
+  EXPECT_EQ(Lines(LayOut(InBox("一二", -500, true))), (Texts{"一", "二"}));
+}
+
+TEST(TextLayout, LineBreaksBreakWrappedTextAndEmptyLinesKeepTheirHeight) {
+  const auto placed = LayOut(InBox("一\r\n\r\n二", 1000, true));
+  ASSERT_EQ(placed.size(), 2U);
+  EXPECT_NEAR(placed[1].y - placed[0].y, 2 * LineHeight({{"", Font("宋体", 10)}}), 1e-6);
+}
+
+TEST(TextLayout, WrappedTextIsAlignedLineByLineWithoutTheBlanksAtTheirEnds) {
+  const auto placed = LayOut(InBox("one two three", 900, true, TextAlignment::kRight));
+  ASSERT_EQ(placed.size(), 2U);
+  EXPECT_NEAR(placed[0].x + placed[0].width, 1900, 0.5);
+  EXPECT_NEAR(placed[1].x + placed[1].width, 1900, 0.5);
+}
+
+TEST(TextLayout, ALongTextWrapsInReasonableTime) {
+  std::string text;
+  for (int i = 0; i < 100'000; ++i) text += "字";
+  EXPECT_EQ(Lines(LayOut(InBox(text, 2010, true))).size(), 10'000U);
+}
+
+TEST(TextLayout, TextAtAPointStartsThereIsCentredOnItOrEndsThere) {
+  PointText text{{{{"四个汉字", Font("宋体", 10)}}}, {300}, 5000, 1000, TextAlignment::kLeft};
+  EXPECT_EQ(LayOut(text).front().x, 5000);
+  text.alignment = TextAlignment::kCentre;
+  EXPECT_NEAR(LayOut(text).front().x, 4600, 0.5);
+  text.alignment = TextAlignment::kRight;
+  EXPECT_NEAR(LayOut(text).front().x, 4200, 0.5);
+}
+
+TEST(TextLayout, RunsOfALineStandBesideEachOtherOnOneBaseLine) {
+  const PointText text{
+      {{{"小", Font("宋体", 10)}, {"大", Font("黑体", 20)}}}, {600}, 0, 0, TextAlignment::kLeft};
+  const auto placed = LayOut(text);
+  ASSERT_EQ(placed.size(), 2U);
+  EXPECT_NEAR(placed[1].x, 200, 0.5);
+  EXPECT_EQ(placed[0].y, placed[1].y);
+}
+
+TEST(TextLayout, DigitsOfAFontAreEquallyWideSoThatColumnsLineUp) {
+  for (const char* name : {"宋体", "黑体", "楷体", "仿宋", "Arial", "Times New Roman"}) {
+    for (const bool bold : {false, true}) {
+      BoxText box = InBox("1111.11", 3000, false);
+      box.font = Font(name, 10, bold);
+      const double ones = Width(LayOut(box));
+      box.text = "8888.88";
+      EXPECT_NEAR(Width(LayOut(box)), ones, 1) << name;
+    }
+  }
+}
+
+TEST(TextLayout, CharactersThatTheFontLacksComeFromAnother) {
+  BoxText box = InBox("Arial 中文", 3000, false);
+  box.font = Font("Arial", 10);
+  const auto placed = LayOut(box);
+  ASSERT_EQ(placed.size(), 2U);
+  EXPECT_EQ(placed[0].face->raw.familyName(), "Liberation Sans");
+  EXPECT_EQ(placed[1].text, QString("中文"));
+  EXPECT_EQ(placed[1].glyphs.size(), 2U);
+  EXPECT_NEAR(placed[1].x, placed[0].x + placed[0].width, 1e-6);
+}
+
+TEST(TextLayout, TextThatNeedsShapingIsLeftToTheOutput) {
+  const auto placed = LayOut(InBox("e\xCC\x81tude", 3000, false));
+  ASSERT_EQ(placed.size(), 1U);
+  EXPECT_TRUE(placed[0].glyphs.empty());
+  EXPECT_GT(placed[0].width, 300);
+}
+
+TEST(TextLayout, CharactersThatNoFontHasBecomeQuestionMarks) {
+  EXPECT_EQ(Lines(LayOut(InBox("甲\xF3\xB0\x80\x80乙", 3000, false))), (Texts{"甲?乙"}));
+}
+
+TEST(TextLayout, ControlCharactersShowNothingAndBrokenUtf8DoesNotMatter) {
+  EXPECT_EQ(Lines(LayOut(InBox(std::string("a\0b\x01"
+                                           "c",
+                                           5),
+                               3000, false))),
+            (Texts{"abc"}));
+  EXPECT_EQ(LayOut(InBox("\xFF\xFE", 3000, false)).size(), 1U);
+  EXPECT_TRUE(LayOut(InBox("\x01", 3000, true)).empty());
+}
+
+TEST(TextLayout, SizesFromNothingToHugeAreLaidOut) {
+  BoxText box = InBox("字", 3000, false);
+  box.font = Font("宋体", 0);
+  EXPECT_LT(LayOut(box).front().width, 2);
+  box.font = Font("宋体", 2000);
+  EXPECT_NEAR(LayOut(box).front().width, 40'000, 1);
+}
+
+}  // namespace
+}  // namespace td
