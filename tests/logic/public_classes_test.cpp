@@ -1,0 +1,102 @@
+// What a caller sees of the print calls.
+#include <gtest/gtest.h>
+
+#include "scenario.h"
+
+namespace td {
+namespace {
+
+TEST(DoPrint, WithoutDataRaisesTheErrorAndChangesNothing) {
+  Scenario scenario;
+  scenario.FieldItem("FName").Print({{"TDBillName", "销售单"}});
+  scenario.Print({{"data", nullptr}, {"New_TranType", 99}, {"TDBillName", "别的"}});
+  const Trace trace = scenario.Run();
+  ASSERT_EQ(trace.Lines("raised").size(), 1U);
+  EXPECT_EQ(trace.Lines("raised")[0].at("number"), "0x800403e9");
+  EXPECT_EQ(trace.Lines("raised")[0].at("description"), "没有可供打印的数据!");
+  EXPECT_EQ(trace.After(1).at("PrintOk"), true) << "as the call before left it";
+  EXPECT_EQ(trace.After(1).at("TDBillName"), "销售单");
+}
+
+TEST(DoPrint, SilentlyPrintsAndTellsSo) {
+  Scenario scenario;
+  const Trace trace = scenario.Run();
+  EXPECT_TRUE(trace.Lines("show").empty());
+  EXPECT_EQ(trace.After().at("PrintOk"), true);
+}
+
+TEST(DoPrint, APreviewThatWasOnlyLookedAtIsNotPrinted) {
+  Scenario scenario;
+  scenario.FieldItem("FName").Preview({"nextpage", "zoom"});
+  const Trace trace = scenario.Run();
+  EXPECT_EQ(trace.Lines("show").size(), 1U);
+  EXPECT_EQ(trace.Lines("unload").size(), 1U);
+  EXPECT_EQ(trace.Texts(), (std::vector<std::string>{"甲"}));
+  EXPECT_TRUE(trace.Calls("PrintDoc").empty());
+  EXPECT_EQ(trace.After().at("PrintOk"), false);
+}
+
+TEST(DoPrint, APreviewWhosePrintButtonWasPressedIsPrinted) {
+  Scenario scenario;
+  scenario.Preview({"print"});
+  const Trace trace = scenario.Run();
+  EXPECT_EQ(trace.Calls("PrintDoc"), (Json{{true}})) << "with the dialog";
+  EXPECT_EQ(trace.After().at("PrintOk"), true);
+}
+
+TEST(DoPrint, StartsWithPrintOkFalse) {
+  Scenario scenario;
+  scenario.Print().Preview();
+  const Trace trace = scenario.Run();
+  EXPECT_EQ(trace.After(0).at("PrintOk"), true);
+  EXPECT_EQ(trace.After(1).at("PrintOk"), false);
+}
+
+TEST(DoPrint, DataThatCannotBeClonedPrintsWithOneCursor) {
+  Scenario scenario;
+  scenario.FieldItem("FName").FieldItem("FName", {{"FSite", 4}, {"FTop", 1500}});
+  scenario.Bills({2}).NoClone();
+  const Trace trace = scenario.Run();
+  EXPECT_EQ(trace.Texts().size(), 2U) << "behind the last row there is no bill to read";
+  EXPECT_EQ(trace.After().at("PrintOk"), true);
+  EXPECT_EQ(trace.After().at("row"), 0);
+  EXPECT_EQ(trace.After().at("clone"), 0) << "the same cursor";
+}
+
+TEST(DoPrint, AnErrorThatLeavesTheWindowMakesTheCloneTheDataItself) {
+  Scenario scenario;
+  scenario.Fault(
+      {{"on", "query"}, {"number", 5}, {"description", "断开"}, {"match", "PrintAdvertising"}});
+  scenario.Bills({1, 1}).Preview();
+  const Trace trace = scenario.Run();
+  EXPECT_TRUE(trace.Messages().empty()) << "silent at this level";
+  EXPECT_TRUE(trace.Calls("StartDoc").empty());
+  EXPECT_TRUE(trace.Lines("unload").empty());
+  EXPECT_EQ(trace.After().at("PrintOk"), false);
+}
+
+TEST(DoPrint, BorderAndPrintDeviceHaveNoEffect) {
+  const auto run = [](bool border) {
+    Scenario scenario;
+    scenario.FieldItem("FName").Print({{"New_PrintBorder", border}});
+    return scenario.Run().Lines();
+  };
+  EXPECT_EQ(run(false), run(true));
+}
+
+TEST(DoPrint, RunsTheSameDataAgainFromItsFirstRow) {
+  Scenario scenario;
+  scenario.FieldItem("FName").Bills({2}).Print().Print({{"data", "same"}});
+  EXPECT_EQ(scenario.Run().Texts(), (std::vector<std::string>{"行1", "行2", "行1", "行2"}));
+}
+
+TEST(PrintBlankRows, AreKeptUntilARunUsesThem) {
+  Scenario scenario;
+  scenario.BlankRows(3).Print({{"data", nullptr}}).Bills({5}).Print();
+  const Trace trace = scenario.Run();
+  EXPECT_EQ(trace.After(1).at("PrintBlankRows"), 3) << "a call without data spends none";
+  EXPECT_EQ(trace.After(2).at("PrintBlankRows"), 0);
+}
+
+}  // namespace
+}  // namespace td
