@@ -7,6 +7,7 @@ set(qbtd_public_headers
   adapters/page_document/document_host.h
   adapters/page_document/drawing.h
   adapters/page_document/page_document.h
+  adapters/page_document/paper.h
   adapters/qt/render/outputs.h
   src/platform/barcode.h
   src/platform/database.h

@@ -20,4 +20,5 @@ export CUPS_SERVER=localhost:1 QT_QPA_PLATFORM=offscreen QBTDPRINTER_STATE_DIR=$
 "$work/build/embed" "$work/demo/sample.db" 21 "select * from v_sales_order" "$work/orders.pdf"
 pages=$(pdfinfo "$work/orders.pdf" | sed -n 's/^Pages: *//p')
 [ "$pages" -ge 1 ]
-pdftotext "$work/orders.pdf" - | grep -q '销售'
+texts=$(pdftotext "$work/orders.pdf" -)
+[[ $texts == *销售* ]]

@@ -218,12 +218,13 @@ TEST_F(TdprintProgram, TheDemoPrintsEveryBillOfTheSample) {
       {TDPRINT_PROGRAM, "demo", "--out", out.string(), "--samples", QBTD_SOURCE_DIR "/examples"});
   EXPECT_EQ(result.status, 0) << result.err;
   EXPECT_TRUE(fs::exists(out / "sample.db"));
+  EXPECT_NE(result.out.find(out.string() + ":"), std::string::npos) << "says where it all is";
   int documents = 0;
   for (const fs::directory_entry& entry : fs::directory_iterator(out)) {
     if (entry.path().extension() != ".pdf") continue;
     ++documents;
     fs::path file = entry.path();
-    EXPECT_NE(result.out.find(file.string()), std::string::npos) << "says where it is: " << file;
+    EXPECT_NE(result.out.find(file.stem().string()), std::string::npos) << file;
     EXPECT_TRUE(fs::exists(file.replace_extension(".html"))) << file;
     EXPECT_TRUE(fs::exists(file.replace_extension() / "page-001.png")) << file;
   }

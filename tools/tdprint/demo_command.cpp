@@ -43,7 +43,7 @@ ExitStatus PrintToFiles(const SamplePrint& sample, const fs::path& out, const fs
   arguments.html = base.string() + ".html";
   const ExitStatus status = PrintBills(arguments);
   if (status != ExitStatus::kNotPrinted) {
-    std::cout << arguments.pdf << "  " << arguments.png << "/  " << arguments.html << std::endl;
+    std::cout << "  " << sample.name << std::endl;
   }
   return status;
 }
@@ -81,7 +81,10 @@ ExitStatus Demonstrate(const DemoArguments& arguments) {
   fs::create_directories(out);
   const fs::path database = out / "sample.db";
   MakeSampleDatabase(samples, database);
-  std::cout << "The sample database: " << database.string() << "\nThe printed bills:" << std::endl;
+  std::cout
+      << "The sample database: " << database.string()
+      << "\nThe printed bills, each as NAME.pdf, NAME.html and NAME/page-001.png and so on, in "
+      << out.string() << ":" << std::endl;
 
   ExitStatus status = ExitStatus::kPrinted;
   for (const SamplePrint& sample : prints) {
