@@ -4,6 +4,8 @@
 #
 #   QbTd-PDF      writes each job to /var/spool/cups-pdf/qbtd/job_<number>-*.pdf
 #   QbTd-Margins  the same, on a printer whose unprintable margins differ on all four sides
+#   QbTd-Fixed    the same, on a printer that has A4 and A5 sheets and takes no other size
+#   QbTd-Refusing takes no jobs
 set -euo pipefail
 
 readonly output=/var/spool/cups-pdf/qbtd
@@ -51,11 +53,26 @@ Label 1
 UserUMask 0022
 CONFIGURATION
 
+# make_queue_with NAME SED-ARGUMENTS…: a queue whose driver is edited.
+make_queue_with() {
+  local queue=$1 edited
+  shift
+  edited=$(mktemp --suffix=.ppd)
+  sed "$@" "$driver" >"$edited"
+  make_queue "$queue" "$edited"
+  rm -f "$edited"
+}
+
 has_queue QbTd-PDF || make_queue QbTd-PDF "$driver"
-if ! has_queue QbTd-Margins; then
-  margins=$(mktemp --suffix=.ppd)
-  trap 'rm -f "$margins"' EXIT
-  sed -e 's/^\*HWMargins: .*/*HWMargins: 12 60 18 30/' \
-    -e 's/^\(\*ImageableArea A4[^"]*"\)[^"]*/\112 60 577 812/' "$driver" >"$margins"
-  make_queue QbTd-Margins "$margins"
-fi
+has_queue QbTd-Margins || make_queue_with QbTd-Margins \
+  -e 's/^\*HWMargins: .*/*HWMargins: 12 60 18 30/' \
+  -e 's/^\(\*ImageableArea A4[^"]*"\)[^"]*/\112 60 577 812/'
+has_queue QbTd-Fixed || make_queue_with QbTd-Fixed \
+  -e '/^\*CustomPageSize/,/^\*End/d' \
+  -e '/^\*\(VariablePaperSize\|MaxMedia\|ParamCustomPageSize\|HWMargins\)/d' \
+  -e '/^\*\(PageSize\|PageRegion\|ImageableArea\|PaperDimension\) [^:]*:/{/ A[45]\//!d}' \
+  -e 's/421 595/420 595/g'
+has_queue QbTd-Refusing || {
+  make_queue QbTd-Refusing "$driver"
+  cupsreject QbTd-Refusing
+}

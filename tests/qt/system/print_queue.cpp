@@ -1,0 +1,62 @@
+#include "print_queue.h"
+
+#include <cups/cups.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <thread>
+
+namespace td {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kResults = "/var/spool/cups-pdf/qbtd";
+
+struct Job {
+  int number;
+  std::string title;
+};
+
+std::vector<Job> Jobs(int which) {
+  cups_job_t* list = nullptr;
+  const int count = cupsGetJobs2(CUPS_HTTP_DEFAULT, &list, nullptr, 0, which);
+  std::vector<Job> jobs;
+  for (int i = 0; i < count; ++i) jobs.push_back({list[i].id, list[i].title});
+  cupsFreeJobs(count, list);
+  return jobs;
+}
+
+bool IsActive(int job) {
+  return std::ranges::count(Jobs(CUPS_WHICHJOBS_ACTIVE), job, &Job::number) > 0;
+}
+
+}  // namespace
+
+void PrintQueues::SetUp() {
+  ASSERT_EQ(std::system(QBTD_SOURCE_DIR "/scripts/cups-for-tests.sh"), 0);
+}
+
+std::string ResultOf(int job) {
+  using namespace std::chrono_literals;
+  for (int i = 0; i < 600 && IsActive(job); ++i) std::this_thread::sleep_for(100ms);
+  const std::string start = "job_" + std::to_string(job) + "-";
+  for (const fs::directory_entry& entry : fs::directory_iterator(kResults)) {
+    if (entry.path().filename().string().starts_with(start)) return entry.path().string();
+  }
+  ADD_FAILURE() << "the queue has made nothing of job " << job;
+  return {};
+}
+
+std::vector<int> JobsTitled(const std::string& title) {
+  std::vector<int> numbers;
+  for (const Job& job : Jobs(CUPS_WHICHJOBS_ALL)) {
+    if (job.title == title) numbers.push_back(job.number);
+  }
+  std::ranges::sort(numbers);
+  return numbers;
+}
+
+}  // namespace td

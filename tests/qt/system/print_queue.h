@@ -1,0 +1,23 @@
+// The test queues, and what they make of the jobs that they get.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace td {
+
+// Starts the printing system and makes the queues, once in a test program.
+class PrintQueues : public testing::Environment {
+ public:
+  void SetUp() override;
+};
+
+// Waits until a job has left its queue and returns the PDF file that the queue made of it.
+std::string ResultOf(int job);
+
+// The numbers of all jobs with a title, in their order.
+std::vector<int> JobsTitled(const std::string& title);
+
+}  // namespace td
