@@ -36,41 +36,44 @@ struct Target {
   Scope scope;
 };
 
-void Change(const Update& update, const Target& target) {
-  std::vector<std::size_t> columns;
-  for (const Assignment& assignment : update.assignments) {
-    columns.push_back(target.scope.Find(assignment.column));
-    target.scope.Check(assignment.value);
+void Change(Update& update, const Target& target) {
+  for (Assignment& assignment : update.assignments) {
+    target.scope.Bind(assignment.column);
+    target.scope.Bind(assignment.value);
   }
   std::vector<Row> changed = target.table->rows;
   for (Row& row : changed) {
-    if (update.where && !Holds(*update.where, target.scope, row)) {
+    if (update.where && !Holds(*update.where, row)) {
       continue;
     }
     const Row before = row;
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-      row[columns[i]] = ValueIn(update.assignments[i].value, target.scope, before);
+    for (const Assignment& assignment : update.assignments) {
+      row[assignment.column.place] = ValueIn(assignment.value, before);
     }
   }
   target.table->rows = std::move(changed);
 }
 
-void Change(const Insert& insert, const Target& target) {
+void Change(Insert& insert, const Target& target) {
   if (insert.columns.size() != insert.values.size()) {
     FailAt("列的个数与值的个数不同", insert.position);
   }
   Row row(target.table->columns.size());
   for (std::size_t i = 0; i < insert.columns.size(); ++i) {
-    Scope().Check(insert.values[i]);
-    row[target.scope.Find(insert.columns[i])] = ValueIn(insert.values[i], Scope(), {});
+    Scope().Bind(insert.values[i]);
+    row[target.scope.Find(insert.columns[i])] = ValueIn(insert.values[i], {});
   }
   target.table->rows.push_back(std::move(row));
 }
 
 void Change(const Delete& statement, const Target& target) {
-  std::erase_if(target.table->rows, [&](const Row& row) {
-    return !statement.where || Holds(*statement.where, target.scope, row);
-  });
+  std::vector<Row> kept;
+  for (const Row& row : target.table->rows) {
+    if (statement.where && !Holds(*statement.where, row)) {
+      kept.push_back(row);
+    }
+  }
+  target.table->rows = std::move(kept);
 }
 
 }  // namespace
@@ -82,8 +85,8 @@ const TableData* MemoryTables::Find(std::string_view name) const {
 }
 
 TableData MemoryTables::Query(const std::string& sql) const {
-  const Statement statement = Parse(sql);
-  const auto* select = std::get_if<Select>(&statement);
+  Statement statement = Parse(sql);
+  auto* select = std::get_if<Select>(&statement);
   if (select == nullptr) {
     throw Failure(kDatabaseFailed, "语句不返回记录集。");
   }
@@ -91,25 +94,25 @@ TableData MemoryTables::Query(const std::string& sql) const {
 }
 
 void MemoryTables::Execute(const std::string& sql) {
-  const Statement statement = Parse(sql);
-  if (const auto* select = std::get_if<Select>(&statement)) {
+  Statement statement = Parse(sql);
+  if (auto* select = std::get_if<Select>(&statement)) {
     (void)RowsOf(*select, *this);
     return;
   }
-  const auto target_of = [&](const auto& change) {
+  const auto target_of = [&](auto& change) {
     const Target target(FindIn(tables_, change.table), change.table, change.position);
     if constexpr (requires { change.where; }) {
       if (change.where) {
-        target.scope.Check(*change.where);
+        target.scope.Bind(*change.where);
       }
     }
     return target;
   };
-  if (const auto* update = std::get_if<Update>(&statement)) {
+  if (auto* update = std::get_if<Update>(&statement)) {
     Change(*update, target_of(*update));
-  } else if (const auto* insert = std::get_if<Insert>(&statement)) {
+  } else if (auto* insert = std::get_if<Insert>(&statement)) {
     Change(*insert, target_of(*insert));
-  } else if (const auto* removal = std::get_if<Delete>(&statement)) {
+  } else if (auto* removal = std::get_if<Delete>(&statement)) {
     Change(*removal, target_of(*removal));
   }
 }

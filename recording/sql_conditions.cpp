@@ -117,47 +117,47 @@ std::size_t Scope::Find(const Scalar& column) const {
   return *found;
 }
 
-void Scope::Check(const Scalar& value) const {
+void Scope::Bind(Scalar& value) const {
   if (value.kind == Scalar::Kind::kColumn) {
-    (void)Find(value);
+    value.place = Find(value);
   }
-  for (const Scalar& argument : value.arguments) {
-    Check(argument);
-  }
-}
-
-void Scope::Check(const Condition& condition) const {
-  for (const Scalar& side : condition.sides) {
-    Check(side);
-  }
-  for (const Condition& part : condition.parts) {
-    Check(part);
+  for (Scalar& argument : value.arguments) {
+    Bind(argument);
   }
 }
 
-Value ValueIn(const Scalar& value, const Scope& scope, const Row& row) {
+void Scope::Bind(Condition& condition) const {
+  for (Scalar& side : condition.sides) {
+    Bind(side);
+  }
+  for (Condition& part : condition.parts) {
+    Bind(part);
+  }
+}
+
+Value ValueIn(const Scalar& value, const Row& row) {
   switch (value.kind) {
     case Scalar::Kind::kColumn:
-      return row[scope.Find(value)];
+      return row[value.place];
     case Scalar::Kind::kLiteral:
       return value.literal;
     case Scalar::Kind::kIsNull: {
-      const Value first = ValueIn(value.arguments[0], scope, row);
-      return IsNull(first) ? ValueIn(value.arguments[1], scope, row) : first;
+      const Value first = ValueIn(value.arguments[0], row);
+      return IsNull(first) ? ValueIn(value.arguments[1], row) : first;
     }
     case Scalar::Kind::kLeft:
       break;
   }
-  const Value text = ValueIn(value.arguments[0], scope, row);
-  const auto count = NumberIn(ValueIn(value.arguments[1], scope, row));
+  const Value text = ValueIn(value.arguments[0], row);
+  const auto count = NumberIn(ValueIn(value.arguments[1], row));
   if (!count || std::holds_alternative<Bytes>(text)) {
     FailAt("函数的参数无效", value.position);
   }
   return IsNull(text) ? text : FirstCharacters(ToText(text), *count);
 }
 
-bool Holds(const Condition& condition, const Scope& scope, const Row& row) {
-  const auto part_holds = [&](const Condition& part) { return Holds(part, scope, row); };
+bool Holds(const Condition& condition, const Row& row) {
+  const auto part_holds = [&](const Condition& part) { return Holds(part, row); };
   switch (condition.kind) {
     case Condition::Kind::kAll:
       return std::all_of(condition.parts.begin(), condition.parts.end(), part_holds);
@@ -166,8 +166,8 @@ bool Holds(const Condition& condition, const Scope& scope, const Row& row) {
     case Condition::Kind::kComparison:
       break;
   }
-  return CompareHolds(condition.comparison, ValueIn(condition.sides[0], scope, row),
-                      ValueIn(condition.sides[1], scope, row));
+  return CompareHolds(condition.comparison, ValueIn(condition.sides[0], row),
+                      ValueIn(condition.sides[1], row));
 }
 
 bool SortsBefore(const Value& a, const Value& b) {

@@ -27,19 +27,20 @@ class Scope {
   // The place of a column. Fails when there is none of that name, or more than one.
   [[nodiscard]] std::size_t Find(const Scalar& column) const;
 
-  // Fails when a name in the value or the condition can't be found: also where no row is there to
-  // be looked at.
-  void Check(const Scalar& value) const;
-  void Check(const Condition& condition) const;
+  // Finds the places of all columns in the value or the condition. Fails when one can't be found,
+  // also where no row is there to be looked at.
+  void Bind(Scalar& value) const;
+  void Bind(Condition& condition) const;
 
  private:
   std::vector<BoundColumn> columns_;
 };
 
-[[nodiscard]] Value ValueIn(const Scalar& value, const Scope& scope, const Row& row);
+// The value and the condition are bound to the scope of the row.
+[[nodiscard]] Value ValueIn(const Scalar& value, const Row& row);
 
 // A comparison with Null does not hold.
-[[nodiscard]] bool Holds(const Condition& condition, const Scope& scope, const Row& row);
+[[nodiscard]] bool Holds(const Condition& condition, const Row& row);
 
 // The order of two values: Null, numbers, texts, bytes.
 [[nodiscard]] bool SortsBefore(const Value& a, const Value& b);

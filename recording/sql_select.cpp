@@ -13,35 +13,36 @@ struct ScopedRows {
   std::vector<Row> rows;
 };
 
-ScopedRows RowsOf(const Source& source, const MemoryTables& tables);
+ScopedRows RowsOf(Source& source, const MemoryTables& tables);
 
-ScopedRows RowsOfJoin(const Source& join, const MemoryTables& tables) {
+ScopedRows RowsOfJoin(Source& join, const MemoryTables& tables) {
   const ScopedRows left = RowsOf(*join.left, tables);
   const ScopedRows right = RowsOf(*join.right, tables);
   std::vector<BoundColumn> columns = left.scope.Columns();
   columns.insert(columns.end(), right.scope.Columns().begin(), right.scope.Columns().end());
   ScopedRows joined{Scope(std::move(columns)), {}};
-  joined.scope.Check(join.on);
+  joined.scope.Bind(join.on);
   for (const Row& left_row : left.rows) {
+    Row row = left_row;
+    row.resize(joined.scope.Columns().size());
+    const auto right_part = row.begin() + static_cast<std::ptrdiff_t>(left_row.size());
     bool has_partner = false;
     for (const Row& right_row : right.rows) {
-      Row row = left_row;
-      row.insert(row.end(), right_row.begin(), right_row.end());
-      if (Holds(join.on, joined.scope, row)) {
+      std::copy(right_row.begin(), right_row.end(), right_part);
+      if (Holds(join.on, row)) {
         has_partner = true;
-        joined.rows.push_back(std::move(row));
+        joined.rows.push_back(row);
       }
     }
     if (join.keeps_left && !has_partner) {
-      Row row = left_row;
-      row.resize(joined.scope.Columns().size());
+      std::fill(right_part, row.end(), Null{});
       joined.rows.push_back(std::move(row));
     }
   }
   return joined;
 }
 
-ScopedRows RowsOf(const Source& source, const MemoryTables& tables) {
+ScopedRows RowsOf(Source& source, const MemoryTables& tables) {
   if (source.left) {
     return RowsOfJoin(source, tables);
   }
@@ -61,17 +62,17 @@ std::vector<SelectItem> SpelledOut(const std::vector<SelectItem>& items, const S
   std::vector<SelectItem> spelled;
   for (const SelectItem& item : items) {
     if (!item.is_all) {
-      scope.Check(item.value);
       spelled.push_back(item);
+      scope.Bind(spelled.back().value);
       continue;
     }
     const std::size_t before = spelled.size();
-    for (const BoundColumn& column : scope.Columns()) {
+    for (std::size_t i = 0; i < scope.Columns().size(); ++i) {
+      const BoundColumn& column = scope.Columns()[i];
       if (item.qualifier.empty() || SameName(item.qualifier, column.qualifier)) {
         SelectItem single;
         single.value.kind = Scalar::Kind::kColumn;
-        single.value.qualifier = column.qualifier;
-        single.value.name = column.name;
+        single.value.place = i;
         single.name = column.name;
         spelled.push_back(std::move(single));
       }
@@ -83,22 +84,22 @@ std::vector<SelectItem> SpelledOut(const std::vector<SelectItem>& items, const S
   return spelled;
 }
 
-bool IsGrouped(const Scalar& value, const std::vector<std::size_t>& grouped, const Scope& scope) {
+bool IsGrouped(const Scalar& value, const std::vector<std::size_t>& grouped) {
   if (value.kind == Scalar::Kind::kColumn) {
-    return std::find(grouped.begin(), grouped.end(), scope.Find(value)) != grouped.end();
+    return std::find(grouped.begin(), grouped.end(), value.place) != grouped.end();
   }
   return std::all_of(value.arguments.begin(), value.arguments.end(),
-                     [&](const Scalar& argument) { return IsGrouped(argument, grouped, scope); });
+                     [&](const Scalar& argument) { return IsGrouped(argument, grouped); });
 }
 
 // Keeps the first row of each group.
-void Group(const Select& select, const std::vector<SelectItem>& items, ScopedRows& from) {
+void Group(Select& select, const std::vector<SelectItem>& items, ScopedRows& from) {
   std::vector<std::size_t> grouped;
   for (const Scalar& column : select.group_by) {
     grouped.push_back(from.scope.Find(column));
   }
   for (const SelectItem& item : items) {
-    if (!IsGrouped(item.value, grouped, from.scope)) {
+    if (!IsGrouped(item.value, grouped)) {
       FailAt("选择列表中的列不在分组中", item.position);
     }
   }
@@ -117,7 +118,7 @@ void Group(const Select& select, const std::vector<SelectItem>& items, ScopedRow
 
 // The value by which a row is ordered. A name that the select list gives comes before a column of
 // the tables.
-Scalar OrderKey(const OrderTerm& term, const std::vector<SelectItem>& items, const Scope& scope) {
+Scalar OrderKey(OrderTerm& term, const std::vector<SelectItem>& items, const Scope& scope) {
   if (term.column.qualifier.empty()) {
     for (const SelectItem& item : items) {
       if (SameName(item.name, term.column.name)) {
@@ -125,17 +126,17 @@ Scalar OrderKey(const OrderTerm& term, const std::vector<SelectItem>& items, con
       }
     }
   }
-  scope.Check(term.column);
+  scope.Bind(term.column);
   return term.column;
 }
 
-void Order(const Select& select, const std::vector<SelectItem>& items, ScopedRows& from) {
+void Order(Select& select, const std::vector<SelectItem>& items, ScopedRows& from) {
   // The last term first: a stable sort keeps what the later terms have ordered.
   for (auto term = select.order_by.rbegin(); term != select.order_by.rend(); ++term) {
     const Scalar key = OrderKey(*term, items, from.scope);
     std::stable_sort(from.rows.begin(), from.rows.end(), [&](const Row& a, const Row& b) {
-      const Value value_a = ValueIn(key, from.scope, a);
-      const Value value_b = ValueIn(key, from.scope, b);
+      const Value value_a = ValueIn(key, a);
+      const Value value_b = ValueIn(key, b);
       return term->descends ? SortsBefore(value_b, value_a) : SortsBefore(value_a, value_b);
     });
   }
@@ -143,13 +144,12 @@ void Order(const Select& select, const std::vector<SelectItem>& items, ScopedRow
 
 }  // namespace
 
-TableData RowsOf(const Select& select, const MemoryTables& tables) {
+TableData RowsOf(Select& select, const MemoryTables& tables) {
   ScopedRows from = RowsOf(*select.from, tables);
   const std::vector<SelectItem> items = SpelledOut(select.items, from.scope);
   if (select.where) {
-    from.scope.Check(*select.where);
-    std::erase_if(from.rows,
-                  [&](const Row& row) { return !Holds(*select.where, from.scope, row); });
+    from.scope.Bind(*select.where);
+    std::erase_if(from.rows, [&](const Row& row) { return !Holds(*select.where, row); });
   }
   if (!select.group_by.empty()) {
     Group(select, items, from);
@@ -161,11 +161,10 @@ TableData RowsOf(const Select& select, const MemoryTables& tables) {
     result.columns.push_back(item.name);
   }
   for (const Row& row : from.rows) {
-    Row values;
+    Row& values = result.rows.emplace_back();
     for (const SelectItem& item : items) {
-      values.push_back(ValueIn(item.value, from.scope, row));
+      values.push_back(ValueIn(item.value, row));
     }
-    result.rows.push_back(std::move(values));
   }
   return result;
 }

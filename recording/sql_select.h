@@ -7,6 +7,7 @@
 
 namespace td::recording {
 
-[[nodiscard]] TableData RowsOf(const Select& select, const MemoryTables& tables);
+// Binds the columns of the statement.
+[[nodiscard]] TableData RowsOf(Select& select, const MemoryTables& tables);
 
 }  // namespace td::recording

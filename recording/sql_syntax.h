@@ -20,7 +20,8 @@ struct Scalar {
   std::string name;       // of a column
   Value literal;
   std::vector<Scalar> arguments;
-  std::size_t position = 0;
+  std::size_t position = 0;  // in the statement
+  std::size_t place = 0;     // of a column in its row, once it is bound
 };
 
 enum class Comparison { kEqual, kUnequal, kLess, kLessOrEqual, kGreater, kGreaterOrEqual };

@@ -182,6 +182,7 @@ TEST(MemoryTables, RefuseAStatementAsADatabaseDoes) {
            "delete from nothing",
            "delete from TDBill where FNothing=1",
            "delete TDBill",
+           "delete from TDBill where FTDBillID=1 or left('x',FTDBillName)='x'",
        }) {
     EXPECT_NE(RefusalOf(sql), "");
   }
