@@ -46,12 +46,22 @@ QString Quoted(QString text) {
   return '"' + text.replace('\\', "\\\\").replace('"', "\\\"").replace('<', "\\3c ") + '"';
 }
 
+// A bold that the family lacks is made by a stroke instead of the browser's own way, so that the
+// letters are as wide as in the other outputs, where they are struck twice.
+double BoldStroke(const Face& face) {
+  return face.syntheticBold ? face.raw.lineThickness() / 2 : 0;
+}
+
 QString FontStyle(const Face& face) {
-  QString families;
-  for (const QString& family : face.font.families()) families += Quoted(family) + ',';
-  return QString("font-family:%1sans-serif;font-size:%2px;%3%4")
-      .arg(families, Number(face.size), face.font.bold() ? "font-weight:bold;" : "",
-           face.font.italic() ? "font-style:italic;" : "");
+  QString style = "font-family:";
+  for (const QString& family : face.font.families()) style += Quoted(family) + ',';
+  style += "sans-serif;font-size:" + Number(face.size) + "px;";
+  if (face.syntheticBold) {
+    style += "stroke:#000;stroke-width:" + Number(BoldStroke(face)) + ';';
+  } else if (face.font.bold()) {
+    style += "font-weight:bold;";
+  }
+  return face.font.italic() ? style + "font-style:italic;" : style;
 }
 
 // Writes pages as SVG, in twips. Fonts, sheets and pictures are collected, so that the file holds
@@ -142,15 +152,23 @@ class HtmlWriter {
     body_ += "</g>\n";
   }
 
+  // Each line is one text, so that readers select and find it whole.
   void AddTexts(const std::vector<PlacedText>& texts, const Colour& colour) {
     const QString fill = colour == Colour() ? QString() : " fill=\"" + HexColour(colour) + '"';
+    const PlacedText* last = nullptr;
     for (const PlacedText& text : texts) {
       if (text.text.isEmpty()) continue;
-      body_ +=
-          QString("<text class=\"%1\" x=\"%2\" y=\"%3\" textLength=\"%4\"%5>")
-              .arg(FontClass(*text.face), Number(text.x), Number(text.y), Number(text.width), fill);
-      body_ += Escaped(text.text) + "</text>\n";
+      if (last == nullptr || last->y != text.y) {
+        if (last != nullptr) body_ += "</text>\n";
+        body_ += QString("<text y=\"%1\"%2>").arg(Number(text.y), fill);
+      }
+      body_ += QString("<tspan class=\"%1\" x=\"%2\" textLength=\"%3\">")
+                   .arg(FontClass(*text.face), Number(text.x - BoldStroke(*text.face) / 2),
+                        Number(text.width));
+      body_ += Escaped(text.text) + "</tspan>";
+      last = &text;
     }
+    if (last != nullptr) body_ += "</text>\n";
   }
 
   QString FontClass(const Face& face) {
