@@ -1,0 +1,117 @@
+#include "odbc/driver_text.h"
+
+#include <algorithm>
+#include <array>
+#include <initializer_list>
+#include <string_view>
+#include <vector>
+
+#include "sql_support/connection_entries.h"
+#include "sql_support/sql_scanner.h"
+
+namespace td {
+namespace {
+
+using Entries = std::vector<ConnectionEntry>;
+
+// The value of the first entry that has one of the keys; empty if none has.
+std::string Find(const Entries& entries, std::initializer_list<std::string_view> keys) {
+  for (const ConnectionEntry& entry : entries) {
+    const bool wanted = std::any_of(keys.begin(), keys.end(), [&entry](std::string_view key) {
+      return EqualWords(entry.key, key);
+    });
+    if (wanted) return entry.value;
+  }
+  return {};
+}
+
+bool StartsWithWord(std::string_view text, std::string_view word) {
+  return EqualWords(text.substr(0, word.size()), word);
+}
+
+// Adds KEY=value; nothing for an empty value. Braces only where they are needed, as drivers do not
+// take them everywhere.
+void Add(std::string& text, std::string_view key, std::string_view value) {
+  if (value.empty()) return;
+  text.append(key).append("=");
+  const bool plain = value.find_first_of(";{}[]()=,?*!@ '\"") == std::string_view::npos;
+  if (plain) {
+    text.append(value);
+  } else {
+    text += '{';
+    for (const char c : value) text.append(c == '}' ? 2 : 1, c);
+    text += '}';
+  }
+  text += ';';
+}
+
+void AddServer(std::string& text, std::string_view server) {
+  if (StartsWithWord(server, "tcp:")) server.remove_prefix(4);
+  const auto comma = server.find(',');
+  std::string_view host = server.substr(0, comma);
+  if (host == "." || EqualWords(host, "(local)")) host = "localhost";
+  text.append("Server=").append(host).append(";");
+  if (comma != std::string_view::npos) {
+    text.append("Port=").append(server.substr(comma + 1)).append(";");
+  } else if (host.find('\\') == std::string_view::npos) {
+    text += "Port=1433;";
+  }
+}
+
+void AddUser(std::string& text, const Entries& entries) {
+  Add(text, "Database", Find(entries, {"Initial Catalog", "Database"}));
+  Add(text, "UID", Find(entries, {"User ID", "UID"}));
+  Add(text, "PWD", Find(entries, {"Password", "PWD"}));
+}
+
+std::string SqlServerText(const Entries& entries) {
+  if (!Find(entries, {"Integrated Security", "Trusted_Connection"}).empty()) {
+    throw WrongConnectionText("不能用操作系统的用户登录，请写明 User ID 和 Password");
+  }
+  const std::string server =
+      Find(entries, {"Data Source", "Server", "Address", "Addr", "Network Address"});
+  if (server.empty()) throw WrongConnectionText("缺少 Data Source");
+  std::string text = "Driver=FreeTDS;TDS_Version=7.4;ClientCharset=UTF-8;";
+  AddServer(text, server);
+  AddUser(text, entries);
+  return text;
+}
+
+std::string DataSourceText(const Entries& entries) {
+  std::string text = Find(entries, {"Extended Properties"});
+  if (!text.empty() && text.back() != ';') text += ';';
+  Add(text, "DSN", Find(entries, {"Data Source", "DSN"}));
+  Add(text, "Driver", Find(entries, {"Driver"}));
+  AddUser(text, entries);
+  return text;
+}
+
+std::string FromProvider(std::string_view provider, const Entries& entries) {
+  constexpr std::array<std::string_view, 3> kSqlServer = {"SQLOLEDB", "SQLNCLI", "MSOLEDBSQL"};
+  if (StartsWithWord(provider, "MSDASQL")) return DataSourceText(entries);
+  const bool known =
+      std::any_of(kSqlServer.begin(), kSqlServer.end(),
+                  [provider](std::string_view name) { return StartsWithWord(provider, name); });
+  if (!known) throw WrongConnectionText("不认识 Provider=" + std::string(provider));
+  return SqlServerText(entries);
+}
+
+}  // namespace
+
+DriverText ToDriverText(const std::string& connectionText) {
+  if (connectionText.find('\0') != std::string::npos) throw WrongConnectionText("含有空字符");
+  const Entries entries = ReadConnectionEntries(connectionText);
+  DriverText result;
+  const std::string provider = Find(entries, {"Provider"});
+  if (!provider.empty()) {
+    result.text = FromProvider(provider, entries);
+  } else if (!Find(entries, {"Driver", "DSN", "FileDSN"}).empty()) {
+    result.text = connectionText;
+  } else {
+    throw WrongConnectionText("应含有 Driver=、DSN= 或 Provider=");
+  }
+  result.password = Find(ReadConnectionEntries(result.text), {"PWD", "Password"});
+  return result;
+}
+
+}  // namespace td

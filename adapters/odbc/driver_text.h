@@ -1,0 +1,28 @@
+// From the caller's connection text to the text that the driver manager takes.
+#pragma once
+
+#include <string>
+
+namespace td {
+
+struct DriverText {
+  std::string text;
+  std::string password;  // to be kept out of every message; empty if there is none
+};
+
+// A text with Driver=, DSN= or FileDSN= goes to the driver manager as it is. The provider texts of
+// older applications are translated (keys and providers without regard to case, endings such as
+// .1 or 11 of a provider's name left aside):
+//
+//   Provider=SQLOLEDB, SQLNCLI or MSOLEDBSQL   Driver=FreeTDS
+//   Provider=MSDASQL                           the text in Extended Properties, then
+//                                              Data Source as DSN, Driver as it is
+//   Data Source, Server, Address, Addr, Network Address   Server, and Port behind a comma
+//   Initial Catalog, Database                  Database
+//   User ID, UID; Password, PWD                UID; PWD
+//
+// Other keys of a provider text have no effect. Fails on a text without driver or provider, on
+// another provider, and where the user of the operating system is to log on.
+[[nodiscard]] DriverText ToDriverText(const std::string& connectionText);
+
+}  // namespace td

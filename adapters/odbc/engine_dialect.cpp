@@ -1,0 +1,87 @@
+#include "odbc/engine_dialect.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace td {
+namespace {
+
+constexpr SqlLexicon kPostgreSqlLexicon{
+    .dollarQuotes = true, .escapeTexts = true, .nestedComments = true};
+constexpr SqlLexicon kMariaDbLexicon{
+    .backquotes = true, .hashComments = true, .guardedComments = true};
+constexpr SqlLexicon kSqlServerLexicon{
+    .brackets = true, .doubledBrackets = true, .nestedComments = true};
+constexpr SqlLexicon kStandardLexicon{};
+
+}  // namespace
+
+Engine EngineByName(std::string_view name) {
+  if (EqualWords(name, "PostgreSQL")) return Engine::kPostgreSql;
+  if (EqualWords(name, "MariaDB") || EqualWords(name, "MySQL")) return Engine::kMariaDb;
+  if (EqualWords(name, "Microsoft SQL Server")) return Engine::kSqlServer;
+  return Engine::kOther;
+}
+
+const SqlLexicon& LexiconOf(Engine engine) {
+  switch (engine) {
+    case Engine::kPostgreSql:
+      return kPostgreSqlLexicon;
+    case Engine::kMariaDb:
+      return kMariaDbLexicon;
+    case Engine::kSqlServer:
+      return kSqlServerLexicon;
+    case Engine::kOther:
+      break;
+  }
+  return kStandardLexicon;
+}
+
+std::vector<std::string> SettingsOf(Engine engine) {
+  switch (engine) {
+    case Engine::kPostgreSql:
+      return {"set standard_conforming_strings=on", "set lock_timeout=1000"};
+    case Engine::kMariaDb:
+      return {
+          "set session sql_mode=concat(@@sql_mode,',ANSI_QUOTES,NO_BACKSLASH_ESCAPES'),"
+          "innodb_lock_wait_timeout=1,lock_wait_timeout=1"};
+    case Engine::kSqlServer:
+      return {"set quoted_identifier on", "set lock_timeout 1000"};
+    case Engine::kOther:
+      break;
+  }
+  return {};
+}
+
+std::string_view TableNames::Find(std::string_view word) const {
+  std::string_view found;
+  std::size_t count = 0;
+  for (const std::string& name : names_) {
+    if (name == word) return word;
+    if (EqualWords(name, word)) {
+      found = name;
+      ++count;
+    }
+  }
+  return count == 1 ? found : word;
+}
+
+std::string ToEngineDialect(std::string_view sql, Engine engine, const TableNames& tables) {
+  const bool lacksIsnull = engine != Engine::kSqlServer;
+  std::string result;
+  result.reserve(sql.size() + 16);
+  SqlScanner scanner(sql, LexiconOf(engine));
+  for (SqlToken token = scanner.Next(); token != SqlToken::kEnd; token = scanner.Next()) {
+    const std::string_view text = scanner.Text();
+    if (token != SqlToken::kWord) {
+      result += text;
+    } else if (lacksIsnull && EqualWords(text, "isnull") && scanner.PeekPastBlanks() == "(") {
+      result += "coalesce";
+    } else {
+      result += tables.Find(text);
+    }
+  }
+  return result;
+}
+
+}  // namespace td

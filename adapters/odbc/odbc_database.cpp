@@ -1,0 +1,73 @@
+#include "odbc/odbc_database.h"
+
+#include <utility>
+
+#include "memory_rows/memory_recordset.h"
+#include "odbc/odbc_session.h"
+#include "sql_support/database_failure.h"
+#include "sql_support/session_pool.h"
+
+namespace td {
+namespace {
+
+using Pool = SessionPool<OdbcSession>;
+
+// A session whose server answers, since a statement that writes can't be sent a second time.
+std::unique_ptr<OdbcSession> TakeAnswering(Pool& pool, const std::string& connection) {
+  while (auto session = pool.TakeKept(connection)) {
+    if (session->Answers()) return session;
+  }
+  return std::make_unique<OdbcSession>(connection);
+}
+
+class OdbcConnection final : public Connection {
+ public:
+  OdbcConnection(std::shared_ptr<Pool> pool, std::string connection)
+      : pool_(std::move(pool)),
+        connection_(std::move(connection)),
+        session_(TakeAnswering(*pool_, connection_)) {}
+  OdbcConnection(const OdbcConnection&) = delete;
+  OdbcConnection& operator=(const OdbcConnection&) = delete;
+  ~OdbcConnection() override { pool_->GiveBack(std::move(connection_), std::move(session_)); }
+
+  void Execute(const std::string& sql) override {
+    WithEnoughMemory([&] { session_->Run(sql); });
+  }
+
+ private:
+  std::shared_ptr<Pool> pool_;
+  std::string connection_;
+  std::unique_ptr<OdbcSession> session_;
+};
+
+}  // namespace
+
+OdbcDatabase::OdbcDatabase() : pool_(std::make_shared<Pool>()) {}
+
+OdbcDatabase::~OdbcDatabase() = default;
+
+RecordsetRef OdbcDatabase::OpenQuery(const std::string& connection, const std::string& sql,
+                                     CursorType /*cursor*/, LockType /*lock*/) {
+  const auto runOn = [&](std::unique_ptr<OdbcSession>& session) -> RecordsetRef {
+    auto rows = session->Run(sql);
+    pool_->GiveBack(connection, std::move(session));
+    return std::make_shared<MemoryRecordset>(std::move(rows));
+  };
+  return WithEnoughMemory([&] {
+    while (auto session = pool_->TakeKept(connection)) {
+      try {
+        return runOn(session);
+      } catch (const Failure&) {
+        if (!session->Lost() || !session->IsQuery(sql)) throw;
+      }
+    }
+    auto session = std::make_unique<OdbcSession>(connection);
+    return runOn(session);
+  });
+}
+
+std::unique_ptr<Connection> OdbcDatabase::Connect(const std::string& connection) {
+  return WithEnoughMemory([&] { return std::make_unique<OdbcConnection>(pool_, connection); });
+}
+
+}  // namespace td

@@ -1,0 +1,148 @@
+#include "odbc/odbc_session.h"
+
+#include <sqlext.h>
+#include <sqlucode.h>
+
+#include <cstddef>
+#include <utility>
+#include <variant>
+
+#include "odbc/odbc_values.h"
+#include "odbc/utf16.h"
+#include "sql_support/database_failure.h"
+#include "sql_support/statement_text.h"
+
+namespace td {
+namespace {
+
+bool SameNames(const ColumnNames& names, const std::vector<OdbcColumn>& columns) {
+  if (names.Size() != columns.size()) return false;
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    if (names.Name(i) != columns[i].name) return false;
+  }
+  return true;
+}
+
+ColumnNamesRef NamesOf(const std::vector<OdbcColumn>& columns) {
+  std::vector<std::string> names;
+  for (const OdbcColumn& column : columns) names.push_back(column.name);
+  return std::make_shared<const ColumnNames>(std::move(names));
+}
+
+// A cursor that stayed open would keep the statement from running again.
+class CursorCloser {
+ public:
+  explicit CursorCloser(SQLHSTMT statement) : statement_(statement) {}
+  ~CursorCloser() { SQLFreeStmt(statement_, SQL_CLOSE); }
+  CursorCloser(const CursorCloser&) = delete;
+  CursorCloser& operator=(const CursorCloser&) = delete;
+
+ private:
+  SQLHSTMT statement_;
+};
+
+}  // namespace
+
+OdbcSession::OdbcSession(const std::string& connection)
+    : connection_(ToDriverText(connection)), engine_(EngineByName(connection_.EngineName())) {
+  for (const std::string& setting : SettingsOf(engine_)) Run(setting);
+  if (engine_ == Engine::kMariaDb) ReadTableNames();
+  reusable_ = true;
+}
+
+void OdbcSession::ReadTableNames() {
+  const auto rows =
+      Run("select table_name from information_schema.tables where table_schema=database() and "
+          "@@lower_case_table_names=0");
+  std::vector<std::string> names;
+  for (const auto& row : rows->rows) names.push_back(std::get<std::string>(row.front()));
+  tables_ = TableNames(std::move(names));
+}
+
+bool OdbcSession::Answers() {
+  try {
+    Run("select 1");
+    return true;
+  } catch (const Failure&) {
+    return false;
+  }
+}
+
+bool OdbcSession::IsQuery(const std::string& sql) const {
+  return EqualWords(FirstWord(sql, LexiconOf(engine_)), "select");
+}
+
+std::shared_ptr<const MemoryRows> OdbcSession::Run(const std::string& sql) {
+  const bool wasReusable = std::exchange(reusable_, false);  // stays so when a failure leaves
+  auto rows = RunKept(sql);
+  if (!rows) rows = Execute(prepared_.Add(sql, Prepare(sql)));
+  reusable_ = wasReusable && LeavesNothingBehind(sql, LexiconOf(engine_));
+  return *std::move(rows);
+}
+
+std::optional<OdbcSession::Rows> OdbcSession::RunKept(const std::string& sql) {
+  Prepared* const kept = prepared_.Find(sql);
+  if (kept == nullptr) return std::nullopt;
+  try {
+    return Execute(*kept);
+  } catch (const Failure&) {
+    // Engines refuse a prepared query whose tables were changed; prepared anew it runs.
+    prepared_.Remove(sql);
+    if (lost_ || locked_ || !IsQuery(sql)) throw;
+    return std::nullopt;
+  }
+}
+
+OdbcSession::Prepared OdbcSession::Prepare(const std::string& sql) {
+  CheckNoNul(sql);
+  CheckOneStatement(sql, LexiconOf(engine_));
+  Prepared prepared{MakeStatement(connection_), nullptr};
+  const std::u16string text = ToUtf16(ToEngineDialect(sql, engine_, tables_));
+  const SQLRETURN code =
+      SQLPrepareW(prepared.handle.get(), WideText(text), static_cast<SQLINTEGER>(text.size()));
+  if (!SQL_SUCCEEDED(code)) Fail(prepared);
+  return prepared;
+}
+
+OdbcSession::Rows OdbcSession::Execute(Prepared& prepared) {
+  const CursorCloser closeAtEnd(prepared.handle.get());
+  const SQLRETURN code = SQLExecute(prepared.handle.get());
+  if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA) Fail(prepared);
+  try {
+    return Fetch(prepared);
+  } catch (const OdbcReadError&) {
+    Fail(prepared);
+  }
+}
+
+OdbcSession::Rows OdbcSession::Fetch(Prepared& prepared) const {
+  const SQLHSTMT statement = prepared.handle.get();
+  const std::vector<OdbcColumn> columns = ReadColumns(statement);
+  if (columns.empty()) return nullptr;
+  // The names are described anew each time, as the tables may have changed, and shared if they are
+  // the same.
+  if (!prepared.columns || !SameNames(*prepared.columns, columns)) {
+    prepared.columns = NamesOf(columns);
+  }
+  auto result = std::make_shared<MemoryRows>();
+  result->columns = prepared.columns;
+  for (;;) {
+    const SQLRETURN code = SQLFetch(statement);
+    if (code == SQL_NO_DATA) return result;
+    if (!SQL_SUCCEEDED(code)) throw OdbcReadError();
+    std::vector<Value>& row = result->rows.emplace_back();
+    row.reserve(columns.size());
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      row.push_back(ReadValue(statement, static_cast<SQLUSMALLINT>(i + 1), columns[i].type));
+    }
+  }
+}
+
+void OdbcSession::Fail(const Prepared& prepared) {
+  const OdbcDiagnosis diagnosis = Diagnose(SQL_HANDLE_STMT, prepared.handle.get());
+  lost_ = IsConnectionLost(diagnosis, engine_) || connection_.KnownDead();
+  locked_ = IsLockConflict(diagnosis, engine_);
+  throw StatementFailure(diagnosis, engine_);
+}
+
+}  // namespace td

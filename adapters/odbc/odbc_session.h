@@ -1,0 +1,62 @@
+// One connection through a driver with its prepared statements.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "memory_rows/memory_recordset.h"
+#include "odbc/engine_dialect.h"
+#include "odbc/odbc_failure.h"
+#include "odbc/odbc_handles.h"
+#include "sql_support/statement_cache.h"
+
+namespace td {
+
+class OdbcSession {
+ public:
+  // Connects. Fails with kDatabaseFailed.
+  explicit OdbcSession(const std::string& connection);
+
+  // Runs one statement to its end, waiting a second for a lock. Returns its rows, or nothing for a
+  // statement that delivers none.
+  std::shared_ptr<const MemoryRows> Run(const std::string& sql);
+
+  // Whether the connection is not known to be gone; a server that went away silently shows only in
+  // the next statement.
+  [[nodiscard]] bool Usable() const { return !connection_.KnownDead(); }
+  // Asks the server.
+  [[nodiscard]] bool Answers();
+
+  // Whether no statement has failed or left something behind in the connection.
+  [[nodiscard]] bool Reusable() const { return reusable_; }
+  // Whether the connection was gone when the last statement failed.
+  [[nodiscard]] bool Lost() const { return lost_; }
+  // Whether a statement only reads, so that it can be sent again.
+  [[nodiscard]] bool IsQuery(const std::string& sql) const;
+
+ private:
+  struct Prepared {
+    OdbcStatementHandle handle;
+    ColumnNamesRef columns;
+  };
+
+  using Rows = std::shared_ptr<const MemoryRows>;
+
+  [[nodiscard]] std::optional<Rows> RunKept(const std::string& sql);
+  [[nodiscard]] Prepared Prepare(const std::string& sql);
+  Rows Execute(Prepared& prepared);
+  [[nodiscard]] Rows Fetch(Prepared& prepared) const;
+  [[noreturn]] void Fail(const Prepared& prepared);
+  void ReadTableNames();
+
+  OdbcConnectionHandle connection_;
+  Engine engine_;
+  TableNames tables_;
+  StatementCache<Prepared> prepared_;
+  bool reusable_ = true;
+  bool lost_ = false;
+  bool locked_ = false;
+};
+
+}  // namespace td

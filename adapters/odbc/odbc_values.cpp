@@ -1,0 +1,176 @@
+#include "odbc/odbc_values.h"
+
+#include <sqlext.h>
+#include <sqlucode.h>
+
+#include <array>
+#include <charconv>
+#include <chrono>
+#include <cmath>
+#include <cstddef>
+#include <cstdio>
+#include <string_view>
+
+#include "odbc/utf16.h"
+
+namespace td {
+namespace {
+
+constexpr std::size_t kFirstPiece = 2048;
+
+// Fetches a column of characters or bytes of any length: a first piece, then all the rest at once
+// where the driver tells its length. False for Null.
+template <typename Units>
+bool ReadLong(SQLHSTMT statement, SQLUSMALLINT column, SQLSMALLINT type, std::size_t terminator,
+              Units& result) {
+  constexpr std::size_t kUnit = sizeof(typename Units::value_type);
+  std::size_t room = kFirstPiece;
+  std::size_t filled = 0;
+  for (;;) {
+    result.resize(filled + room + terminator);
+    SQLLEN length = 0;  // in bytes, of all that had not been fetched before this call
+    const SQLRETURN code = SQLGetData(statement, column, type, result.data() + filled,
+                                      static_cast<SQLLEN>((room + terminator) * kUnit), &length);
+    if (code == SQL_NO_DATA) break;
+    if (!SQL_SUCCEEDED(code)) throw OdbcReadError();
+    if (length == SQL_NULL_DATA) return false;
+    const bool lengthKnown = length != SQL_NO_TOTAL;
+    const std::size_t left = lengthKnown ? static_cast<std::size_t>(length) / kUnit : 0;
+    if (lengthKnown && left <= room) {
+      filled += left;
+      break;
+    }
+    filled += room;
+    room = lengthKnown ? left - room : 2 * room;
+  }
+  result.resize(filled);
+  return true;
+}
+
+template <typename Number>
+bool ReadFixed(SQLHSTMT statement, SQLUSMALLINT column, SQLSMALLINT type, Number& number) {
+  SQLLEN length = 0;
+  const SQLRETURN code =
+      SQLGetData(statement, column, type, &number, static_cast<SQLLEN>(sizeof(number)), &length);
+  if (!SQL_SUCCEEDED(code)) throw OdbcReadError();
+  return length != SQL_NULL_DATA;
+}
+
+Value ReadText(SQLHSTMT statement, SQLUSMALLINT column) {
+  std::u16string text;
+  if (!ReadLong(statement, column, SQL_C_WCHAR, 1, text)) return Null{};
+  return ToUtf8(text);
+}
+
+Value ReadBytes(SQLHSTMT statement, SQLUSMALLINT column) {
+  Bytes bytes;
+  if (!ReadLong(statement, column, SQL_C_BINARY, 0, bytes)) return Null{};
+  return bytes;
+}
+
+Value ReadExactNumber(SQLHSTMT statement, SQLUSMALLINT column) {
+  std::string digits;
+  if (!ReadLong(statement, column, SQL_C_CHAR, 1, digits)) return Null{};
+  const char* const end = digits.data() + digits.size();
+  std::int64_t whole = 0;
+  if (const auto read = std::from_chars(digits.data(), end, whole);
+      read.ec == std::errc() && read.ptr == end) {
+    return whole;
+  }
+  double real = 0;
+  const auto read = std::from_chars(digits.data(), end, real);
+  if (read.ec == std::errc() && read.ptr == end && std::isfinite(real)) return real;
+  return digits;
+}
+
+Value ReadReal(SQLHSTMT statement, SQLUSMALLINT column, bool isSingle) {
+  double number = 0;
+  if (!ReadFixed(statement, column, SQL_C_DOUBLE, number) || std::isnan(number)) return Null{};
+  if (!isSingle || !std::isfinite(number)) return number;
+  // Widened bits would show digits that the single never had.
+  std::array<char, 32> text{};
+  const auto written =
+      std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::general, 7);
+  std::from_chars(text.data(), written.ptr, number);
+  return number;
+}
+
+Value ReadDate(SQLHSTMT statement, SQLUSMALLINT column) {
+  SQL_TIMESTAMP_STRUCT stamp{};
+  if (!ReadFixed(statement, column, SQL_C_TYPE_TIMESTAMP, stamp)) return Null{};
+  using std::chrono::days;
+  using std::chrono::sys_days;
+  const sys_days day = std::chrono::year(stamp.year) / stamp.month / stamp.day;
+  constexpr sys_days kDayZero = std::chrono::year(1899) / 12 / 30;
+  const auto serial = static_cast<double>((day - kDayZero).count());
+  const double seconds = stamp.hour * 3600.0 + stamp.minute * 60.0 + stamp.second +
+                         static_cast<double>(stamp.fraction) / 1e9;
+  const double time = seconds / 86400.0;
+  return Date{serial < 0 ? serial - time : serial + time};
+}
+
+Value ReadTime(SQLHSTMT statement, SQLUSMALLINT column) {
+  SQL_TIME_STRUCT time{};
+  if (!ReadFixed(statement, column, SQL_C_TYPE_TIME, time)) return Null{};
+  return Date{(time.hour * 3600.0 + time.minute * 60.0 + time.second) / 86400.0};
+}
+
+Value ReadBit(SQLHSTMT statement, SQLUSMALLINT column) {
+  unsigned char bit = 0;
+  if (!ReadFixed(statement, column, SQL_C_BIT, bit)) return Null{};
+  return bit != 0;
+}
+
+}  // namespace
+
+std::vector<OdbcColumn> ReadColumns(SQLHSTMT statement) {
+  SQLSMALLINT count = 0;
+  if (!SQL_SUCCEEDED(SQLNumResultCols(statement, &count))) throw OdbcReadError();
+  std::vector<OdbcColumn> columns(static_cast<std::size_t>(count));
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    std::array<char16_t, 512> name{};
+    SQLSMALLINT length = 0;
+    SQLSMALLINT digits = 0;
+    SQLSMALLINT nullable = 0;
+    SQLULEN size = 0;
+    const SQLRETURN code = SQLDescribeColW(statement, static_cast<SQLUSMALLINT>(i + 1),
+                                           reinterpret_cast<SQLWCHAR*>(name.data()),
+                                           static_cast<SQLSMALLINT>(name.size()), &length,
+                                           &columns[i].type, &size, &digits, &nullable);
+    if (!SQL_SUCCEEDED(code)) throw OdbcReadError();
+    columns[i].name = ToUtf8(name.data());
+  }
+  return columns;
+}
+
+Value ReadValue(SQLHSTMT statement, SQLUSMALLINT column, SQLSMALLINT type) {
+  switch (type) {
+    case SQL_TINYINT:
+    case SQL_SMALLINT:
+    case SQL_INTEGER:
+    case SQL_BIGINT:  // unsigned ones may need more than 64 bits
+    case SQL_DECIMAL:
+    case SQL_NUMERIC:
+      return ReadExactNumber(statement, column);
+    case SQL_REAL:
+      return ReadReal(statement, column, true);
+    case SQL_FLOAT:
+    case SQL_DOUBLE:
+      return ReadReal(statement, column, false);
+    case SQL_TYPE_DATE:
+    case SQL_TYPE_TIMESTAMP:
+      return ReadDate(statement, column);
+    case SQL_TYPE_TIME:
+      return ReadTime(statement, column);
+    case SQL_BIT:
+      return ReadBit(statement, column);
+    case SQL_BINARY:
+    case SQL_VARBINARY:
+    case SQL_LONGVARBINARY:
+      return ReadBytes(statement, column);
+    default:
+      return ReadText(statement, column);
+  }
+}
+
+}  // namespace td

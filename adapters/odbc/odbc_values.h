@@ -1,0 +1,34 @@
+// Reads the current row of a driver's result.
+#pragma once
+
+#include <sql.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/value.h"
+
+namespace td {
+
+struct OdbcColumn {
+  std::string name;
+  SQLSMALLINT type = 0;
+};
+
+// The columns of a statement's result; none when it delivers no rows.
+[[nodiscard]] std::vector<OdbcColumn> ReadColumns(SQLHSTMT statement);
+
+// The value of a column, from 1, in the row last fetched; each column once, in order.
+//   whole numbers, and exact ones without a point   whole number, if 64 bits hold it
+//   other exact numbers, floating ones              real (at 7 digits where the type is single)
+//   dates and times                                 date; a time alone lies on day 0
+//   bits                                            flag
+//   bytes                                           bytes
+//   all else                                        text
+// Fails with the driver's OdbcReadError.
+[[nodiscard]] Value ReadValue(SQLHSTMT statement, SQLUSMALLINT column, SQLSMALLINT type);
+
+// A read failed; the statement's diagnosis says why.
+struct OdbcReadError {};
+
+}  // namespace td

@@ -1,0 +1,95 @@
+#include "database_servers.h"
+
+#include <arpa/inet.h>
+#include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <stdlib.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <stdexcept>
+
+namespace td {
+namespace {
+
+int FreePort() {
+  const int listener = socket(AF_INET, SOCK_STREAM, 0);
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  socklen_t length = sizeof(address);
+  auto* const plain = reinterpret_cast<sockaddr*>(&address);
+  if (bind(listener, plain, length) != 0 || getsockname(listener, plain, &length) != 0) {
+    throw std::runtime_error("no free port");
+  }
+  close(listener);
+  return ntohs(address.sin_port);
+}
+
+std::string NameOf(Server server) {
+  return server == Server::kPostgreSql ? "postgresql" : "mariadb";
+}
+
+class Servers : public testing::Environment {
+ public:
+  void SetUp() override {
+    std::string folder = (std::filesystem::temp_directory_path() / "qbtd-odbc-XXXXXX").string();
+    if (mkdtemp(folder.data()) == nullptr) throw std::runtime_error("no temporary folder");
+    chmod(folder.c_str(), 0755);  // the servers run as another user
+    folder_ = folder;
+    for (const Server server : {Server::kPostgreSql, Server::kMariaDb}) {
+      Port(server) = FreePort();
+      Run("start", server);
+    }
+  }
+
+  void TearDown() override {
+    for (const Server server : {Server::kPostgreSql, Server::kMariaDb}) Run("stop", server);
+    std::filesystem::remove_all(folder_);
+  }
+
+  void Run(const std::string& action, Server server) {
+    const std::string command = std::string(QBTD_SOURCE_DIR "/tests/odbc/database-servers.sh ") +
+                                action + " " + NameOf(server) + " " + folder_.string() + " " +
+                                std::to_string(Port(server));
+    if (std::system(command.c_str()) != 0) throw std::runtime_error("failed: " + command);
+  }
+
+  int& Port(Server server) {
+    return server == Server::kPostgreSql ? postgreSqlPort_ : mariaDbPort_;
+  }
+
+ private:
+  std::filesystem::path folder_;
+  int postgreSqlPort_ = 0;
+  int mariaDbPort_ = 0;
+};
+
+Servers* const servers = [] {
+  auto* const environment = new Servers;
+  testing::AddGlobalTestEnvironment(environment);  // which owns it from now on
+  return environment;
+}();
+
+}  // namespace
+
+std::string ConnectionOf(Server server) {
+  const std::string driver =
+      server == Server::kPostgreSql ? "PostgreSQL Unicode" : "MariaDB Unicode";
+  return "Driver={" + driver + "};Server=127.0.0.1;Port=" + std::to_string(PortOf(server)) +
+         ";Database=qbtd;UID=clerk;PWD={geheim;}}1}";
+}
+
+int PortOf(Server server) {
+  return servers->Port(server);
+}
+void StopServer(Server server) {
+  servers->Run("stop", server);
+}
+void StartServer(Server server) {
+  servers->Run("start", server);
+}
+
+}  // namespace td

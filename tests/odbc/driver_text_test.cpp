@@ -1,0 +1,78 @@
+#include "odbc/driver_text.h"
+
+#include <gtest/gtest.h>
+
+#include "failure_of.h"
+#include "odbc/engine_dialect.h"
+#include "odbc/utf16.h"
+
+namespace td {
+namespace {
+
+TEST(DriverText, PassesDriverTextsOnAsTheyAre) {
+  for (const char* text : {"Driver={X};Server=a;PWD={p;}}}", "dsn=shop", " DRIVER = X ; A=b"}) {
+    EXPECT_EQ(ToDriverText(text).text, text);
+  }
+  EXPECT_EQ(ToDriverText("Driver={X};PWD={p;}}}").password, "p;}");
+}
+
+TEST(DriverText, TranslatesTheProvidersOfSqlServer) {
+  const DriverText text = ToDriverText(
+      "Provider=SQLOLEDB.1;Persist Security Info=False;User ID=sa;Password=a;Initial "
+      "Catalog=AIS1;Data Source=server1");
+  EXPECT_EQ(text.text,
+            "Driver=FreeTDS;TDS_Version=7.4;ClientCharset=UTF-8;Server=server1;Port=1433;"
+            "Database=AIS1;UID=sa;PWD=a;");
+  EXPECT_EQ(text.password, "a");
+  const auto serverOf = [](const std::string& source) {
+    const std::string text = ToDriverText("provider=sqlncli11;server=" + source).text;
+    return text.substr(text.find("Server="));
+  };
+  EXPECT_EQ(serverOf("tcp:10.0.0.1,1500"), "Server=10.0.0.1;Port=1500;");
+  EXPECT_EQ(serverOf("(local)"), "Server=localhost;Port=1433;");
+  EXPECT_EQ(serverOf(".,1500"), "Server=localhost;Port=1500;");
+  EXPECT_EQ(serverOf("host\\SQLEXPRESS"), "Server=host\\SQLEXPRESS;");
+}
+
+TEST(DriverText, TranslatesTheProviderForDrivers) {
+  EXPECT_EQ(ToDriverText("Provider=MSDASQL;Data Source=shop;User ID=u;Password=p}").text,
+            "DSN=shop;UID=u;PWD={p}}};");
+  EXPECT_EQ(ToDriverText("Provider=MSDASQL.1;Extended Properties=\"Driver={X};Server=h\"").text,
+            "Driver={X};Server=h;");
+}
+
+TEST(DriverText, RefusesOtherTexts) {
+  for (const char* text :
+       {"", "a.db", "Server=a", "Provider=Other;Data Source=a", "Provider=SQLOLEDB",
+        "Provider=SQLOLEDB;Data Source=a;Integrated Security=SSPI", "Driver={X"}) {
+    EXPECT_EQ(FailureOf([text] { (void)ToDriverText(text); }).Number(), kDatabaseFailed) << text;
+  }
+}
+
+TEST(EngineDialect, ReplacesTheCallOfIsnullWhereItIsUnknown) {
+  const char* sql = "select left(isnull(a,''),1),'isnull(' from t where a isnull";
+  EXPECT_EQ(ToEngineDialect(sql, Engine::kPostgreSql, {}),
+            "select left(coalesce(a,''),1),'isnull(' from t where a isnull");
+  EXPECT_EQ(ToEngineDialect(sql, Engine::kSqlServer, {}), sql);
+}
+
+TEST(EngineDialect, GivesTableNamesTheirCapitals) {
+  const TableNames tables({"t_SystemProfile", "Twice", "twice"});
+  EXPECT_EQ(ToEngineDialect("select T_systemprofile.a,'t_systemprofile' from t_systemprofile,TWICE",
+                            Engine::kMariaDb, tables),
+            "select t_SystemProfile.a,'t_systemprofile' from t_SystemProfile,TWICE");
+}
+
+TEST(Utf16, TakesAndGivesEveryCharacter) {
+  const std::string text = std::string("a\0é", 4) + "销\U0001F5A8\U0010FFFF";
+  EXPECT_EQ(ToUtf8(ToUtf16(text)), text);
+  EXPECT_EQ(ToUtf16("\U0001F5A8").size(), 2U);
+}
+
+TEST(Utf16, ReplacesHalvesThatStandAlone) {
+  EXPECT_EQ(ToUtf8(std::u16string{0xD800, u'a', 0xDC00, 0xD83D}), "\uFFFDa\uFFFD\uFFFD");
+  EXPECT_EQ(ToUtf8(ToUtf16("\xFF")), "\uFFFD");
+}
+
+}  // namespace
+}  // namespace td
