@@ -1,0 +1,57 @@
+// What the preview shows is the page as the image output draws it, at every zoom and resolution.
+#include <QImage>
+#include <cstdlib>
+
+#include "qt/render/outputs.h"
+#include "shown_preview.h"
+
+namespace td {
+namespace {
+
+using PreviewPixels = ShownPreview;
+
+// The part of all pixels that differ visibly.
+double DifferingPart(const QImage& shown, const QImage& wanted) {
+  constexpr int kVisible = 60;  // of 255
+  int differing = 0;
+  for (int y = 0; y < wanted.height(); ++y) {
+    for (int x = 0; x < wanted.width(); ++x) {
+      const int difference = qGray(shown.pixel(x, y)) - qGray(wanted.pixel(x, y));
+      if (std::abs(difference) > kVisible) ++differing;
+    }
+  }
+  return differing / (1.0 * wanted.width() * wanted.height());
+}
+
+void ExpectPixelsOfThePage(PreviewWindow& window, const Page& page, double zoom) {
+  PageView& view = ViewOf(window);
+  const double ratio = view.devicePixelRatioF();
+  const QImage whole = view.viewport()->grab().toImage();
+  const QRectF sheet = view.SheetRect();
+  const QImage wanted = RenderPage(page, view.logicalDpiX() * ratio * zoom / 100);
+  const QImage shown = whole.copy(qRound(sheet.left() * ratio), qRound(sheet.top() * ratio),
+                                  wanted.width(), wanted.height());
+  EXPECT_LT(DifferingPart(shown, wanted), 0.001) << "zoom " << zoom << ", ratio " << ratio;
+  EXPECT_GT(
+      DifferingPart(shown,
+                    QImage(wanted.size(), wanted.format()).convertToFormat(QImage::Format_RGB32)),
+      0.5)
+      << "the page is there at all";
+}
+
+TEST_F(PreviewPixels, AreThoseOfTheImageOutputAtEveryZoom) {
+  Show([this] { MakeDocument(1); },
+       [this](PreviewWindow& window) {
+         window.resize(1000, 850);
+         EXPECT_EQ(window.devicePixelRatioF(), std::atof(PREVIEW_SCALE));
+         auto& document = dynamic_cast<PageDocument&>(frame_.Surface());
+         for (const double zoom : {100.0, 50.0, 75.0}) {
+           document.PutZoom(zoom);
+           QTest::qWait(50);
+           ExpectPixelsOfThePage(window, document.Pages()[0], zoom);
+         }
+       });
+}
+
+}  // namespace
+}  // namespace td
