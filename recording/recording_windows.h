@@ -2,9 +2,9 @@
 #pragma once
 
 #include <memory>
-#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/platform.h"

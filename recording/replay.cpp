@@ -1,6 +1,7 @@
 #include "recording/replay.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <utility>
 
