@@ -25,6 +25,7 @@ bool SameNames(const ColumnNames& names, const std::vector<OdbcColumn>& columns)
 
 ColumnNamesRef NamesOf(const std::vector<OdbcColumn>& columns) {
   std::vector<std::string> names;
+  names.reserve(columns.size());
   for (const OdbcColumn& column : columns) names.push_back(column.name);
   return std::make_shared<const ColumnNames>(std::move(names));
 }
@@ -55,6 +56,7 @@ void OdbcSession::ReadTableNames() {
       Run("select table_name from information_schema.tables where table_schema=database() and "
           "@@lower_case_table_names=0");
   std::vector<std::string> names;
+  names.reserve(rows->rows.size());
   for (const auto& row : rows->rows) names.push_back(std::get<std::string>(row.front()));
   tables_ = TableNames(std::move(names));
 }
