@@ -87,7 +87,7 @@ class PrintSurface {
   // Pages so far, the current one included. More than 32,767 pages fail with kOverflow.
   virtual std::int16_t PageCount() = 0;
 
-  // The preview. StartDoc and EndDoc leave PreviewPage at 1.
+  // The preview. EndDoc leaves PreviewPage at 1.
   virtual std::int16_t PreviewPage() = 0;
   virtual void PutPreviewPage(std::int16_t page) = 0;
   virtual double Zoom() = 0;
