@@ -95,6 +95,7 @@ std::string FontTable::ConfigurationFile() {
 }
 
 void FontTable::Read(const std::string& configuration) {
+  if (configuration.empty()) return;
   QFile file(QString::fromStdString(configuration));
   if (!file.open(QIODevice::ReadOnly)) return;
   QTextStream stream(&file);

@@ -14,7 +14,7 @@ class FontTable {
  public:
   // The built-in table. `configuration` is the path of a UTF-8 file with lines
   // `name = family, family`, which come before all others for that name; `#` begins a comment. A
-  // missing file is no error; a line without `=` is skipped.
+  // missing file, or an empty path, is no error; a line without `=` is skipped.
   explicit FontTable(const std::string& configuration);
 
   // The table of this process, read once, with the file of ConfigurationFile().

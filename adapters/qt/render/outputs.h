@@ -1,5 +1,5 @@
-// Documents as files, images and print jobs. `pages` are those of a PageDocument; an empty list
-// fails with kInvalidCall. Paths are UTF-8.
+// Documents as files and images. `pages` are those of a PageDocument; an empty list fails with
+// kInvalidCall. Paths are UTF-8.
 #pragma once
 
 #include <string>
@@ -8,12 +8,11 @@
 #include "page_document/drawing.h"
 
 class QImage;
-class QPrinter;
-class QPageLayout;
 
 namespace td {
 
 // One PDF page per page, each of its own exact size, fonts embedded as subsets, text extractable.
+// This is what printers get, too: a print job made by Qt would have sheets of whole points.
 std::string ToPdf(const std::vector<Page>& pages, const std::string& title);
 // The file is replaced whole or not at all; fails with kDeviceIo.
 void WritePdf(const std::vector<Page>& pages, const std::string& path, const std::string& title);
@@ -32,15 +31,6 @@ std::vector<std::string> WritePngPages(const std::vector<Page>& pages, const std
 std::string ToHtml(const std::vector<Page>& pages, const std::string& title);
 // The file is replaced whole or not at all; fails with kDeviceIo.
 void WriteHtml(const std::vector<Page>& pages, const std::string& path, const std::string& title);
-
-// The sheet of a page for a printer, in whole points, as QPrinter knows no finer ones. Its content
-// lies exactly where it belongs, from the top left corner; a PDF of ToPdf has the exact sheet, too.
-QPageLayout PrinterLayout(const Page& page);
-
-// Draws the pages `first` to `last` (from 1) on a printer that no painter is active on, in the
-// paper's coordinates, whatever margins the hardware has; the printer's page size is set for each
-// page. Fails with kDeviceIo when the job can't be begun or a page can't be fed.
-void PaintPages(const std::vector<Page>& pages, QPrinter& printer, int first, int last);
 
 // Height of a line of text in twips, for DocumentHost::LineHeight.
 double LineHeight(const TextLine& line);

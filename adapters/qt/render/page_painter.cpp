@@ -51,10 +51,22 @@ class PagePainter {
   }
 
   void DrawImage(const ImagePicture& image, const QRectF& box) {
-    const QImage pixels = DecodedImage(image);
+    const QImage pixels = Reduced(DecodedImage(image), box);
     if (pixels.isNull()) return;
     painter_.setRenderHint(QPainter::LosslessImageRendering, !IsJpeg(image));
     painter_.drawImage(box, pixels);
+  }
+
+  // Pixels of a screen or an image file can be much larger than those of a photograph, which would
+  // then lose all but every n-th of its own. Printers get them all.
+  QImage Reduced(const QImage& image, const QRectF& box) const {
+    const QSize shown = painter_.transform().mapRect(box).size().toSize();
+    const bool fits = image.width() <= 2 * shown.width() && image.height() <= 2 * shown.height();
+    if (fits || shown.isEmpty() || painter_.paintEngine()->type() != QPaintEngine::Raster) {
+      return image;
+    }
+    return image.scaled(shown.boundedTo(image.size()), Qt::IgnoreAspectRatio,
+                        Qt::SmoothTransformation);
   }
 
   void DrawVectors(const VectorPicture& drawing, const PlacedPicture& placed) {

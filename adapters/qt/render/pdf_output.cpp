@@ -9,6 +9,15 @@
 #include "render/written_file.h"
 
 namespace td {
+namespace {
+
+QPageLayout LayoutOf(const Page& page) {
+  const QSize points(PointsToHold(page.width), PointsToHold(page.height));
+  return {QPageSize(points, QString(), QPageSize::ExactMatch), QPageLayout::Portrait,
+          QMarginsF(0, 0, 0, 0)};
+}
+
+}  // namespace
 
 std::string ToPdf(const std::vector<Page>& pages, const std::string& title) {
   RequirePages(pages);
@@ -18,11 +27,11 @@ std::string ToPdf(const std::vector<Page>& pages, const std::string& title) {
   QPdfWriter writer(&buffer);
   writer.setResolution(static_cast<int>(kTwipsPerInch));
   writer.setTitle(QString::fromStdString(title));
-  writer.setPageLayout(PrinterLayout(pages.front()));
+  writer.setPageLayout(LayoutOf(pages.front()));
   QPainter painter(&writer);
   for (const Page& page : pages) {
     if (&page != &pages.front()) {
-      writer.setPageLayout(PrinterLayout(page));
+      writer.setPageLayout(LayoutOf(page));
       writer.newPage();
     }
     DrawPage(painter, page);

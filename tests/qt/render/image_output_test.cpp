@@ -71,6 +71,15 @@ TEST(ImageOutput, ABoldThatTheFamilyLacksIsDrawnBolder) {
   EXPECT_GT(ink(true), ink(false) * 1.1);
 }
 
+TEST(ImageOutput, ALargePhotographIsReducedWithoutLosingItsThinLines) {
+  const Page page = PageOf(30, 30, {PlacedPicture{Image(3000, 3000), 300, 300, 600, 600}});
+  const QImage image = RenderPage(page, 96);
+  const QColor middle = image.pixelColor(40, 40);  // on the white cross, 3 of 75 pixels wide
+  const QColor beside = image.pixelColor(30, 30);
+  EXPECT_EQ(beside, QColor(Qt::black));
+  EXPECT_GT(middle.red(), 3);
+}
+
 TEST(ImageOutput, WritesNumberedFilesOfTheRightSizeAndResolution) {
   const Folder folder;
   const auto paths = WritePngPages({PageOf(241, 140), PageOf(148, 210)}, folder.Path("pages"), 150);
