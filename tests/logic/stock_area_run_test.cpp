@@ -15,7 +15,7 @@ Scenario AreaScenario() {
   Scenario scenario;
   scenario.Item({{"FSite", 1}, {"FObjectCaption", "头"}, {"FTop", 0}});
   scenario.Item({{"FSite", 2}, {"FObjectCaption", "列"}, {"FTop", 700}});
-  scenario.FieldItem("FName");
+  scenario.FieldItem("FName", {{"FObjectCaption", ""}});
   scenario.Item({{"FSite", 4}, {"FObjectCaption", "计"}, {"FTop", 1300}});
   scenario.Item({{"FSite", 5}, {"FObjectCaption", "脚"}, {"FTop", 1600}});
   return scenario;
@@ -157,7 +157,7 @@ TEST(StockAreaRun, SumsTakeTaxFromItsColumnAndKnowNoMarkerRow) {
   Scenario scenario;
   for (const char* field : {"ftotalpage", "ftotalpage_qty", "ftotalpagetax",
                             "ftotalpagenotaxamount", "ftotalpage_mainqty", "fsumtotalpage"}) {
-    scenario.FieldItem(field, {{"FSite", 5}});
+    scenario.FieldItem(field, {{"FSite", 5}, {"FObjectCaption", ""}});
   }
   scenario.Data({"FInterID", "FStockArea", "FAmount", "FQty", "FTax", "FNoTaxAmount", "FMainQty"},
                 {{1, "A", 10, 2, "1.3元", 8.7, 5}, {1, "A", 20, 3, 2.6, 17.4, -999.99}});
