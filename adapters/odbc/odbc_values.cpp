@@ -16,35 +16,37 @@
 namespace td {
 namespace {
 
-constexpr std::size_t kFirstPiece = 2048;
+// Units of the buffer that most values fit into.
+constexpr std::size_t kFirstPiece = 512;
 
 // Fetches a column of characters or bytes of any length: a first piece, then all the rest at once
-// where the driver tells its length. False for Null.
+// where the driver tells its length. A driver needs room for a terminator behind characters. False
+// for Null.
 template <typename Units>
 bool ReadLong(SQLHSTMT statement, SQLUSMALLINT column, SQLSMALLINT type, std::size_t terminator,
               Units& result) {
-  constexpr std::size_t kUnit = sizeof(typename Units::value_type);
+  using Unit = typename Units::value_type;
+  std::array<Unit, kFirstPiece + 1> first;
+  Units rest;
+  Unit* piece = first.data();
   std::size_t room = kFirstPiece;
-  std::size_t filled = 0;
   for (;;) {
-    result.resize(filled + room + terminator);
-    SQLLEN length = 0;  // in bytes, of all that had not been fetched before this call
-    const SQLRETURN code = SQLGetData(statement, column, type, result.data() + filled,
-                                      static_cast<SQLLEN>((room + terminator) * kUnit), &length);
-    if (code == SQL_NO_DATA) break;
+    SQLLEN bytes = 0;  // of all that had not been fetched before this call
+    const SQLRETURN code =
+        SQLGetData(statement, column, type, piece,
+                   static_cast<SQLLEN>((room + terminator) * sizeof(Unit)), &bytes);
+    if (code == SQL_NO_DATA) return true;
     if (!SQL_SUCCEEDED(code)) throw OdbcReadError();
-    if (length == SQL_NULL_DATA) return false;
-    const bool lengthKnown = length != SQL_NO_TOTAL;
-    const std::size_t left = lengthKnown ? static_cast<std::size_t>(length) / kUnit : 0;
-    if (lengthKnown && left <= room) {
-      filled += left;
-      break;
-    }
-    filled += room;
-    room = lengthKnown ? left - room : 2 * room;
+    if (bytes == SQL_NULL_DATA) return false;
+    const bool known = bytes != SQL_NO_TOTAL;
+    const std::size_t left = known ? static_cast<std::size_t>(bytes) / sizeof(Unit) : 0;
+    const bool whole = known && left <= room;
+    result.insert(result.end(), piece, piece + (whole ? left : room));
+    if (whole) return true;
+    room = known ? left - room : 2 * room;
+    rest.resize(room + 1);
+    piece = rest.data();
   }
-  result.resize(filled);
-  return true;
 }
 
 template <typename Number>

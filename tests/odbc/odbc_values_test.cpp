@@ -74,20 +74,20 @@ TEST_P(OdbcValues, AreFoundWithoutRegardToCaseAndTheFirstOfTwo) {
   EXPECT_EQ(FailureOf([&] { rows->Field("FNone"); }).Number(), kNoSuchColumn);
 }
 
-TEST_P(OdbcValues, OfHundredsOfColumnsAndThousandsOfRowsAreFound) {
+TEST_P(OdbcValues, OfHundredsOfColumnsAreFoundInEveryRow) {
   MakeTable("counts", "i integer");
   Execute("insert into counts values(1),(2),(3),(4),(5),(6),(7),(8),(9),(10)");
   std::string sql = "select x.i as a";
   for (int column = 1; column < 500; ++column) {
     sql += "," + std::to_string(column) + "+x.i as C" + std::to_string(column);
   }
-  const RecordsetRef rows = Open(sql + " from counts x, counts y, counts z order by x.i");
+  const RecordsetRef rows = Open(sql + " from counts x, counts y order by x.i");
   int count = 0;
   for (; !rows->Eof(); rows->MoveNext()) {
-    const Value expected(std::int64_t{500 + count++ / 100});
+    const Value expected(std::int64_t{500 + count++ / 10});
     EXPECT_EQ(rows->Field("c499"), expected);
   }
-  EXPECT_EQ(count, 1000);
+  EXPECT_EQ(count, 100);
 }
 
 TEST_P(OdbcValues, AreASnapshotThatKeepsNoWriterOut) {
