@@ -163,7 +163,7 @@ class HtmlWriter {
         body_ += QString("<text y=\"%1\"%2>").arg(Number(text.y), fill);
       }
       body_ += QString("<tspan class=\"%1\" x=\"%2\" textLength=\"%3\">")
-                   .arg(FontClass(*text.face), Number(text.x - BoldStroke(*text.face) / 2),
+                   .arg(FontClass(text.face), Number(text.x - BoldStroke(*text.face) / 2),
                         Number(text.width));
       body_ += Escaped(text.text) + "</tspan>";
       last = &text;
@@ -171,10 +171,9 @@ class HtmlWriter {
     if (last != nullptr) body_ += "</text>\n";
   }
 
-  QString FontClass(const Face& face) {
-    const QString style = FontStyle(face);
-    const auto [known, isNew] = fonts_.try_emplace(style, QString("f%1").arg(fonts_.size()));
-    if (isNew) style_ += '.' + known->second + '{' + style + "}\n";
+  const QString& FontClass(const FaceRef& face) {
+    const auto [known, isNew] = fonts_.try_emplace(face, QString("f%1").arg(fonts_.size()));
+    if (isNew) style_ += '.' + known->second + '{' + FontStyle(*face) + "}\n";
     return known->second;
   }
 
@@ -189,7 +188,7 @@ class HtmlWriter {
 
   QString body_;
   QString style_;
-  std::map<QString, QString> fonts_;         // style → class
+  std::map<FaceRef, QString> fonts_;         // face → class
   std::map<QString, QString> sheets_;        // size → class
   std::map<std::string, QString> pictures_;  // data → identifier
 };
