@@ -62,6 +62,7 @@ FontFaces::FontFaces(const TextFont& font)
 FaceRef FontFaces::FaceAt(std::size_t index) {
   while (faces_.size() <= index && static_cast<qsizetype>(faces_.size()) < families_.size()) {
     auto face = std::make_shared<Face>();
+    face->name = QString::fromStdString(wanted_.name);
     // The first face carries all families: a text that is shaped finds its characters in them.
     face->font.setFamilies(families_.mid(static_cast<qsizetype>(faces_.size())));
     face->size = std::max(wanted_.points * kTwipsPerPoint, kSmallestSize);

@@ -17,6 +17,7 @@ namespace td {
 // One installed face at one size; a pixel of its fonts is a twip. Hinting is off, so that glyphs
 // have the same advances at every resolution.
 struct Face {
+  QString name;  // of the font, as the format has it
   QFont font;
   QRawFont raw;
   double size = 0;             // twips

@@ -1,3 +1,4 @@
+#include <QRegularExpression>
 #include <QString>
 #include <map>
 #include <utility>
@@ -43,6 +44,7 @@ QString HexColour(const Colour& colour) {
 
 // A style sheet's string.
 QString Quoted(QString text) {
+  text.remove(QRegularExpression("[\\x00-\\x1F\\x7F]"));
   return '"' + text.replace('\\', "\\\\").replace('"', "\\\"").replace('<', "\\3c ") + '"';
 }
 
@@ -53,8 +55,10 @@ double BoldStroke(const Face& face) {
 }
 
 QString FontStyle(const Face& face) {
-  QString style = "font-family:";
-  for (const QString& family : face.font.families()) style += Quoted(family) + ',';
+  // A machine without the family that was measured may have the one that the format names.
+  const QStringList families = face.font.families();
+  QString style = "font-family:" + Quoted(families.value(0)) + ',' + Quoted(face.name) + ',';
+  for (const QString& family : families.mid(1)) style += Quoted(family) + ',';
   style += "sans-serif;font-size:" + Number(face.size) + "px;";
   if (face.syntheticBold) {
     style += "stroke:#000;stroke-width:" + Number(BoldStroke(face)) + ';';

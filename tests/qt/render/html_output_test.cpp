@@ -55,6 +55,15 @@ TEST_F(HtmlOutput, TextsStayTextsAndAreEscaped) {
   EXPECT_NE(html.find("<title>A &amp; &lt;B&gt;</title>"), std::string::npos);
 }
 
+TEST_F(HtmlOutput, FontNamesCannotLeaveTheirPlaceInTheStyleSheet) {
+  const std::string html = ToHtml({PageOf(100, 100,
+                                          {Box("x", 1, 1, 50, 10, TextAlignment::kLeft,
+                                               Font("a\"}\n</style><script>b\\", 10))})},
+                                  "");
+  EXPECT_EQ(html.find("<script"), std::string::npos);
+  EXPECT_NE(html.find(R"("a\"}\3c /style>\3c script>b\\",)"), std::string::npos) << html;
+}
+
 TEST_F(HtmlOutput, TextsCanBeExtractedFromWhatABrowserPrints) {
   const auto words = WordsOf(Printed({PageOf(200, 50, {Box("12345.67", 20, 20, 50, 6)})}));
   EXPECT_NEAR(PlaceOf(words, "12345.67").left(), 20, kTolerance);
