@@ -10,6 +10,7 @@
 
 #include "qt/preview/toolbar_icons.h"
 #include "qt/preview/window_font.h"
+#include "windows/frame_layout.h"
 
 namespace td {
 namespace {
@@ -141,18 +142,21 @@ void PreviewWindow::resizeEvent(QResizeEvent*) {
 void PreviewWindow::LayOutParts() {
   const double pixelsPerTwip = logicalDpiX() / kTwipsPerInch;
   const auto pixels = [pixelsPerTwip](double twips) { return qRound(twips * pixelsPerTwip); };
-  const double windowWidth = width() / pixelsPerTwip;
   const int stripHeight = toolbar_->sizeHint().height();
   const QSize textSize(pageText_->fontMetrics().averageCharWidth() * kWidthForWaitingText,
                        pageText_->sizeHint().height());
-  const double textWidth = textSize.width() / pixelsPerTwip;
+  const FrameLayout layout = LayOutFrame({.innerWidth = width() / pixelsPerTwip,
+                                          .innerHeight = height() / pixelsPerTwip,
+                                          .stripTop = 0,
+                                          .stripHeight = stripHeight / pixelsPerTwip,
+                                          .pageBoxWidth = textSize.width() / pixelsPerTwip});
 
-  strip_->setGeometry(0, 0, pixels(windowWidth - 100), stripHeight);
-  view_->setGeometry(pixels(30), stripHeight, pixels(windowWidth - 60), height() - stripHeight);
-  pageText_->setGeometry(pixels(windowWidth - textWidth - 300),
-                         (stripHeight - textSize.height()) / 2, textSize.width(),
-                         textSize.height());
-  toolbar_->setGeometry(0, 0, pixels(windowWidth - textWidth - 1000), stripHeight);
+  strip_->setGeometry(0, 0, pixels(layout.stripWidth), stripHeight);
+  view_->setGeometry(pixels(layout.surfaceLeft), pixels(layout.surfaceTop),
+                     pixels(layout.surfaceWidth), pixels(layout.surfaceHeight));
+  pageText_->setGeometry(pixels(layout.pageBoxLeft), (stripHeight - textSize.height()) / 2,
+                         textSize.width(), textSize.height());
+  toolbar_->setGeometry(0, 0, pixels(layout.toolbarBandWidth), stripHeight);
 }
 
 }  // namespace td
