@@ -61,15 +61,15 @@ void RecordingPictures::DeleteFile(const std::string& path) {
 }
 
 void RecordingPictures::SaveNewFile(const std::string& path, const Value& bytes) {
-  const std::string name = KnownName(path);
-  recorder_.Write("file", {{"a", "save"}, {"path", name}});
+  // What is no blob fails while it is written to the stream, before any file is asked for.
   if (IsNull(bytes)) {
     throw NullFailure();
   }
-  const auto* contents = std::get_if<Bytes>(&bytes);
-  if (contents == nullptr || contents->empty()) {
+  if (!std::holds_alternative<Bytes>(bytes)) {
     throw MismatchFailure();
   }
+  const std::string name = KnownName(path);
+  recorder_.Write("file", {{"a", "save"}, {"path", name}});
   if (!has_folder_) {
     throw Failure(kPathNotFound, "路径未找到");
   }
