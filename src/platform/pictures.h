@@ -27,8 +27,8 @@ class Pictures {
   virtual bool FileExists(const std::string& path) = 0;
   virtual void DeleteFile(const std::string& path) = 0;
 
-  // Writes a blob into a new file. Fails when `bytes` is Null or no blob, when the folder is missing,
-  // and when the file exists already: it never overwrites.
+  // Writes a blob into a new file. Fails when `bytes` is Null or no blob, when the folder is
+  // missing, and when the file exists already: it never overwrites.
   virtual void SaveNewFile(const std::string& path, const Value& bytes) = 0;
 
   // Loads a picture by its content, whatever the file's name.
