@@ -1,0 +1,48 @@
+// A print window on the tables and the print data of a scenario, for tests that call one routine of
+// the window instead of a whole run.
+#pragma once
+
+#include <memory>
+
+#include "recording/recording_platform.h"
+#include "scenario.h"
+#include "service/print_context.h"
+#include "windows/print_window.h"
+
+namespace td {
+
+// The cursor and the clone stand on the first row, and page 1 of the document has begun. While it
+// lives it is the request in progress, so a test has one at a time.
+class WindowOfScenario {
+ public:
+  explicit WindowOfScenario(const Scenario& scenario)
+      : platform_(recording::ReadScenario(scenario.Document())) {
+    const auto& call = std::get<recording::Print>(platform_.GetScenario().calls.front().action);
+    PrintContext& context = Context();
+    context = PrintContext{};
+    context.New_TranType = call.New_TranType;
+    context.New_OnlyPrintVariantItem = call.New_OnlyPrintVariantItem;
+    context.TDBillName = "销售单";
+    const auto& rows = std::get<recording::PrintRows>(call.data).table;
+    context.PrintData = std::make_shared<recording::RecordingRecordset>(
+        platform_.GetRecorder(), std::make_shared<recording::TableData>(rows), true);
+    context.PrintDataClone = context.PrintData->Clone();
+    window_ = std::make_unique<PrintWindow>(platform_.Get(), kPlainWindow);
+    window_->vp.StartDoc();
+    (void)Lines();
+  }
+  WindowOfScenario(const WindowOfScenario&) = delete;
+  WindowOfScenario& operator=(const WindowOfScenario&) = delete;
+  ~WindowOfScenario() { Context() = PrintContext{}; }
+
+  [[nodiscard]] PrintWindow& Window() { return *window_; }
+  [[nodiscard]] RunState& State() { return window_->state; }
+  // What was asked of the platform since the last call.
+  [[nodiscard]] Trace Lines() { return Trace(platform_.GetRecorder().TakeLines(), Json::object()); }
+
+ private:
+  recording::RecordingPlatform platform_;
+  std::unique_ptr<PrintWindow> window_;
+};
+
+}  // namespace td
