@@ -1,6 +1,7 @@
 #include "qt/system/print_job.h"
 
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -32,7 +33,7 @@ bool IsPlacingOption(std::string_view name) {
 // The printing system counts in points of 1/72 inch and takes three decimals of them, with a point
 // as the decimal sign whatever the locale.
 std::string PointsText(double twips) {
-  const long long thousandths = static_cast<long long>(twips / kTwipsPerPoint * 1000 + 0.5);
+  const long long thousandths = std::llround(twips / kTwipsPerPoint * 1000);
   std::array<char, 32> text{};
   std::snprintf(text.data(), text.size(), "%lld.%03lld", thousandths / 1000, thousandths % 1000);
   return text.data();
