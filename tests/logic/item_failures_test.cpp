@@ -107,14 +107,6 @@ TEST(SkippedSteps, WithoutAPictureColumnSumsPrintPlainAndNumbersNotAtAll) {
   EXPECT_TRUE(trace.Messages().empty());
 }
 
-TEST(SkippedSteps, WithoutTheFreeStandingColumnAPageNumberStandsFree) {
-  for (const int site : {1, 3}) {
-    Scenario scenario;
-    scenario.FieldItem("fpageno", {{"FSite", site}}).DropColumn("TDBillDetail", "FAutoSize");
-    EXPECT_EQ(scenario.Run().Outline({"TextBox", "PutParagraph"}), (Texts{"PutParagraph 1"}));
-  }
-}
-
 TEST(SkippedSteps, WithoutABorderColumnThePenStays) {
   Scenario scenario;
   scenario.Line({}).DropColumn("TDBillDetail", "Fborderwidth");
@@ -198,16 +190,6 @@ TEST(RepeatedSteps, ALockedPictureIsLoadedAndDrawnAgain) {
   const Trace trace = scenario.Run();
   EXPECT_EQ(trace.Lines("file").size(), 2U) << "loading and drawing are one step";
   EXPECT_EQ(trace.Calls("DrawPicture").size(), 2U);
-}
-
-TEST(RepeatedSteps, APutOfBarcodeDataIsRepeatedAlone) {
-  Scenario scenario;
-  scenario.Fault({{"on", "barcode"}, {"number", 5}, {"description", "锁"}});
-  scenario.Item({{"FObjectFieldName", "<单号条码图>"}});
-  scenario.Data({"FInterID", "FBillNo"}, {{1, "XS-1"}});
-  const Trace trace = scenario.Run();
-  EXPECT_EQ(trace.Lines("barcode").size(), 2U);
-  EXPECT_EQ(trace.Calls("DrawPicture").size(), 1U);
 }
 
 // Ended bands -----------------------------------------------------------------------------------

@@ -1,4 +1,4 @@
-// Lines, pictures from files, barcodes and goods pictures, where they differ from texts.
+// Lines, pictures from files and barcodes, where they differ from texts.
 #include <gtest/gtest.h>
 
 #include "items/draw_items.h"
@@ -105,17 +105,6 @@ TEST(Pictures, ThatCannotBeLoadedEndTheBandAndTheRunGoesOn) {
   }
 }
 
-TEST(Barcodes, InTheRowsStayAtOneSpotOfThePage) {
-  Scenario scenario;
-  scenario.Item({{"FObjectFieldName", "<单号条码图>"}, {"FHeight", 0}});
-  scenario.Format({{"FAdjuctLeft", 7}, {"FAdjuctTop", 40}});
-  scenario.Data({"FInterID", "FBillNo"}, {{1, "XS-1"}, {1, "XS-2"}});
-  EXPECT_EQ(scenario.Run().PicturesDrawn(),
-            (std::vector<Drawn>{{1, "barcode:XS-1", 107, 1040, 500, 0},
-                                {1, "barcode:XS-2", 107, 1040, 500, 0}}))
-      << "the last row's on top";
-}
-
 TEST(Barcodes, TakeTheirDataFromTheRunningRowInEveryBand) {
   Scenario scenario;
   scenario.Item({{"FSite", 4}, {"FObjectFieldName", "<随机条码图>"}});
@@ -124,17 +113,6 @@ TEST(Barcodes, TakeTheirDataFromTheRunningRowInEveryBand) {
   const Trace trace = scenario.Run();
   ASSERT_EQ(trace.PicturesDrawn().size(), 1U);
   EXPECT_EQ(trace.PicturesDrawn()[0].text, "barcode:22");
-}
-
-TEST(GoodsPictures, MoveDownWithTheRows) {
-  Scenario scenario;
-  scenario.Item({{"FObjectFieldName", "<商品图片>"}});
-  scenario.GoodsPicture(7, {{"base64", "AAAA"}}).GoodsPicture(8, {{"base64", "AAAA"}});
-  scenario.Data({"FInterID", "FItemID"}, {{1, 7}, {1, 8}, {1, 9}});
-  const Trace trace = scenario.Run();
-  EXPECT_EQ(trace.PicturesDrawn(), (std::vector<Drawn>{{1, "goods:7", 100, 1000, 500, 200},
-                                                       {1, "goods:8", 100, 1300, 500, 200}}));
-  EXPECT_TRUE(trace.Messages().empty()) << "goods without a picture are no error";
 }
 
 }  // namespace

@@ -174,35 +174,6 @@ TEST(PageHeader, DrawsThreeKindsOfBarcodesFreeStandingOrNot) {
   EXPECT_TRUE(trace.Outline(kWriting).empty());
 }
 
-TEST(PageHeader, ABarcodeWithoutAValueShowsTheOneBefore) {
-  Scenario scenario;
-  scenario.Item({{"FSite", 1}, {"FObjectFieldName", "<随机条码图>"}});
-  scenario.Item({{"FSite", 1}, {"FObjectFieldName", "<单号条码图>"}});
-  scenario.Item({{"FSite", 1}, {"FObjectFieldName", "<用户条码图>"}});
-  scenario.Data({"FInterID", "FBillNo", "FUserBarCode"}, {{1, "XS-1", nullptr}});
-  const Trace trace = scenario.Run();
-  Texts pictures;
-  for (const Drawn& picture : trace.PicturesDrawn()) pictures.push_back(picture.text);
-  EXPECT_EQ(pictures, (Texts{"barcode:110101-234234-1/6", "barcode:XS-1", "barcode:XS-1"}));
-  EXPECT_TRUE(trace.Messages().empty());
-}
-
-TEST(PageHeader, ABarcodeComesBeforeTheColumnRegisteredForItsName) {
-  Scenario scenario;
-  scenario.Variable("<用户条码图>", "FName");
-  scenario.Item({{"FSite", 1}, {"FObjectFieldName", "<用户条码图>"}});
-  const Trace trace = scenario.Run();
-  EXPECT_EQ(trace.PicturesDrawn().size(), 1U);
-  EXPECT_TRUE(trace.Outline(kWriting).empty());
-}
-
-TEST(PageHeader, AGoodsPictureIsNoPictureThere) {
-  Scenario scenario;
-  scenario.Item({{"FSite", 1}, {"FObjectFieldName", "<商品图片>"}, {"FObjectCaption", "图"}});
-  scenario.GoodsPicture(7, {{"base64", "AAAA"}}).Data({"FInterID", "FItemID"}, {{1, 7}});
-  EXPECT_EQ(WrittenBy(scenario), (Texts{"TextBox 图"}));
-}
-
 // Total page count ------------------------------------------------------------------------------
 
 Scenario StampScenario() {

@@ -125,53 +125,6 @@ TEST(PlainFields, WithoutAClonedCursorTheOneCursorServesAsBoth) {
   EXPECT_EQ(scenario.Run().Texts(), (Texts{"行2"}));
 }
 
-TEST(PlainFields, APriceShowsAllItsDecimals) {
-  EXPECT_EQ(TextOf("FPrice", 1.2345, "0.00"), "1.2345");
-  EXPECT_EQ(TextOf("FPrice", "1.5000", "0.00"), "1.5000") << "those of the text";
-  EXPECT_EQ(TextOf("FPrice", -1234.567, "#,##0.00"), "-1,234.567");
-}
-
-TEST(PlainFields, APriceHasAtLeastTheDecimalsOfItsPicture) {
-  EXPECT_EQ(TextOf("FPrice", 2, "0.00"), "2.00");
-  EXPECT_EQ(TextOf("FPrice", 1.5, "0.00"), "1.50");
-  EXPECT_EQ(TextOf("FPrice", 1.25, "0.00"), "1.25");
-}
-
-TEST(PlainFields, APictureWithoutAPointCutsAPrice) {
-  EXPECT_EQ(TextOf("FPrice", 1.2345, "0"), "1");
-}
-
-TEST(PlainFields, AnyNameThatContainsPriceIsAPrice) {
-  EXPECT_EQ(TextOf("FSalePRICE_Tax", 1.2345, "0.00"), "1.2345");
-  EXPECT_EQ(TextOf("priceless", 1.2345, "0.00"), "1.2345");
-  EXPECT_EQ(TextOf("FAmount", 1.2345, "0.00"), "1.23");
-}
-
-TEST(PlainFields, AWidenedPictureLosesWhatStoodBehindItsPoint) {
-  EXPECT_EQ(TextOf("FPrice", 1.2345, "0.00元"), "1.2345");
-  EXPECT_EQ(TextOf("FPrice", 1.234, "0.00元"), "1.23元") << "three characters: not widened";
-  EXPECT_EQ(TextOf("FPrice", 1.234, "0.##"), "1.234");
-}
-
-TEST(PlainFields, DecimalsOfAPriceAreCountedInItsText) {
-  EXPECT_EQ(TextOf("FPrice", 0.00001, "0.00"), "0.00") << "1E-05 has no point";
-  EXPECT_EQ(TextOf("FPrice", 1.25e-7, "0.00"), "0.000000") << "1.25E-07 has six characters";
-}
-
-TEST(PlainFields, APictureCutsAPriceBehindTheLastRow) {
-  Scenario scenario;
-  scenario.FieldItem("FPrice", {{"FSite", 5}, {"FFormatString", "0.00"}});
-  scenario.Data({"FInterID", "FPrice"}, {{1, 1.2345}});
-  EXPECT_EQ(scenario.Run().Texts(), (Texts{"1.23"}));
-}
-
-TEST(PlainFields, APriceInABandBeforeTheEndShowsItsDecimals) {
-  Scenario scenario;
-  scenario.FieldItem("FPrice", {{"FSite", 2}, {"FFormatString", "0.00"}});
-  scenario.Data({"FInterID", "FPrice"}, {{1, 1.2345}});
-  EXPECT_EQ(scenario.Run().Texts(), (Texts{"1.2345"}));
-}
-
 TEST(PlainFields, AColumnThatTheDataLackPrintsNothing) {
   for (const Json& picture : {Json(""), Json("0.00"), Json(nullptr)}) {
     for (const int site : {2, 3, 5}) {

@@ -173,54 +173,5 @@ TEST(TextItems, ANamedFieldWinsOverAColumnOfThatNameInAnyCase) {
   EXPECT_EQ(scenario.Run().Texts(), (Texts{"第1", "第2"}));
 }
 
-TEST(TextItems, SpecialNamesAreComparedExactly) {
-  Scenario scenario = NamedScenario();
-  scenario.Item({{"FObjectFieldName", "单号条码图"}, {"FObjectCaption", "一"}});
-  scenario.Item({{"FObjectFieldName", "<单号条码图> "}, {"FObjectCaption", "二"}});
-  const Trace trace = scenario.Run();
-  EXPECT_EQ(trace.Texts(), (Texts{"一", "二"}));
-  EXPECT_TRUE(trace.Lines("barcode").empty());
-}
-
-TEST(TextItems, ASpecialNameComesBeforeTheColumnRegisteredForIt) {
-  Scenario scenario = NamedScenario();
-  scenario.Variable("<单号条码图>", "FName");
-  scenario.Item({{"FObjectFieldName", "<单号条码图>"}});
-  const Trace trace = scenario.Run();
-  EXPECT_TRUE(trace.Texts().empty());
-  EXPECT_EQ(trace.PicturesDrawn().size(), 1U);
-}
-
-TEST(TextItems, TheUsersBarcodeIsNoSpecialNameInABand) {
-  Scenario scenario = NamedScenario();
-  scenario.Item({{"FObjectFieldName", "<用户条码图>"}, {"FObjectCaption", "码"}});
-  EXPECT_EQ(scenario.Run().Texts(), (Texts{"码"}));
-  scenario.Variable("<用户条码图>", "FName");
-  EXPECT_EQ(scenario.Run().Texts(), (Texts{"码甲"})) << "an ordinary column once it is registered";
-}
-
-TEST(TextItems, AFreeStandingPageNumberIsWrittenAtTheCurrentPointWithoutABox) {
-  Scenario scenario;
-  scenario.FieldItem("FPageNo", {{"FAutoSize", 1}, {"FObjectCaption", "第"}, {"FTop", 700}});
-  const Trace trace = scenario.Run();
-  EXPECT_EQ(trace.Outline({"PutParagraph", "TextBox"}), (Texts{"PutParagraph 第1"}));
-  EXPECT_EQ(trace.Puts("CurrentY"), Json::array({700}));
-}
-
-TEST(TextItems, APageNumberStandsInItsBoxUnlessItIsMarkedFreeStanding) {
-  for (const Json& autoSize : {Json(0), Json(nullptr)}) {
-    Scenario scenario;
-    scenario.FieldItem("fpageno", {{"FAutoSize", autoSize}, {"FFormatString", "000"}});
-    EXPECT_EQ(scenario.Run().Texts(), (Texts{"1"})) << "the picture is not used";
-  }
-}
-
-TEST(TextItems, OtherTextsStandInTheirBoxAlsoWhenMarkedFreeStanding) {
-  Scenario scenario = NamedScenario();
-  scenario.FieldItem("FName", {{"FAutoSize", 1}}).Item({{"FAutoSize", 1}});
-  EXPECT_EQ(scenario.Run().Outline({"PutParagraph", "PutText", "TextBox"}),
-            (Texts{"TextBox 甲", "TextBox 文本"}));
-}
-
 }  // namespace
 }  // namespace td
