@@ -219,6 +219,14 @@ TEST(RunStart, AFormatsPrinterThatIsNotInstalledIsPassedOverSilently) {
   }
 }
 
+TEST(RunStart, AFormatTableWithoutThePrinterColumnTakesTheFirstPrinter) {
+  Scenario scenario;
+  scenario.DropColumn("TDBill", "FPrintDevice");
+  const Trace trace = scenario.Run();
+  EXPECT_EQ(trace.Puts("Device"), Json::array({"P1"})) << "each failed test holds";
+  EXPECT_TRUE(trace.Messages().empty());
+}
+
 TEST(RunStart, ANullRowHeightKeeps350AndNullRowsPerPageKeepZero) {
   Scenario scenario;
   scenario.FieldItem("FName");
