@@ -8,13 +8,15 @@ packages=(
   g++ clang clang-format clang-tidy cmake make ninja-build pkg-config git
   # the platform: windows, drawing and printing; the embedded database; barcodes
   qt6-base-dev qt6-svg-dev qt6-image-formats-plugins libgl-dev
-  libsqlite3-dev libcups2-dev libzint-dev libcli11-dev nlohmann-json3-dev
+  libsqlite3-dev unixodbc-dev libcups2-dev libzint-dev libcli11-dev nlohmann-json3-dev
   # fonts that stand in for the families that stored formats name
   fontconfig fonts-noto-cjk fonts-arphic-uming fonts-arphic-ukai fonts-liberation
   # a printer queue that writes PDF files
   cups cups-client printer-driver-cups-pdf
-  # what the tests read the results with
-  libgtest-dev poppler-utils zbar-tools imagemagick chromium sqlite3 xvfb xauth procps
+    # server databases: the drivers, and servers for the tests to start on loopback
+  odbc-postgresql odbc-mariadb tdsodbc postgresql mariadb-server
+  # what the tests and benchmarks are written with, and what they read the results with
+  libgtest-dev libbenchmark-dev poppler-utils zbar-tools imagemagick chromium sqlite3 xvfb xauth procps
 )
 
 missing=()

@@ -2,11 +2,32 @@
 
 #include <algorithm>
 
+#include "odbc/odbc_database.h"
+#include "sql_support/connection_entries.h"
 #include "sqlite/sqlite_database.h"
+#include "text/conversions.h"
 
 namespace td {
+namespace {
+
+// A text that names a driver, a data source, or a provider other than the embedded one.
+bool NamesServer(const std::string& connection) {
+  try {
+    const auto entries = ReadConnectionEntries(connection);
+    return std::ranges::any_of(entries, [](const ConnectionEntry& entry) {
+      const std::string key = LowerCase(entry.key);
+      if (key == "provider") return LowerCase(entry.value) != "sqlite";
+      return key == "driver" || key == "dsn" || key == "filedsn";
+    });
+  } catch (const Failure&) {
+    return false;
+  }
+}
+
+}  // namespace
 
 Databases::Databases() {
+  engines_.push_back({NamesServer, std::make_unique<OdbcDatabase>()});
   engines_.push_back({[](const std::string&) { return true; }, std::make_unique<SqliteDatabase>()});
 }
 
