@@ -4,6 +4,7 @@
 
 #include "memory_rows/text_repair.h"
 #include "platform/failure.h"
+#include "platform/lock_character.h"
 
 namespace td {
 namespace {

@@ -41,14 +41,4 @@ std::string ValidUtf8(std::string_view text) {
   }
 }
 
-std::string WithoutLockCharacter(std::string text) {
-  constexpr std::string_view kLock = "锁";
-  constexpr std::string_view kTraditional = "鎖";
-  static_assert(kLock.size() == kTraditional.size());
-  for (auto at = text.find(kLock); at != std::string::npos; at = text.find(kLock, at)) {
-    text.replace(at, kLock.size(), kTraditional);
-  }
-  return text;
-}
-
 }  // namespace td

@@ -7,6 +7,7 @@
 #include "page_document/pictures.h"
 #include "page_document/rich_text.h"
 #include "platform/failure.h"
+#include "platform/lock_character.h"
 #include "text/conversions.h"
 
 namespace td {
@@ -113,7 +114,8 @@ void PageDocument::PutDevice(const std::string& name) {
   device_.clear();
   if (name.empty()) return;
   if (!host_.HasDevice(name)) {
-    throw Failure(kInvalidProperty, "无效的属性值：找不到打印机“" + name + "”");
+    throw Failure(kInvalidProperty,
+                  WithoutLockCharacter("无效的属性值：找不到打印机“" + name + "”"));
   }
   device_ = name;
 }

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "platform/lock_character.h"
+
 namespace td {
 
 Failure InvalidCallFailure() {
@@ -33,11 +35,7 @@ Failure ClosedFailure() {
 }
 
 Failure NoSuchColumnFailure(std::string_view column) {
-  const std::string description = "记录集中找不到该名称的列";
-  // A description with this character means a busy database and is tried again without end, so
-  // that a column named so can't be named here.
-  if (column.find("锁") != std::string_view::npos) return {kNoSuchColumn, description};
-  return {kNoSuchColumn, description + "：" + std::string(column)};
+  return {kNoSuchColumn, WithoutLockCharacter("记录集中找不到该名称的列：" + std::string(column))};
 }
 
 }  // namespace td

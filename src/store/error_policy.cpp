@@ -2,6 +2,8 @@
 
 #include <new>
 
+#include "platform/lock_character.h"
+
 namespace td {
 
 Failure CurrentFailure() {
@@ -22,10 +24,9 @@ Failure CurrentFailure() {
 
 Guard::Reaction Guard::ReactToCurrent() const {
   const Failure failure = CurrentFailure();
-  const bool isLocked = failure.Description().find("锁") != std::string::npos;
   const bool isPrinter = failure.Number() == kInvalidProperty;
 
-  if (reactions_.retriesLocked && isLocked) return Reaction::kRetry;
+  if (reactions_.retriesLocked && IsLockConflict(failure)) return Reaction::kRetry;
   if (reactions_.skipsNull && failure.Number() == kInvalidUseOfNull) return Reaction::kNext;
   if (reactions_.skipsMissingColumn && failure.Number() == kNoSuchColumn) return Reaction::kNext;
   if (!reactions_.ignoresAll && !(reactions_.reportsPrinter && isPrinter)) throw failure;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/lock_character.h"
+
 namespace td {
 namespace {
 

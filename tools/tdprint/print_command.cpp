@@ -8,6 +8,7 @@
 #include "desktop/desktop_platform.h"
 #include "page_document/page_document.h"
 #include "platform/failure.h"
+#include "platform/lock_character.h"
 #include "progress.h"
 #include "qt/render/outputs.h"
 #include "service/printer.h"
@@ -27,10 +28,6 @@ class StepFailure : public Failure {
  private:
   std::string step_;
 };
-
-bool IsLockConflict(const Failure& failure) {
-  return failure.Description().find("锁") != std::string::npos;
-}
 
 // Waits for other users of the database as the component itself does: by trying again.
 template <typename Operation>

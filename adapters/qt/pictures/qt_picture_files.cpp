@@ -14,6 +14,7 @@
 #include "pictures/picture_decoder.h"
 #include "pictures/picture_headers.h"
 #include "platform/failure.h"
+#include "platform/lock_character.h"
 
 namespace td {
 namespace {
@@ -45,19 +46,8 @@ std::string NativePath(const std::string& path) {
   return native;
 }
 
-// A 锁 in a description would make its readers take the failure for a lock conflict.
-std::string Shown(std::string text) {
-  constexpr std::string_view kLockCharacter = "锁";
-  constexpr std::string_view kHarmlessTwin = "鎖";
-  for (std::size_t at = text.find(kLockCharacter); at != text.npos;
-       at = text.find(kLockCharacter, at)) {
-    text.replace(at, kLockCharacter.size(), kHarmlessTwin);
-  }
-  return text;
-}
-
 Failure FileFailure(int number, const std::string& reason, const std::string& path) {
-  return {number, Shown(reason + "：" + path)};
+  return {number, WithoutLockCharacter(reason + "：" + path)};
 }
 
 bool FolderIsMissing(const std::string& path) {
@@ -186,7 +176,8 @@ PictureRef QtPictureFiles::Load(const std::string& path) {
     return std::make_shared<ImagePicture>(std::move(bytes), image.width(), image.height(),
                                           resolution.x, resolution.y);
   } catch (const Failure& failure) {
-    throw Failure(failure.Number(), failure.Description() + Shown("（" + native + "）"));
+    throw Failure(failure.Number(),
+                  failure.Description() + WithoutLockCharacter("（" + native + "）"));
   }
 }
 

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "platform/failure.h"
+#include "platform/lock_character.h"
 #include "render/outputs.h"
 #include "render/page_painter.h"
 #include "render/written_file.h"
@@ -47,7 +48,8 @@ std::vector<std::string> WritePngPages(const std::vector<Page>& pages, const std
   RequirePages(pages);
   const QDir directory(QString::fromStdString(folder));
   if (!directory.exists() && !QDir().mkdir(directory.path())) {
-    throw Failure(kPathNotFound, "文件夹不存在，也无法创建：“" + folder + "”");
+    throw Failure(kPathNotFound,
+                  WithoutLockCharacter("文件夹不存在，也无法创建：“" + folder + "”"));
   }
   std::vector<std::string> paths;
   for (const Page& page : pages) {

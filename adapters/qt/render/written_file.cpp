@@ -3,6 +3,7 @@
 #include <QSaveFile>
 
 #include "platform/failure.h"
+#include "platform/lock_character.h"
 
 namespace td {
 
@@ -11,7 +12,8 @@ void WriteWholeFile(const std::string& path, const std::string& bytes) {
   const auto size = static_cast<qint64>(bytes.size());
   if (!file.open(QIODevice::WriteOnly) || file.write(bytes.data(), size) != size ||
       !file.commit()) {
-    throw Failure(kDeviceIo, "无法写入文件“" + path + "”：" + file.errorString().toStdString());
+    throw Failure(kDeviceIo, WithoutLockCharacter("无法写入文件“" + path + "”：" +
+                                                  file.errorString().toStdString()));
   }
 }
 
