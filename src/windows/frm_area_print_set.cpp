@@ -103,7 +103,6 @@ void frmAreaPrintSet::ChangeBillType() {
 
 AreaPrinterKey frmAreaPrintSet::SelectedKey() {
   return {.tranType = TranTypeOf(dialog_->ListText(kBillTypeList)),
-
           .formatName = dialog_->ListText(kFormatList),
           .stockArea = dialog_->ListText(kAreaList)};
 }
