@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "recording/recording_dialog.h"
 #include "recording/recording_print_frame.h"
 
 namespace td::recording {
@@ -38,6 +39,11 @@ RecordingWindows::RecordingWindows(Recorder& recorder, Messages& messages, User&
 std::unique_ptr<PrintFrame> RecordingWindows::CreatePrintFrame(std::string_view name) {
   return std::make_unique<RecordingPrintFrame>(std::string(name), recorder_, messages_, user_,
                                                scenario_, printers_);
+}
+
+std::unique_ptr<Dialog> RecordingWindows::CreateDialog(std::string_view name) {
+  return std::make_unique<RecordingDialog>(std::string(name), recorder_, messages_, user_,
+                                           scenario_, printers_);
 }
 
 }  // namespace td::recording

@@ -41,6 +41,7 @@ class RecordingWindows : public Windows {
   RecordingWindows(Recorder& recorder, Messages& messages, User& user, const Scenario& scenario);
 
   std::unique_ptr<PrintFrame> CreatePrintFrame(std::string_view name) override;
+  std::unique_ptr<Dialog> CreateDialog(std::string_view name) override;
 
  private:
   Recorder& recorder_;

@@ -10,6 +10,8 @@
 #include "recording/scenario.h"
 #include "service/print_context.h"
 #include "service/printer.h"
+#include "service/td_set.h"
+#include "windows/frm_area_print_set.h"
 
 namespace td::recording {
 namespace {
@@ -62,8 +64,13 @@ class Caller {
                       nullptr);
   }
 
-  void Do(const OpenSettings& /*call*/) {}
-  void Do(const OpenAreaPrinters& /*call*/) {}
+  void Do(const OpenSettings& call) {
+    TDSet(platform_.Get()).ShowSettings(kConnectionText, call.TranType);
+  }
+  void Do(const OpenAreaPrinters& /*call*/) {
+    Context().New_PromptString = kConnectionText;
+    frmAreaPrintSet(platform_.Get()).ShowModal();
+  }
 
   [[nodiscard]] RecordsetRef RowsOf(const Print& call) const {
     if (std::holds_alternative<SameRows>(call.data)) {

@@ -18,6 +18,7 @@ enum FailureNumber : int {
   kPathNotFound = 76,
   kObjectNotSet = 91,
   kInvalidUseOfNull = 94,
+  kNoSuchOption = 340,     // an option group has no button of that index
   kInvalidProperty = 380,  // a property refuses a value: an unknown printer name
   kInvalidPicture = 481,
   kNoCurrentRow = 3021,           // a column is read while the record set stands at its end

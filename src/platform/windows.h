@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "platform/barcode.h"
+#include "platform/dialog.h"
 #include "platform/print_surface.h"
 
 namespace td {
@@ -40,11 +41,13 @@ class PrintFrame {
   virtual void PutPageText(const std::string& text) = 0;  // `txtPageNo`
 };
 
-// Makes windows by name: "frmTdPrint". The caller owns them.
+// Makes windows by name: the print windows "frmTdPrint" and "frmTdPrint_GroupByStockArea", the
+// dialogs "frmAdjuct" and "frmAreaPrintSet". The caller owns them.
 class Windows {
  public:
   virtual ~Windows() = default;
   virtual std::unique_ptr<PrintFrame> CreatePrintFrame(std::string_view name) = 0;
+  virtual std::unique_ptr<Dialog> CreateDialog(std::string_view name) = 0;
 };
 
 }  // namespace td

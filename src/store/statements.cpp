@@ -98,4 +98,68 @@ std::string SaveMachinePaperStatement(std::string_view machineId, std::string_vi
   return sql;
 }
 
+std::string FormatsStatement(const PrintContext& context) {
+  std::string sql = "select * from TDBill where FTranType=" + ToText(context.New_TranType);
+  if (!context.TDBillName.empty()) sql += " and FTDBillName='" + context.TDBillName + "'";
+  return sql + " order by FSelected desc";
+}
+
+std::string FormatSettingsStatement(const PrintContext& context, std::string_view formatName) {
+  std::string sql = "select * from TDBill where FTranType=" + ToText(context.New_TranType);
+  return sql.append(" and FTDBillName='").append(formatName).append("'");
+}
+
+std::string ClearSelectionStatement(const PrintContext& context) {
+  return "Update TDBill set FSelected=0 where FTranType=" + ToText(context.New_TranType);
+}
+
+std::string SaveOverlaySettingsStatement(const PrintContext& context, std::string_view formatName,
+                                         const OverlaySettings& settings) {
+  std::string sql = "Update TDBill set FAdjuctLeft=" + ToText(settings.AdjuctLeft) +
+                    ",FAdjuctTop=" + ToText(settings.AdjuctTop) +
+                    ",FAdjuctHeader=" + ToText(settings.AdjuctHeader) +
+                    ",FRowHeight=" + ToText(settings.RowHeight) +
+                    ",FRowsPerPage=" + ToText(settings.RowsPerPage) +
+                    ",FQtysPerRow=" + ToText(settings.QtysPerRow) +
+                    ",FOrientation=" + ToText(settings.Orientation) + ",FSelected=1" +
+                    ",FHeaderPerPage=" + ToText(settings.HeaderPerPage) +
+                    ",FFooterPerPage=" + ToText(settings.FooterPerPage) +
+                    ",FIntegralPage=" + ToText(settings.IntegralPage) + ",FPrintDevice='" +
+                    settings.PrintDevice + "'  where FTDBillName='";
+  return sql.append(formatName).append("' and FTranType=").append(ToText(context.New_TranType));
+}
+
+std::string FormatNamesStatement(int tranType) {
+  return "select FTDBillName from TDBill where ftrantype=" + ToText(tranType);
+}
+
+std::string StockAreasStatement() {
+  return "select left(isnull(FStockArea,''),1) as FStockArea from t_icitem group by FStockArea "
+         "order by FStockArea";
+}
+
+std::string AreaPrinterStatement(std::string_view machineId, const AreaPrinterKey& key) {
+  std::string sql = "select FPrintDevice from TDBill_AreaPrinterDevice where ftrantype=";
+  sql.append(ToText(key.tranType)).append(" and FIP='").append(machineId);
+  sql.append("' and FTDBillName='").append(key.formatName);
+  return sql.append("' and FStockArea='").append(key.stockArea).append("'");
+}
+
+std::string ClearAreaPrinterStatement(std::string_view machineId, const AreaPrinterKey& key) {
+  std::string sql = "delete from TDBill_AreaPrinterDevice where FIp='";
+  sql.append(machineId).append("' and FTranType=").append(ToText(key.tranType));
+  sql.append(" and FTdBillName='").append(key.formatName);
+  return sql.append("' and FStockArea='").append(key.stockArea).append("'");
+}
+
+std::string SaveAreaPrinterStatement(std::string_view machineId, const AreaPrinterKey& key,
+                                     std::string_view printer) {
+  std::string sql =
+      "Insert Into TDBill_AreaPrinterDevice(FPrintDevice,FIp,FTranType,FTdBillName,FStockArea) "
+      "Values('";
+  sql.append(printer).append("','").append(machineId).append("',");
+  sql.append(ToText(key.tranType)).append(",'").append(key.formatName).append("','");
+  return sql.append(key.stockArea).append("')");
+}
+
 }  // namespace td

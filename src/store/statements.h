@@ -29,6 +29,47 @@ struct PrintContext;
 
 [[nodiscard]] std::string GoodsPictureStatement(std::int32_t itemId);
 
+// The settings dialog: its formats with their settings, and what it saves.
+[[nodiscard]] std::string FormatsStatement(const PrintContext& context);
+[[nodiscard]] std::string FormatSettingsStatement(const PrintContext& context,
+                                                  std::string_view formatName);
+[[nodiscard]] std::string ClearSelectionStatement(const PrintContext& context);
+
+struct OverlaySettings {
+  double AdjuctLeft = 0;
+  double AdjuctTop = 0;
+  double AdjuctHeader = 0;
+  double RowHeight = 0;
+  double RowsPerPage = 0;
+  double QtysPerRow = 0;
+  int Orientation = 0;
+  int HeaderPerPage = 0;
+  int FooterPerPage = 0;
+  int IntegralPage = 0;
+  std::string PrintDevice;
+};
+
+[[nodiscard]] std::string SaveOverlaySettingsStatement(const PrintContext& context,
+                                                       std::string_view formatName,
+                                                       const OverlaySettings& settings);
+
+// The stock-area printer dialog.
+struct AreaPrinterKey {
+  int tranType = 0;
+  std::string formatName;
+  std::string stockArea;
+};
+
+[[nodiscard]] std::string FormatNamesStatement(int tranType);
+[[nodiscard]] std::string StockAreasStatement();
+[[nodiscard]] std::string AreaPrinterStatement(std::string_view machineId,
+                                               const AreaPrinterKey& key);
+[[nodiscard]] std::string ClearAreaPrinterStatement(std::string_view machineId,
+                                                    const AreaPrinterKey& key);
+[[nodiscard]] std::string SaveAreaPrinterStatement(std::string_view machineId,
+                                                   const AreaPrinterKey& key,
+                                                   std::string_view printer);
+
 // What page setup stores: margins in twips as the surface gives them, paper and printer.
 struct PageSettings {
   double MarginLeft = 0;

@@ -3,6 +3,7 @@
 #include "run/do_printing.h"
 #include "service/print_context.h"
 #include "store/error_policy.h"
+#include "windows/frm_adjuct.h"
 #include "windows/page_setup.h"
 
 namespace td {
@@ -25,6 +26,13 @@ void SetUpPage(PrintWindow& window) {
   PageSetup(window);
 }
 
+// The document is not cleared first: a new one replaces it.
+void FineTune(PrintWindow& window) {
+  frmAdjuct dialog(window.platform);
+  dialog.ShowModal();
+  if (dialog.IsOk()) DoPrinting(window);
+}
+
 void CloseWindow(PrintWindow& window) {
   window.frame->Unload();
 }
@@ -39,6 +47,7 @@ constexpr Button kButtons[] = {
     {"nextpage", ShowNextPage},
     {"zoom", SwitchZoom},
     {"pageset", SetUpPage},
+    {"adjuct", FineTune},
     {"print", PrintWithDialog},
     {"exit", CloseWindow},
 };

@@ -27,16 +27,30 @@ constexpr const char* kExamples =
     "      --data \"select * from v_sales_order\" --pdf order.pdf\n"
     "  tdprint print --help\n";
 
+constexpr const char* kDialogExitStatusText =
+    "Exit status:\n"
+    "  0  the window was shown and has been closed\n"
+    "  1  the window can't be shown, or the database can't be opened\n"
+    "  2  wrong usage\n";
+
 constexpr int kLargest = std::numeric_limits<std::int16_t>::max();
 
-void DescribePrint(CLI::App& command, PrintArguments& arguments) {
-  command.add_option("--db", arguments.database, "Connection text of the database, sqlite:PATH")
+void DescribeDatabase(CLI::App& command, std::string& database) {
+  command.add_option("--db", database, "Connection text of the database, sqlite:PATH")
       ->required()
       ->type_name("TEXT");
-  command.add_option("--type", arguments.billType, "Bill type number of the format")
+}
+
+void DescribeBillType(CLI::App& command, std::int16_t& billType) {
+  command.add_option("--type", billType, "Bill type number of the format")
       ->required()
       ->check(CLI::Range(-kLargest - 1, kLargest))
       ->type_name("N");
+}
+
+void DescribePrint(CLI::App& command, PrintArguments& arguments) {
+  DescribeDatabase(command, arguments.database);
+  DescribeBillType(command, arguments.billType);
   command
       .add_option("--data", arguments.data,
                   "Statement that selects the rows to print, the rows of a bill together")
@@ -81,10 +95,23 @@ void DescribeDemo(CLI::App& command, DemoArguments& arguments) {
   command.footer(kExitStatusText);
 }
 
+void DescribeSettings(CLI::App& command, SettingsArguments& arguments) {
+  DescribeDatabase(command, arguments.database);
+  DescribeBillType(command, arguments.billType);
+  command.footer(kDialogExitStatusText);
+}
+
+void DescribeAreaPrinters(CLI::App& command, AreaPrintersArguments& arguments) {
+  DescribeDatabase(command, arguments.database);
+  command.footer(kDialogExitStatusText);
+}
+
 }  // namespace
 
 Command ParseArguments(int argc, const char* const* argv) {
-  CLI::App app("Prints bills through the overlay formats that a database holds.", "tdprint");
+  CLI::App app(
+      "Prints bills through the overlay formats that a database holds, and sets the formats up.",
+      "tdprint");
   app.require_subcommand(1);
   app.footer(std::string(kExamples) + "\n" + kExitStatusText);
 
@@ -96,6 +123,16 @@ Command ParseArguments(int argc, const char* const* argv) {
   DemoArguments demo;
   DescribeDemo(*app.add_subcommand("demo", "Make a sample database and print all its bills"), demo);
 
+  SettingsArguments settings;
+  CLI::App* settingsCommand =
+      app.add_subcommand("settings", "Choose and fine-tune the format of a bill type in a window");
+  DescribeSettings(*settingsCommand, settings);
+
+  AreaPrintersArguments areaPrinters;
+  CLI::App* areaPrintersCommand = app.add_subcommand(
+      "area-printers", "Assign printers to the stock areas of formats in a window");
+  DescribeAreaPrinters(*areaPrintersCommand, areaPrinters);
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -103,6 +140,8 @@ Command ParseArguments(int argc, const char* const* argv) {
     return askedForHelp ? ExitStatus::kPrinted : ExitStatus::kWrongUsage;
   }
   if (printCommand->parsed()) return print;
+  if (settingsCommand->parsed()) return settings;
+  if (areaPrintersCommand->parsed()) return areaPrinters;
   return demo;
 }
 

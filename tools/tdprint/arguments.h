@@ -34,8 +34,24 @@ struct DemoArguments {
   bool operator==(const DemoArguments&) const = default;
 };
 
+// Opens the overlay settings of a bill type.
+struct SettingsArguments {
+  std::string database;
+  std::int16_t billType = 0;
+
+  bool operator==(const SettingsArguments&) const = default;
+};
+
+// Opens the printers of the stock areas.
+struct AreaPrintersArguments {
+  std::string database;
+
+  bool operator==(const AreaPrintersArguments&) const = default;
+};
+
 // What to do, or the status to end with: help was shown, or the usage is wrong and said so.
-using Command = std::variant<PrintArguments, DemoArguments, ExitStatus>;
+using Command = std::variant<PrintArguments, DemoArguments, SettingsArguments,
+                             AreaPrintersArguments, ExitStatus>;
 
 Command ParseArguments(int argc, const char* const* argv);
 

@@ -4,8 +4,8 @@
 namespace td {
 
 enum class ExitStatus {
-  kPrinted = 0,
-  kNotPrinted = 1,
+  kPrinted = 0,     // or done otherwise: help was shown, a window was closed
+  kNotPrinted = 1,  // or not shown
   kWrongUsage = 2,
   kPrintedWithMessages = 3,  // a message was shown: part of the bill may be missing
 };

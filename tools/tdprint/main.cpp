@@ -1,5 +1,6 @@
 #include "arguments.h"
 #include "demo_command.h"
+#include "dialog_commands.h"
 #include "print_command.h"
 
 namespace {
@@ -10,6 +11,12 @@ struct Runner {
   }
   td::ExitStatus operator()(const td::DemoArguments& arguments) const {
     return td::MakeDemo(arguments);
+  }
+  td::ExitStatus operator()(const td::SettingsArguments& arguments) const {
+    return td::ShowSettings(arguments);
+  }
+  td::ExitStatus operator()(const td::AreaPrintersArguments& arguments) const {
+    return td::ShowAreaPrinters(arguments);
   }
   td::ExitStatus operator()(td::ExitStatus status) const { return status; }
 };

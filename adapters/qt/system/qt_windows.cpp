@@ -2,14 +2,28 @@
 
 #include "platform/failure.h"
 #include "qt/system/print_frame.h"
+#include "qt/system/qt_dialog.h"
 
 namespace td {
+namespace {
+
+Failure NoSuchWindow(std::string_view name) {
+  return {kInvalidCall, "没有名为“" + std::string(name) + "”的窗口。"};
+}
+
+}  // namespace
 
 std::unique_ptr<PrintFrame> QtWindows::CreatePrintFrame(std::string_view name) {
   if (name != "frmTdPrint" && name != "frmTdPrint_GroupByStockArea") {
-    throw Failure(kInvalidCall, "没有名为“" + std::string(name) + "”的窗口。");
+    throw NoSuchWindow(name);
   }
   return std::make_unique<QtPrintFrame>(settings_, messages_, barcodeSettings_);
+}
+
+std::unique_ptr<Dialog> QtWindows::CreateDialog(std::string_view name) {
+  const DialogLayout* layout = FindDialogLayout(name);
+  if (layout == nullptr) throw NoSuchWindow(name);
+  return std::make_unique<QtDialog>(*layout, settings_, messages_);
 }
 
 }  // namespace td

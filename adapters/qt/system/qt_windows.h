@@ -21,6 +21,9 @@ class QtWindows : public Windows {
   // any other name.
   std::unique_ptr<PrintFrame> CreatePrintFrame(std::string_view name) override;
 
+  // "frmAdjuct" and "frmAreaPrintSet". Fails with kInvalidCall for any other name.
+  std::unique_ptr<Dialog> CreateDialog(std::string_view name) override;
+
  private:
   FrameSettings settings_;
   BarcodeSettings barcodeSettings_;

@@ -1,0 +1,113 @@
+#include "qt/dialogs/dialog_layouts.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QRadioButton>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <array>
+
+#include "qt/dialogs/field_grid.h"
+
+namespace td {
+namespace {
+
+struct Caption {
+  const char* name;
+  const char* text;
+};
+
+constexpr ListField kFormatList = {"cmbTdBillName", "已登记套打格式："};
+constexpr std::array kNumbers = {
+    NumberField{"txtLeft", "左右偏移量：", "缇", "（越大越靠右）"},
+    NumberField{"txtTop", "上下偏移量：", "缇", "（越大越靠下）"},
+    NumberField{"txtHeader", "第二页表头上下偏移量：", "缇"},
+    NumberField{"txtRowHeight", "每行高度：", "缇"},
+    NumberField{"txtRowsPerPage", "每页打印行数：", "行"},
+    NumberField{"txtQtysPerRow", "复合上次欠款每行打印条数：", "条"},
+};
+constexpr ListField kPreferredPrinter = {"cmbPrintDevice", "首选打印机："};
+constexpr std::array kPageOptions = {
+    Caption{"chkHeaderPerPage", "每页打印完整页眉"},
+    Caption{"chkFooterPerPage", "每页打印完整页脚"},
+    Caption{"chkIntegralPage", "不足整页时打印空表格"},
+};
+
+constexpr std::array kAreaPrinterFields = {
+    ListField{"cmbBillType", "单据类型："},
+    ListField{"cmbPrintFmt", "套打格式："},
+    ListField{"cmbStockArea", "仓库库区："},
+    ListField{"cmbPrintDevice", "默认打印机："},
+};
+
+QLayout* Buttons(DialogWindow& window, const Caption& confirm, const Caption& leave) {
+  auto* row = new QHBoxLayout;
+  row->addStretch();
+  for (const Caption& caption : {confirm, leave}) {
+    row->addWidget(
+        window.MakeButton(QString::fromUtf8(caption.name), QString::fromUtf8(caption.text)));
+  }
+  window.Named<QPushButton>(confirm.name).setDefault(true);
+  window.Named<QPushButton>(leave.name).setAutoDefault(false);
+  return row;
+}
+
+QWidget* Orientation(DialogWindow& window) {
+  auto* frame = new QGroupBox(QStringLiteral("打印方向"), &window);
+  auto* column = new QVBoxLayout(frame);
+  const QStringList captions = {QStringLiteral("纵向"), QStringLiteral("横向")};
+  for (QAbstractButton* option :
+       window.MakeOptions(QStringLiteral("optOrientation"), captions)->buttons()) {
+    column->addWidget(option);
+  }
+  column->addStretch();
+  return frame;
+}
+
+QLayout* PageOptions(DialogWindow& window) {
+  auto* column = new QVBoxLayout;
+  for (const Caption& caption : kPageOptions) {
+    column->addWidget(
+        window.MakeCheckBox(QString::fromUtf8(caption.name), QString::fromUtf8(caption.text)));
+  }
+  return column;
+}
+
+void LayOutSettings(DialogWindow& window) {
+  auto* whole = new QVBoxLayout(&window);
+  auto* fields = new FieldGrid(window);
+  whole->addLayout(fields);
+  fields->AddField(kFormatList);
+  for (const NumberField& field : kNumbers) fields->AddField(field);
+  fields->AddField(kPreferredPrinter);
+  auto* page = new QHBoxLayout;
+  page->addWidget(Orientation(window), 1);
+  page->addLayout(PageOptions(window), 1);
+  whole->addLayout(page);
+  whole->addStretch();
+  whole->addLayout(Buttons(window, {"cmdOk", "确定(&O)"}, {"cmdExit", "取消(&C)"}));
+}
+
+void LayOutAreaPrinters(DialogWindow& window) {
+  auto* whole = new QVBoxLayout(&window);
+  auto* fields = new FieldGrid(window);
+  whole->addLayout(fields);
+  for (const ListField& field : kAreaPrinterFields) fields->AddField(field);
+  whole->addStretch();
+  whole->addLayout(Buttons(window, {"cmdOk", "保存(&S)"}, {"cmdExit", "关闭(&C)"}));
+}
+
+constexpr std::array kLayouts = {
+    DialogLayout{"frmAdjuct", "套打设置", LayOutSettings},
+    DialogLayout{"frmAreaPrintSet", "分库区打印设置", LayOutAreaPrinters},
+};
+
+}  // namespace
+
+const DialogLayout* FindDialogLayout(std::string_view name) {
+  const auto* found = std::find_if(kLayouts.begin(), kLayouts.end(),
+                                   [&](const DialogLayout& layout) { return layout.name == name; });
+  return found == kLayouts.end() ? nullptr : found;
+}
+
+}  // namespace td

@@ -1,0 +1,52 @@
+#include "qt/dialogs/field_grid.h"
+
+#include <QLabel>
+
+#include "qt/dialogs/length_note.h"
+
+namespace td {
+namespace {
+
+enum Column { kLabel, kField, kUnit, kNote, kHint };
+
+// A label without the colon at its end.
+QString Description(const QString& label) {
+  return label.chopped(label.endsWith(QStringLiteral("：")) ? 1 : 0);
+}
+
+}  // namespace
+
+FieldGrid::FieldGrid(DialogWindow& window) : window_(window) {
+  setColumnStretch(kField, 1);
+}
+
+void FieldGrid::AddLabel(const QString& text, QWidget* field) {
+  auto* label = new QLabel(text, &window_);
+  label->setBuddy(field);
+  addWidget(label, row_, kLabel, Qt::AlignRight | Qt::AlignVCenter);
+}
+
+void FieldGrid::AddField(const ListField& field) {
+  const QString label = QString::fromUtf8(field.label);
+  QComboBox* list = window_.MakeList(QString::fromUtf8(field.name), Description(label));
+  AddLabel(label, list);
+  addWidget(list, row_, kField, 1, -1);
+  ++row_;
+}
+
+void FieldGrid::AddField(const NumberField& field) {
+  const QString label = QString::fromUtf8(field.label);
+  const QString unit = QString::fromUtf8(field.unit);
+  const QString description =
+      unit.isEmpty() ? Description(label) : Description(label) + QStringLiteral("，单位") + unit;
+  QLineEdit* box = window_.MakeBox(QString::fromUtf8(field.name), description);
+  box->setAccessibleDescription(QString::fromUtf8(field.hint));
+  AddLabel(label, box);
+  addWidget(box, row_, kField);
+  addWidget(new QLabel(unit, &window_), row_, kUnit);
+  if (field.unit == kTwipsUnit) addWidget(new LengthNote(*box, &window_), row_, kNote);
+  addWidget(new QLabel(QString::fromUtf8(field.hint), &window_), row_, kHint);
+  ++row_;
+}
+
+}  // namespace td

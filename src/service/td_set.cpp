@@ -1,0 +1,14 @@
+#include "service/td_set.h"
+
+#include "service/print_context.h"
+#include "windows/frm_adjuct.h"
+
+namespace td {
+
+void TDSet::ShowSettings(const std::string& PromptString, std::int16_t TranType) {
+  Context().New_PromptString = PromptString;
+  Context().New_TranType = TranType;
+  frmAdjuct(platform_).ShowModal();
+}
+
+}  // namespace td

@@ -1,0 +1,199 @@
+#include "windows/frm_adjuct.h"
+
+#include "service/print_context.h"
+#include "store/error_policy.h"
+#include "store/query.h"
+#include "store/statements.h"
+#include "text/conversions.h"
+#include "windows/printer_list.h"
+
+namespace td {
+namespace {
+
+constexpr const char* kFormatList = "cmbTdBillName";
+constexpr const char* kOrientation = "optOrientation";
+
+struct BoundControl {
+  const char* control;
+  const char* column;
+};
+
+constexpr BoundControl kLeftBox{"txtLeft", "FAdjuctLeft"};
+constexpr BoundControl kOtherBoxes[] = {{"txtTop", "FAdjuctTop"},
+                                        {"txtHeader", "FAdjuctHeader"},
+                                        {"txtRowHeight", "FRowHeight"},
+                                        {"txtRowsPerPage", "FRowsPerPage"},
+                                        {"txtQtysPerRow", "FQtysPerRow"}};
+constexpr BoundControl kHeaderCheck{"chkHeaderPerPage", "FHeaderPerPage"};
+constexpr BoundControl kFooterCheck{"chkFooterPerPage", "FFooterPerPage"};
+constexpr BoundControl kIntegralCheck{"chkIntegralPage", "FIntegralPage"};
+
+bool IsSet(const Value& flag) {
+  return !IsNull(flag) && ToFlag(flag);
+}
+
+// The controls of the dialog, filled from one format row. A Null leaves its text box as it was.
+struct FormatView {
+  Dialog& dialog;
+  const Guard& guard;
+  Query& format;
+
+  void ShowText(const BoundControl& box) const {
+    guard.Step([&] { dialog.PutText(box.control, ToLoneText(format.Field(box.column))); });
+  }
+  void ShowCheck(const BoundControl& box) const {
+    guard.Step([&] { dialog.PutCheckValue(box.control, IsSet(format.Field(box.column)) ? 1 : 0); });
+  }
+  // The whole list is walked, so the last entry of that name stands.
+  void ShowPrinter() const {
+    if (!guard.Test([&] { return !IsNull(format.Field("FPrintDevice")); })) return;
+    for (int i = 0; i < dialog.ListCount(kPrinterList); ++i) {
+      const auto isPrinter = [&] {
+        return dialog.ListItem(kPrinterList, i) == ToText(format.Field("FPrintDevice"));
+      };
+      if (guard.Test(isPrinter)) guard.Step([&] { dialog.PutListIndex(kPrinterList, i); });
+    }
+  }
+  void ShowShared() const {
+    for (const BoundControl& box : kOtherBoxes) ShowText(box);
+    ShowCheck(kHeaderCheck);
+    ShowCheck(kFooterCheck);
+  }
+};
+
+// At opening, unlike later, a Null left offset shows 0, the check box for empty rows is only ever
+// set, and the orientation is left to the selection of the format.
+void ShowFirstFormat(const FormatView& view) {
+  const auto& [dialog, guard, format] = view;
+  guard.Step([&] { dialog.PutListIndex(kPrinterList, kDefaultPrinterIndex); });
+  guard.Step([&] {
+    const Value& left = format.Field(kLeftBox.column);
+    dialog.PutText(kLeftBox.control, IsNull(left) ? "0" : ToText(left));
+  });
+  view.ShowShared();
+  if (guard.Test([&] { return IsSet(format.Field(kIntegralCheck.column)); })) {
+    guard.Step([&] { dialog.PutCheckValue(kIntegralCheck.control, 1); });
+  }
+  view.ShowPrinter();
+}
+
+// Selecting an entry shows its format. The selected format is remembered and shown at the end
+// unless the caller named one.
+void FillFormatList(Dialog& dialog, const Guard& guard, Query& formats) {
+  int remembered = 0;
+  while (guard.Test([&] { return !formats.Eof(); })) {
+    guard.Step([&] { dialog.AddItem(kFormatList, ToLoneText(formats.Field("FTDBillName"))); });
+    const auto isSelected = [&] {
+      const Value& selected = formats.Field("FSelected");
+      return !IsNull(selected) && ToDouble(selected) == 1;
+    };
+    if (guard.Test(isSelected)) {
+      guard.Step([&] { remembered = dialog.ListCount(kFormatList) - 1; });
+    }
+    const auto isAskedFor = [&] {
+      const Value& name = formats.Field("FTDBillName");
+      return !IsNull(name) && ToText(name) == Context().TDBillName;
+    };
+    if (guard.Test(isAskedFor)) {
+      guard.Step([&] { dialog.PutListIndex(kFormatList, dialog.ListCount(kFormatList) - 1); });
+    }
+    guard.Step([&] { formats.MoveNext(); });
+  }
+  if (dialog.ListCount(kFormatList) > remembered && Context().TDBillName.empty()) {
+    guard.Step([&] { dialog.PutListIndex(kFormatList, remembered); });
+  }
+}
+
+OverlaySettings ReadSettings(Dialog& dialog) {
+  const auto number = [&](const char* box) { return Val(std::string_view(dialog.Text(box))); };
+  const auto check = [&](const BoundControl& box) {
+    return dialog.CheckValue(box.control) == 1 ? 1 : 0;
+  };
+  const bool isRealPrinter = dialog.ListIndex(kPrinterList) >= kFirstPrinterIndex;
+  return {.AdjuctLeft = number("txtLeft"),
+          .AdjuctTop = number("txtTop"),
+          .AdjuctHeader = number("txtHeader"),
+          .RowHeight = number("txtRowHeight"),
+          .RowsPerPage = number("txtRowsPerPage"),
+          .QtysPerRow = number("txtQtysPerRow"),
+          .Orientation = dialog.Option(kOrientation) == 0 ? 0 : 1,
+          .HeaderPerPage = check(kHeaderCheck),
+          .FooterPerPage = check(kFooterCheck),
+          .IntegralPage = check(kIntegralCheck),
+          .PrintDevice = isRealPrinter ? dialog.ListText(kPrinterList) : std::string()};
+}
+
+}  // namespace
+
+frmAdjuct::frmAdjuct(Platform& platform)
+    : platform_(platform), dialog_(platform.windows.CreateDialog("frmAdjuct")) {
+  dialog_->Connect({.Load = [this] { Load(); },
+                    .Click = [this](std::string_view control) { Click(control); },
+                    .Unload = [] { Context().TDBillName.clear(); }});
+}
+
+void frmAdjuct::ShowModal() {
+  dialog_->ShowModal();
+}
+
+void frmAdjuct::Load() {
+  RunRoutine(Guard(reactions::kSettingsLoad), platform_.messages, [&](const Guard& guard) {
+    FillPrinterList(*dialog_, guard);
+    Query formats;
+    guard.Step([&] { formats.Open(platform_, FormatsStatement(Context())); });
+    if (guard.Test([&] { return !formats.Eof(); })) ShowFirstFormat({*dialog_, guard, formats});
+    FillFormatList(*dialog_, guard, formats);
+    guard.Step([&] { formats.Close(); });
+  });
+}
+
+void frmAdjuct::Click(std::string_view control) {
+  if (control == kFormatList) ChangeFormat();
+  if (control == "cmdOk") Save();
+  if (control == "cmdExit") Cancel();
+}
+
+void frmAdjuct::ChangeFormat() {
+  RunRoutine(Guard(reactions::kSettingsLoad), platform_.messages, [&](const Guard& guard) {
+    Query format;
+    guard.Step([&] {
+      format.Open(platform_, FormatSettingsStatement(Context(), dialog_->ListText(kFormatList)));
+    });
+    if (guard.Test([&] { return !format.Eof(); })) {
+      const FormatView view{*dialog_, guard, format};
+      guard.Step([&] { dialog_->PutListIndex(kPrinterList, kDefaultPrinterIndex); });
+      view.ShowText(kLeftBox);
+      view.ShowShared();
+      view.ShowCheck(kIntegralCheck);
+      guard.Step(
+          [&] { dialog_->PutOption(kOrientation, ToInteger16(format.Field("FOrientation"))); });
+      view.ShowPrinter();
+    }
+    guard.Step([&] { format.Close(); });
+  });
+}
+
+void frmAdjuct::Save() {
+  RunRoutine(Guard(reactions::kSettingsSave), platform_.messages, [&](const Guard& guard) {
+    std::unique_ptr<Connection> connection;
+    guard.Step([&] { connection = platform_.database.Connect(Context().New_PromptString); });
+    guard.Step([&] { connection->Execute(ClearSelectionStatement(Context())); });
+    guard.Step([&] {
+      connection->Execute(SaveOverlaySettingsStatement(Context(), dialog_->ListText(kFormatList),
+                                                       ReadSettings(*dialog_)));
+    });
+    connection.reset();
+    guard.Step([&] { dialog_->Unload(); });
+    isOk_ = true;
+    if (dialog_->ListIndex(kFormatList) == -1) {
+      Context().TDBillName = dialog_->ListText(kFormatList);
+    }
+  });
+}
+
+void frmAdjuct::Cancel() {
+  isOk_ = false;
+  dialog_->Unload();
+}
+
+}  // namespace td

@@ -1,0 +1,140 @@
+#include "windows/frm_area_print_set.h"
+
+#include "service/print_context.h"
+#include "store/error_policy.h"
+#include "store/query.h"
+#include "text/conversions.h"
+#include "windows/printer_list.h"
+
+namespace td {
+namespace {
+
+constexpr const char* kBillTypeList = "cmbBillType";
+constexpr const char* kFormatList = "cmbPrintFmt";
+constexpr const char* kAreaList = "cmbStockArea";
+
+struct BillType {
+  const char* name;
+  int tranType;
+};
+
+constexpr BillType kBillTypes[] = {{"采购入库单", 12}, {"销售订货单", 21}, {"销售出库单", 22}};
+
+int TranTypeOf(const std::string& name) {
+  for (const BillType& type : kBillTypes) {
+    if (name == type.name) return type.tranType;
+  }
+  return 0;
+}
+
+// Rows of one first character are adjacent, so each is added once; the empty area never is.
+void FillAreaList(Dialog& dialog, const Guard& guard, Query& areas) {
+  std::string previous;
+  while (guard.Test([&] { return !areas.Eof(); })) {
+    const auto area = [&] { return ToLoneText(areas.Field("FStockArea")); };
+    if (guard.Test([&] { return area() != previous; })) {
+      guard.Step([&] { previous = area(); });
+      guard.Step([&] { dialog.AddItem(kAreaList, previous); });
+    }
+    guard.Step([&] { areas.MoveNext(); });
+  }
+}
+
+void SelectPrinter(Dialog& dialog, const Guard& guard, Query& row) {
+  for (int i = kSeparatorIndex; i < dialog.ListCount(kPrinterList); ++i) {
+    const auto isPrinter = [&] {
+      const Value& printer = row.Field("FPrintDevice");
+      return !IsNull(printer) && dialog.ListItem(kPrinterList, i) == ToText(printer);
+    };
+    if (guard.Test(isPrinter)) {
+      guard.Step([&] { dialog.PutListIndex(kPrinterList, i); });
+      return;
+    }
+  }
+}
+
+}  // namespace
+
+frmAreaPrintSet::frmAreaPrintSet(Platform& platform)
+    : platform_(platform), dialog_(platform.windows.CreateDialog("frmAreaPrintSet")) {
+  dialog_->Connect({.Load = [this] { Load(); },
+                    .Click = [this](std::string_view control) { Click(control); },
+                    .Unload = [] {}});
+}
+
+void frmAreaPrintSet::ShowModal() {
+  dialog_->ShowModal();
+}
+
+void frmAreaPrintSet::Load() {
+  RunRoutine(Guard(reactions::kAreaPrinterLoad), platform_.messages, [&](const Guard& guard) {
+    for (const BillType& type : kBillTypes) {
+      guard.Step([&] { dialog_->AddItem(kBillTypeList, type.name); });
+    }
+    guard.Step([&] { dialog_->PutListIndex(kBillTypeList, 0); });
+    FillPrinterList(*dialog_, guard);
+    Query areas;
+    guard.Step([&] { areas.Open(platform_, StockAreasStatement()); });
+    FillAreaList(*dialog_, guard, areas);
+    guard.Step([&] { areas.Close(); });
+  });
+}
+
+void frmAreaPrintSet::Click(std::string_view control) {
+  if (control == kBillTypeList) ChangeBillType();
+  if (control == kFormatList || control == kAreaList) ShowAreaPrinter();
+  if (control == "cmdOk") Save();
+  if (control == "cmdExit") dialog_->Unload();
+}
+
+void frmAreaPrintSet::ChangeBillType() {
+  RunRoutine(Guard(reactions::kMessageOnly), platform_.messages, [&](const Guard& guard) {
+    guard.Step([&] {
+      const int tranType = TranTypeOf(dialog_->ListText(kBillTypeList));
+      dialog_->ClearList(kFormatList);
+      Query formats;
+      formats.Open(platform_, FormatNamesStatement(tranType));
+      for (; !formats.Eof(); formats.MoveNext()) {
+        dialog_->AddItem(kFormatList, ToLoneText(formats.Field("FTDBillName")));
+      }
+    });
+  });
+}
+
+AreaPrinterKey frmAreaPrintSet::SelectedKey() {
+  return {.tranType = TranTypeOf(dialog_->ListText(kBillTypeList)),
+          .formatName = dialog_->ListText(kFormatList),
+          .stockArea = dialog_->ListText(kAreaList)};
+}
+
+// An unknown combination leaves the selection of the printer as it was.
+void frmAreaPrintSet::ShowAreaPrinter() {
+  RunRoutine(Guard(reactions::kMessageOnly), platform_.messages, [&](const Guard& guard) {
+    Query row;
+    guard.Step([&] {
+      row.Open(platform_, AreaPrinterStatement(platform_.machine.LocalMachineId(), SelectedKey()));
+    });
+    if (guard.Test([&] { return !row.Eof(); })) SelectPrinter(*dialog_, guard, row);
+    guard.Step([&] { row.Close(); });
+  });
+}
+
+// Only the first entry of the printer list is stored as no printer: the separator line, if picked,
+// is stored as its text.
+void frmAreaPrintSet::Save() {
+  RunRoutine(Guard(reactions::kMessageOnly), platform_.messages, [&](const Guard& guard) {
+    guard.Step([&] {
+      const AreaPrinterKey key = SelectedKey();
+      const auto connection = platform_.database.Connect(Context().New_PromptString);
+      Machine& machine = platform_.machine;
+      connection->Execute(ClearAreaPrinterStatement(machine.LocalMachineId(), key));
+      const bool isDefault = dialog_->ListIndex(kPrinterList) == kDefaultPrinterIndex;
+      connection->Execute(
+          SaveAreaPrinterStatement(machine.LocalMachineId(), key,
+                                   isDefault ? std::string() : dialog_->ListText(kPrinterList)));
+    });
+    guard.Step([&] { platform_.messages.ShowBox("保存成功！", kInformationIcon); });
+  });
+}
+
+}  // namespace td

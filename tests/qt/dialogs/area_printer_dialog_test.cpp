@@ -1,0 +1,102 @@
+// The stock-area printer dialog, used with mouse and keyboard; the database is read back.
+#include "shown_dialog.h"
+
+namespace td {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+using AreaPrinterDialog = ShownDialog;
+
+constexpr const char* kStored =
+    "select FTranType || ' ' || FTdBillName || ' ' || FStockArea || ' ' || FPrintDevice "
+    "from TDBill_AreaPrinterDevice";
+
+void ChooseAreaA(DialogWindow& window) {
+  Choose(window, "cmbBillType", 1);
+  Choose(window, "cmbPrintFmt", 0);
+  Choose(window, "cmbStockArea", 0);
+}
+
+TEST_F(AreaPrinterDialog, ShowsBillTypesFormatsAreasAndPrinters) {
+  ShowAreaPrinters([](DialogWindow& window) {
+    EXPECT_EQ(window.windowTitle(), "分库区打印设置");
+    EXPECT_EQ(EntriesOf(window, "cmbBillType"), (Texts{"采购入库单", "销售订货单", "销售出库单"}));
+    EXPECT_EQ(window.Named<QComboBox>("cmbBillType").currentIndex(), 0);
+    EXPECT_EQ(EntriesOf(window, "cmbPrintFmt"), (Texts{"入库单"}));
+    EXPECT_EQ(EntriesOf(window, "cmbStockArea"), (Texts{"A", "B"}));
+    for (const char* list : {"cmbPrintFmt", "cmbStockArea", "cmbPrintDevice"}) {
+      EXPECT_EQ(window.Named<QComboBox>(list).currentIndex(), -1) << list;
+    }
+  });
+  EXPECT_EQ(boxes_, Texts());
+}
+
+TEST_F(AreaPrinterDialog, SavesAndStaysOpenForTheNextCombination) {
+  ShowAreaPrinters([this](DialogWindow& window) {
+    ChooseAreaA(window);
+    Choose(window, "cmbPrintDevice", 2);
+    const std::string printer =
+        window.Named<QComboBox>("cmbPrintDevice").currentText().toStdString();
+    Click(window, "cmdOk");
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(Cell(kStored), "21 销售单 A " + printer);
+    Choose(window, "cmbPrintDevice", 1);
+    PressKey(window, Qt::Key_S, Qt::AltModifier);
+    EXPECT_EQ(Cell(kStored), "21 销售单 A --------------------");
+    EXPECT_EQ(Cell("select count(*) from TDBill_AreaPrinterDevice"), "1");
+    PressKey(window, Qt::Key_C, Qt::AltModifier);
+    EXPECT_FALSE(window.isVisible());
+  });
+  EXPECT_EQ(boxes_, (Texts{"保存成功！", "保存成功！"}));
+}
+
+TEST_F(AreaPrinterDialog, ShowsTheStoredPrinterAndKeepsItForAnUnknownCombination) {
+  ShowAreaPrinters([](DialogWindow& window) {
+    ChooseAreaA(window);
+    Choose(window, "cmbPrintDevice", 3);
+    Click(window, "cmdOk");
+  });
+  ShowAreaPrinters([](DialogWindow& window) {
+    auto& printers = window.Named<QComboBox>("cmbPrintDevice");
+    ChooseAreaA(window);
+    EXPECT_EQ(printers.currentIndex(), 3);
+    Choose(window, "cmbStockArea", 1);
+    EXPECT_EQ(printers.currentIndex(), 3);
+    Choose(window, "cmbPrintDevice", 0);
+    Choose(window, "cmbStockArea", 0);
+    EXPECT_EQ(printers.currentIndex(), 3);
+  });
+}
+
+TEST_F(AreaPrinterDialog, AFailingInsertIsReportedAndLosesTheOldRow) {
+  ShowAreaPrinters([this](DialogWindow& window) {
+    ChooseAreaA(window);
+    Click(window, "cmdOk");
+    other_.Run(
+        "create trigger refuse before insert on TDBill_AreaPrinterDevice "
+        "begin select raise(abort, 'disk is full'); end");
+    Click(window, "cmdOk");
+    EXPECT_TRUE(window.isVisible());
+  });
+  ASSERT_EQ(boxes_.size(), 2U);
+  EXPECT_NE(boxes_[1].find("disk is full"), std::string::npos) << boxes_[1];
+  EXPECT_EQ(Cell("select count(*) from TDBill_AreaPrinterDevice"), "0");
+}
+
+TEST_F(AreaPrinterDialog, ALockedDatabaseIsReportedAndTheUserCanTryAgain) {
+  ShowAreaPrinters([this](DialogWindow& window) {
+    ChooseAreaA(window);
+    other_.Run("begin exclusive");
+    Click(window, "cmdOk");
+    other_.Run("rollback");
+    EXPECT_EQ(Cell("select count(*) from TDBill_AreaPrinterDevice"), "0");
+    Click(window, "cmdOk");
+  });
+  ASSERT_EQ(boxes_.size(), 2U);
+  EXPECT_NE(boxes_[0].find("锁"), std::string::npos) << boxes_[0];
+  EXPECT_EQ(boxes_[1], "保存成功！");
+}
+
+}  // namespace
+}  // namespace td

@@ -1,0 +1,194 @@
+// The overlay settings dialog, used with mouse and keyboard; the database is read back.
+#include <QGroupBox>
+#include <chrono>
+#include <thread>
+
+#include "service/print_context.h"
+#include "shown_dialog.h"
+
+namespace td {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+using SettingsDialog = ShownDialog;
+
+TEST_F(SettingsDialog, ShowsTheSelectedFormat) {
+  ShowSettings([](DialogWindow& window) {
+    EXPECT_EQ(window.windowTitle(), "套打设置");
+    EXPECT_EQ(EntriesOf(window, "cmbTdBillName"), (Texts{"销售单", "两联单"}));
+    EXPECT_EQ(window.Named<QComboBox>("cmbTdBillName").currentText(), "销售单");
+    EXPECT_EQ(TextOf(window, "txtRowHeight"), "300");
+    EXPECT_EQ(TextOf(window, "txtRowsPerPage"), "10");
+    EXPECT_EQ(window.Named<QButtonGroup>("optOrientation").checkedId(), 0);
+    const Texts printers = EntriesOf(window, "cmbPrintDevice");
+    ASSERT_GT(printers.size(), 3U);
+    EXPECT_EQ(printers[0], "windows默认打印机");
+    EXPECT_EQ(printers[1], "--------------------");
+    EXPECT_EQ(window.Named<QComboBox>("cmbPrintDevice").currentIndex(), 0);
+  });
+  EXPECT_EQ(boxes_, Texts());
+}
+
+TEST_F(SettingsDialog, SavesWhatWasTypedClickedAndChosen) {
+  ShowSettings([this](DialogWindow& window) {
+    Choose(window, "cmbTdBillName", 1);
+    EXPECT_EQ(TextOf(window, "txtRowHeight"), "350.5");
+    EXPECT_EQ(window.Named<QComboBox>("cmbPrintDevice").currentText(), "QbTd-PDF");
+    Type(window, "txtLeft", "-56.7");
+    Type(window, "txtTop", "12毫米");
+    Type(window, "txtHeader", "");
+    Type(window, "txtRowHeight", "abc");
+    Type(window, "txtRowsPerPage", "2.5");
+    Type(window, "txtQtysPerRow", "3");
+    Click(*window.Named<QButtonGroup>("optOrientation").button(1));
+    Click(window.Named<QCheckBox>("chkHeaderPerPage"));
+    Click(window.Named<QCheckBox>("chkIntegralPage"));
+    Choose(window, "cmbPrintDevice", 2);
+    Click(window, "cmdOk");
+    EXPECT_FALSE(window.isVisible());
+  });
+  EXPECT_EQ(boxes_, Texts());
+  EXPECT_EQ(Setting("FAdjuctLeft", "两联单"), "-56.7");
+  EXPECT_EQ(Setting("FAdjuctTop", "两联单"), "12.0");
+  EXPECT_EQ(Setting("FAdjuctHeader", "两联单"), "0.0");
+  EXPECT_EQ(Setting("FRowHeight", "两联单"), "0.0");
+  EXPECT_EQ(Setting("FRowsPerPage", "两联单"), "2.5");
+  EXPECT_EQ(Setting("FQtysPerRow", "两联单"), "3.0");
+  EXPECT_EQ(Setting("FOrientation", "两联单"), "1");
+  EXPECT_EQ(Setting("FHeaderPerPage", "两联单"), "0");
+  EXPECT_EQ(Setting("FFooterPerPage", "两联单"), "0");
+  EXPECT_EQ(Setting("FIntegralPage", "两联单"), "1");
+  EXPECT_EQ(Setting("FPrintDevice like 'QbTd-%'", "两联单"), "1");
+  EXPECT_EQ(Setting("FSelected", "两联单"), "1");
+  EXPECT_EQ(Setting("FSelected"), "0");
+  EXPECT_EQ(Setting("FRowHeight"), "300.0") << "the other format stays";
+}
+
+TEST_F(SettingsDialog, TheSeparatorCanBeChosenAndSavesAsNoPrinter) {
+  ShowSettings([](DialogWindow& window) {
+    Choose(window, "cmbTdBillName", 1);
+    Choose(window, "cmbPrintDevice", 1);
+    EXPECT_EQ(window.Named<QComboBox>("cmbPrintDevice").currentIndex(), 1);
+    Click(window, "cmdOk");
+  });
+  EXPECT_EQ(Setting("FPrintDevice=''", "两联单"), "1");
+}
+
+TEST_F(SettingsDialog, TheKeyboardAloneConfirms) {
+  const std::vector<std::pair<Qt::Key, Qt::KeyboardModifiers>> keys = {
+      {Qt::Key_O, Qt::AltModifier}, {Qt::Key_Return, Qt::NoModifier}};
+  for (const auto& [key, modifiers] : keys) {
+    other_.Run("update TDBill set FSelected=0");
+    ShowSettings([&](DialogWindow& window) {
+      PressKey(window, key, modifiers);
+      EXPECT_FALSE(window.isVisible());
+    });
+    EXPECT_EQ(Setting("FSelected"), "1") << key;
+  }
+}
+
+TEST_F(SettingsDialog, NothingIsWrittenUnlessItIsConfirmed) {
+  const std::vector<Use> ways = {
+      [](DialogWindow& window) { Click(window, "cmdExit"); },
+      [](DialogWindow& window) { PressKey(window, Qt::Key_C, Qt::AltModifier); },
+      [](DialogWindow& window) { PressKey(window, Qt::Key_Escape); },
+      [](DialogWindow& window) { window.close(); }};
+  for (const Use& leave : ways) {
+    Context().TDBillName = "销售单";
+    ShowSettings([&](DialogWindow& window) {
+      Type(window, "txtLeft", "99");
+      leave(window);
+      EXPECT_FALSE(window.isVisible());
+    });
+    EXPECT_EQ(Setting("FAdjuctLeft"), "0.0");
+    EXPECT_EQ(Context().TDBillName, "");
+  }
+}
+
+TEST_F(SettingsDialog, TheTabKeyVisitsTheFieldsFromTopToBottom) {
+  ShowSettings([](DialogWindow& window) {
+    Texts visited;
+    window.Named<QComboBox>("cmbTdBillName").setFocus();
+    for (int i = 0; i < 8; ++i) {
+      visited.push_back(window.focusWidget()->objectName().toStdString());
+      PressKey(window, Qt::Key_Tab);
+    }
+    EXPECT_EQ(visited, (Texts{"cmbTdBillName", "txtLeft", "txtTop", "txtHeader", "txtRowHeight",
+                              "txtRowsPerPage", "txtQtysPerRow", "cmbPrintDevice"}));
+  });
+}
+
+TEST_F(SettingsDialog, ALockedDatabaseIsWaitedFor) {
+  using namespace std::chrono_literals;
+  std::thread release;
+  ShowSettings([&](DialogWindow& window) {
+    Type(window, "txtLeft", "40");
+    other_.Run("begin exclusive");
+    release = std::thread([this] {
+      std::this_thread::sleep_for(700ms);
+      other_.Run("rollback");
+    });
+    const auto begin = std::chrono::steady_clock::now();
+    Click(window, "cmdOk");
+    EXPECT_GT(std::chrono::steady_clock::now() - begin, 500ms);
+    EXPECT_FALSE(window.isVisible());
+  });
+  release.join();
+  EXPECT_EQ(boxes_, Texts());
+  EXPECT_EQ(Setting("FAdjuctLeft"), "40.0");
+}
+
+TEST_F(SettingsDialog, AFailingSecondUpdateLeavesTheDialogOpenAndNoFormatSelected) {
+  other_.Run(
+      "create trigger refuse before update of FAdjuctLeft on TDBill "
+      "begin select raise(abort, 'disk is full'); end");
+  ShowSettings([this](DialogWindow& window) {
+    Type(window, "txtLeft", "40");
+    Click(window, "cmdOk");
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(TextOf(window, "txtLeft"), "40");
+    EXPECT_EQ(Setting("FSelected"), "0");
+    other_.Run("drop trigger refuse");
+    Click(window, "cmdOk");
+    EXPECT_FALSE(window.isVisible()) << "the user can try again";
+  });
+  ASSERT_EQ(boxes_.size(), 1U);
+  EXPECT_NE(boxes_[0].find("disk is full"), std::string::npos) << boxes_[0];
+  EXPECT_EQ(Setting("FSelected"), "1");
+}
+
+TEST_F(SettingsDialog, OfTwoSelectedFormatsTheLastIsShownAndSavingLeavesOne) {
+  other_.Run("update TDBill set FSelected=1");
+  ShowSettings([](DialogWindow& window) {
+    EXPECT_EQ(window.Named<QComboBox>("cmbTdBillName").currentIndex(), 1);
+    Click(window, "cmdOk");
+  });
+  EXPECT_EQ(Cell("select sum(FSelected) from TDBill where FTranType=21"), "1");
+  EXPECT_EQ(Setting("FSelected", "入库单"), "1") << "another bill type";
+}
+
+TEST_F(SettingsDialog, AQuoteInAFormatsNameIsReportedAndHarmsNothingElse) {
+  other_.Run("update TDBill set FTDBillName='O''Brien' where FTDBillName='两联单'");
+  ShowSettings([](DialogWindow& window) {
+    Choose(window, "cmbTdBillName", 1);
+    EXPECT_EQ(TextOf(window, "txtRowHeight"), "300") << "what was shown before";
+    Click(window, "cmdOk");
+    EXPECT_TRUE(window.isVisible());
+  });
+  EXPECT_EQ(boxes_.size(), 2U) << "when it was chosen, and when it was saved";
+  EXPECT_EQ(Cell("select count(*) from TDBill"), "3");
+  EXPECT_EQ(Cell("select FRowHeight from TDBill where FTDBillID=2"), "350.5");
+}
+
+TEST_F(SettingsDialog, AnUnreadableDatabaseIsReportedAndTheDialogOpensBlank) {
+  connection_ = "sqlite:" + folder_.File("missing.db");
+  ShowSettings([](DialogWindow& window) {
+    EXPECT_EQ(EntriesOf(window, "cmbTdBillName"), Texts());
+    EXPECT_EQ(TextOf(window, "txtLeft"), "");
+  });
+  EXPECT_EQ(boxes_.size(), 1U);
+}
+
+}  // namespace
+}  // namespace td

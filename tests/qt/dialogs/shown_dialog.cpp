@@ -1,0 +1,122 @@
+#include "shown_dialog.h"
+
+#include <QAbstractItemView>
+#include <QMessageBox>
+#include <QTest>
+
+#include "service/print_context.h"
+#include "service/td_set.h"
+#include "test_tools.h"
+#include "windows/frm_area_print_set.h"
+
+namespace td {
+namespace {
+
+constexpr const char* kRows = R"(
+  insert into TDBill (FTDBillID, FTranType, FTDBillName, FSelected, FPaperSize, FPaperWidth,
+                      FPaperHeight, FRowsPerPage, FRowHeight, FHeaderPerPage, FPrintDevice)
+    values (1, 21, '销售单', 1, 9, 0, 0, 10, 300, 0, null),
+           (2, 21, '两联单', 0, 9, 0, 0, 8, 350.5, 1, 'QbTd-PDF'),
+           (3, 12, '入库单', 1, 9, 0, 0, 6, 300, 0, null);
+  insert into t_icitem (FItemID, FNumber, FName, FUnit, FStockArea)
+    values (1, '1', '大米', '袋', 'A1'), (2, '2', '绿豆', '袋', 'A2'), (3, '3', '花生油', '桶', 'B'),
+           (4, '4', '样品', '件', null);
+)";
+
+DesktopOptions Options(const std::string& folder) {
+  DesktopOptions options;
+  options.stateDirectory = folder;
+  options.componentFolder = folder;
+  return options;
+}
+
+}  // namespace
+
+void Click(QAbstractButton& button) {
+  const int insideOfIndicator = button.height() / 2;
+  QTest::mouseClick(&button, Qt::LeftButton, {}, {insideOfIndicator, insideOfIndicator});
+}
+
+void Click(DialogWindow& window, const char* button) {
+  Click(window.Named<QPushButton>(button));
+}
+
+void Type(DialogWindow& window, const char* box, const char* text) {
+  auto& field = window.Named<QLineEdit>(box);
+  QTest::mouseClick(&field, Qt::LeftButton);
+  QTest::keySequence(&field, QKeySequence::SelectAll);
+  QTest::keyClick(&field, Qt::Key_Delete);
+  QTest::keyClicks(&field, QString::fromUtf8(text));
+}
+
+void Choose(DialogWindow& window, const char* list, int index) {
+  auto& field = window.Named<QComboBox>(list);
+  QTest::mouseClick(&field, Qt::LeftButton);
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(field.view()->window()));
+  QTest::keyClick(field.view(), Qt::Key_Home);
+  for (int i = 0; i < index; ++i) QTest::keyClick(field.view(), Qt::Key_Down);
+  QTest::keyClick(field.view(), Qt::Key_Return);
+}
+
+void PressKey(DialogWindow& window, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+  QWidget* focus = window.focusWidget();
+  QTest::keyClick(focus != nullptr ? focus : &window, key, modifiers);
+}
+
+std::string TextOf(DialogWindow& window, const char* box) {
+  return window.Named<QLineEdit>(box).text().toStdString();
+}
+
+std::vector<std::string> EntriesOf(DialogWindow& window, const char* list) {
+  const auto& field = window.Named<QComboBox>(list);
+  std::vector<std::string> entries;
+  for (int i = 0; i < field.count(); ++i) entries.push_back(field.itemText(i).toStdString());
+  return entries;
+}
+
+ShownDialog::ShownDialog()
+    : connection_(MakeDatabase(folder_.File("bills.db"),
+                               ReadFile(QBTD_SOURCE_DIR "/examples/schema.sql") + kRows)),
+      other_(folder_.File("bills.db")),
+      desktop_(Options(folder_.Path().string())) {
+  Context() = {};
+  auto* timer = new QTimer(&timers_);
+  QObject::connect(timer, &QTimer::timeout, timer, [this] { ConfirmBox(); });
+  timer->start(kPollInterval);
+}
+
+void ShownDialog::ConfirmBox() {
+  auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
+  if (box == nullptr || !box->isVisible()) return;
+  boxes_.push_back(box->text().toStdString());
+  box->buttons().first()->click();
+}
+
+void ShownDialog::WhenDialogIsShown(Use use) {
+  WhenShown<DialogWindow>([use = std::move(use)](DialogWindow& window) {
+    use(window);
+    if (window.isVisible()) window.close();
+  });
+}
+
+void ShownDialog::ShowSettings(Use use) {
+  WhenDialogIsShown(std::move(use));
+  TDSet(desktop_.Get()).ShowSettings(connection_, 21);
+}
+
+void ShownDialog::ShowAreaPrinters(Use use) {
+  WhenDialogIsShown(std::move(use));
+  Context().New_PromptString = connection_;
+  frmAreaPrintSet(desktop_.Get()).ShowModal();
+}
+
+std::string ShownDialog::Cell(const std::string& statement) {
+  std::string text = OutputOf("sqlite3", {folder_.File("bills.db"), statement});
+  return text.substr(0, text.find('\n'));
+}
+
+std::string ShownDialog::Setting(const std::string& column, const std::string& format) {
+  return Cell("select " + column + " from TDBill where FTDBillName='" + format + "'");
+}
+
+}  // namespace td

@@ -1,0 +1,79 @@
+// The component's dialogs on a real display with a real database, used as a person does.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTimer>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "desktop/desktop_platform.h"
+#include "qt/dialogs/dialog_window.h"
+#include "temporary_database.h"
+
+namespace td {
+
+// A click into the box, and the text in the place of the former one.
+void Type(DialogWindow& window, const char* box, const char* text);
+// The list opened, and the entry chosen in it with the keyboard.
+void Choose(DialogWindow& window, const char* list, int index);
+void Click(DialogWindow& window, const char* button);
+// An option, or a check box.
+void Click(QAbstractButton& button);
+// A key of the focus widget, with Alt for a mnemonic.
+void PressKey(DialogWindow& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+
+std::string TextOf(DialogWindow& window, const char* box);
+std::vector<std::string> EntriesOf(DialogWindow& window, const char* list);
+
+class ShownDialog : public testing::Test {
+ protected:
+  // Formats 销售单 (selected) and 两联单 of bill type 21, 入库单 of 12; stock areas A and B.
+  ShownDialog();
+
+  using Use = std::function<void(DialogWindow&)>;
+  // Opens the dialog, uses it, and closes it by its close box if it is still open.
+  void ShowSettings(Use use);
+  void ShowAreaPrinters(Use use);
+
+  // `use` comes once, as soon as such a window is shown.
+  template <class Window>
+  void WhenShown(std::function<void(Window&)> use) {
+    auto* timer = new QTimer(&timers_);
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, use = std::move(use)] {
+      for (QWidget* widget : QApplication::topLevelWidgets()) {
+        auto* window = dynamic_cast<Window*>(widget);
+        if (window == nullptr || !window->isVisible() || !window->isActiveWindow()) continue;
+        timer->stop();
+        use(*window);
+        return;
+      }
+    });
+    timer->start(kPollInterval);
+  }
+  // The same for a dialog, which is closed afterwards.
+  void WhenDialogIsShown(Use use);
+
+  // The first column of the first row that a statement selects, as the database's own shell shows
+  // it.
+  [[nodiscard]] std::string Cell(const std::string& statement);
+  [[nodiscard]] std::string Setting(const std::string& column,
+                                    const std::string& format = "销售单");
+
+  TemporaryFolder folder_;
+  std::string connection_;
+  OtherUser other_;
+  DesktopPlatform desktop_;
+  std::vector<std::string> boxes_;  // texts of the message boxes that were shown and confirmed
+
+ private:
+  static constexpr int kPollInterval = 20;  // milliseconds
+
+  void ConfirmBox();
+
+  QObject timers_;
+};
+
+}  // namespace td
