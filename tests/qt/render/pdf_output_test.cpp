@@ -117,6 +117,15 @@ TEST_F(PdfOutput, RefusesAnEmptyDocumentAndAPlaceThatCannotBeWritten) {
             kDeviceIo);
 }
 
+TEST_F(PdfOutput, AFileNameIsNotTakenForALockConflict) {
+  try {
+    WritePdf({PageOf(100, 100)}, folder.Path("锁/out.pdf"), "");
+    FAIL();
+  } catch (const Failure& failure) {
+    EXPECT_EQ(failure.Description().find("锁"), std::string::npos) << failure.Description();
+  }
+}
+
 TEST_F(PdfOutput, ItemsFarOutsideThePageDoNoHarm) {
   const PictureRef image = Image(10, 10);
   const std::string pdf =
