@@ -53,6 +53,10 @@ Platform& DesktopPlatform::Get() {
   return parts_->platform;
 }
 
+bool DesktopPlatform::HasDisplay() const {
+  return HasWindowSystem();
+}
+
 int DesktopPlatform::MessagesShown() const {
   return parts_->messages.Shown();
 }

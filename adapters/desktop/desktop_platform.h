@@ -67,6 +67,9 @@ class DesktopPlatform {
   // Good as long as this object lives.
   [[nodiscard]] Platform& Get();
 
+  // Whether windows can be shown: previews and dialogs fail without a display.
+  [[nodiscard]] bool HasDisplay() const;
+
   // How many messages were shown so far, as a box or as a line.
   [[nodiscard]] int MessagesShown() const;
 

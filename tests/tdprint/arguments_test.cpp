@@ -44,6 +44,17 @@ TEST(TdprintArguments, PrintTakesFormatBlankRowsAndVariantOnly) {
   EXPECT_EQ(print.blankRows, 3);
 }
 
+TEST(TdprintArguments, PreviewTakesTheArgumentsOfPrint) {
+  const Command command = Parse({"preview", "--db", "sqlite:a.db", "--type", "22", "--data",
+                                 "select 1", "--by-area", "--only-variant"});
+  const auto& preview = std::get<PrintArguments>(command);
+  EXPECT_TRUE(preview.preview);
+  EXPECT_TRUE(preview.byArea);
+  EXPECT_TRUE(preview.onlyVariant);
+  EXPECT_EQ(preview.billType, 22);
+  EXPECT_FALSE(std::get<PrintArguments>(ParsePrint({"--by-area"})).preview);
+}
+
 TEST(TdprintArguments, ADocumentGoesToOnePlaceOnly) {
   EXPECT_EQ(std::get<PrintArguments>(ParsePrint({"--pdf", "a.pdf"})).pdf, "a.pdf");
   EXPECT_EQ(std::get<PrintArguments>(ParsePrint({"--png", "folder"})).png, "folder");

@@ -117,6 +117,28 @@ TEST_F(TdprintProgram, BeginsBelowTheRowsThatAreUsedUp) {
   EXPECT_LT(TopOf("大米", folder_ / "later.pdf"), 0);
 }
 
+TEST_F(TdprintProgram, BeginsANewPageAtEachStockArea) {
+  const fs::path pdf = folder_ / "areas.pdf";
+  const std::string rows =
+      "select 7 as FInterID, '大米' as FItemName, 'A1' as FStockArea "
+      "union all select 8, '花生油', 'A2' union all select 8, '绿豆', 'B1'";
+  const ProgramResult result = Run({TDPRINT_PROGRAM, "print", "--db", Connection(), "--type", "21",
+                                    "--data", rows, "--by-area", "--pdf", pdf.string()});
+  EXPECT_EQ(result.status, 0) << result.err;
+  const std::string texts = Texts(pdf);
+  EXPECT_EQ(std::count(texts.begin(), texts.end(), '\f'), 2);
+  EXPECT_LT(texts.find("花生油"), texts.find('\f')) << "two bills of one area on one page";
+  EXPECT_GT(texts.find("绿豆"), texts.find('\f'));
+}
+
+TEST_F(TdprintProgram, SaysThatAPreviewNeedsADisplay) {
+  const ProgramResult result =
+      Run({TDPRINT_PROGRAM, "preview", "--db", Connection(), "--type", "21", "--data", kRows});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_TRUE(IsOneLine(result.err)) << result.err;
+  EXPECT_NE(result.err.find("display"), std::string::npos);
+}
+
 TEST_F(TdprintProgram, WritesOnePngFileForEachPage) {
   const ProgramResult result = Print({"--png", (folder_ / "pages").string()});
   EXPECT_EQ(result.status, 0) << result.err;

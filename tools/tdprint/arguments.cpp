@@ -68,6 +68,9 @@ void DescribePrint(CLI::App& command, PrintArguments& arguments) {
       ->check(CLI::Range(0, kLargest))
       ->type_name("N");
 
+  command.add_flag("--by-area", arguments.byArea,
+                   "Begin a new page at each stock area (FStockArea) instead of each bill");
+
   CLI::Option_group* output = command.add_option_group(
       "Output", "Where the document goes (without it: to the printer that the format chooses)");
   output->add_option("--printer", arguments.printer, "A printer by its name")->type_name("NAME");
@@ -120,6 +123,12 @@ Command ParseArguments(int argc, const char* const* argv) {
       app.add_subcommand("print", "Print bills without showing them on the screen");
   DescribePrint(*printCommand, print);
 
+  PrintArguments preview;
+  preview.preview = true;
+  CLI::App* previewCommand =
+      app.add_subcommand("preview", "Show bills in a window, where they can be printed");
+  DescribePrint(*previewCommand, preview);
+
   DemoArguments demo;
   DescribeDemo(*app.add_subcommand("demo", "Make a sample database and print all its bills"), demo);
 
@@ -140,6 +149,7 @@ Command ParseArguments(int argc, const char* const* argv) {
     return askedForHelp ? ExitStatus::kPrinted : ExitStatus::kWrongUsage;
   }
   if (printCommand->parsed()) return print;
+  if (previewCommand->parsed()) return preview;
   if (settingsCommand->parsed()) return settings;
   if (areaPrintersCommand->parsed()) return areaPrinters;
   return demo;

@@ -17,6 +17,8 @@ struct PrintArguments {
   std::string format;  // empty: the selected format of the bill type
   bool onlyVariant = false;
   std::int16_t blankRows = 0;
+  bool byArea = false;   // a new page at each stock area instead of each bill
+  bool preview = false;  // in a window; printed only if its user prints
   // Where the document goes. Without any of them: the printer that the format chooses.
   std::string printer;
   std::string pdf;   // a file

@@ -80,37 +80,64 @@ void WriteFiles(const PageDocument& document, const PrintArguments& arguments) {
   if (!arguments.html.empty()) WriteHtml(pages, arguments.html, Title(arguments));
 }
 
-ExitStatus Print(const PrintArguments& arguments) {
-  const ComponentFolder folder;
-  Progress progress;
-  bool delivered = false;
+// What became of the document, as the platform tells it.
+struct Outcome {
+  bool hasPages = false;
+  bool delivered = false;  // to the printer or into the files
+};
+
+DesktopOptions OptionsFor(const PrintArguments& arguments, const ComponentFolder& folder,
+                          Progress& progress, Outcome& outcome) {
   DesktopOptions options;
   options.printer = arguments.printer;
-  options.messages = MessageMode::kStandardError;
+  if (!arguments.preview) options.messages = MessageMode::kStandardError;
   options.componentFolder = folder.Path();
-  options.onPage = [&progress](int page) { progress.PageFinished(page); };
-  options.onPrinted = [&delivered] { delivered = true; };
+  options.onPage = [&](int page) {
+    progress.PageFinished(page);
+    outcome.hasPages = true;
+  };
+  options.onPrinted = [&outcome] { outcome.delivered = true; };
   if (GoesToFiles(arguments)) {
     options.documentSink = [&](const PageDocument& document) { WriteFiles(document, arguments); };
   }
-  DesktopPlatform desktop(options);
-  Platform& platform = desktop.Get();
+  return options;
+}
 
-  Try("the database can't be opened",
-      [&] { return platform.database.Connect(arguments.database) != nullptr; });
-  RequireFormat(platform.database, arguments);
-  const RecordsetRef rows = Try("the rows can't be read", [&] {
-    RecordsetRef opened = platform.database.OpenQuery(arguments.database, arguments.data);
+// The rows that the data statement delivers.
+RecordsetRef OpenRows(Database& database, const PrintArguments& arguments) {
+  return Try("the rows can't be read", [&] {
+    RecordsetRef opened = database.OpenQuery(arguments.database, arguments.data);
     (void)opened->Eof();  // fails for a statement that delivers no rows at all
     return opened;
   });
+}
+
+ExitStatus Print(const PrintArguments& arguments) {
+  const ComponentFolder folder;
+  Progress progress;
+  Outcome outcome;
+  DesktopPlatform desktop(OptionsFor(arguments, folder, progress, outcome));
+  if (arguments.preview && !desktop.HasDisplay()) {
+    Complain("not shown", "there is no display");
+    return ExitStatus::kNotPrinted;
+  }
+  Platform& platform = desktop.Get();
+  Try("the database can't be opened",
+      [&] { return platform.database.Connect(arguments.database) != nullptr; });
+  RequireFormat(platform.database, arguments);
+  const RecordsetRef rows = OpenRows(platform.database, arguments);
 
   Printer printer(platform);
   printer.PrintBlankRows(arguments.blankRows);
-  printer.DoPrint(true, arguments.database, arguments.billType, arguments.onlyVariant, false,
-                  progress.Watch(rows), arguments.format);
-  if (!printer.PrintOk() || !delivered) {
-    if (desktop.MessagesShown() == 0) Complain("not printed", "the run ended without a message");
+  const auto print = arguments.byArea ? &Printer::DoPrint_GroupByArea : &Printer::DoPrint;
+  (printer.*print)(!arguments.preview, arguments.database, arguments.billType,
+                   arguments.onlyVariant, false, progress.Watch(rows), arguments.format, nullptr);
+
+  const bool isDone = arguments.preview ? outcome.hasPages : printer.PrintOk() && outcome.delivered;
+  if (!isDone) {
+    if (desktop.MessagesShown() == 0) {
+      Complain(arguments.preview ? "not shown" : "not printed", "the run ended without a message");
+    }
     return ExitStatus::kNotPrinted;
   }
   return desktop.MessagesShown() == 0 ? ExitStatus::kPrinted : ExitStatus::kPrintedWithMessages;
