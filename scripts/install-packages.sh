@@ -10,7 +10,7 @@ packages=(
   qt6-base-dev qt6-svg-dev qt6-image-formats-plugins libgl-dev
   libsqlite3-dev unixodbc-dev libcups2-dev libzint-dev libcli11-dev nlohmann-json3-dev
   # fonts that stand in for the families that stored formats name
-  fontconfig fonts-noto-cjk fonts-arphic-uming fonts-arphic-ukai fonts-liberation
+  fontconfig fonts-noto-cjk fonts-arphic-uming fonts-arphic-ukai fonts-liberation fonts-dejavu-core
   # a printer queue that writes PDF files
   cups cups-client printer-driver-cups-pdf
     # server databases: the drivers, and servers for the tests to start on loopback

@@ -64,7 +64,9 @@ struct FormatView {
 // At opening, unlike later, a Null left offset shows 0, the check box for empty rows is only ever
 // set, and the orientation is left to the selection of the format.
 void ShowFirstFormat(const FormatView& view) {
-  const auto& [dialog, guard, format] = view;
+  Dialog& dialog = view.dialog;
+  const Guard& guard = view.guard;
+  Query& format = view.format;
   guard.Step([&] { dialog.PutListIndex(kPrinterList, kDefaultPrinterIndex); });
   guard.Step([&] {
     const Value& left = format.Field(kLeftBox.column);
