@@ -93,5 +93,21 @@ TEST(TdprintArguments, DemoWritesIntoOutUnlessToldOtherwise) {
   EXPECT_EQ(std::get<DemoArguments>(Parse({"demo", "--out", "there"})).out, "there");
 }
 
+TEST(TdprintArguments, SettingsNeedDatabaseAndType) {
+  const Command command = Parse({"settings", "--db", "sqlite:a.db", "--type", "22"});
+  EXPECT_EQ(command, Command(SettingsArguments{"sqlite:a.db", 22}));
+  EXPECT_EQ(Parse({"settings", "--db", "x"}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"settings", "--type", "22"}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"settings", "--db", "x", "--type", "32768"}), Command(ExitStatus::kWrongUsage));
+}
+
+TEST(TdprintArguments, AreaPrintersNeedADatabase) {
+  EXPECT_EQ(Parse({"area-printers", "--db", "sqlite:a.db"}),
+            Command(AreaPrintersArguments{"sqlite:a.db"}));
+  EXPECT_EQ(Parse({"area-printers"}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"area-printers", "--db", "x", "--type", "22"}),
+            Command(ExitStatus::kWrongUsage));
+}
+
 }  // namespace
 }  // namespace td

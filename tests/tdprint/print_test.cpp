@@ -253,5 +253,25 @@ TEST_F(TdprintProgram, TheDemoPrintsEveryBillOfTheSample) {
   EXPECT_GE(documents, 3);
 }
 
+TEST_F(TdprintProgram, ADialogThatCannotBeShownIsRefusedInOneLine) {
+  const std::vector<std::vector<std::string>> commands = {
+      {TDPRINT_PROGRAM, "settings", "--db", Connection(), "--type", "21"},
+      {TDPRINT_PROGRAM, "area-printers", "--db", Connection()}};
+  for (const std::vector<std::string>& command : commands) {
+    const ProgramResult result = Run(command);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(IsOneLine(result.err)) << result.err;
+    EXPECT_NE(result.err.find("没有可用的显示"), std::string::npos) << result.err;
+  }
+}
+
+TEST_F(TdprintProgram, ADialogNeedsADatabase) {
+  const ProgramResult result =
+      Run({TDPRINT_PROGRAM, "area-printers", "--db", "sqlite:" + (folder_ / "none.db").string()});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_TRUE(IsOneLine(result.err)) << result.err;
+  EXPECT_NE(result.err.find("the database can't be opened"), std::string::npos) << result.err;
+}
+
 }  // namespace
 }  // namespace td

@@ -73,14 +73,23 @@ QLayout* PageOptions(DialogWindow& window) {
   return column;
 }
 
-void LayOutSettings(DialogWindow& window) {
+// Fields, buttons and what lies between them are set apart by some room.
+QVBoxLayout* MakeWhole(DialogWindow& window) {
+  constexpr int kRoom = 12;
   auto* whole = new QVBoxLayout(&window);
+  whole->setSpacing(kRoom);
+  return whole;
+}
+
+void LayOutSettings(DialogWindow& window) {
+  QVBoxLayout* whole = MakeWhole(window);
   auto* fields = new FieldGrid(window);
   whole->addLayout(fields);
   fields->AddField(kFormatList);
   for (const NumberField& field : kNumbers) fields->AddField(field);
   fields->AddField(kPreferredPrinter);
   auto* page = new QHBoxLayout;
+  page->setSpacing(whole->spacing());
   page->addWidget(Orientation(window), 1);
   page->addLayout(PageOptions(window), 1);
   whole->addLayout(page);
@@ -89,7 +98,7 @@ void LayOutSettings(DialogWindow& window) {
 }
 
 void LayOutAreaPrinters(DialogWindow& window) {
-  auto* whole = new QVBoxLayout(&window);
+  QVBoxLayout* whole = MakeWhole(window);
   auto* fields = new FieldGrid(window);
   whole->addLayout(fields);
   for (const ListField& field : kAreaPrinterFields) fields->AddField(field);

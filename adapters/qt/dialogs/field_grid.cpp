@@ -9,6 +9,8 @@ namespace {
 
 enum Column { kLabel, kField, kUnit, kNote, kHint };
 
+constexpr int kRoomForNumber = 14;  // half-width characters
+
 // A label without the colon at its end.
 QString Description(const QString& label) {
   return label.chopped(label.endsWith(QStringLiteral("：")) ? 1 : 0);
@@ -41,6 +43,7 @@ void FieldGrid::AddField(const NumberField& field) {
       unit.isEmpty() ? Description(label) : Description(label) + QStringLiteral("，单位") + unit;
   QLineEdit* box = window_.MakeBox(QString::fromUtf8(field.name), description);
   box->setAccessibleDescription(QString::fromUtf8(field.hint));
+  box->setMinimumWidth(box->fontMetrics().averageCharWidth() * kRoomForNumber);
   AddLabel(label, box);
   addWidget(box, row_, kField);
   addWidget(new QLabel(unit, &window_), row_, kUnit);

@@ -13,9 +13,9 @@ constexpr const char* kStored =
     "from TDBill_AreaPrinterDevice";
 
 void ChooseAreaA(DialogWindow& window) {
-  Choose(window, "cmbBillType", 1);
-  Choose(window, "cmbPrintFmt", 0);
-  Choose(window, "cmbStockArea", 0);
+  Choose(window, "cmbBillType", "销售订货单");
+  Choose(window, "cmbPrintFmt", "销售单");
+  Choose(window, "cmbStockArea", "A");
 }
 
 TEST_F(AreaPrinterDialog, ShowsBillTypesFormatsAreasAndPrinters) {
@@ -35,17 +35,15 @@ TEST_F(AreaPrinterDialog, ShowsBillTypesFormatsAreasAndPrinters) {
 TEST_F(AreaPrinterDialog, SavesAndStaysOpenForTheNextCombination) {
   ShowAreaPrinters([this](DialogWindow& window) {
     ChooseAreaA(window);
-    Choose(window, "cmbPrintDevice", 2);
-    const std::string printer =
-        window.Named<QComboBox>("cmbPrintDevice").currentText().toStdString();
+    Choose(window, "cmbPrintDevice", "QbTd-PDF");
     Click(window, "cmdOk");
     EXPECT_TRUE(window.isVisible());
-    EXPECT_EQ(Cell(kStored), "21 销售单 A " + printer);
-    Choose(window, "cmbPrintDevice", 1);
-    PressKey(window, Qt::Key_S, Qt::AltModifier);
+    EXPECT_EQ(Cell(kStored), "21 销售单 A QbTd-PDF");
+    Choose(window, "cmbPrintDevice", "--------------------");
+    PressMnemonic(window, Qt::Key_S);
     EXPECT_EQ(Cell(kStored), "21 销售单 A --------------------");
     EXPECT_EQ(Cell("select count(*) from TDBill_AreaPrinterDevice"), "1");
-    PressKey(window, Qt::Key_C, Qt::AltModifier);
+    PressMnemonic(window, Qt::Key_C);
     EXPECT_FALSE(window.isVisible());
   });
   EXPECT_EQ(boxes_, (Texts{"保存成功！", "保存成功！"}));
@@ -54,18 +52,18 @@ TEST_F(AreaPrinterDialog, SavesAndStaysOpenForTheNextCombination) {
 TEST_F(AreaPrinterDialog, ShowsTheStoredPrinterAndKeepsItForAnUnknownCombination) {
   ShowAreaPrinters([](DialogWindow& window) {
     ChooseAreaA(window);
-    Choose(window, "cmbPrintDevice", 3);
+    Choose(window, "cmbPrintDevice", "QbTd-PDF");
     Click(window, "cmdOk");
   });
   ShowAreaPrinters([](DialogWindow& window) {
     auto& printers = window.Named<QComboBox>("cmbPrintDevice");
     ChooseAreaA(window);
-    EXPECT_EQ(printers.currentIndex(), 3);
-    Choose(window, "cmbStockArea", 1);
-    EXPECT_EQ(printers.currentIndex(), 3);
-    Choose(window, "cmbPrintDevice", 0);
-    Choose(window, "cmbStockArea", 0);
-    EXPECT_EQ(printers.currentIndex(), 3);
+    EXPECT_EQ(printers.currentText(), "QbTd-PDF");
+    Choose(window, "cmbStockArea", "B");
+    EXPECT_EQ(printers.currentText(), "QbTd-PDF");
+    Choose(window, "cmbPrintDevice", "windows默认打印机");
+    Choose(window, "cmbStockArea", "A");
+    EXPECT_EQ(printers.currentText(), "QbTd-PDF");
   });
 }
 

@@ -1,11 +1,12 @@
 // What the saved settings do to the preview and to the next print.
 #include <QAction>
-#include <QImage>
 #include <QTest>
 #include <QToolBar>
 
+#include "page_document/page_document.h"
 #include "print_queue.h"
 #include "qt/preview/preview_window.h"
+#include "qt/render/outputs.h"
 #include "service/printer.h"
 #include "shown_dialog.h"
 #include "test_tools.h"
@@ -25,10 +26,6 @@ class FineTuning : public ShownDialog {
                (1, 3, 6000, 2000, 2000, 0,   1, 0, '', ''),
                (1, 5, 1000, 5000, 4000, 400, 0, 0, '', '页脚文字');
     )");
-    title_ = QString("qbtd-%1-%2")
-                 .arg(testing::UnitTest::GetInstance()->current_test_info()->name())
-                 .arg(QCoreApplication::applicationPid());
-    QGuiApplication::setApplicationDisplayName(title_);
   }
 
   // Three rows of one bill.
@@ -56,15 +53,18 @@ class FineTuning : public ShownDialog {
     return text;
   }
 
-  // Prints without a window and returns what the printer made of it.
-  std::string PrintedPdf() {
-    Printer(desktop_.Get()).DoPrint(true, connection_, 21, false, false, Rows());
-    const std::vector<int> jobs = JobsTitled(title_.toStdString());
-    EXPECT_FALSE(jobs.empty());
-    return jobs.empty() ? std::string() : ResultOf(jobs.back());
+  // Prints without a window into a PDF file. Returns its path.
+  std::string Print(const std::string& name) {
+    const std::string pdf = folder_.File(name);
+    DesktopOptions options;
+    options.stateDirectory = folder_.Path().string();
+    options.documentSink = [&](const PageDocument& document) {
+      WritePdf(document.Pages(), pdf, "test");
+    };
+    DesktopPlatform printing(options);
+    Printer(printing.Get()).DoPrint(true, connection_, 21, false, false, Rows());
+    return pdf;
   }
-
-  QString title_;
 };
 
 TEST_F(FineTuning, ConfirmedPrintsAgainInTheSameWindow) {
@@ -93,17 +93,12 @@ bool HasLineInSecondRow(const std::string& pdf, int page) {
               .isEmpty();
 }
 
-TEST_F(FineTuning, TheNextPrintFollowsEverySavedSetting) {
-  other_.Run("update TDBill set FPrintDevice='QbTd-PDF' where FTDBillName='销售单'");
-  const std::string before = PrintedPdf();
+TEST_F(FineTuning, TheNextPrintFollowsTheSavedSettings) {
+  const std::string before = Print("before.pdf");
   ASSERT_EQ(SheetsOf(before).size(), 1U);
   const QRectF head = PlaceOf(WordsOf(before), "订单抬头");
   const QRectF row = PlaceOf(WordsOf(before), "大米");
-
-  int printer = -1;
-  ShowSettings([&printer](DialogWindow& window) {
-    auto& printers = window.Named<QComboBox>("cmbPrintDevice");
-    printer = printers.findText("QbTd-Margins");
+  ShowSettings([](DialogWindow& window) {
     Type(window, "txtLeft", "567");
     Type(window, "txtTop", "283.5");
     Type(window, "txtHeader", "113.4");
@@ -113,20 +108,14 @@ TEST_F(FineTuning, TheNextPrintFollowsEverySavedSetting) {
     Click(window.Named<QCheckBox>("chkHeaderPerPage"));
     Click(window.Named<QCheckBox>("chkFooterPerPage"));
     Click(window.Named<QCheckBox>("chkIntegralPage"));
-    Choose(window, "cmbPrintDevice", printer);
     Click(window, "cmdOk");
   });
-  ASSERT_GT(printer, 1);
-
-  const std::string after = PrintedPdf();
+  const std::string after = Print("after.pdf");
   EXPECT_EQ(boxes_, std::vector<std::string>());
-  EXPECT_NE(OutputOf("lpstat", {"-W", "all", "-o", "QbTd-Margins"})
-                .find("QbTd-Margins-" + std::to_string(JobsTitled(title_.toStdString()).back())),
-            std::string::npos);
   const std::vector<Sheet> sheets = SheetsOf(after);
   ASSERT_EQ(sheets.size(), 2U) << "two rows a page";
-  EXPECT_NEAR(sheets[0].width, 297, 0.5) << "landscape";
-  EXPECT_NEAR(sheets[0].height, 210, 0.5);
+  EXPECT_NEAR(sheets[0].width, 297, kTolerance) << "landscape";
+  EXPECT_NEAR(sheets[0].height, 210, kTolerance);
 
   const std::vector<Word> first = WordsOf(after, 1);
   const std::vector<Word> second = WordsOf(after, 2);
@@ -143,6 +132,21 @@ TEST_F(FineTuning, TheNextPrintFollowsEverySavedSetting) {
   (void)PlaceOf(first, "页脚文字");
   (void)PlaceOf(second, "页脚文字");
   EXPECT_TRUE(HasLineInSecondRow(after, 2)) << "the empty row has its line";
+}
+
+TEST_F(FineTuning, TheNextPrintGoesToTheSavedPrinter) {
+  const QString title = QString("qbtd-saved-printer-%1").arg(QCoreApplication::applicationPid());
+  QGuiApplication::setApplicationDisplayName(title);
+  ShowSettings([](DialogWindow& window) {
+    Choose(window, "cmbPrintDevice", "QbTd-Margins");
+    Click(window, "cmdOk");
+  });
+  Printer(desktop_.Get()).DoPrint(true, connection_, 21, false, false, Rows());
+  const std::vector<int> jobs = JobsTitled(title.toStdString());
+  ASSERT_EQ(jobs.size(), 1U);
+  EXPECT_NE(OutputOf("lpstat", {"-W", "all", "-o", "QbTd-Margins"})
+                .find("QbTd-Margins-" + std::to_string(jobs[0]) + " "),
+            std::string::npos);
 }
 
 }  // namespace

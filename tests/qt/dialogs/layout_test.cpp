@@ -3,10 +3,11 @@
 
 #include <QApplication>
 #include <QLabel>
-#include <QRadioButton>
-#include <QScreen>
+#include <QTest>
+#include <algorithm>
 #include <memory>
 #include <set>
+#include <vector>
 
 #include "qt/dialogs/dialog_layouts.h"
 
@@ -18,7 +19,9 @@ class DialogLook : public testing::TestWithParam<const char*> {
   DialogLook() {
     const DialogLayout& layout = *FindDialogLayout(GetParam());
     window_ = std::make_unique<DialogWindow>(
-        layout.title, DialogWindowEvents{[](std::string_view) {}, [] {}}, nullptr);
+        layout.title,
+        DialogWindowEvents{[this](std::string_view control) { clicked_ = control; }, [] {}},
+        nullptr);
     layout.layOut(*window_);
     for (QLineEdit* box : window_->findChildren<QLineEdit*>()) box->setText("-12345.678");
   }
@@ -43,6 +46,7 @@ class DialogLook : public testing::TestWithParam<const char*> {
     return parts;
   }
 
+  std::string clicked_;
   std::unique_ptr<DialogWindow> window_;
 };
 
@@ -106,6 +110,22 @@ TEST_P(DialogLook, EveryFieldHasANameForScreenReaders) {
   }
   for (const QWidget* field : window_->findChildren<QLineEdit*>()) {
     EXPECT_FALSE(field->accessibleName().isEmpty()) << field->objectName().toStdString();
+  }
+}
+
+TEST_P(DialogLook, EveryButtonHasAKeyOfItsOwn) {
+  constexpr int kUntilTheButtonComesUp = 1000;  // milliseconds
+  Show();
+  window_->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+  for (const QPushButton* button : window_->findChildren<QPushButton*>()) {
+    const QString caption = button->text();
+    const QChar key = caption[caption.indexOf('&') + 1];
+    clicked_.clear();
+    QTest::keyClick(window_.get(), key.toLatin1(), Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return clicked_ == button->objectName().toStdString(); },
+                                kUntilTheButtonComesUp))
+        << caption.toStdString();
   }
 }
 

@@ -63,9 +63,9 @@ TEST_F(DialogOfLogic, EverySelectionOfTheLogicOrTheUserIsAClick) {
         EXPECT_EQ(clicked_.size(), 2U);
       },
       [this](DialogWindow& window) {
-        Choose(window, "cmbTdBillName", 1);
+        Choose(window, "cmbTdBillName", "乙");
         EXPECT_EQ(clicked_.size(), 3U) << "the same entry again";
-        Choose(window, "cmbTdBillName", 0);
+        Choose(window, "cmbTdBillName", "甲");
         Click(window, "cmdOk");
       });
   EXPECT_EQ(clicked_,

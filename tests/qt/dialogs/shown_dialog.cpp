@@ -12,6 +12,7 @@
 namespace td {
 namespace {
 
+// QbTd-PDF is one of the queues for tests.
 constexpr const char* kRows = R"(
   insert into TDBill (FTDBillID, FTranType, FTDBillName, FSelected, FPaperSize, FPaperWidth,
                       FPaperHeight, FRowsPerPage, FRowHeight, FHeaderPerPage, FPrintDevice)
@@ -46,11 +47,15 @@ void Type(DialogWindow& window, const char* box, const char* text) {
   QTest::mouseClick(&field, Qt::LeftButton);
   QTest::keySequence(&field, QKeySequence::SelectAll);
   QTest::keyClick(&field, Qt::Key_Delete);
-  QTest::keyClicks(&field, QString::fromUtf8(text));
+  for (const QChar c : QString::fromUtf8(text)) {
+    QTest::sendKeyEvent(QTest::Click, &field, Qt::Key_unknown, c, Qt::NoModifier);
+  }
 }
 
-void Choose(DialogWindow& window, const char* list, int index) {
+void Choose(DialogWindow& window, const char* list, const char* entry) {
   auto& field = window.Named<QComboBox>(list);
+  const int index = field.findText(QString::fromUtf8(entry));
+  ASSERT_GE(index, 0) << list << " has no " << entry;
   QTest::mouseClick(&field, Qt::LeftButton);
   ASSERT_TRUE(QTest::qWaitForWindowExposed(field.view()->window()));
   QTest::keyClick(field.view(), Qt::Key_Home);
@@ -58,9 +63,14 @@ void Choose(DialogWindow& window, const char* list, int index) {
   QTest::keyClick(field.view(), Qt::Key_Return);
 }
 
-void PressKey(DialogWindow& window, Qt::Key key, Qt::KeyboardModifiers modifiers) {
-  QWidget* focus = window.focusWidget();
-  QTest::keyClick(focus != nullptr ? focus : &window, key, modifiers);
+void PressKey(DialogWindow& window, Qt::Key key) {
+  QTest::keyClick(window.windowHandle(), key);
+}
+
+void PressMnemonic(DialogWindow& window, Qt::Key key) {
+  constexpr int kUntilTheButtonComesUp = 300;  // milliseconds
+  QTest::keyClick(window.windowHandle(), key, Qt::AltModifier);
+  QTest::qWait(kUntilTheButtonComesUp);
 }
 
 std::string TextOf(DialogWindow& window, const char* box) {

@@ -18,12 +18,13 @@ namespace td {
 // A click into the box, and the text in the place of the former one.
 void Type(DialogWindow& window, const char* box, const char* text);
 // The list opened, and the entry chosen in it with the keyboard.
-void Choose(DialogWindow& window, const char* list, int index);
+void Choose(DialogWindow& window, const char* list, const char* entry);
 void Click(DialogWindow& window, const char* button);
 // An option, or a check box.
 void Click(QAbstractButton& button);
-// A key of the focus widget, with Alt for a mnemonic.
-void PressKey(DialogWindow& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+void PressKey(DialogWindow& window, Qt::Key key);
+// With Alt, for the button whose caption has the key.
+void PressMnemonic(DialogWindow& window, Qt::Key key);
 
 std::string TextOf(DialogWindow& window, const char* box);
 std::vector<std::string> EntriesOf(DialogWindow& window, const char* list);
