@@ -19,10 +19,10 @@ struct Caption {
 
 constexpr ListField kFormatList = {"cmbTdBillName", "已登记套打格式："};
 constexpr std::array kNumbers = {
-    NumberField{"txtLeft", "左右偏移量：", "缇", "（越大越靠右）"},
-    NumberField{"txtTop", "上下偏移量：", "缇", "（越大越靠下）"},
-    NumberField{"txtHeader", "第二页表头上下偏移量：", "缇"},
-    NumberField{"txtRowHeight", "每行高度：", "缇"},
+    NumberField{"txtLeft", "左右偏移量：", kTwipsUnit, "（越大越靠右）"},
+    NumberField{"txtTop", "上下偏移量：", kTwipsUnit, "（越大越靠下）"},
+    NumberField{"txtHeader", "第二页表头上下偏移量：", kTwipsUnit},
+    NumberField{"txtRowHeight", "每行高度：", kTwipsUnit},
     NumberField{"txtRowsPerPage", "每页打印行数：", "行"},
     NumberField{"txtQtysPerRow", "复合上次欠款每行打印条数：", "条"},
 };
@@ -48,7 +48,6 @@ QLayout* Buttons(DialogWindow& window, const Caption& confirm, const Caption& le
         window.MakeButton(QString::fromUtf8(caption.name), QString::fromUtf8(caption.text)));
   }
   window.Named<QPushButton>(confirm.name).setDefault(true);
-  window.Named<QPushButton>(leave.name).setAutoDefault(false);
   return row;
 }
 

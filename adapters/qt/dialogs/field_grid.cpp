@@ -1,6 +1,7 @@
 #include "qt/dialogs/field_grid.h"
 
 #include <QLabel>
+#include <string_view>
 
 #include "qt/dialogs/length_note.h"
 
@@ -47,7 +48,8 @@ void FieldGrid::AddField(const NumberField& field) {
   AddLabel(label, box);
   addWidget(box, row_, kField);
   addWidget(new QLabel(unit, &window_), row_, kUnit);
-  if (field.unit == kTwipsUnit) addWidget(new LengthNote(*box, &window_), row_, kNote);
+  if (std::string_view(field.unit) == kTwipsUnit)
+    addWidget(new LengthNote(*box, &window_), row_, kNote);
   addWidget(new QLabel(QString::fromUtf8(field.hint), &window_), row_, kHint);
   ++row_;
 }

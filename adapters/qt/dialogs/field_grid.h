@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QGridLayout>
-#include <string_view>
 
 #include "qt/dialogs/dialog_window.h"
 
@@ -13,7 +12,7 @@ struct ListField {
   const char* label;
 };
 
-inline constexpr std::string_view kTwipsUnit = "缇";
+inline constexpr const char* kTwipsUnit = "缇";
 
 struct NumberField {
   const char* name;

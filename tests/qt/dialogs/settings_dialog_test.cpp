@@ -31,7 +31,7 @@ TEST_F(SettingsDialog, ShowsTheSelectedFormat) {
 }
 
 TEST_F(SettingsDialog, SavesWhatWasTypedClickedAndChosen) {
-  ShowSettings([this](DialogWindow& window) {
+  ShowSettings([](DialogWindow& window) {
     Choose(window, "cmbTdBillName", "两联单");
     EXPECT_EQ(TextOf(window, "txtRowHeight"), "350.5");
     EXPECT_EQ(window.Named<QComboBox>("cmbPrintDevice").currentText(), "QbTd-PDF");
@@ -92,6 +92,10 @@ TEST_F(SettingsDialog, TheKeyboardAloneConfirms) {
 TEST_F(SettingsDialog, NothingIsWrittenUnlessItIsConfirmed) {
   const std::vector<Use> ways = {[](DialogWindow& window) { Click(window, "cmdExit"); },
                                  [](DialogWindow& window) { PressKey(window, Qt::Key_Escape); },
+                                 [](DialogWindow& window) {
+                                   window.Named<QPushButton>("cmdExit").setFocus();
+                                   PressKey(window, Qt::Key_Return);
+                                 },
                                  [](DialogWindow& window) { window.close(); }};
   for (const Use& leave : ways) {
     Context().TDBillName = "销售单";
