@@ -46,12 +46,16 @@ make_queue() {
 is_running || start
 
 install -d -m 1777 "$output"
-cat >/etc/cups/cups-pdf-qbtd.conf <<CONFIGURATION
-Out $output
+# Written only when it differs, and replaced whole: a job that is printed meanwhile reads it.
+configuration=/etc/cups/cups-pdf-qbtd.conf
+wanted="Out $output
 AnonDirName $output
 Label 1
-UserUMask 0022
-CONFIGURATION
+UserUMask 0022"
+if [ "$(cat "$configuration" 2>/dev/null)" != "$wanted" ]; then
+  printf '%s\n' "$wanted" >"$configuration.new"
+  mv "$configuration.new" "$configuration"
+fi
 
 # make_queue_with NAME SED-ARGUMENTS…: a queue whose driver is edited.
 make_queue_with() {
