@@ -11,6 +11,7 @@ set(qbtd_public_headers
   adapters/qt/render/outputs.h
   src/platform/barcode.h
   src/platform/database.h
+  src/platform/dialog.h
   src/platform/failure.h
   src/platform/pictures.h
   src/platform/platform.h
@@ -18,6 +19,7 @@ set(qbtd_public_headers
   src/platform/value.h
   src/platform/windows.h
   src/service/printer.h
+  src/service/td_set.h
   src/text/amount_in_words.h
   src/text/conversions.h
   src/text/format_value.h)
