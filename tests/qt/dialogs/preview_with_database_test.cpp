@@ -1,0 +1,102 @@
+// The preview of a print call on a real database: page setup and its rows, and runs that fail.
+#include <QAction>
+#include <QLineEdit>
+#include <QTest>
+#include <QToolBar>
+
+#include "qt/preview/page_setup_dialog.h"
+#include "qt/preview/preview_window.h"
+#include "service/printer.h"
+#include "shown_dialog.h"
+
+namespace td {
+namespace {
+
+class PreviewWithDatabase : public ShownDialog {
+ protected:
+  // Shows the preview of one row and uses it, then closes it.
+  bool Preview(const std::string& rows, std::function<void(PreviewWindow&)> use) {
+    WhenShown<PreviewWindow>([use = std::move(use)](PreviewWindow& window) {
+      use(window);
+      window.close();
+    });
+    Printer printer(desktop_.Get());
+    printer.DoPrint(false, connection_, 21, false, false,
+                    desktop_.Get().database.OpenQuery(connection_, rows));
+    return printer.PrintOk();
+  }
+
+  static void Press(PreviewWindow& window, const char* key) {
+    auto* toolbar = window.findChild<QToolBar*>();
+    QTest::mouseClick(toolbar->widgetForAction(window.findChild<QAction*>(key)), Qt::LeftButton);
+  }
+
+  static std::string PageText(PreviewWindow& window) {
+    return window.findChild<QLineEdit*>("txtPageNo")->text().toStdString();
+  }
+
+  static void WaitForRun(PreviewWindow& window) {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return PageText(window) == "第1页   共1页"; }));
+  }
+
+  static constexpr const char* kRow = "select 7 as FInterID";
+};
+
+TEST_F(PreviewWithDatabase, ConfirmedPageSetupIsStoredForTheFormatAndTheMachine) {
+  EXPECT_FALSE(Preview(kRow, [this](PreviewWindow& window) {
+    WaitForRun(window);
+    WhenShown<PageSetupDialog>([](PageSetupDialog& dialog) {
+      auto* papers = dialog.findChildren<QComboBox*>()[1];
+      papers->setCurrentIndex(papers->findData(11));
+      dialog.findChildren<QRadioButton*>()[1]->click();
+      dialog.findChildren<QDoubleSpinBox*>()[2]->setValue(10);  // the left margin
+      dialog.findChildren<QPushButton*>()[0]->click();
+    });
+    Press(window, "pageset");
+    EXPECT_EQ(PageText(window), "第1页   共1页") << "the second run has ended";
+  }));
+  EXPECT_EQ(boxes_, std::vector<std::string>());
+  EXPECT_EQ(Setting("FPaperSize"), "11");
+  EXPECT_EQ(Setting("FOrientation"), "1");
+  EXPECT_NEAR(std::stod(Setting("FMarginleft")), 567, 1);
+  EXPECT_EQ(Cell("select count(*) from TDBill_PaperSize"), "1");
+  EXPECT_EQ(Cell("select FTDBillName||','||FPaperSize||','||FOrientation from TDBill_PaperSize"),
+            "销售单,11,1");
+  EXPECT_EQ(Cell("select FIP from TDBill_PaperSize"), desktop_.Get().machine.LocalMachineId());
+}
+
+TEST_F(PreviewWithDatabase, CancelledPageSetupStoresNothing) {
+  Preview(kRow, [this](PreviewWindow& window) {
+    WaitForRun(window);
+    WhenShown<PageSetupDialog>([](PageSetupDialog& dialog) { dialog.reject(); });
+    Press(window, "pageset");
+  });
+  EXPECT_EQ(Cell("select count(*) from TDBill_PaperSize"), "0");
+  EXPECT_EQ(Setting("FPaperSize"), "9");
+}
+
+TEST_F(PreviewWithDatabase, ARunThatFailsHalfwayLeavesThreeButtonsDisabledAndTheWindowOpen) {
+  other_.Run("update TDBill set FRowHeight='高' where FTDBillName='销售单'");
+  EXPECT_FALSE(Preview(kRow, [](PreviewWindow& window) {
+    for (const char* key : {"print", "zoom", "exit"}) {
+      EXPECT_FALSE(window.findChild<QAction*>(key)->isEnabled()) << key;
+    }
+    for (const char* key : {"nextpage", "previouspage", "pageset", "adjuct"}) {
+      EXPECT_TRUE(window.findChild<QAction*>(key)->isEnabled()) << key;
+    }
+    EXPECT_EQ(PageText(window), "请稍候，正在读入打印数据...");
+  }));
+  EXPECT_EQ(boxes_.size(), 1U) << "the conversion's words";
+}
+
+TEST_F(PreviewWithDatabase, WithoutAFormatTheWindowClosesByItself) {
+  other_.Run("update TDBill set FSelected=0");
+  Printer printer(desktop_.Get());
+  printer.DoPrint(false, connection_, 21, false, false,
+                  desktop_.Get().database.OpenQuery(connection_, kRow));
+  EXPECT_FALSE(printer.PrintOk());
+  EXPECT_EQ(boxes_, std::vector<std::string>{"未指定套打格式，打印被取消！"});
+}
+
+}  // namespace
+}  // namespace td
