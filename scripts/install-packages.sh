@@ -13,7 +13,7 @@ packages=(
   fontconfig fonts-noto-cjk fonts-arphic-uming fonts-arphic-ukai fonts-liberation fonts-dejavu-core
   # a printer queue that writes PDF files
   cups cups-client printer-driver-cups-pdf
-    # server databases: the drivers, and servers for the tests to start on loopback
+  # server databases: the drivers, and servers for the tests to start on loopback
   odbc-postgresql odbc-mariadb tdsodbc postgresql mariadb-server
   # what the tests and benchmarks are written with, and what they read the results with
   libgtest-dev libbenchmark-dev poppler-utils zbar-tools imagemagick chromium sqlite3 xvfb xauth procps
