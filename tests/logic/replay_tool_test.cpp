@@ -42,7 +42,8 @@ class ReplayTool : public testing::Test {
   }
 
   [[nodiscard]] Outcome Replay(const std::string& scenario) const {
-    return Run("'" + Write(scenario) + "'");
+    const std::string path = Write(scenario);
+    return Run("'" + path + "'");
   }
 
  private:
