@@ -10,24 +10,30 @@ struct PagePlan {
   std::size_t firstRow = 0;
   std::size_t rowCount = 0;
   std::size_t capacity = 0;
-  std::size_t pageOfBill = 1;
-  bool endsBill = false;
+  std::size_t pageOfBill = 1;  // of the whole print, if it is by area
+  bool endsBill = false;       // or the whole print, if it is by area
   double shift = 0;
 };
 
-std::vector<PagePlan> PlanPages(const SampleFormat& format, const std::vector<SampleRow>& rows) {
+// What the rows of one page have in common: the bill, or the first letter of the stock area.
+std::string GroupOf(const SampleRow& row, bool byArea) {
+  return byArea ? row.Text("fstockarea").substr(0, 1) : row.Text("finterid");
+}
+
+std::vector<PagePlan> PlanPages(const SampleFormat& format, const std::vector<SampleRow>& rows,
+                                bool byArea) {
   std::vector<PagePlan> plans;
   std::size_t capacity = format.rowsPerPage;
   std::size_t pageOfBill = 1;
   for (std::size_t row = 0; row < rows.size(); row += plans.back().rowCount) {
-    const std::string& bill = rows[row].Text("finterid");
+    const std::string group = GroupOf(rows[row], byArea);
     std::size_t count = 1;
     while (count < capacity && row + count < rows.size() &&
-           rows[row + count].Text("finterid") == bill) {
+           GroupOf(rows[row + count], byArea) == group) {
       ++count;
     }
     const std::size_t next = row + count;
-    const bool endsBill = next == rows.size() || rows[next].Text("finterid") != bill;
+    const bool endsBill = next == rows.size() || (!byArea && GroupOf(rows[next], byArea) != group);
     plans.push_back(
         {row, count, capacity, pageOfBill, endsBill, plans.empty() ? 0 : format.headerShift});
     if (plans.size() == 1) {
@@ -90,10 +96,10 @@ std::vector<ExpectedPage> ContinuedSheet(const SampleFormat& format,
                                          std::size_t blankRows) {
   std::vector<ExpectedPage> pages(1);
   PageDrawing drawing(format, onlyVariables, pages.front());
-  const ExpectedSums sums;
+  const ExpectedSums sums(false);
   for (std::size_t row = blankRows; row < rows.size(); ++row) {
     drawing.Draw(Band::kRow, static_cast<double>(row) * format.rowHeight,
-                 {rows[row], sums, row + 1, 1, 1, 1});
+                 {rows[row], sums, row + 1, 1, 1, 1, false});
   }
   return pages;
 }
@@ -101,17 +107,17 @@ std::vector<ExpectedPage> ContinuedSheet(const SampleFormat& format,
 }  // namespace
 
 std::vector<ExpectedPage> ExpectPages(const SampleFormat& format,
-                                      const std::vector<SampleRow>& rows, bool onlyVariables,
-                                      std::size_t blankRows) {
-  if (blankRows > 0) return ContinuedSheet(format, rows, onlyVariables, blankRows);
-  const std::vector<PagePlan> plans = PlanPages(format, rows);
+                                      const std::vector<SampleRow>& rows, const PrintWay& way) {
+  if (way.blankRows > 0) return ContinuedSheet(format, rows, way.onlyVariables, way.blankRows);
+  const std::vector<PagePlan> plans = PlanPages(format, rows, way.byArea);
   std::vector<ExpectedPage> pages(plans.size());
-  ExpectedSums sums;
+  ExpectedSums sums(way.byArea);
   for (std::size_t number = 0; number < plans.size(); ++number) {
     const PagePlan& plan = plans[number];
-    PageDrawing drawing(format, onlyVariables, pages[number]);
+    PageDrawing drawing(format, way.onlyVariables, pages[number]);
     const auto occasion = [&](std::size_t row) {
-      return Occasion{rows[row], sums, row + 1, number + 1, plan.pageOfBill, plans.size()};
+      return Occasion{rows[row],       sums,         row + 1,   number + 1,
+                      plan.pageOfBill, plans.size(), way.byArea};
     };
     const auto offset = [&](std::size_t line) {
       return static_cast<double>(line) * format.rowHeight + plan.shift;

@@ -33,9 +33,14 @@ struct ExpectedPage {
   std::vector<PlacedImage> images;
 };
 
-// `blankRows` is smaller than the rows of a page.
+// How the print is called for.
+struct PrintWay {
+  bool onlyVariables = false;
+  std::size_t blankRows = 0;  // fewer than the rows of a page
+  bool byArea = false;
+};
+
 std::vector<ExpectedPage> ExpectPages(const SampleFormat& format,
-                                      const std::vector<SampleRow>& rows, bool onlyVariables,
-                                      std::size_t blankRows);
+                                      const std::vector<SampleRow>& rows, const PrintWay& way);
 
 }  // namespace td

@@ -126,7 +126,17 @@ void ExpectedSums::BeginPage() {
   for (const char* field : kPageSums) sums_[field] = 0;
 }
 
+void ExpectedSums::AddByArea(const SampleRow& row) {
+  AddTo("ftotalpage", row.Number("famount"));
+  AddTo("fsumtotalpage", row.Number("famount"));
+  AddTo("ftotalpage_qty", row.Number("fqty"));
+  AddTo("ftotalpage_mainqty", row.Number("fmainqty"));
+  AddTo("ftotalpagetax", row.Number("ftax"));
+  AddTo("ftotalpagenotaxamount", row.Number("fnotaxamount"));
+}
+
 void ExpectedSums::Add(const SampleRow& row) {
+  if (byArea_) return AddByArea(row);
   AddTo("fsumtotalpage", row.Number("famount"));
   if (row.Number("fmainqty") == -999.99) return;
   AddTo("ftotalpage", row.Number("famount"));
@@ -166,7 +176,8 @@ std::optional<std::string> ExpectedText(const SampleItem& item, const Occasion& 
   if (item.field.empty()) return item.caption;
   const std::optional<std::string> value = ValueText(item, occasion);
   if (!value) return std::nullopt;
-  const bool hasLabel = item.caption != item.variable && item.field != "ftotalpageno";
+  const bool hasLabel =
+      (item.caption != item.variable || occasion.keepsAllLabels) && item.field != "ftotalpageno";
   return (hasLabel ? item.caption : std::string()) + *value;
 }
 

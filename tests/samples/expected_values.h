@@ -10,9 +10,10 @@
 namespace td {
 
 // The sums by the name of their field: page sums from the page's first row on, the others from the
-// print's first row on.
+// print's first row on. A print by area keeps fewer of them, and takes the tax from its column.
 class ExpectedSums {
  public:
+  explicit ExpectedSums(bool byArea) : byArea_(byArea) {}
   void BeginPage();
   void Add(const SampleRow& row);
   // The amount that a field stands for, capitals or not; nothing for a field that is no sum.
@@ -21,6 +22,9 @@ class ExpectedSums {
  private:
   void AddTo(const std::string& field, double value) { sums_[field] += value; }
 
+  void AddByArea(const SampleRow& row);
+
+  bool byArea_;
   std::map<std::string, double> sums_;
 };
 
@@ -32,6 +36,7 @@ struct Occasion {
   std::size_t page;
   std::size_t pageOfBill;
   std::size_t pageCount;
+  bool keepsAllLabels;  // those that repeat the item's name, too
 };
 
 // The text of an item, its label included; nothing if the item has nothing to say.

@@ -101,11 +101,14 @@ class SampleBill : public ::testing::TestWithParam<SamplePrint> {
                                         "--blank-rows",  std::to_string(print.blankRows),
                                         "--pdf",         Pdf().string()};
     if (print.onlyVariant) command.push_back("--only-variant");
+    if (print.byArea) command.push_back("--by-area");
     const ProgramResult result = ProgramRun(command, scratch_.Path()).Finish();
     ASSERT_EQ(result.status, 0) << result.err;
     format_ = ReadFormat(Database(), print.billType, print.format);
-    expected_ = ExpectPages(format_, QueryRows(Database(), print.data), print.onlyVariant,
-                            static_cast<std::size_t>(print.blankRows));
+    expected_ = ExpectPages(format_, QueryRows(Database(), print.data),
+                            {.onlyVariables = print.onlyVariant,
+                             .blankRows = static_cast<std::size_t>(print.blankRows),
+                             .byArea = print.byArea});
     printed_ = ReadPages(Pdf());
     ASSERT_EQ(printed_.size(), expected_.size());
   }

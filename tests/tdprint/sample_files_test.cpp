@@ -8,31 +8,33 @@
 namespace td {
 namespace {
 
-constexpr const char* kHeader = "name\ttype\tformat\tvariable\tblank\tdata\n";
+constexpr const char* kHeader = "name\ttype\tformat\tvariable\tblank\tarea\tdata\n";
 
 TEST(SampleFiles, EachLineOfTheListIsAPrint) {
   const ScratchFolder folder;
   folder.Write("prints.tsv", std::string("# the sample's prints\n") + kHeader +
-                                 "order\t21\t销售订单\t0\t0\tselect * from a\n"
+                                 "order\t21\t销售订单\t0\t0\t0\tselect * from a\n"
                                  "\n"
                                  "# on pre-printed forms\n"
-                                 "order-form\t21\t\t1\t4\tselect * from a where b='c d'\n");
+                                 "order-form\t21\t\t1\t4\t1\tselect * from a where b='c d'\n");
   const std::vector<SamplePrint> prints = ReadSamplePrints(folder.Path());
   ASSERT_EQ(prints.size(), 2U);
   EXPECT_EQ(prints[0].name, "order");
   EXPECT_EQ(prints[0].billType, 21);
   EXPECT_EQ(prints[0].format, "销售订单");
   EXPECT_FALSE(prints[0].onlyVariant);
+  EXPECT_FALSE(prints[0].byArea);
   EXPECT_EQ(prints[0].data, "select * from a");
   EXPECT_EQ(prints[1].format, "");
   EXPECT_TRUE(prints[1].onlyVariant);
   EXPECT_EQ(prints[1].blankRows, 4);
+  EXPECT_TRUE(prints[1].byArea);
   EXPECT_EQ(prints[1].data, "select * from a where b='c d'");
 }
 
 TEST(SampleFiles, ALineThatCannotBeReadIsNamed) {
   const ScratchFolder folder;
-  folder.Write("prints.tsv", std::string(kHeader) + "order\tsoon\t销售订单\t0\t0\tselect 1\n");
+  folder.Write("prints.tsv", std::string(kHeader) + "order\tsoon\t销售订单\t0\t0\t0\tselect 1\n");
   try {
     ReadSamplePrints(folder.Path());
     FAIL() << "a bill type that is no number was accepted";

@@ -24,6 +24,7 @@ PrintArguments ArgumentsFor(const SamplePrint& sample, const fs::path& database)
   arguments.format = sample.format;
   arguments.onlyVariant = sample.onlyVariant;
   arguments.blankRows = sample.blankRows;
+  arguments.byArea = sample.byArea;
   return arguments;
 }
 

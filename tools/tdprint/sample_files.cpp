@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* kPrintList = "prints.tsv";
 constexpr const char* kSchema = "schema.sql";
-constexpr std::size_t kPrintColumns = 6;
+constexpr std::size_t kPrintColumns = 7;
 
 bool HoldsSamples(const fs::path& folder) {
   std::error_code error;
@@ -60,7 +60,8 @@ SamplePrint ReadLine(const std::string& line) {
           .format = parts[2],
           .onlyVariant = Number(parts[3], line) != 0,
           .blankRows = Number(parts[4], line),
-          .data = parts[5]};
+          .byArea = Number(parts[5], line) != 0,
+          .data = parts[6]};
 }
 
 std::vector<fs::path> SqlFiles(const fs::path& samples) {

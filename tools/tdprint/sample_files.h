@@ -15,6 +15,7 @@ struct SamplePrint {
   std::string format;
   bool onlyVariant = false;
   std::int16_t blankRows = 0;
+  bool byArea = false;  // a new page at each stock area instead of each bill
   std::string data;  // the statement that selects its rows
 };
 
