@@ -1,29 +1,32 @@
--- The sample database (SQLite): the tables that the print component reads and writes, and the
--- tables of a small wholesaler's application from which the print data is made.
+-- The tables that the print component reads and writes, and the tables of a small wholesaler's
+-- application from which the print data of the sample is made. SQLite runs this file as it is;
+-- `tdprint sample-sql` writes it for PostgreSQL, MariaDB and SQL Server.
+--
 -- Lengths are twips (1,440 to the inch, 56.7 to the millimetre), measured from the paper's top left
--- corner.
+-- corner. Quantities and prices are decimal: exact on the servers, so that each rounds to the same
+-- cent.
 
 -- One row is one registered format.
 create table TDBill (
-  FTDBillID      integer primary key,          -- links the format to its items
-  FTranType      integer not null,             -- bill type: 12 purchase receipt, 21 sales order, 22 stock-out
-  FTDBillName    text not null,                -- format name, unique within a bill type
-  FSelected      integer not null default 0,   -- 1: used when the caller names no format
-  FPaperSize     integer,                      -- paper code: 9 A4, 11 A5, 256 the size below, 0 as it is
-  FPaperWidth    real,                         -- sheet width of a user-defined paper; Null: no paper is set
-  FPaperHeight   real,                         -- sheet height of a user-defined paper
-  FOrientation   integer not null default 0,   -- 0 portrait, 1 landscape
-  FRowsPerPage   integer not null,             -- detail rows on a page
-  FRowHeight     real not null,                -- height of one detail row
-  FAdjuctLeft    real not null default 0,      -- added to every item's left
-  FAdjuctTop     real not null default 0,      -- added to every item's top
-  FAdjuctHeader  real not null default 0,      -- added to the top of bands 2 to 5 from the second page on
-  FQtysPerRow    real not null default 0,      -- kept by the settings dialog
-  FHeaderPerPage integer not null default 1,   -- 1: the head stands on every page
-  FFooterPerPage integer not null default 0,   -- 1: the foot stands on every page
-  FIntegralPage  integer not null default 0,   -- 1: a part page is filled with empty table rows
-  FPrintDevice   text,                         -- preferred printer; empty: the system's default
-  FMarginleft    real,                         -- margins chosen in the page setup
+  FTDBillID      integer primary key,         -- links the format to its items
+  FTranType      integer not null,            -- bill type: 12 purchase receipt, 21 sales order, 22 stock-out
+  FTDBillName    varchar(50) not null,        -- format name, unique within a bill type
+  FSelected      integer not null default 0,  -- 1: used when the caller names no format
+  FPaperSize     integer,                     -- paper code: 9 A4, 11 A5, 256 the size below, 0 as it is
+  FPaperWidth    real,                        -- sheet width of a user-defined paper; Null: no paper is set
+  FPaperHeight   real,                        -- sheet height of a user-defined paper
+  FOrientation   integer not null default 0,  -- 0 portrait, 1 landscape
+  FRowsPerPage   integer not null,            -- detail rows on a page
+  FRowHeight     real not null,               -- height of one detail row
+  FAdjuctLeft    real not null default 0,     -- added to every item's left
+  FAdjuctTop     real not null default 0,     -- added to every item's top
+  FAdjuctHeader  real not null default 0,     -- added to the top of bands 2 to 5 from the second page on
+  FQtysPerRow    real not null default 0,     -- kept by the settings dialog
+  FHeaderPerPage integer not null default 1,  -- 1: the head stands on every page
+  FFooterPerPage integer not null default 0,  -- 1: the foot stands on every page
+  FIntegralPage  integer not null default 0,  -- 1: a part page is filled with empty table rows
+  FPrintDevice   varchar(200),                -- preferred printer; empty: the system's default
+  FMarginleft    real,                        -- margins chosen in the page setup
   FMarginTop     real,
   FMarginRight   real,
   FMarginBottom  real,
@@ -32,121 +35,123 @@ create table TDBill (
 
 -- One row is one item of a format: a text, a line or a picture at a place.
 create table TDBillDetail (
-  FTDBillID        integer not null,             -- the format
-  FSite            integer not null,             -- 1 head, 2 column head, 3 detail row, 4 after the rows, 5 foot
-  FLeft            real not null,                -- place; of a row item, its place in the first row
-  FTop             real not null,                -- bands 4 and 5: place if the page had only one row
-  FWidth           real not null,                -- size of the text box; direction and length of a line
+  FTDBillID        integer not null,                   -- the format
+  FSite            integer not null,                   -- 1 head, 2 column head, 3 detail row, 4 after the rows, 5 foot
+  FLeft            real not null,                      -- place; of a row item, its place in the first row
+  FTop             real not null,                      -- bands 4 and 5: place if the page had only one row
+  FWidth           real not null,                      -- size of the text box; direction and length of a line
   FHeight          real not null,
-  FTypeID          integer not null default 0,   -- 0 text, 1 line, 2 picture file
-  FIsVariant       integer not null default 0,   -- 1: a value, printed on pre-printed forms, too
-  FMustPrint       integer not null default 0,   -- 1: printed on pre-printed forms although it is fixed
-  FObjectFieldName text not null default '',     -- caption of the variable in TDVariant, or an image in <>
-  FObjectCaption   text not null default '',     -- fixed text; of a variable, a label before its value
-  FFontName        text not null default '宋体', -- font
-  FFontSize        real not null default 9,      -- points
+  FTypeID          integer not null default 0,         -- 0 text, 1 line, 2 picture file
+  FIsVariant       integer not null default 0,         -- 1: a value, printed on pre-printed forms, too
+  FMustPrint       integer not null default 0,         -- 1: printed on pre-printed forms although it is fixed
+  FObjectFieldName varchar(50) not null default '',    -- the variable in TDVariant, or an image in <>
+  FObjectCaption   varchar(500) not null default '',   -- fixed text; of a variable, a label before its value
+  FFontName        varchar(50) not null default '宋体',  -- font
+  FFontSize        real not null default 9,            -- points
   FFontBold        integer not null default 0,
   FFontItalic      integer not null default 0,
-  FAlignMent       integer not null default 0,   -- 0 left, 2 centre, 1 right
-  FWordWrap        integer not null default 0,   -- 1: a long text breaks inside its width
-  FAutoSize        integer not null default 0,   -- 1: head and page number are written without a box
-  FFormatString    text not null default '',     -- picture of a number, such as #,##0.00; empty: none
-  Fborderwidth     integer not null default 1,   -- thickness of a line
-  FPicturePath     text not null default ''      -- file of a picture item
+  FAlignMent       integer not null default 0,         -- 0 left, 2 centre, 1 right
+  FWordWrap        integer not null default 0,         -- 1: a long text breaks inside its width
+  FAutoSize        integer not null default 0,         -- 1: head and page number are written without a box
+  FFormatString    varchar(50) not null default '',    -- picture of a number, such as #,##0.00; empty: none
+  Fborderwidth     integer not null default 1,         -- thickness of a line
+  FPicturePath     varchar(260) not null default ''    -- file of a picture item
 );
+create index IX_TDBillDetail on TDBillDetail (FTDBillID, FSite);
 
 -- The variables that the items of a bill type may name.
 create table TDVariant (
-  FTranType   integer not null,  -- bill type
-  FVarCaption text not null,     -- what an item's FObjectFieldName says
-  FVarName    text not null,     -- column of the print data, or a field that the run computes
+  FTranType   integer not null,      -- bill type
+  FVarCaption varchar(50) not null,  -- what an item's FObjectFieldName says
+  FVarName    varchar(50) not null,  -- column of the print data, or a field that the run computes
   primary key (FTranType, FVarCaption)
 );
 
 -- Paper and printer of a format on one machine; filled by the page setup.
 create table TDBill_PaperSize (
-  FIP          text not null,  -- the machine's address
-  FTDBillName  text not null,  -- format name
-  FPaperSize   integer,        -- as in TDBill
+  FIP          varchar(45) not null,  -- the machine's address
+  FTDBillName  varchar(50) not null,  -- format name
+  FPaperSize   integer,               -- as in TDBill
   FPaperWidth  real,
   FPaperHeight real,
   FOrientation integer,
-  FDevice      text,           -- printer
+  FDevice      varchar(200),          -- printer
   primary key (FIP, FTDBillName)
 );
 
 -- Printer of a stock area; filled by the stock-area printer dialog.
 create table TDBill_AreaPrinterDevice (
-  FIp          text not null,     -- the machine's address
-  FTranType    integer not null,  -- bill type
-  FTdBillName  text not null,     -- format name
-  FStockArea   text not null,     -- first character of the stock area
-  FPrintDevice text,              -- printer
+  FIp          varchar(45) not null,  -- the machine's address
+  FTranType    integer not null,      -- bill type
+  FTdBillName  varchar(50) not null,  -- format name
+  FStockArea   varchar(1) not null,   -- first character of the stock area
+  FPrintDevice varchar(200),          -- printer
   primary key (FIp, FTranType, FTdBillName, FStockArea)
 );
 
 -- Settings of the application.
 create table t_SystemProfile (
-  FKey   text primary key,  -- setting
-  FValue text               -- its value
+  FKey   varchar(50) primary key,  -- setting
+  FValue varchar(200)              -- its value
 );
 
 -- Goods.
 create table t_icitem (
   FItemID    integer primary key,
-  FNumber    text not null,              -- goods code
-  FName      text not null,
-  FModel     text not null default '',   -- size or specification
-  FUnit      text not null,              -- small unit, in which the goods are priced
-  FMUnit     text,                       -- main unit; Null: sold in the small unit only
-  FRate      real not null default 1,    -- small units in one main unit
-  FStockArea text                        -- shelf; its first character is the area
+  FNumber    varchar(30) not null,              -- goods code
+  FName      varchar(100) not null,
+  FModel     varchar(50) not null default '',   -- size or specification
+  FUnit      varchar(10) not null,              -- small unit, in which the goods are priced
+  FMUnit     varchar(10),                       -- main unit; Null: sold in the small unit only
+  FRate      decimal(18,6) not null default 1,  -- small units in one main unit
+  FStockArea varchar(20)                        -- shelf; its first character is the area
 );
+create index IX_t_icitem on t_icitem (FStockArea);
 
 -- Pictures of goods.
 create table t_icitem_Picture (
   FItemID  integer primary key,
   FPicture blob not null,  -- bytes of a PNG or JPEG file
-  FPicPath text            -- where the picture came from
+  FPicPath varchar(260)    -- where the picture came from
 );
 
 -- Customers and suppliers.
 create table t_partner (
   FPartnerID integer primary key,
-  FName      text not null,
-  FContact   text not null default '',
-  FPhone     text not null default '',
-  FAddress   text not null default ''
+  FName      varchar(100) not null,
+  FContact   varchar(50) not null default '',
+  FPhone     varchar(50) not null default '',
+  FAddress   varchar(200) not null default ''
 );
 
 -- Heads of all bills.
 create table t_bill (
   FInterID     integer primary key,
-  FTranType    integer not null,            -- bill type
-  FBillNo      text not null unique,
-  FDate        text not null,               -- as printed
+  FTranType    integer not null,                 -- bill type
+  FBillNo      varchar(30) not null unique,
+  FDate        varchar(10) not null,             -- as printed
   FPartnerID   integer not null,
-  FStockName   text not null default '',    -- warehouse
-  FEmpName     text not null default '',    -- salesman or buyer
-  FBiller      text not null default '',    -- who wrote the bill
-  FChecker     text not null default '',    -- who released it
-  FSettle      text not null default '',    -- terms of payment
-  FEarnest     real,                        -- payment in advance
-  FUserBarCode text,                        -- the partner's own order number
-  FNote        text not null default ''
+  FStockName   varchar(50) not null default '',  -- warehouse
+  FEmpName     varchar(50) not null default '',  -- salesman or buyer
+  FBiller      varchar(50) not null default '',  -- who wrote the bill
+  FChecker     varchar(50) not null default '',  -- who released it
+  FSettle      varchar(50) not null default '',  -- terms of payment
+  FEarnest     decimal(18,6),                    -- payment in advance
+  FUserBarCode varchar(50),                      -- the partner's own order number
+  FNote        varchar(500) not null default ''
 );
 
 -- Lines of all bills. A line without goods is a remark between the lines: its FMainQty is -999.99,
 -- which keeps it out of all sums.
 create table t_bill_entry (
   FInterID  integer not null,
-  FEntryID  integer not null,            -- line number
+  FEntryID  integer not null,                  -- line number
   FItemID   integer,
-  FMainQty  real not null default 0,     -- quantity in the main unit
-  FSlaveQty real not null default 0,     -- and what comes on top in the small unit
-  FPrice    real,                        -- price of one small unit, tax included
-  FTaxRate  real,                        -- per cent
-  FNote     text not null default '',
+  FMainQty  decimal(18,6) not null default 0,  -- quantity in the main unit
+  FSlaveQty decimal(18,6) not null default 0,  -- and what comes on top in the small unit
+  FPrice    decimal(18,6),                     -- price of one small unit, tax included
+  FTaxRate  decimal(18,6),                     -- per cent
+  FNote     varchar(200) not null default '',
   primary key (FInterID, FEntryID)
 );
 
@@ -155,16 +160,17 @@ create table t_bill_entry (
 create view v_bill_line as
 select b.FInterID, e.FEntryID, b.FTranType, b.FBillNo, b.FDate, b.FStockName, b.FEmpName,
        b.FBiller, b.FChecker, b.FSettle, b.FNote, b.FUserBarCode,
-       b.FTranType || substr(b.FBillNo, -7) as FBillNoBarCode,
+       cast(b.FTranType as varchar(10)) || substring(b.FBillNo, 6, 7) as FBillNoBarCode,
        p.FName as FPartnerName, p.FContact, p.FPhone, p.FAddress,
        i.FItemID as FItemiD, i.FNumber, coalesce(i.FName, e.FNote) as FItemName, i.FModel,
        i.FUnit, i.FMUnit, i.FStockArea,
        e.FMainQty, e.FSlaveQty, e.FMainQty * i.FRate + e.FSlaveQty as FQty, e.FPrice, e.FTaxRate,
        round((e.FMainQty * i.FRate + e.FSlaveQty) * e.FPrice, 2) as FAmount,
-       round((e.FMainQty * i.FRate + e.FSlaveQty) * e.FPrice / (1 + e.FTaxRate / 100), 2)
+       round((e.FMainQty * i.FRate + e.FSlaveQty) * e.FPrice / (1 + e.FTaxRate / 100.0), 2)
            as FNoTaxAmount,
-       round((e.FMainQty * i.FRate + e.FSlaveQty) * e.FPrice, 2)
-           - round((e.FMainQty * i.FRate + e.FSlaveQty) * e.FPrice / (1 + e.FTaxRate / 100), 2)
+       round(round((e.FMainQty * i.FRate + e.FSlaveQty) * e.FPrice, 2)
+             - round((e.FMainQty * i.FRate + e.FSlaveQty) * e.FPrice
+                     / (1 + e.FTaxRate / 100.0), 2), 2)
            as FTax,
        case when i.FItemID is not null then e.FNote end as FRowNote,
        b.FEarnest,

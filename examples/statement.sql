@@ -3,23 +3,23 @@
 
 -- Lines of the statements.
 create table t_statement_entry (
-  FInterID      integer not null,          -- the bill head
-  FEntryID      integer not null,          -- line number
-  FEntryDate    text not null,
-  FRefNo        text not null,             -- the bill or voucher that the line is about
-  FItemID       integer,                   -- goods; Null for a payment
-  FMainQty_In   real,                      -- received: main unit, and what comes on top; Null: none
-  FSlaveQty_In  real,
-  FMainQty_out  real,                      -- delivered: the same
-  FSlaveQty_out real,
-  FPrice        real not null default 0,   -- price of one small unit, tax included
-  FTaxRate      real not null default 0,   -- per cent
-  FListPrice    real not null default 0,   -- price before the discount
-  FRetailPrice  real not null default 0,   -- recommended retail price
-  FFkd          real not null default 0,   -- paid to the partner
-  FSkd          real not null default 0,   -- received from the partner
-  FFreight      real not null default 0,   -- freight that we bear
-  FFreight_Amount real not null default 0, -- freight advanced for the partner
+  FInterID      integer not null,                    -- the bill head
+  FEntryID      integer not null,                    -- line number
+  FEntryDate    varchar(10) not null,
+  FRefNo        varchar(30) not null,                -- the bill or voucher that the line is about
+  FItemID       integer,                             -- goods; Null for a payment
+  FMainQty_In   decimal(18,6),                       -- received: main unit, and what comes on top; Null: none
+  FSlaveQty_In  decimal(18,6),
+  FMainQty_out  decimal(18,6),                       -- delivered: the same
+  FSlaveQty_out decimal(18,6),
+  FPrice        decimal(18,6) not null default 0,    -- price of one small unit, tax included
+  FTaxRate      decimal(18,6) not null default 0,    -- per cent
+  FListPrice    decimal(18,6) not null default 0,    -- price before the discount
+  FRetailPrice  decimal(18,6) not null default 0,    -- recommended retail price
+  FFkd          decimal(18,6) not null default 0,    -- paid to the partner
+  FSkd          decimal(18,6) not null default 0,    -- received from the partner
+  FFreight      decimal(18,6) not null default 0,    -- freight that we bear
+  FFreight_Amount decimal(18,6) not null default 0,  -- freight advanced for the partner
   primary key (FInterID, FEntryID)
 );
 
@@ -39,8 +39,8 @@ left join t_icitem i on i.FItemID = e.FItemID;
 create view v_statement as
 select b.FInterID, l.FEntryID, b.FBillNo, b.FDate, b.FBiller, b.FChecker, b.FNote, b.FEarnest,
        p.FName as FPartnerName, p.FContact, p.FPhone,
-       l.FEntryDate, l.FRefNo, coalesce(l.FItemName, iif(l.FSkd <> 0, '收到货款', '支付货款'))
-           as FSummary,
+       l.FEntryDate, l.FRefNo,
+       coalesce(l.FItemName, case when l.FSkd <> 0 then '收到货款' else '支付货款' end) as FSummary,
        l.FUnit, l.FMainUnit, l.FMainQty_In, l.FSlaveQty_In, l.FQty_In,
        l.FMainQty_out, l.FSlaveQty_out, l.FQty_out, l.FMainQty, l.FSlaveQty, l.FQty,
        l.FPrice, l.FTaxRate, round(l.FQty * l.FPrice, 2) as FAmount,
@@ -60,7 +60,7 @@ join (select FInterID,
              round(sum(round(FQty * FPrice, 2)), 2) as FSumAmount,
              round(sum(round(FQty * FRetailPrice, 2)), 2) as FSumRetailAmount,
              round(sum(round(FQty * FListPrice, 2)), 2) as FSumBzkAmount,
-             round(sum(round(FQty * FPrice / (1 + FTaxRate / 100), 2)), 2) as FSumNoTaxAmount
+             round(sum(round(FQty * FPrice / (1 + FTaxRate / 100.0), 2)), 2) as FSumNoTaxAmount
       from v_statement_line
       group by FInterID) s on s.FInterID = b.FInterID;
 
