@@ -28,7 +28,7 @@ install(TARGETS ${libraries} EXPORT QbTdPrinterTargets
 install(EXPORT QbTdPrinterTargets NAMESPACE QbTdPrinter:: DESTINATION ${package_folder})
 
 foreach(header ${qbtd_public_headers})
-  string(REGEX REPLACE "^(src|adapters)/" "" included_as ${header})
+  string(REGEX REPLACE "^(src|adapters|server)/" "" included_as ${header})
   get_filename_component(folder ${included_as} DIRECTORY)
   install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/qbtdprinter/${folder})
 endforeach()
