@@ -11,9 +11,9 @@
 #include "expected_pages.h"
 #include "found_text.h"
 #include "printed_document.h"
-#include "program_run.h"
 #include "sample_files.h"
 #include "sample_format.h"
+#include "sample_printing.h"
 #include "scratch_folder.h"
 
 namespace td {
@@ -24,10 +24,6 @@ void PrintTo(const SamplePrint& print, std::ostream* out) {
 }
 
 namespace {
-
-std::filesystem::path Samples() {
-  return std::filesystem::path(QBTD_SOURCE_DIR) / "examples";
-}
 
 void ExpectText(const PrintedPage& page, const PlacedText& expected, BaseLines& baseLines) {
   if (expected.item.wraps) {
@@ -92,17 +88,9 @@ class SampleBill : public ::testing::TestWithParam<SamplePrint> {
  protected:
   void SetUp() override {
     const SamplePrint& print = GetParam();
-    MakeSampleDatabase(Samples(), Database());
-    std::vector<std::string> command = {TDPRINT_PROGRAM, "print",
-                                        "--db",          "sqlite:" + Database().string(),
-                                        "--type",        std::to_string(print.billType),
-                                        "--format",      print.format,
-                                        "--data",        print.data,
-                                        "--blank-rows",  std::to_string(print.blankRows),
-                                        "--pdf",         Pdf().string()};
-    if (print.onlyVariant) command.push_back("--only-variant");
-    if (print.byArea) command.push_back("--by-area");
-    const ProgramResult result = ProgramRun(command, scratch_.Path()).Finish();
+    MakeSampleDatabase(SampleFolder(), Database());
+    const ProgramResult result =
+        PrintSample(print, "sqlite:" + Database().string(), "--pdf", Pdf(), scratch_.Path());
     ASSERT_EQ(result.status, 0) << result.err;
     format_ = ReadFormat(Database(), print.billType, print.format);
     expected_ = ExpectPages(format_, QueryRows(Database(), print.data),
@@ -176,7 +164,7 @@ TEST_P(SampleBill, DrawsItsLinesBarcodesAndPicturesAndNoLineOfThePreprintedForm)
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Samples, SampleBill, ::testing::ValuesIn(ReadSamplePrints(Samples())),
+INSTANTIATE_TEST_SUITE_P(Samples, SampleBill, ::testing::ValuesIn(ReadSamplePrints(SampleFolder())),
                          [](const ::testing::TestParamInfo<SamplePrint>& print) {
                            std::string name = print.param.name;
                            std::replace(name.begin(), name.end(), '-', '_');
@@ -186,9 +174,9 @@ INSTANTIATE_TEST_SUITE_P(Samples, SampleBill, ::testing::ValuesIn(ReadSamplePrin
 TEST(SamplePrints, UseEveryFieldAndEveryImage) {
   const ScratchFolder scratch;
   const std::filesystem::path database = scratch / "sample.db";
-  MakeSampleDatabase(Samples(), database);
+  MakeSampleDatabase(SampleFolder(), database);
   std::map<std::string, bool> used;
-  for (const SamplePrint& print : ReadSamplePrints(Samples())) {
+  for (const SamplePrint& print : ReadSamplePrints(SampleFolder())) {
     for (const SampleItem& item : ReadFormat(database, print.billType, print.format).items) {
       used[item.field] = true;
       used[item.variable] = true;

@@ -3,8 +3,11 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
+
+struct sqlite3;
 
 namespace td {
 
@@ -16,7 +19,7 @@ struct SamplePrint {
   bool onlyVariant = false;
   std::int16_t blankRows = 0;
   bool byArea = false;  // a new page at each stock area instead of each bill
-  std::string data;  // the statement that selects its rows
+  std::string data;     // the statement that selects its rows
 };
 
 // The folder of the sample: `given` if that is not empty, else the installed one beside the running
@@ -30,5 +33,13 @@ std::vector<SamplePrint> ReadSamplePrints(const std::filesystem::path& samples);
 // database of that name is removed first. Fails with kDatabaseFailed.
 void MakeSampleDatabase(const std::filesystem::path& samples,
                         const std::filesystem::path& database);
+
+struct CloseSampleDatabase {
+  void operator()(sqlite3* database) const;
+};
+using SampleDatabase = std::unique_ptr<sqlite3, CloseSampleDatabase>;
+
+// The same in a database of this process alone.
+SampleDatabase OpenSampleDatabase(const std::filesystem::path& samples);
 
 }  // namespace td
