@@ -128,11 +128,11 @@ TEST_F(SettingsDialog, ALockedDatabaseIsWaitedFor) {
   ShowSettings([&](DialogWindow& window) {
     Type(window, "txtLeft", "40");
     other_.Run("begin exclusive");
+    const auto begin = std::chrono::steady_clock::now();
     release = std::thread([this] {
       std::this_thread::sleep_for(700ms);
       other_.Run("rollback");
     });
-    const auto begin = std::chrono::steady_clock::now();
     Click(window, "cmdOk");
     EXPECT_GT(std::chrono::steady_clock::now() - begin, 500ms);
     EXPECT_FALSE(window.isVisible());

@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QMessageBox>
 #include <QTest>
+#include <algorithm>
 
 #include "service/print_context.h"
 #include "service/td_set.h"
@@ -63,14 +64,21 @@ void Choose(DialogWindow& window, const char* list, const char* entry) {
   QTest::keyClick(field.view(), Qt::Key_Return);
 }
 
-void PressKey(DialogWindow& window, Qt::Key key) {
-  QTest::keyClick(window.windowHandle(), key);
+// A display without a window manager gives the keys back to the dialog some time after a message
+// box was closed.
+void PressKey(DialogWindow& window, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  QTest::keyClick(window.windowHandle(), key, modifiers);
 }
 
 void PressMnemonic(DialogWindow& window, Qt::Key key) {
-  constexpr int kUntilTheButtonComesUp = 300;  // milliseconds
-  QTest::keyClick(window.windowHandle(), key, Qt::AltModifier);
-  QTest::qWait(kUntilTheButtonComesUp);
+  PressKey(window, key, Qt::AltModifier);
+  const auto buttons = window.findChildren<QAbstractButton*>();
+  ASSERT_TRUE(QTest::qWaitFor([&buttons] {
+    return std::none_of(buttons.begin(), buttons.end(),
+                        [](auto* button) { return button->isDown(); });
+  })) << "a button stays down";
 }
 
 std::string TextOf(DialogWindow& window, const char* box) {

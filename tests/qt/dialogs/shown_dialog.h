@@ -22,7 +22,7 @@ void Choose(DialogWindow& window, const char* list, const char* entry);
 void Click(DialogWindow& window, const char* button);
 // An option, or a check box.
 void Click(QAbstractButton& button);
-void PressKey(DialogWindow& window, Qt::Key key);
+void PressKey(DialogWindow& window, Qt::Key key, Qt::KeyboardModifiers modifiers = {});
 // With Alt, for the button whose caption has the key.
 void PressMnemonic(DialogWindow& window, Qt::Key key);
 
