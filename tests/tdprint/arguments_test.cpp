@@ -109,5 +109,14 @@ TEST(TdprintArguments, AreaPrintersNeedADatabase) {
             Command(ExitStatus::kWrongUsage));
 }
 
+TEST(TdprintArguments, SampleSqlNeedsAnEngineThatIsKnown) {
+  EXPECT_EQ(Parse({"sample-sql", "--engine", "mariadb"}),
+            Command(SampleSqlArguments{"mariadb", false, "", ""}));
+  EXPECT_EQ(Parse({"sample-sql", "--engine", "sqlserver", "--only-schema", "--out", "a.sql"}),
+            Command(SampleSqlArguments{"sqlserver", true, "", "a.sql"}));
+  EXPECT_EQ(Parse({"sample-sql"}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"sample-sql", "--engine", "other"}), Command(ExitStatus::kWrongUsage));
+}
+
 }  // namespace
 }  // namespace td

@@ -33,10 +33,16 @@ constexpr const char* kDialogExitStatusText =
     "  1  the window can't be shown, or the database can't be opened\n"
     "  2  wrong usage\n";
 
+constexpr const char* kSampleSqlExamples =
+    "Examples:\n"
+    "  tdprint sample-sql --engine postgresql | psql -v ON_ERROR_STOP=1 shop\n"
+    "  tdprint sample-sql --engine sqlserver --only-schema --out tables.sql\n";
+
 constexpr int kLargest = std::numeric_limits<std::int16_t>::max();
 
 void DescribeDatabase(CLI::App& command, std::string& database) {
-  command.add_option("--db", database, "Connection text of the database, sqlite:PATH")
+  command
+      .add_option("--db", database, "Connection text of the database: sqlite:PATH, or Driver=…;…")
       ->required()
       ->type_name("TEXT");
 }
@@ -83,19 +89,36 @@ void DescribePrint(CLI::App& command, PrintArguments& arguments) {
   command.footer(std::string(kPrintExamples) + "\n" + kExitStatusText);
 }
 
+void DescribeSamples(CLI::App& command, std::string& samples) {
+  command
+      .add_option("--samples", samples,
+                  "Folder of the sample's SQL files (without it: where they were installed)")
+      ->type_name("FOLDER");
+}
+
 void DescribeDemo(CLI::App& command, DemoArguments& arguments) {
   command.add_option("--out", arguments.out, "Folder for the database and the printed bills")
       ->capture_default_str()
       ->type_name("FOLDER");
-  command
-      .add_option("--samples", arguments.samples,
-                  "Folder of the sample's SQL files (without it: where they were installed)")
-      ->type_name("FOLDER");
+  DescribeSamples(command, arguments.samples);
   command
       .add_option("--printer", arguments.printer,
                   "Printer for one job (without it: the default printer, if there is any)")
       ->type_name("NAME");
   command.footer(kExitStatusText);
+}
+
+void DescribeSampleSql(CLI::App& command, SampleSqlArguments& arguments) {
+  command.add_option("--engine", arguments.engine, "sqlite, postgresql, mariadb or sqlserver")
+      ->required()
+      ->check(CLI::IsMember({"sqlite", "postgresql", "mariadb", "sqlserver"}))
+      ->type_name("NAME");
+  command.add_flag("--only-schema", arguments.onlySchema,
+                   "Only the tables, indexes and views, without rows");
+  DescribeSamples(command, arguments.samples);
+  command.add_option("--out", arguments.out, "A file (without it: standard output)")
+      ->type_name("FILE");
+  command.footer(kSampleSqlExamples);
 }
 
 void DescribeSettings(CLI::App& command, SettingsArguments& arguments) {
@@ -142,6 +165,11 @@ Command ParseArguments(int argc, const char* const* argv) {
       "area-printers", "Assign printers to the stock areas of formats in a window");
   DescribeAreaPrinters(*areaPrintersCommand, areaPrinters);
 
+  SampleSqlArguments sampleSql;
+  CLI::App* sampleSqlCommand = app.add_subcommand(
+      "sample-sql", "Write the sample database as a script for a database engine");
+  DescribeSampleSql(*sampleSqlCommand, sampleSql);
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -152,6 +180,7 @@ Command ParseArguments(int argc, const char* const* argv) {
   if (previewCommand->parsed()) return preview;
   if (settingsCommand->parsed()) return settings;
   if (areaPrintersCommand->parsed()) return areaPrinters;
+  if (sampleSqlCommand->parsed()) return sampleSql;
   return demo;
 }
 

@@ -51,9 +51,19 @@ struct AreaPrintersArguments {
   bool operator==(const AreaPrintersArguments&) const = default;
 };
 
+// Writes the sample as a script for a database engine.
+struct SampleSqlArguments {
+  std::string engine;  // as ScriptEngineNamed knows it
+  bool onlySchema = false;
+  std::string samples;  // as in DemoArguments
+  std::string out;      // a file; empty: standard output
+
+  bool operator==(const SampleSqlArguments&) const = default;
+};
+
 // What to do, or the status to end with: help was shown, or the usage is wrong and said so.
 using Command = std::variant<PrintArguments, DemoArguments, SettingsArguments,
-                             AreaPrintersArguments, ExitStatus>;
+                             AreaPrintersArguments, SampleSqlArguments, ExitStatus>;
 
 Command ParseArguments(int argc, const char* const* argv);
 

@@ -2,6 +2,7 @@
 #include "demo_command.h"
 #include "dialog_commands.h"
 #include "print_command.h"
+#include "sample_sql_command.h"
 
 namespace {
 
@@ -17,6 +18,9 @@ struct Runner {
   }
   td::ExitStatus operator()(const td::AreaPrintersArguments& arguments) const {
     return td::ShowAreaPrinters(arguments);
+  }
+  td::ExitStatus operator()(const td::SampleSqlArguments& arguments) const {
+    return td::WriteSampleSql(arguments);
   }
   td::ExitStatus operator()(td::ExitStatus status) const { return status; }
 };

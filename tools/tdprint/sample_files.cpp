@@ -76,16 +76,25 @@ std::vector<fs::path> SqlFiles(const fs::path& samples) {
   return files;
 }
 
-struct CloseDatabase {
-  void operator()(sqlite3* database) const { sqlite3_close(database); }
-};
-using OpenDatabase = std::unique_ptr<sqlite3, CloseDatabase>;
-
 void Run(sqlite3* database, const std::string& script, const std::string& name) {
   char* text = nullptr;
   if (sqlite3_exec(database, script.c_str(), nullptr, nullptr, &text) == SQLITE_OK) return;
   const std::unique_ptr<char, decltype(&sqlite3_free)> reason(text, &sqlite3_free);
   throw Failure(kDatabaseFailed, name + ": " + (reason ? reason.get() : sqlite3_errmsg(database)));
+}
+
+// Opens a new database and runs the sample's files in it.
+SampleDatabase Fill(const std::string& name, const fs::path& samples) {
+  sqlite3* handle = nullptr;
+  const int result = sqlite3_open(name.c_str(), &handle);
+  SampleDatabase database(handle);
+  if (result != SQLITE_OK) {
+    throw Failure(kDatabaseFailed, name + ": " + sqlite3_errstr(result));
+  }
+  Run(handle, "begin", name);
+  for (const fs::path& file : SqlFiles(samples)) Run(handle, ReadFile(file), file.string());
+  Run(handle, "commit", name);
+  return database;
 }
 
 }  // namespace
@@ -119,15 +128,15 @@ std::vector<SamplePrint> ReadSamplePrints(const fs::path& samples) {
 
 void MakeSampleDatabase(const fs::path& samples, const fs::path& database) {
   fs::remove(database);
-  sqlite3* handle = nullptr;
-  const int result = sqlite3_open(database.c_str(), &handle);
-  const OpenDatabase open(handle);
-  if (result != SQLITE_OK) {
-    throw Failure(kDatabaseFailed, database.string() + ": " + sqlite3_errstr(result));
-  }
-  Run(handle, "begin", database.string());
-  for (const fs::path& file : SqlFiles(samples)) Run(handle, ReadFile(file), file.string());
-  Run(handle, "commit", database.string());
+  Fill(database.string(), samples);
+}
+
+void CloseSampleDatabase::operator()(sqlite3* database) const {
+  sqlite3_close(database);
+}
+
+SampleDatabase OpenSampleDatabase(const fs::path& samples) {
+  return Fill(":memory:", samples);
 }
 
 }  // namespace td
