@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "memory_rows/text_repair.h"
 #include "platform/failure.h"
 #include "platform/lock_character.h"
+#include "text_encoding/text_repair.h"
 
 namespace td {
 namespace {

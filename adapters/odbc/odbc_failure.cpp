@@ -8,8 +8,8 @@
 #include <initializer_list>
 #include <string_view>
 
-#include "odbc/utf16.h"
 #include "sql_support/database_failure.h"
+#include "text_encoding/utf16.h"
 
 namespace td {
 namespace {

@@ -4,8 +4,8 @@
 #include <cstdint>
 
 #include "odbc/odbc_failure.h"
-#include "odbc/utf16.h"
 #include "sql_support/database_failure.h"
+#include "text_encoding/utf16.h"
 
 namespace td {
 namespace {

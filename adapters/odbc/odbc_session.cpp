@@ -8,9 +8,9 @@
 #include <variant>
 
 #include "odbc/odbc_values.h"
-#include "odbc/utf16.h"
 #include "sql_support/database_failure.h"
 #include "sql_support/statement_text.h"
+#include "text_encoding/utf16.h"
 
 namespace td {
 namespace {

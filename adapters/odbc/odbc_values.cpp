@@ -11,7 +11,7 @@
 #include <cstdio>
 #include <string_view>
 
-#include "odbc/utf16.h"
+#include "text_encoding/utf16.h"
 
 namespace td {
 namespace {

@@ -1,7 +1,7 @@
 #include "sql_support/database_failure.h"
 
-#include "memory_rows/text_repair.h"
 #include "platform/lock_character.h"
+#include "text_encoding/text_repair.h"
 
 namespace td {
 namespace {

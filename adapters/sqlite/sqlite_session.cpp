@@ -11,13 +11,13 @@
 #include <system_error>
 #include <utility>
 
-#include "memory_rows/text_repair.h"
 #include "sql_support/database_failure.h"
 #include "sql_support/statement_text.h"
 #include "sqlite/connection_text.h"
 #include "sqlite/sql_dialect.h"
 #include "sqlite/sqlite_failure.h"
 #include "sqlite/sqlite_functions.h"
+#include "text_encoding/text_repair.h"
 
 namespace td {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "failure_of.h"
 #include "odbc/engine_dialect.h"
-#include "odbc/utf16.h"
+#include "text_encoding/utf16.h"
 
 namespace td {
 namespace {

@@ -1,4 +1,4 @@
-#include "memory_rows/text_repair.h"
+#include "text_encoding/text_repair.h"
 
 #include <gtest/gtest.h>
 

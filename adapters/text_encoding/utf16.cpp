@@ -1,8 +1,8 @@
-#include "odbc/utf16.h"
+#include "text_encoding/utf16.h"
 
 #include <cstddef>
 
-#include "memory_rows/text_repair.h"
+#include "text_encoding/text_repair.h"
 
 namespace td {
 namespace {
