@@ -1,0 +1,145 @@
+#include "client/registration.h"
+
+#include <fcntl.h>
+#include <pwd.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <optional>
+#include <sstream>
+
+#include "client/result_failure.h"
+#include "client/trusted_files.h"
+
+namespace td {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kLargestFile = 65536;
+constexpr const char* kGuidFormat =
+    "{%08X-%04hX-%04hX-%02hhX%02hhX-%02hhX%02hhX%02hhX%02hhX%02hhX%02hhX}";
+constexpr std::size_t kGuidLength = 38;
+
+fs::path HomeFolder() {
+  if (const char* home = secure_getenv("HOME"); home != nullptr && *home == '/') return home;
+  const passwd* user = getpwuid(geteuid());
+  return user == nullptr ? fs::path() : fs::path(user->pw_dir);
+}
+
+fs::path CheckedRegistrationFile() {
+  fs::path file = RegistrationFile();
+  if (file.empty()) throw ResultFailure(TD_FAILURE, "找不到用户的主文件夹。");
+  return file;
+}
+
+std::string ReadWhole(const Descriptor& file) {
+  std::string content(kLargestFile + 1, '\0');
+  std::size_t size = 0;
+  while (size < content.size()) {
+    const ssize_t count = read(file.Number(), content.data() + size, content.size() - size);
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) break;
+    size += static_cast<std::size_t>(count);
+  }
+  if (size > kLargestFile) throw ResultFailure(TD_FAILURE, "组件的登记文件过大。");
+  content.resize(size);
+  return content;
+}
+
+std::optional<TdGuid> GuidOfText(const std::string& text) {
+  TdGuid id{};
+  int length = 0;
+  const int count =
+      std::sscanf(text.c_str(), "{%8x-%4hx-%4hx-%2hhx%2hhx-%2hhx%2hhx%2hhx%2hhx%2hhx%2hhx}%n",
+                  &id.first, &id.second, &id.third, &id.rest[0], &id.rest[1], &id.rest[2],
+                  &id.rest[3], &id.rest[4], &id.rest[5], &id.rest[6], &id.rest[7], &length);
+  if (count != 11 || length != static_cast<int>(kGuidLength) || text.size() != kGuidLength) {
+    return std::nullopt;
+  }
+  return id;
+}
+
+RegisteredClass ReadLine(const std::string& line) {
+  std::istringstream parts(line);
+  std::string name;
+  std::string id;
+  std::string module;
+  std::getline(parts, name, '\t');
+  std::getline(parts, id, '\t');
+  std::getline(parts, module);
+  const std::optional<TdGuid> guid = GuidOfText(id);
+  if (name.empty() || !guid || !fs::path(module).is_absolute()) {
+    throw ResultFailure(TD_FAILURE, "组件的登记文件已损坏，请重新登记。");
+  }
+  return {name, *guid, module};
+}
+
+}  // namespace
+
+fs::path RegistrationFile() {
+  fs::path data;
+  if (const char* folder = secure_getenv("XDG_DATA_HOME"); folder != nullptr && *folder == '/') {
+    data = folder;
+  } else if (const fs::path home = HomeFolder(); !home.empty()) {
+    data = home / ".local" / "share";
+  } else {
+    return {};
+  }
+  return data / "qbtdprinter" / "classes";
+}
+
+std::vector<RegisteredClass> ReadRegistration() {
+  std::vector<RegisteredClass> classes;
+  try {
+    std::istringstream lines(ReadWhole(OpenTrustedFile(CheckedRegistrationFile())));
+    for (std::string line; std::getline(lines, line);) {
+      if (!line.empty() && line[0] != '#') classes.push_back(ReadLine(line));
+    }
+  } catch (const ResultFailure& failure) {
+    if (failure.Result() != TD_FILE_NOT_FOUND) throw;
+  }
+  return classes;
+}
+
+void WriteRegistration(const std::vector<RegisteredClass>& classes) {
+  std::string content = "# The classes of QbTdPrinter and the modules that hold them.\n";
+  for (const RegisteredClass& one : classes) {
+    if (one.module.string().find('\n') != std::string::npos) {
+      throw ResultFailure(TD_FAILURE, "模块的路径含有换行，无法登记。");
+    }
+    (void)OpenTrustedFile(one.module);
+    content += one.name + "\t" + TextOfGuid(one.id) + "\t" + one.module.string() + "\n";
+  }
+  ReplaceTrustedFile(CheckedRegistrationFile(), content);
+}
+
+void RemoveRegistration() {
+  const fs::path file = CheckedRegistrationFile();
+  try {
+    const Descriptor folder = OpenTrustedFolder(file.parent_path(), MissingFolders::kFail);
+    if (unlinkat(folder.Number(), file.filename().c_str(), 0) != 0 && errno != ENOENT) {
+      throw ResultFailure(TD_NO_ACCESS,
+                          "无法删除“" + file.string() + "”：" + std::strerror(errno) + "。");
+    }
+  } catch (const ResultFailure& failure) {
+    if (failure.Result() != TD_FILE_NOT_FOUND) throw;
+  }
+}
+
+std::string TextOfGuid(const TdGuid& id) {
+  std::array<char, kGuidLength + 1> text{};
+  std::snprintf(text.data(), text.size(), kGuidFormat, id.first, id.second, id.third, id.rest[0],
+                id.rest[1], id.rest[2], id.rest[3], id.rest[4], id.rest[5], id.rest[6], id.rest[7]);
+  return text.data();
+}
+
+bool SameGuid(const TdGuid& left, const TdGuid& right) {
+  return std::memcmp(&left, &right, sizeof left) == 0;
+}
+
+}  // namespace td
