@@ -20,7 +20,7 @@ insert into t_stock_area (FArea, FAreaName, FKeeper) values
 create view v_stock_pick as
 select l.*, a.FAreaName, a.FKeeper
 from v_stock_out l
-join t_stock_area a on a.FArea = substr(l.FStockArea, 1, 1);
+join t_stock_area a on l.FStockArea like a.FArea || '%';
 
 insert into TDVariant (FTranType, FVarCaption, FVarName) values
   (22, '库区', 'FAreaName'),

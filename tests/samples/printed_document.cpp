@@ -83,6 +83,37 @@ std::vector<std::string> ReadFonts(const std::filesystem::path& pdf) {
   return fonts;
 }
 
+std::vector<PrintedPicture> ReadPictures(const std::filesystem::path& pdf) {
+  std::istringstream lines(OutputOf("pdfimages -list " + Quoted(pdf)));
+  std::string line;
+  std::getline(lines, line);  // headings
+  std::getline(lines, line);
+  std::vector<PrintedPicture> pictures;
+  while (std::getline(lines, line)) {
+    std::istringstream columns(line);
+    std::string page, number, kind, colours, components, bits, coding, smooth, object, generation;
+    PrintedPicture picture;
+    columns >> page >> number >> kind >> picture.width >> picture.height >> colours >> components >>
+        bits >> coding >> smooth >> object >> generation >> picture.dotsPerInch;
+    if (columns && kind == "image") pictures.push_back(picture);
+  }
+  return pictures;
+}
+
+std::string ReadBarcode(const std::filesystem::path& pdf, std::size_t page, const Area& area) {
+  constexpr int kDotsPerInch = 300;
+  const auto dots = [](double twips) {
+    return std::to_string(std::lround(twips * kDotsPerInch / 1440));
+  };
+  const std::string number = std::to_string(page);
+  std::string text = OutputOf("pdftoppm -r " + std::to_string(kDotsPerInch) + " -png -f " + number +
+                              " -l " + number + " -x " + dots(area.left) + " -y " + dots(area.top) +
+                              " -W " + dots(area.width) + " -H " + dots(area.height) + " " +
+                              Quoted(pdf) + " | zbarimg --nodbus --quiet --raw -");
+  while (!text.empty() && text.back() == '\n') text.pop_back();
+  return text;
+}
+
 PageImage::PageImage(const std::filesystem::path& pdf, std::size_t page) {
   const std::string number = std::to_string(page);
   const std::string image =

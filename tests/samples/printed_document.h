@@ -1,4 +1,4 @@
-// A printed PDF, read back by independent programs (poppler).
+// A printed PDF, read back by independent programs (poppler, zbar).
 #pragma once
 
 #include <filesystem>
@@ -24,6 +24,20 @@ std::vector<PrintedPage> ReadPages(const std::filesystem::path& pdf);
 
 // One line for each font: everything that the listing says about it.
 std::vector<std::string> ReadFonts(const std::filesystem::path& pdf);
+
+// A picture of dots, as it is placed on a page.
+struct PrintedPicture {
+  int width = 0;  // dots
+  int height = 0;
+  double dotsPerInch = 0;  // across, as printed
+};
+
+// All placed pictures, page by page.
+std::vector<PrintedPicture> ReadPictures(const std::filesystem::path& pdf);
+
+// What an independent reader of barcodes (zbar) decodes in an area of a page, in twips; empty if
+// that is nothing. `page` counts from 1.
+std::string ReadBarcode(const std::filesystem::path& pdf, std::size_t page, const Area& area);
 
 // A page as grey dots, ten to the millimetre, 0 black to 255 white.
 class PageImage {

@@ -1,6 +1,7 @@
 #include "sample_files.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include "platform/failure.h"
 #include "scratch_folder.h"
@@ -53,6 +54,20 @@ TEST(SampleFiles, TheSchemaRunsBeforeTheOtherFiles) {
   MakeSampleDatabase(folder.Path(), folder / "sample.db");
   MakeSampleDatabase(folder.Path(), folder / "sample.db");  // replaces the older one
   EXPECT_GT(std::filesystem::file_size(folder / "sample.db"), 0U);
+}
+
+TEST(SampleFiles, PicturesOfTheFormatsLieInTheFolder) {
+  const ScratchFolder folder;
+  folder.Write("schema.sql", "create table TDBillDetail (FPicturePath text);\n");
+  folder.Write("format.sql", "insert into TDBillDetail values ('logo.png'), ('');\n");
+  const SampleDatabase database = OpenSampleDatabase(folder.Path());
+  std::string paths;
+  const auto add = [](void* all, int, char** row, char**) {
+    static_cast<std::string*>(all)->append(row[0]).append("\n");
+    return 0;
+  };
+  sqlite3_exec(database.get(), "select FPicturePath from TDBillDetail", add, &paths, nullptr);
+  EXPECT_EQ(paths, (folder / "logo.png").string() + "\n\n");
 }
 
 TEST(SampleFiles, AFileThatFailsIsNamed) {

@@ -83,6 +83,21 @@ void Run(sqlite3* database, const std::string& script, const std::string& name) 
   throw Failure(kDatabaseFailed, name + ": " + (reason ? reason.get() : sqlite3_errmsg(database)));
 }
 
+// The formats name their picture files by the name alone.
+void NamePicturesByPath(sqlite3* database, const fs::path& samples, const std::string& name) {
+  const bool hasFormats =
+      sqlite3_table_column_metadata(database, nullptr, "TDBillDetail", "FPicturePath", nullptr,
+                                    nullptr, nullptr, nullptr, nullptr) == SQLITE_OK;
+  if (!hasFormats) return;
+  const std::string folder = (fs::absolute(samples) / "").string();
+  const std::unique_ptr<char, decltype(&sqlite3_free)> statement(
+      sqlite3_mprintf("update TDBillDetail set FPicturePath=%Q||FPicturePath"
+                      " where FPicturePath<>''",
+                      folder.c_str()),
+      &sqlite3_free);
+  Run(database, statement.get(), name);
+}
+
 // Opens a new database and runs the sample's files in it.
 SampleDatabase Fill(const std::string& name, const fs::path& samples) {
   sqlite3* handle = nullptr;
@@ -93,6 +108,7 @@ SampleDatabase Fill(const std::string& name, const fs::path& samples) {
   }
   Run(handle, "begin", name);
   for (const fs::path& file : SqlFiles(samples)) Run(handle, ReadFile(file), file.string());
+  NamePicturesByPath(handle, samples, name);
   Run(handle, "commit", name);
   return database;
 }

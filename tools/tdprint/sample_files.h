@@ -29,8 +29,9 @@ std::filesystem::path FindSamples(const std::string& given);
 // Fails with kFileNotFound, and with kInvalidCall for a line that can't be read.
 std::vector<SamplePrint> ReadSamplePrints(const std::filesystem::path& samples);
 
-// Makes a new database from the folder's SQL files: schema.sql, then the others by name. An older
-// database of that name is removed first. Fails with kDatabaseFailed.
+// Makes a new database from the folder's SQL files: schema.sql, then the others by name. Pictures
+// that the formats name get their path in the folder. An older database of that name is removed
+// first. Fails with kDatabaseFailed.
 void MakeSampleDatabase(const std::filesystem::path& samples,
                         const std::filesystem::path& database);
 
