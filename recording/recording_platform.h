@@ -1,13 +1,15 @@
 // The platform of a replay, put together from a scenario.
 #pragma once
 
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/platform.h"
+#include "recording/forwarding_database.h"
 #include "recording/memory_tables.h"
 #include "recording/recorder.h"
-#include "recording/recording_database.h"
 #include "recording/recording_pictures.h"
 #include "recording/recording_windows.h"
 #include "recording/scenario.h"
@@ -26,7 +28,8 @@ class RecordingMachine : public Machine {
 
 class RecordingPlatform {
  public:
-  explicit RecordingPlatform(Scenario scenario);
+  // Without a real database the statements go to the tables of the scenario.
+  explicit RecordingPlatform(Scenario scenario, std::optional<RealDatabase> real = std::nullopt);
   RecordingPlatform(const RecordingPlatform&) = delete;
   RecordingPlatform& operator=(const RecordingPlatform&) = delete;
 
@@ -43,7 +46,7 @@ class RecordingPlatform {
   Recorder recorder_;
   MemoryTables tables_;
   User user_;
-  RecordingDatabase database_;
+  std::unique_ptr<Database> database_;
   RecordingPictures pictures_;
   RecordingMessages messages_;
   RecordingMachine machine_;

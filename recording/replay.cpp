@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "platform/failure.h"
+#include "recording/recording_database.h"
 #include "recording/recording_platform.h"
-#include "recording/scenario.h"
 #include "service/print_context.h"
 #include "service/printer.h"
 #include "service/td_set.h"
@@ -76,6 +76,9 @@ class Caller {
     if (std::holds_alternative<SameRows>(call.data)) {
       return rows_;
     }
+    if (const auto* own = std::get_if<RecordsetRef>(&call.data)) {
+      return *own;
+    }
     const auto* rows = std::get_if<PrintRows>(&call.data);
     if (rows == nullptr) {
       return nullptr;
@@ -88,16 +91,26 @@ class Caller {
   RecordsetRef rows_;
 };
 
-}  // namespace
-
-Recording Replay(const Json& scenario) {
-  RecordingPlatform platform(ReadScenario(scenario));
+void MakeCalls(RecordingPlatform& platform) {
   Context() = PrintContext{};
   Caller caller(platform);
   for (const Call& call : platform.GetScenario().calls) {
     caller.Make(call);
   }
   Context() = PrintContext{};
+}
+
+}  // namespace
+
+Recording ReplayOn(RealDatabase real, Scenario scenario) {
+  RecordingPlatform platform(std::move(scenario), std::move(real));
+  MakeCalls(platform);
+  return {platform.GetRecorder().TakeLines(), nullptr};
+}
+
+Recording Replay(const Json& scenario) {
+  RecordingPlatform platform(ReadScenario(scenario));
+  MakeCalls(platform);
   return {platform.GetRecorder().TakeLines(), platform.Tables().AsJson()};
 }
 

@@ -4,7 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "recording/forwarding_database.h"
 #include "recording/json_values.h"
+#include "recording/scenario.h"
 
 namespace td::recording {
 
@@ -16,6 +18,9 @@ struct Recording {
 // Starts with a request state of its own and leaves a fresh one. Fails with ScenarioError, before
 // anything runs, on a scenario that can't be read.
 [[nodiscard]] Recording Replay(const Json& scenario);
+
+// The same on a real database: the scenario's tables take no part, and none are handed back.
+[[nodiscard]] Recording ReplayOn(RealDatabase real, Scenario scenario);
 
 // The text of a scenario as JSON. Fails with ScenarioError.
 [[nodiscard]] Json ParseScenario(const std::string& text);

@@ -8,6 +8,7 @@
 #include <variant>
 #include <vector>
 
+#include "platform/database.h"
 #include "recording/json_values.h"
 #include "recording/recorder.h"
 #include "recording/surface_state.h"
@@ -65,7 +66,8 @@ struct PrintRows {
   bool can_clone = true;
 };
 struct SameRows {};  // those of the print call before
-using PrintDataOfCall = std::variant<std::monostate, PrintRows, SameRows>;
+// A record set is the caller's own; its position stays out of the trace.
+using PrintDataOfCall = std::variant<std::monostate, PrintRows, SameRows, RecordsetRef>;
 
 struct Print {
   bool by_area = false;

@@ -30,6 +30,12 @@ ColumnNamesRef NamesOf(const std::vector<OdbcColumn>& columns) {
   return std::make_shared<const ColumnNames>(std::move(names));
 }
 
+// MariaDB's driver tells a wrong length for UTF-16 texts with characters such as 付 (U+4ED8), whose
+// low byte it takes for half of a pair; its UTF-8 texts are right.
+TextForm TextsOf(Engine engine) {
+  return engine == Engine::kMariaDb ? TextForm::kUtf8 : TextForm::kUtf16;
+}
+
 // A cursor that stayed open would keep the statement from running again.
 class CursorCloser {
  public:
@@ -126,6 +132,7 @@ OdbcSession::Rows OdbcSession::Fetch(Prepared& prepared) const {
   if (!prepared.columns || !SameNames(*prepared.columns, columns)) {
     prepared.columns = NamesOf(columns);
   }
+  const TextForm texts = TextsOf(engine_);
   auto result = std::make_shared<MemoryRows>();
   result->columns = prepared.columns;
   for (;;) {
@@ -135,7 +142,7 @@ OdbcSession::Rows OdbcSession::Fetch(Prepared& prepared) const {
     std::vector<Value>& row = result->rows.emplace_back();
     row.reserve(columns.size());
     for (std::size_t i = 0; i < columns.size(); ++i) {
-      row.push_back(ReadValue(statement, static_cast<SQLUSMALLINT>(i + 1), columns[i].type));
+      row.push_back(ReadValue(statement, static_cast<SQLUSMALLINT>(i + 1), columns[i].type, texts));
     }
   }
 }

@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <string_view>
 
+#include "text_encoding/text_repair.h"
 #include "text_encoding/utf16.h"
 
 namespace td {
@@ -58,7 +59,12 @@ bool ReadFixed(SQLHSTMT statement, SQLUSMALLINT column, SQLSMALLINT type, Number
   return length != SQL_NULL_DATA;
 }
 
-Value ReadText(SQLHSTMT statement, SQLUSMALLINT column) {
+Value ReadText(SQLHSTMT statement, SQLUSMALLINT column, TextForm form) {
+  if (form == TextForm::kUtf8) {
+    std::string text;
+    if (!ReadLong(statement, column, SQL_C_CHAR, 1, text)) return Null{};
+    return ValidUtf8(text);
+  }
   std::u16string text;
   if (!ReadLong(statement, column, SQL_C_WCHAR, 1, text)) return Null{};
   return ToUtf8(text);
@@ -145,7 +151,7 @@ std::vector<OdbcColumn> ReadColumns(SQLHSTMT statement) {
   return columns;
 }
 
-Value ReadValue(SQLHSTMT statement, SQLUSMALLINT column, SQLSMALLINT type) {
+Value ReadValue(SQLHSTMT statement, SQLUSMALLINT column, SQLSMALLINT type, TextForm texts) {
   switch (type) {
     case SQL_TINYINT:
     case SQL_SMALLINT:
@@ -171,7 +177,7 @@ Value ReadValue(SQLHSTMT statement, SQLUSMALLINT column, SQLSMALLINT type) {
     case SQL_LONGVARBINARY:
       return ReadBytes(statement, column);
     default:
-      return ReadText(statement, column);
+      return ReadText(statement, column, texts);
   }
 }
 

@@ -18,6 +18,9 @@ struct OdbcColumn {
 // The columns of a statement's result; none when it delivers no rows.
 [[nodiscard]] std::vector<OdbcColumn> ReadColumns(SQLHSTMT statement);
 
+// In what form a driver hands out texts.
+enum class TextForm { kUtf16, kUtf8 };
+
 // The value of a column, from 1, in the row last fetched; each column once, in order.
 //   whole numbers, and exact ones without a point   whole number, if 64 bits hold it
 //   other exact numbers, floating ones              real (at 7 digits where the type is single)
@@ -26,7 +29,8 @@ struct OdbcColumn {
 //   bytes                                           bytes
 //   all else                                        text
 // Fails with the driver's OdbcReadError.
-[[nodiscard]] Value ReadValue(SQLHSTMT statement, SQLUSMALLINT column, SQLSMALLINT type);
+[[nodiscard]] Value ReadValue(SQLHSTMT statement, SQLUSMALLINT column, SQLSMALLINT type,
+                              TextForm texts);
 
 // A read failed; the statement's diagnosis says why.
 struct OdbcReadError {};

@@ -34,20 +34,21 @@ std::string NameOf(Server server) {
 
 class Servers : public testing::Environment {
  public:
-  void SetUp() override {
-    std::string folder = (std::filesystem::temp_directory_path() / "qbtd-odbc-XXXXXX").string();
-    if (mkdtemp(folder.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    chmod(folder.c_str(), 0755);  // the servers run as another user
-    folder_ = folder;
+  void TearDown() override {
     for (const Server server : {Server::kPostgreSql, Server::kMariaDb}) {
+      if (Port(server) != 0) Run("stop", server);
+    }
+    if (!folder_.empty()) std::filesystem::remove_all(folder_);
+  }
+
+  // Starts the server for the first who asks for it.
+  int PortOfRunning(Server server) {
+    if (Port(server) == 0) {
+      MakeFolder();
       Port(server) = FreePort();
       Run("start", server);
     }
-  }
-
-  void TearDown() override {
-    for (const Server server : {Server::kPostgreSql, Server::kMariaDb}) Run("stop", server);
-    std::filesystem::remove_all(folder_);
+    return Port(server);
   }
 
   void Run(const std::string& action, Server server) {
@@ -57,13 +58,21 @@ class Servers : public testing::Environment {
     if (std::system(command.c_str()) != 0) throw std::runtime_error("failed: " + command);
   }
 
+ private:
   int& Port(Server server) {
     return server == Server::kPostgreSql ? postgreSqlPort_ : mariaDbPort_;
   }
 
- private:
+  void MakeFolder() {
+    if (!folder_.empty()) return;
+    std::string folder = (std::filesystem::temp_directory_path() / "qbtd-odbc-XXXXXX").string();
+    if (mkdtemp(folder.data()) == nullptr) throw std::runtime_error("no temporary folder");
+    chmod(folder.c_str(), 0755);  // the servers run as another user
+    folder_ = folder;
+  }
+
   std::filesystem::path folder_;
-  int postgreSqlPort_ = 0;
+  int postgreSqlPort_ = 0;  // 0: never started
   int mariaDbPort_ = 0;
 };
 
@@ -83,13 +92,26 @@ std::string ConnectionOf(Server server) {
 }
 
 int PortOf(Server server) {
-  return servers->Port(server);
+  return servers->PortOfRunning(server);
 }
 void StopServer(Server server) {
   servers->Run("stop", server);
 }
 void StartServer(Server server) {
   servers->Run("start", server);
+}
+
+void RunScript(Server server, const std::filesystem::path& script) {
+  const std::string port = std::to_string(PortOf(server));
+  const std::string password = kServerPassword;
+  const std::string client =
+      server == Server::kPostgreSql
+          ? "PGPASSWORD='" + password + "' psql -q -v ON_ERROR_STOP=1 -h 127.0.0.1 -p " + port +
+                " -U clerk qbtd -f "
+          : "MYSQL_PWD='" + password + "' mariadb --no-defaults -h 127.0.0.1 -P " + port +
+                " -u clerk qbtd < ";
+  const std::string command = client + "'" + script.string() + "'";
+  if (std::system(command.c_str()) != 0) throw std::runtime_error("failed: " + command);
 }
 
 }  // namespace td

@@ -1,7 +1,8 @@
-// The servers that the tests of this program share; started with the first test, gone with the
-// last.
+// The servers that the tests of this program share: each started by the first test that asks for
+// it, and gone with the last test.
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 namespace td {
@@ -17,5 +18,8 @@ inline constexpr const char* kServerPassword = "geheim;}1";
 
 void StopServer(Server server);
 void StartServer(Server server);
+
+// Runs a script in the test database with the server's own client.
+void RunScript(Server server, const std::filesystem::path& script);
 
 }  // namespace td

@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "odbc_fixture.h"
+#include "text_encoding/utf16.h"
 
 namespace td {
 namespace {
@@ -50,6 +51,15 @@ TEST_P(OdbcValues, OfTextsHaveAnyLength) {
     for (int i = 0; i < count; ++i) expected += "中\U0001F5A8b";
     EXPECT_TRUE(value == Value(expected)) << count;
   }
+}
+
+TEST_P(OdbcValues, OfTextsHoldEveryCharacterOfCommonUse) {
+  std::u16string characters;
+  for (char16_t character = 0x4E00; character < 0xA000; ++character) characters += character;
+  const std::string text = ToUtf8(characters);
+  EXPECT_TRUE(One("select '" + text + "' as a") == Value(text));
+  EXPECT_EQ(One("select '货到付款' as a"), Value("货到付款"));
+  EXPECT_EQ(One("select '付' as a"), Value("付"));
 }
 
 TEST_P(OdbcValues, OfTwentyMegabytesArriveWhole) {

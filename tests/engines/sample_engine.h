@@ -1,0 +1,28 @@
+// The sample on each database engine.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace td {
+
+enum class SampleEngine { kSqlite, kPostgreSql, kMariaDb };
+
+inline const auto kEachEngine =
+    testing::Values(SampleEngine::kSqlite, SampleEngine::kPostgreSql, SampleEngine::kMariaDb);
+
+[[nodiscard]] std::string NameOf(SampleEngine engine);  // "PostgreSql"
+
+inline std::string NameOfEngine(const testing::TestParamInfo<SampleEngine>& info) {
+  return NameOf(info.param);
+}
+
+// The connection text of the sample on an engine: made when it is first asked for, and gone with
+// the last test.
+[[nodiscard]] const std::string& SampleOn(SampleEngine engine);
+
+// Makes it anew after a test that has written into it.
+void RenewSample(SampleEngine engine);
+
+}  // namespace td
