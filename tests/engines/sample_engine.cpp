@@ -4,7 +4,6 @@
 #include <map>
 
 #include "database_servers.h"
-#include "desktop/databases.h"
 #include "sample_files.h"
 #include "sample_script.h"
 #include "scratch_folder.h"
@@ -34,8 +33,9 @@ std::string_view Emptying(SampleEngine engine) {
 
 std::string Make(SampleEngine engine) {
   if (engine == SampleEngine::kSqlite) {
-    MakeSampleDatabase(Samples(), Folder() / "sample.db");
-    return "sqlite:" + (Folder() / "sample.db").string();
+    const std::filesystem::path file = Folder() / "sample.db";
+    MakeSampleDatabase(Samples(), file);
+    return "sqlite:" + file.string();
   }
   const SampleDatabase sample = OpenSampleDatabase(Samples());
   const std::filesystem::path script = Folder() / "sample.sql";
@@ -73,6 +73,11 @@ const std::string& SampleOn(SampleEngine engine) {
   std::string& connection = Made()[engine];
   if (connection.empty()) connection = Make(engine);
   return connection;
+}
+
+std::filesystem::path SampleFile() {
+  (void)SampleOn(SampleEngine::kSqlite);
+  return Folder() / "sample.db";
 }
 
 void RenewSample(SampleEngine engine) {

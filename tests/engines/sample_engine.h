@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 
 namespace td {
@@ -21,6 +22,9 @@ inline std::string NameOfEngine(const testing::TestParamInfo<SampleEngine>& info
 // The connection text of the sample on an engine: made when it is first asked for, and gone with
 // the last test.
 [[nodiscard]] const std::string& SampleOn(SampleEngine engine);
+
+// The file of the embedded one.
+[[nodiscard]] std::filesystem::path SampleFile();
 
 // Makes it anew after a test that has written into it.
 void RenewSample(SampleEngine engine);

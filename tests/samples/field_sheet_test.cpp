@@ -7,7 +7,6 @@
 #include "found_text.h"
 #include "printed_document.h"
 #include "sample_printing.h"
-#include "scratch_folder.h"
 
 namespace td {
 namespace {
@@ -78,19 +77,16 @@ const std::vector<Block>& Blocks() {
 constexpr double kRowTop = 3300;
 constexpr double kRowHeight = 900;
 
-class FieldSheet : public ::testing::Test {
+class FieldSheet : public ::testing::TestWithParam<SampleEngine> {
  protected:
   void SetUp() override {
-    MakeSampleDatabase(SampleFolder(), scratch_ / "sample.db");
-    const ProgramResult result =
-        PrintSample(SampleNamed("field-sheet"), "sqlite:" + (scratch_ / "sample.db").string(),
-                    "--pdf", Pdf(), scratch_.Path());
-    ASSERT_EQ(result.status, 0) << result.err;
     pages_ = ReadPages(Pdf());
     ASSERT_EQ(pages_.size(), 2U);
   }
 
-  [[nodiscard]] std::filesystem::path Pdf() const { return scratch_ / "fields.pdf"; }
+  [[nodiscard]] static std::filesystem::path Pdf() {
+    return PrintedSample(GetParam(), SampleNamed("field-sheet"), "--pdf");
+  }
 
   // What is written in a column of the detail rows, row by row.
   [[nodiscard]] Texts Column(std::size_t page, double left, double right) const {
@@ -114,11 +110,12 @@ class FieldSheet : public ::testing::Test {
     return {};
   }
 
-  ScratchFolder scratch_;
   std::vector<PrintedPage> pages_;
 };
 
-TEST_F(FieldSheet, BesideTheNameOfEachSumStandsItsValue) {
+INSTANTIATE_TEST_SUITE_P(Engines, FieldSheet, kEachEngine, NameOfEngine);
+
+TEST_P(FieldSheet, BesideTheNameOfEachSumStandsItsValue) {
   for (const Block& block : Blocks()) {
     for (const FieldValues& values : block.fields) {
       EXPECT_EQ(ValueBeside(0, block, values.field), values.first) << values.field;
@@ -127,7 +124,7 @@ TEST_F(FieldSheet, BesideTheNameOfEachSumStandsItsValue) {
   }
 }
 
-TEST_F(FieldSheet, PageNumbersAndTheirTotalStandOnBothPages) {
+TEST_P(FieldSheet, PageNumbersAndTheirTotalStandOnBothPages) {
   for (const std::size_t page : {0U, 1U}) {
     const std::string number = std::to_string(page + 1);
     EXPECT_EQ(TextInside(pages_[page], {10200, 480, 900, 280}), number) << "of the print";
@@ -136,7 +133,7 @@ TEST_F(FieldSheet, PageNumbersAndTheirTotalStandOnBothPages) {
   }
 }
 
-TEST_F(FieldSheet, RowsShowTheirNumberTheirQuantitiesAndAllDecimalsOfAPrice) {
+TEST_P(FieldSheet, RowsShowTheirNumberTheirQuantitiesAndAllDecimalsOfAPrice) {
   EXPECT_EQ(Column(0, 700, 1500), (Texts{"1", "2", "3"}));
   EXPECT_EQ(Column(0, 4400, 5900), (Texts{"3箱+5只", "500个", "1盒+2只"}));
   EXPECT_EQ(Column(0, 5900, 7400), (Texts{"2箱+5只", "", "3只"}));
@@ -147,7 +144,7 @@ TEST_F(FieldSheet, RowsShowTheirNumberTheirQuantitiesAndAllDecimalsOfAPrice) {
   EXPECT_EQ(Column(1, 4400, 5900), (Texts{"25条", "", ""}));
 }
 
-TEST_F(FieldSheet, AReaderDecodesEachBarcodeAtItsPlace) {
+TEST_P(FieldSheet, AReaderDecodesEachBarcodeAtItsPlace) {
   const std::vector<std::pair<double, std::string>> barcodes = {
       {700, "ZD-2403-0001"}, {4450, "99-2403-0001"}, {8200, "110101-234234-1/6"}};
   for (const std::size_t page : {1U, 2U}) {
@@ -157,7 +154,7 @@ TEST_F(FieldSheet, AReaderDecodesEachBarcodeAtItsPlace) {
   }
 }
 
-TEST_F(FieldSheet, PicturesHaveTheirBoxOrTheirNaturalSize) {
+TEST_P(FieldSheet, PicturesHaveTheirBoxOrTheirNaturalSize) {
   // 96 dots in 800 twips; 360 by 144 dots at their own 300 to the inch.
   const PrintedPicture goods{96, 96, 96 * 1440 / 800.0};
   const PrintedPicture mark{360, 144, 300};
@@ -175,7 +172,7 @@ TEST_F(FieldSheet, PicturesHaveTheirBoxOrTheirNaturalSize) {
   EXPECT_EQ(marks, 2);
 }
 
-TEST_F(FieldSheet, TheMarksFrameStandsWhereItsItemSays) {
+TEST_P(FieldSheet, TheMarksFrameStandsWhereItsItemSays) {
   constexpr int kInk = 110;
   const PageImage page(Pdf(), 1);
   constexpr double kLeft = 700;

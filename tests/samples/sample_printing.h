@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-#include "program_run.h"
+#include "sample_engine.h"
 #include "sample_files.h"
 
 namespace td {
@@ -15,10 +15,10 @@ std::filesystem::path SampleFolder();
 // The print of that name in the sample's list; throws std::out_of_range if there is none.
 SamplePrint SampleNamed(const std::string& name);
 
-// `option` says what to write: --pdf, --html, or --png for a folder. The program works in
-// `scratch`.
-ProgramResult PrintSample(const SamplePrint& print, const std::string& connection,
-                          const std::string& option, const std::filesystem::path& file,
-                          const std::filesystem::path& scratch);
+// Prints a sample by the program into a file of its own; once for all tests of a process that ask
+// for it. `option` says what to write: --pdf, --html, or --png for a folder. A print that doesn't
+// end well fails the test.
+std::filesystem::path PrintedSample(SampleEngine engine, const SamplePrint& print,
+                                    const std::string& option);
 
 }  // namespace td

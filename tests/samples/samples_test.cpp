@@ -6,6 +6,7 @@
 #include <map>
 #include <regex>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "expected_pages.h"
@@ -14,7 +15,6 @@
 #include "sample_files.h"
 #include "sample_format.h"
 #include "sample_printing.h"
-#include "scratch_folder.h"
 
 namespace td {
 
@@ -84,16 +84,14 @@ std::string BarcodeText(const PlacedImage& image) {
   return {};
 }
 
-class SampleBill : public ::testing::TestWithParam<SamplePrint> {
+using PrintOnEngine = std::tuple<SampleEngine, SamplePrint>;
+
+class SampleBill : public ::testing::TestWithParam<PrintOnEngine> {
  protected:
   void SetUp() override {
-    const SamplePrint& print = GetParam();
-    MakeSampleDatabase(SampleFolder(), Database());
-    const ProgramResult result =
-        PrintSample(print, "sqlite:" + Database().string(), "--pdf", Pdf(), scratch_.Path());
-    ASSERT_EQ(result.status, 0) << result.err;
-    format_ = ReadFormat(Database(), print.billType, print.format);
-    expected_ = ExpectPages(format_, QueryRows(Database(), print.data),
+    const SamplePrint& print = std::get<SamplePrint>(GetParam());
+    format_ = ReadFormat(SampleFile(), print.billType, print.format);
+    expected_ = ExpectPages(format_, QueryRows(SampleFile(), print.data),
                             {.onlyVariables = print.onlyVariant,
                              .blankRows = static_cast<std::size_t>(print.blankRows),
                              .byArea = print.byArea});
@@ -101,11 +99,11 @@ class SampleBill : public ::testing::TestWithParam<SamplePrint> {
     ASSERT_EQ(printed_.size(), expected_.size());
   }
 
-  void ExpectImage(const PageImage& page, const PlacedImage& image) const {
+  static void ExpectImage(const PageImage& page, const PlacedImage& image) {
     const std::string goods = image.row.Text("fitemid");
     const double ink = page.Ink(image.area);
     if (image.shows == "<商品图片>" &&
-        QueryRows(Database(), "select 1 from t_icitem_Picture where FItemID=" + goods).empty()) {
+        QueryRows(SampleFile(), "select 1 from t_icitem_Picture where FItemID=" + goods).empty()) {
       EXPECT_EQ(ink, 0) << "goods " << goods;
       return;
     }
@@ -113,10 +111,11 @@ class SampleBill : public ::testing::TestWithParam<SamplePrint> {
     EXPECT_LT(ink, 0.9) << image.shows << " " << goods;
   }
 
-  [[nodiscard]] std::filesystem::path Database() const { return scratch_ / "sample.db"; }
-  [[nodiscard]] std::filesystem::path Pdf() const { return scratch_ / "bill.pdf"; }
+  [[nodiscard]] static std::filesystem::path Pdf() {
+    return PrintedSample(std::get<SampleEngine>(GetParam()), std::get<SamplePrint>(GetParam()),
+                         "--pdf");
+  }
 
-  ScratchFolder scratch_;
   SampleFormat format_;
   std::vector<ExpectedPage> expected_;
   std::vector<PrintedPage> printed_;
@@ -164,21 +163,21 @@ TEST_P(SampleBill, DrawsItsLinesBarcodesAndPicturesAndNoLineOfThePreprintedForm)
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Samples, SampleBill, ::testing::ValuesIn(ReadSamplePrints(SampleFolder())),
-                         [](const ::testing::TestParamInfo<SamplePrint>& print) {
-                           std::string name = print.param.name;
+INSTANTIATE_TEST_SUITE_P(Samples, SampleBill,
+                         ::testing::Combine(kEachEngine,
+                                            ::testing::ValuesIn(ReadSamplePrints(SampleFolder()))),
+                         [](const ::testing::TestParamInfo<PrintOnEngine>& print) {
+                           std::string name = NameOf(std::get<SampleEngine>(print.param)) + "_" +
+                                              std::get<SamplePrint>(print.param).name;
                            std::replace(name.begin(), name.end(), '-', '_');
                            return name;
                          });
 
 TEST(SamplePrints, OneSheetUsesEveryFieldAndEveryImage) {
-  const ScratchFolder scratch;
-  const std::filesystem::path database = scratch / "sample.db";
-  MakeSampleDatabase(SampleFolder(), database);
   std::map<std::string, bool> used;
   bool usesPictureFile = false;
   const SamplePrint print = SampleNamed("field-sheet");
-  for (const SampleItem& item : ReadFormat(database, print.billType, print.format).items) {
+  for (const SampleItem& item : ReadFormat(SampleFile(), print.billType, print.format).items) {
     used[item.field] = true;
     used[item.variable] = true;
     usesPictureFile = usesPictureFile || item.kind == Kind::kPicture;

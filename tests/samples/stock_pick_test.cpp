@@ -8,27 +8,20 @@
 #include "found_text.h"
 #include "printed_document.h"
 #include "sample_printing.h"
-#include "scratch_folder.h"
 
 namespace td {
 namespace {
 
 using Texts = std::vector<std::string>;
 
-class StockPick : public ::testing::Test {
+class StockPick : public ::testing::TestWithParam<SampleEngine> {
  protected:
-  StockPick() { MakeSampleDatabase(SampleFolder(), scratch_ / "sample.db"); }
-
-  [[nodiscard]] std::filesystem::path Print(const std::string& name, const std::string& option) {
-    std::filesystem::path file = scratch_ / "picked";
-    const ProgramResult result =
-        PrintSample(SampleNamed(name), "sqlite:" + (scratch_ / "sample.db").string(), option, file,
-                    scratch_.Path());
-    EXPECT_EQ(result.status, 0) << result.err;
-    return file;
+  [[nodiscard]] static std::filesystem::path Print(const std::string& name,
+                                                   const std::string& option) {
+    return PrintedSample(GetParam(), SampleNamed(name), option);
   }
 
-  [[nodiscard]] std::vector<PrintedPage> Pages(const std::string& name) {
+  [[nodiscard]] static std::vector<PrintedPage> Pages(const std::string& name) {
     return ReadPages(Print(name, "--pdf"));
   }
 
@@ -38,9 +31,9 @@ class StockPick : public ::testing::Test {
     for (const PrintedPage& page : pages) texts.push_back(TextInside(page, area));
     return texts;
   }
-
-  ScratchFolder scratch_;
 };
+
+INSTANTIATE_TEST_SUITE_P(Engines, StockPick, kEachEngine, NameOfEngine);
 
 bool Contains(const PrintedPage& page, const std::string& text) {
   for (const PrintedWord& word : page.words) {
@@ -49,7 +42,7 @@ bool Contains(const PrintedPage& page, const std::string& text) {
   return false;
 }
 
-TEST_F(StockPick, EachAreaHasItsOwnSheetWithItsHead) {
+TEST_P(StockPick, EachAreaHasItsOwnSheetWithItsHead) {
   const std::vector<PrintedPage> pages = Pages("stock-pick-40-lines");
   EXPECT_EQ(Inside(pages, {700, 1400, 3800, 420}),
             (Texts{"A区粮油", "B区饮料", "C区调味", "D区日化"}))
@@ -61,19 +54,19 @@ TEST_F(StockPick, EachAreaHasItsOwnSheetWithItsHead) {
   EXPECT_EQ(Inside(pages, {10650, 960, 300, 280}), (Texts{"4", "4", "4", "4"}));
 }
 
-TEST_F(StockPick, ASheetSumsWhatIsPickedThere) {
+TEST_P(StockPick, ASheetSumsWhatIsPickedThere) {
   const std::vector<PrintedPage> pages = Pages("stock-pick-40-lines");
   EXPECT_EQ(Inside(pages, {7460, 2640 + 11 * 360, 1330, 360}),
             (Texts{"48件", "94件", "21件", "41件"}));
 }
 
-TEST_F(StockPick, TheFootStandsOnceBelowTheLastSheet) {
+TEST_P(StockPick, TheFootStandsOnceBelowTheLastSheet) {
   const std::vector<PrintedPage> pages = Pages("stock-pick-40-lines");
   EXPECT_EQ(Inside(pages, {700, 3600 + 11 * 360, 10500, 300}),
             (Texts{"", "", "", "各库区至此拣完，请将各页连同货物一并送复核台。"}));
 }
 
-TEST_F(StockPick, TwoNotesArePickedInOneWalk) {
+TEST_P(StockPick, TwoNotesArePickedInOneWalk) {
   const std::vector<PrintedPage> pages = Pages("stock-pick-two-notes");
   ASSERT_EQ(pages.size(), 8U);
   EXPECT_EQ(Inside(pages, {700, 1400, 3800, 420}),
@@ -83,7 +76,7 @@ TEST_F(StockPick, TwoNotesArePickedInOneWalk) {
   EXPECT_TRUE(Contains(pages[0], "XC-2403-0012"));
 }
 
-TEST_F(StockPick, AHeadThatIsPrintedOnceIsNotRepeatedForANewArea) {
+TEST_P(StockPick, AHeadThatIsPrintedOnceIsNotRepeatedForANewArea) {
   const std::vector<PrintedPage> pages = Pages("stock-pick-accounts");
   ASSERT_EQ(pages.size(), 5U);
   for (std::size_t page = 0; page < pages.size(); ++page) {
@@ -96,7 +89,7 @@ TEST_F(StockPick, AHeadThatIsPrintedOnceIsNotRepeatedForANewArea) {
   EXPECT_EQ(TextInside(pages[2], {700, 2280 - 1440, 450, 360}), "13");
 }
 
-TEST_F(StockPick, TaxAndAmountsAreSummedFromTheirColumns) {
+TEST_P(StockPick, TaxAndAmountsAreSummedFromTheirColumns) {
   const std::vector<PrintedPage> pages = Pages("stock-pick-accounts");
   ASSERT_EQ(pages.size(), 5U);
   const double below = 2640 - 1440 + 8 * 360;  // nine rows
@@ -107,7 +100,7 @@ TEST_F(StockPick, TaxAndAmountsAreSummedFromTheirColumns) {
 }
 
 // A reader of the PDF takes the second foot for bold print, so the pages are counted as HTML.
-TEST_F(StockPick, AFootOnEverySheetStandsTwiceOnTheLast) {
+TEST_P(StockPick, AFootOnEverySheetStandsTwiceOnTheLast) {
   const std::ifstream file(Print("stock-pick-accounts", "--html"));
   std::stringstream content;
   content << file.rdbuf();
