@@ -21,7 +21,7 @@ TdResult Run(Call& call, TdVariant* result, TdExceptionInfo* info) {
   const TdUnit* names = name.c_str();
   std::int32_t member = TD_MEMBER_UNKNOWN;
   const TdDispatchTable& table = *call.object->table;
-  const TdResult found = table.GetIDsOfNames(call.object, nullptr, &names, 1, 0, &member);
+  const TdResult found = table.GetIDsOfNames(call.object, &kTdNoId, &names, 1, 0, &member);
   if (TD_FAILED(found)) return found;
 
   std::ranges::reverse(call.arguments);
@@ -29,7 +29,7 @@ TdResult Run(Call& call, TdVariant* result, TdExceptionInfo* info) {
   const bool isPut = call.kind == TD_CALL_PUT;
   TdArguments arguments{call.arguments.data(), isPut ? &putName : nullptr,
                         static_cast<std::uint32_t>(call.arguments.size()), isPut ? 1U : 0U};
-  return table.Invoke(call.object, member, nullptr, 0, call.kind, &arguments, result, info,
+  return table.Invoke(call.object, member, &kTdNoId, 0, call.kind, &arguments, result, info,
                       nullptr);
 }
 

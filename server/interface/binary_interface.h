@@ -27,7 +27,8 @@
  *
  * Threads. The thread that gets the first class object owns the component until the last object and
  * the last lock are gone. QueryInterface, AddRef, Release and LastError may be called on any
- * thread; on another than the owner every other operation fails with TD_WRONG_THREAD.
+ * thread; on another than the owner every other operation fails with TD_WRONG_THREAD, which Invoke
+ * reports as an exception.
  *
  * No C++ exception leaves any of these functions, and none may leave a function that the component
  * calls.
@@ -372,6 +373,9 @@ typedef TdResult(TD_CALL* TdRegisterServerFunction)(void);
 
 #define TD_PRINTER_CLASS_NAME "QbTdPrinter.Printer"
 #define TD_SETTINGS_CLASS_NAME "QbTdPrinter.TDSet"
+
+/* No identifier: what `reserved` points to. */
+static const TdGuid kTdNoId = {0, 0, 0, {0, 0, 0, 0, 0, 0, 0, 0}};
 
 /* The three interfaces that every platform shares. */
 static const TdGuid kTdObjectId = {0, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};

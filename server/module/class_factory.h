@@ -1,0 +1,12 @@
+// The factories of the two classes.
+#pragma once
+
+#include "interface/binary_interface.h"
+#include "objects/owned.h"
+
+namespace td {
+
+// The factory of a class; empty for an unknown class.
+[[nodiscard]] Reference<TdClassFactory> NewClassFactory(const TdGuid& classId);
+
+}  // namespace td

@@ -1,0 +1,124 @@
+#include "module/component.h"
+
+#include <array>
+#include <cstddef>
+#include <new>
+#include <utility>
+
+#include "desktop/desktop_platform.h"
+#include "interface/binary_interface.h"
+#include "module/module_file.h"
+#include "platform/failure.h"
+#include "service/print_context.h"
+
+namespace td {
+namespace {
+
+Failure WrongThread() {
+  return {TD_WRONG_THREAD, "打印组件正被另一个线程使用，只能由首先使用它的线程调用。"};
+}
+
+// Record sets that the program hasn't got back when the process ends are not released: their code
+// may be gone by then.
+struct KeepDataAtTheEnd {
+  ~KeepDataAtTheEnd() {
+    static const auto* const kept = new std::array<RecordsetRef, 2>{
+        std::move(Context().PrintData), std::move(Context().PrintDataClone)};
+    (void)kept;
+  }
+};
+
+}  // namespace
+
+Component::Component() = default;
+
+// In static memory and never destroyed: at the end of the process the objects that its program
+// didn't give back are no longer to be called.
+Component& Component::Get() {
+  alignas(Component) static std::byte place[sizeof(Component)];
+  static auto* const component = new (place) Component;
+  return *component;
+}
+
+bool Component::IsForeignThread() const {
+  return owner_ != std::thread::id() && owner_ != std::this_thread::get_id();
+}
+
+void Component::Claim() {
+  const std::lock_guard lock(mutex_);
+  if (IsForeignThread()) throw WrongThread();
+  owner_ = std::this_thread::get_id();
+  ++uses_;
+}
+
+void Component::CheckThread() {
+  const std::lock_guard lock(mutex_);
+  if (IsForeignThread()) throw WrongThread();
+}
+
+void Component::AddUse() {
+  const std::lock_guard lock(mutex_);
+  ++uses_;
+}
+
+void Component::RemoveUse() {
+  std::unique_lock lock(mutex_);
+  --uses_;
+  EndIfUnused(std::move(lock));
+}
+
+bool Component::IsUnused() {
+  EndIfUnused(std::unique_lock(mutex_));
+  const std::lock_guard lock(mutex_);
+  return uses_ == 0 && owner_ == std::thread::id();
+}
+
+void Component::Lock() {
+  const std::lock_guard lock(mutex_);
+  ++locks_;
+  ++uses_;
+}
+
+void Component::Unlock() {
+  std::unique_lock lock(mutex_);
+  if (locks_ == 0) throw Failure(kInvalidCall, "组件没有被锁定。");
+  --locks_;
+  --uses_;
+  EndIfUnused(std::move(lock));
+}
+
+void Component::EndIfUnused(std::unique_lock<std::mutex> lock) {
+  if (uses_ > 0) return;
+  if (desktop_) {
+    if (IsForeignThread()) return;
+    std::unique_ptr<DesktopPlatform> desktop = std::move(desktop_);
+    // Giving the record sets back calls the program, which may call the module.
+    lock.unlock();
+    Context().PrintDataClone.reset();
+    Context().PrintData.reset();
+    desktop.reset();
+    lock.lock();
+  }
+  if (uses_ == 0) owner_ = std::thread::id();
+}
+
+Platform& Component::ThePlatform() {
+  if (!desktop_) {
+    KeepModuleInMemory();
+    (void)Context();
+    static const KeepDataAtTheEnd keepData;  // destroyed before the request state
+    DesktopOptions options;
+    options.componentFolder = ModuleFile().parent_path().string();
+    auto desktop = std::make_unique<DesktopPlatform>(std::move(options));
+    const std::lock_guard lock(mutex_);
+    desktop_ = std::move(desktop);
+  }
+  return desktop_->Get();
+}
+
+void Component::BeginRequest() {
+  if (isBusy_) throw Failure(kInvalidCall, "打印、预览或设置尚未结束，不能再次调用。");
+  isBusy_ = true;
+}
+
+}  // namespace td

@@ -1,0 +1,83 @@
+#include "module/remote_failures.h"
+
+#include <array>
+#include <cstdio>
+
+#include "client/client.h"
+#include "objects/failures.h"
+#include "objects/owned.h"
+#include "objects/variant_values.h"
+
+namespace td {
+namespace {
+
+// What the codes of the binary interface are among the numbers of errors.
+int NumberOf(TdResult result) {
+  switch (result) {
+    case TD_MEMBER_NOT_FOUND:
+    case TD_UNKNOWN_NAME:
+      return kNoSuchMember;
+    case TD_BAD_ARGUMENT_COUNT:
+    case TD_ARGUMENT_NOT_OPTIONAL:
+      return kWrongArgumentCount;
+    case TD_TYPE_MISMATCH:
+    case TD_BAD_VARIANT_TYPE:
+      return kTypeMismatch;
+    case TD_VALUE_OVERFLOW:
+      return kOverflow;
+    case TD_OUT_OF_MEMORY:
+      return kOutOfMemory;
+    default:
+      return NumberOfResult(result);
+  }
+}
+
+std::string DescriptionOf(int number, const char* member) {
+  const std::string name = "“" + std::string(member) + "”";
+  switch (number) {
+    case kNoSuchMember:
+      return "数据对象没有" + name + "。";
+    case kNoSuchColumn:
+      return "数据对象找不到该名称的列。";
+    case kInvalidUseOfNull:
+      return "无效使用 Null";
+    case kNoCurrentRow:
+      return "数据对象没有当前记录。";
+    default:
+      break;
+  }
+  std::array<char, 16> code{};
+  std::snprintf(code.data(), code.size(), "0x%08X", static_cast<unsigned>(number));
+  return "数据对象的" + name + "失败（" + code.data() + "）。";
+}
+
+Failure MakeFailure(int number, const TdExceptionInfo& info, const char* member) {
+  std::string description = TextOf(info.description);
+  if (description.empty()) description = DescriptionOf(number, member);
+  return {number, description};
+}
+
+}  // namespace
+
+Failure FailureOfCall(TdResult result, TdExceptionInfo& info, const char* member) {
+  int number = NumberOf(result);
+  if (result == TD_EXCEPTION) {
+    if (info.fillLater != nullptr) (void)info.fillLater(&info);
+    number = info.code != 0 ? info.code : NumberOf(info.result);
+    if (number == TD_OK) number = TD_FAILURE;
+  }
+  const Failure failure = MakeFailure(number, info, member);
+  TdClearException(&info);
+  return failure;
+}
+
+Failure FailureOfDirectCall(TdResult result, TdRecordset* object, const char* member) {
+  TdExceptionInfo info{};
+  const auto source = InterfaceOf<TdErrorSource>(object, kTdErrorSourceId);
+  if (source.Get() != nullptr) source.Get()->table->LastError(source.Get(), &info);
+  const Failure failure = MakeFailure(NumberOf(result), info, member);
+  TdClearException(&info);
+  return failure;
+}
+
+}  // namespace td
