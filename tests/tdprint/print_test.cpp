@@ -99,6 +99,19 @@ TEST_F(TdprintProgram, PrintsTheSelectedFormatIntoAPdf) {
   EXPECT_EQ(std::count(texts.begin(), texts.end(), '\f'), 2) << "two rows a page";
 }
 
+TEST_F(TdprintProgram, PrintsWhatAFileOfOptionsSays) {
+  const fs::path pdf = folder_ / "order.pdf";
+  const fs::path options =
+      folder_.Write("order.tdprint",
+                    "db = " + Connection() + "\ntype = 21\ndata = " + kRows + "\nonly-variant\n");
+  const ProgramResult result =
+      Run({TDPRINT_PROGRAM, "print", "--config", options.string(), "--pdf", pdf.string()});
+  EXPECT_EQ(result.status, 0) << result.err;
+  const std::string texts = Texts(pdf);
+  EXPECT_NE(texts.find("花生油"), std::string::npos);
+  EXPECT_EQ(texts.find("订单抬头"), std::string::npos);
+}
+
 TEST_F(TdprintProgram, LeavesTheFormsOwnPrintOutWhenItIsPrePrinted) {
   const fs::path pdf = folder_ / "order.pdf";
   EXPECT_EQ(Print({"--only-variant", "--pdf", pdf.string()}).status, 0);

@@ -3,6 +3,8 @@
 #include <CLI/CLI.hpp>
 #include <limits>
 
+#include "options_file.h"
+
 namespace td {
 namespace {
 
@@ -55,6 +57,7 @@ void DescribeBillType(CLI::App& command, std::int16_t& billType) {
 }
 
 void DescribePrint(CLI::App& command, PrintArguments& arguments) {
+  AddOptionsFile(command);
   DescribeDatabase(command, arguments.database);
   DescribeBillType(command, arguments.billType);
   command
@@ -80,10 +83,14 @@ void DescribePrint(CLI::App& command, PrintArguments& arguments) {
   CLI::Option_group* output = command.add_option_group(
       "Output", "Where the document goes (without it: to the printer that the format chooses)");
   output->add_option("--printer", arguments.printer, "A printer by its name")->type_name("NAME");
-  output->add_option("--pdf", arguments.pdf, "A PDF file")->type_name("FILE");
+  // A file of options that somebody sent must not overwrite anything.
+  output->add_option("--pdf", arguments.pdf, "A PDF file")->configurable(false)->type_name("FILE");
   output->add_option("--png", arguments.png, "A folder for one PNG file per page")
+      ->configurable(false)
       ->type_name("FOLDER");
-  output->add_option("--html", arguments.html, "A self-contained HTML file")->type_name("FILE");
+  output->add_option("--html", arguments.html, "A self-contained HTML file")
+      ->configurable(false)
+      ->type_name("FILE");
   output->require_option(0, 1);
 
   command.footer(std::string(kPrintExamples) + "\n" + kExitStatusText);
