@@ -39,14 +39,19 @@ class ShownDialog : public testing::Test {
   void ShowSettings(Use use);
   void ShowAreaPrinters(Use use);
 
-  // `use` comes once, as soon as such a window is shown.
+  // `use` comes once, as soon as such a window is shown, no message box stands before it, and it
+  // has the focus: without a window manager nobody else gives it back after a box.
   template <class Window>
   void WhenShown(std::function<void(Window&)> use) {
     auto* timer = new QTimer(&timers_);
     QObject::connect(timer, &QTimer::timeout, timer, [timer, use = std::move(use)] {
       for (QWidget* widget : QApplication::topLevelWidgets()) {
         auto* window = dynamic_cast<Window*>(widget);
-        if (window == nullptr || !window->isVisible() || !window->isActiveWindow()) continue;
+        if (window == nullptr || QApplication::activeModalWidget() != window) continue;
+        if (!window->isActiveWindow()) {
+          window->activateWindow();
+          continue;
+        }
         timer->stop();
         use(*window);
         return;
