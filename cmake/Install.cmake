@@ -1,5 +1,6 @@
-# Installs the libraries, the public headers, the tools' sample and a package that another project
-# finds with find_package(QbTdPrinter) and links as QbTdPrinter::desktop or QbTdPrinter::logic.
+# Installs the libraries, the module, the public headers, the tools' sample and a package that
+# another project finds with find_package(QbTdPrinter) and links as QbTdPrinter::desktop or ::logic,
+# or, if it loads the module, as QbTdPrinter::client or ::recordsets.
 include(CMakePackageConfigHelpers)
 include(cmake/PublicHeaders.cmake)
 
@@ -21,8 +22,12 @@ endfunction()
 
 set(libraries)
 qbtd_add_own_libraries(td_desktop libraries)
+qbtd_add_own_libraries(td_recordset_objects libraries)
 set_target_properties(td_logic PROPERTIES EXPORT_NAME logic)
 set_target_properties(td_desktop PROPERTIES EXPORT_NAME desktop)
+set_target_properties(td_client PROPERTIES EXPORT_NAME client)
+set_target_properties(td_recordset_objects PROPERTIES EXPORT_NAME recordsets)
+install(TARGETS QbTdPrinter LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/qbtdprinter)
 install(TARGETS ${libraries} EXPORT QbTdPrinterTargets
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}/qbtdprinter)
 install(EXPORT QbTdPrinterTargets NAMESPACE QbTdPrinter:: DESTINATION ${package_folder})

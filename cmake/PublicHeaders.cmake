@@ -12,6 +12,7 @@ set(qbtd_public_headers
   server/client/client.h
   server/client/recordsets.h
   server/interface/binary_interface.h
+  server/recordsets/recordset_object.h
   src/platform/barcode.h
   src/platform/database.h
   src/platform/dialog.h

@@ -58,7 +58,8 @@ struct DesktopOptions {
 class DesktopPlatform {
  public:
   // Fails with kInvalidProperty when `options.printer` names a printer that this machine doesn't
-  // have, and with kInvalidCall when the program's own Qt application can't paint text.
+  // have, and with kInvalidCall when the program's own Qt application can't paint text or belongs
+  // to another thread.
   explicit DesktopPlatform(DesktopOptions options = {});
   ~DesktopPlatform();
   DesktopPlatform(const DesktopPlatform&) = delete;

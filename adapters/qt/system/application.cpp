@@ -1,6 +1,7 @@
 #include "qt/system/application.h"
 
 #include <QApplication>
+#include <QThread>
 #include <cerrno>
 #include <cstdio>
 #include <string>
@@ -64,6 +65,9 @@ void EnsureApplication() {
     throw Failure(kInvalidCall,
                   "本程序的 Qt 应用对象没有图形部分（QCoreApplication），无法绘制打印内容，"
                   "请改用 QApplication 或 QGuiApplication。");
+  }
+  if (QCoreApplication::instance()->thread() != QThread::currentThread()) {
+    throw Failure(kInvalidCall, "Qt 应用对象属于另一个线程，打印组件只能在那个线程中使用。");
   }
 }
 

@@ -7,7 +7,8 @@ namespace td {
 // there is none, one is made and lives until the program ends, on the window system of the
 // environment, or without one when none can be reached: painting needs no display.
 // Fails with kInvalidCall when the program has an application without a graphical part
-// (a QCoreApplication), beside which Qt allows no other.
+// (a QCoreApplication), beside which Qt allows no other, and on another thread than the
+// application's.
 void EnsureApplication();
 
 // Whether windows can be shown: the application has widgets, and a screen that somebody sees.

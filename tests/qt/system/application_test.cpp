@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QFontMetricsF>
 #include <functional>
+#include <thread>
 
 #include "platform/failure.h"
 
@@ -86,6 +87,24 @@ TEST(Application, WithoutWidgetsPaintsButShowsNoWindow) {
         QGuiApplication application(count, nullptr);
         EnsureApplication();
         return CanMeasureText() && !HasWindowSystem();
+      },
+      kAnything);
+}
+
+TEST(Application, OfAnotherThreadIsRefusedInWords) {
+  RunAlone(
+      [] {
+        ClearEnvironment();
+        EnsureApplication();
+        std::string description;
+        std::thread([&] {
+          try {
+            EnsureApplication();
+          } catch (const Failure& failure) {
+            description = failure.Description();
+          }
+        }).join();
+        return description.find("线程") != std::string::npos;
       },
       kAnything);
 }
