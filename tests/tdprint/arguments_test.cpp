@@ -118,5 +118,13 @@ TEST(TdprintArguments, SampleSqlNeedsAnEngineThatIsKnown) {
   EXPECT_EQ(Parse({"sample-sql", "--engine", "other"}), Command(ExitStatus::kWrongUsage));
 }
 
+TEST(TdprintArguments, RegistrationTakesTheInstalledModuleUnlessToldOtherwise) {
+  EXPECT_EQ(Parse({"register"}), Command(RegisterArguments{""}));
+  EXPECT_EQ(Parse({"register", "--module", "a.so"}), Command(RegisterArguments{"a.so"}));
+  EXPECT_EQ(Parse({"unregister"}), Command(UnregisterArguments{""}));
+  EXPECT_EQ(Parse({"unregister", "--module", "a.so"}), Command(UnregisterArguments{"a.so"}));
+  EXPECT_EQ(Parse({"register", "a.so"}), Command(ExitStatus::kWrongUsage));
+}
+
 }  // namespace
 }  // namespace td

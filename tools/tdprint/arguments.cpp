@@ -40,6 +40,12 @@ constexpr const char* kSampleSqlExamples =
     "  tdprint sample-sql --engine postgresql | psql -v ON_ERROR_STOP=1 shop\n"
     "  tdprint sample-sql --engine sqlserver --only-schema --out tables.sql\n";
 
+constexpr const char* kRegistrationExitStatusText =
+    "Exit status:\n"
+    "  0  the registration was written or removed, as standard output tells\n"
+    "  1  it was not: the module isn't there, or others could change it or the registration\n"
+    "  2  wrong usage\n";
+
 constexpr int kLargest = std::numeric_limits<std::int16_t>::max();
 
 void DescribeDatabase(CLI::App& command, std::string& database) {
@@ -139,6 +145,14 @@ void DescribeAreaPrinters(CLI::App& command, AreaPrintersArguments& arguments) {
   command.footer(kDialogExitStatusText);
 }
 
+void DescribeRegistration(CLI::App& command, std::string& module) {
+  command
+      .add_option("--module", module,
+                  "File of the module QbTdPrinter (without it: where it was installed)")
+      ->type_name("FILE");
+  command.footer(kRegistrationExitStatusText);
+}
+
 }  // namespace
 
 Command ParseArguments(int argc, const char* const* argv) {
@@ -177,6 +191,16 @@ Command ParseArguments(int argc, const char* const* argv) {
       "sample-sql", "Write the sample database as a script for a database engine");
   DescribeSampleSql(*sampleSqlCommand, sampleSql);
 
+  RegisterArguments registration;
+  CLI::App* registerCommand =
+      app.add_subcommand("register", "Make the component's classes known to programs of the user");
+  DescribeRegistration(*registerCommand, registration.module);
+
+  UnregisterArguments unregistration;
+  CLI::App* unregisterCommand =
+      app.add_subcommand("unregister", "Remove what register has written");
+  DescribeRegistration(*unregisterCommand, unregistration.module);
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -188,6 +212,8 @@ Command ParseArguments(int argc, const char* const* argv) {
   if (settingsCommand->parsed()) return settings;
   if (areaPrintersCommand->parsed()) return areaPrinters;
   if (sampleSqlCommand->parsed()) return sampleSql;
+  if (registerCommand->parsed()) return registration;
+  if (unregisterCommand->parsed()) return unregistration;
   return demo;
 }
 

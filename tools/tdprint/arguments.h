@@ -61,9 +61,24 @@ struct SampleSqlArguments {
   bool operator==(const SampleSqlArguments&) const = default;
 };
 
+// Makes the module QbTdPrinter known to programs of the user.
+struct RegisterArguments {
+  std::string module;  // a file; empty: where the module was installed
+
+  bool operator==(const RegisterArguments&) const = default;
+};
+
+// Makes it unknown again.
+struct UnregisterArguments {
+  std::string module;  // as in RegisterArguments
+
+  bool operator==(const UnregisterArguments&) const = default;
+};
+
 // What to do, or the status to end with: help was shown, or the usage is wrong and said so.
-using Command = std::variant<PrintArguments, DemoArguments, SettingsArguments,
-                             AreaPrintersArguments, SampleSqlArguments, ExitStatus>;
+using Command =
+    std::variant<PrintArguments, DemoArguments, SettingsArguments, AreaPrintersArguments,
+                 SampleSqlArguments, RegisterArguments, UnregisterArguments, ExitStatus>;
 
 Command ParseArguments(int argc, const char* const* argv);
 

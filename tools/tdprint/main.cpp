@@ -2,6 +2,7 @@
 #include "demo_command.h"
 #include "dialog_commands.h"
 #include "print_command.h"
+#include "registration_commands.h"
 #include "sample_sql_command.h"
 
 namespace {
@@ -21,6 +22,12 @@ struct Runner {
   }
   td::ExitStatus operator()(const td::SampleSqlArguments& arguments) const {
     return td::WriteSampleSql(arguments);
+  }
+  td::ExitStatus operator()(const td::RegisterArguments& arguments) const {
+    return td::RegisterModule(arguments);
+  }
+  td::ExitStatus operator()(const td::UnregisterArguments& arguments) const {
+    return td::UnregisterModule(arguments);
   }
   td::ExitStatus operator()(td::ExitStatus status) const { return status; }
 };

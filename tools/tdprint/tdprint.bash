@@ -28,7 +28,7 @@ _tdprint_value() {
     --db) _tdprint_database "$current" ;;
     --engine) _tdprint_words "sqlite postgresql mariadb sqlserver" "$current" ;;
     --printer) _tdprint_words "$(lpstat -e 2>/dev/null)" "$current" ;;
-    --config | --pdf | --html) _tdprint_files "$current" ;;
+    --config | --module | --pdf | --html) _tdprint_files "$current" ;;
     --png | --samples) _tdprint_folders "$current" ;;
     --out)
       if [ "$command" = demo ]; then
@@ -46,7 +46,8 @@ _tdprint() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} options
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
-    _tdprint_words "print preview demo settings area-printers sample-sql --help" "$current"
+    _tdprint_words "print preview demo settings area-printers sample-sql register unregister --help" \
+      "$current"
     return
   fi
   # A file behind "sqlite:"; readline replaces only what stands behind the colon.
@@ -68,6 +69,7 @@ _tdprint() {
     settings) options="--db --type" ;;
     area-printers) options="--db" ;;
     sample-sql) options="--engine --only-schema --samples --out" ;;
+    register | unregister) options="--module" ;;
     *) options= ;;
   esac
   _tdprint_words "$options --help" "$current"
