@@ -1,6 +1,7 @@
 #include "virtual_display.h"
 
 #include <signal.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -17,6 +18,7 @@ VirtualDisplay::VirtualDisplay() {
   server_ = fork();
   if (server_ == 0) {
     close(ends[0]);
+    prctl(PR_SET_PDEATHSIG, SIGTERM);  // a killed test takes its display along
     const std::string number = std::to_string(ends[1]);
     execlp("Xvfb", "Xvfb", "-displayfd", number.c_str(), "-screen", "0", "2400x1800x24",
            "-nolisten", "tcp", nullptr);
