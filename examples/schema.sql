@@ -16,7 +16,7 @@ create table TDBill (
   FPaperWidth    real,                        -- sheet width of a user-defined paper; Null: no paper is set
   FPaperHeight   real,                        -- sheet height of a user-defined paper
   FOrientation   integer not null default 0,  -- 0 portrait, 1 landscape
-  FRowsPerPage   integer not null,            -- detail rows on a page
+  FRowsPerPage   real not null,               -- detail rows on a page; the settings dialog takes 12.5, too
   FRowHeight     real not null,               -- height of one detail row
   FAdjuctLeft    real not null default 0,     -- added to every item's left
   FAdjuctTop     real not null default 0,     -- added to every item's top

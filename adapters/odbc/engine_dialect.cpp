@@ -53,6 +53,19 @@ std::vector<std::string> SettingsOf(Engine engine) {
   return {};
 }
 
+std::string_view JoinSetting(Engine engine, bool mayShuffle) {
+  if (engine == Engine::kPostgreSql) {
+    return mayShuffle ? "select set_config('enable_hashjoin','on',false),"
+                        "set_config('enable_mergejoin','on',false)"
+                      : "select set_config('enable_hashjoin','off',false),"
+                        "set_config('enable_mergejoin','off',false)";
+  }
+  if (engine == Engine::kMariaDb) {
+    return mayShuffle ? "set join_cache_level=default" : "set join_cache_level=0";
+  }
+  return "";
+}
+
 std::string_view TableNames::Find(std::string_view word) const {
   std::string_view found;
   std::size_t count = 0;

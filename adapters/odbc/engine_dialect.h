@@ -21,6 +21,10 @@ enum class Engine { kPostgreSql, kMariaDb, kSqlServer, kOther };
 // (the shortest wait that every engine offers).
 [[nodiscard]] std::vector<std::string> SettingsOf(Engine engine);
 
+// The statement that allows or forbids the ways of joining that shuffle the rows of the first
+// table; empty where the engine has none.
+[[nodiscard]] std::string_view JoinSetting(Engine engine, bool mayShuffle);
+
 // The names of a database's tables; of use where the engine tells upper from lower case in them.
 class TableNames {
  public:

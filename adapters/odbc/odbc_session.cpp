@@ -82,10 +82,23 @@ bool OdbcSession::IsQuery(const std::string& sql) const {
 
 std::shared_ptr<const MemoryRows> OdbcSession::Run(const std::string& sql) {
   const bool wasReusable = std::exchange(reusable_, false);  // stays so when a failure leaves
+  ArrangeJoins(sql);
   auto rows = RunKept(sql);
   if (!rows) rows = Execute(prepared_.Add(sql, Prepare(sql)));
   reusable_ = wasReusable && LeavesNothingBehind(sql, LexiconOf(engine_));
   return *std::move(rows);
+}
+
+// Without an order of its own a query gets the rows of its first table as they lie there.
+void OdbcSession::ArrangeJoins(const std::string& sql) {
+  const bool mayShuffle = AsksForOrder(sql, LexiconOf(engine_));
+  if (mayShuffle == joinsShuffle_) return;
+  const std::string setting(JoinSetting(engine_, mayShuffle));
+  if (!setting.empty()) {
+    Prepared prepared = Prepare(setting);
+    Execute(prepared);
+  }
+  joinsShuffle_ = mayShuffle;
 }
 
 std::optional<OdbcSession::Rows> OdbcSession::RunKept(const std::string& sql) {

@@ -43,6 +43,7 @@ class OdbcSession {
 
   using Rows = std::shared_ptr<const MemoryRows>;
 
+  void ArrangeJoins(const std::string& sql);
   [[nodiscard]] std::optional<Rows> RunKept(const std::string& sql);
   [[nodiscard]] Prepared Prepare(const std::string& sql);
   Rows Execute(Prepared& prepared);
@@ -54,6 +55,7 @@ class OdbcSession {
   Engine engine_;
   TableNames tables_;
   StatementCache<Prepared> prepared_;
+  bool joinsShuffle_ = true;
   bool reusable_ = true;
   bool lost_ = false;
   bool locked_ = false;

@@ -34,6 +34,14 @@ std::string_view FirstWord(std::string_view sql, const SqlLexicon& lexicon) {
   return token == SqlToken::kWord ? scanner.Text() : std::string_view();
 }
 
+bool AsksForOrder(std::string_view sql, const SqlLexicon& lexicon) {
+  SqlScanner scanner(sql, lexicon);
+  for (SqlToken token = scanner.Next(); token != SqlToken::kEnd; token = scanner.Next()) {
+    if (token == SqlToken::kWord && EqualWords(scanner.Text(), "order")) return true;
+  }
+  return false;
+}
+
 bool LeavesNothingBehind(std::string_view sql, const SqlLexicon& lexicon) {
   constexpr std::array<std::string_view, 7> kPlain = {"select", "with",   "values", "insert",
                                                       "update", "delete", "replace"};

@@ -21,6 +21,10 @@ void CheckOneStatement(std::string_view sql, const SqlLexicon& lexicon);
 // The first word of a statement, behind white space and comments; empty if it begins otherwise.
 [[nodiscard]] std::string_view FirstWord(std::string_view sql, const SqlLexicon& lexicon);
 
+// Whether a query says in which order it wants its rows. The component's own mostly do not: the
+// items of a format are to come as they were entered.
+[[nodiscard]] bool AsksForOrder(std::string_view sql, const SqlLexicon& lexicon);
+
 // Whether the statement is of a kind that reads and writes rows, and so leaves no transaction, no
 // temporary table and no setting behind in the connection.
 [[nodiscard]] bool LeavesNothingBehind(std::string_view sql, const SqlLexicon& lexicon);

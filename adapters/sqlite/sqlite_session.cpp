@@ -125,6 +125,7 @@ bool SqliteSession::FileInPlace() const {
 
 std::shared_ptr<const MemoryRows> SqliteSession::Run(const std::string& sql) {
   const bool wasReusable = std::exchange(reusable_, false);  // stays so when a failure leaves
+  ArrangeJoins(sql);
   Prepared* const kept = prepared_.Find(sql);
   Prepared& prepared = kept != nullptr ? *kept : prepared_.Add(sql, Prepare(sql));
   const auto reset = [](sqlite3_stmt* statement) { sqlite3_reset(statement); };
@@ -133,6 +134,17 @@ std::shared_ptr<const MemoryRows> SqliteSession::Run(const std::string& sql) {
   reusable_ =
       wasReusable && prepared.leavesNothingBehind && sqlite3_get_autocommit(engine_.get()) != 0;
   return rows;
+}
+
+// Without an order of its own a query gets the rows of its first table as they lie there; an index
+// that the engine makes for one query would sort them.
+void SqliteSession::ArrangeJoins(const std::string& sql) {
+  const bool mayShuffle = AsksForOrder(sql, kSqliteLexicon);
+  if (mayShuffle == joinsShuffle_) return;
+  sqlite3_exec(engine_.get(),
+               mayShuffle ? "pragma automatic_index=on" : "pragma automatic_index=off", nullptr,
+               nullptr, nullptr);
+  joinsShuffle_ = mayShuffle;
 }
 
 SqliteSession::Prepared SqliteSession::Prepare(const std::string& sql) const {

@@ -51,6 +51,7 @@ class SqliteSession {
   };
 
   void Open();
+  void ArrangeJoins(const std::string& sql);
   [[nodiscard]] Prepared Prepare(const std::string& sql) const;
   std::shared_ptr<const MemoryRows> Step(Prepared& prepared) const;
 
@@ -58,6 +59,7 @@ class SqliteSession {
   FileStamp stamp_;
   std::unique_ptr<sqlite3, EngineCloser> engine_;
   StatementCache<Prepared> prepared_;
+  bool joinsShuffle_ = true;
   bool reusable_ = true;
 };
 
