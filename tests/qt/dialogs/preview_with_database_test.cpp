@@ -1,11 +1,6 @@
 // The preview of a print call on a real database: page setup and its rows, and runs that fail.
-#include <QAction>
-#include <QLineEdit>
-#include <QTest>
-#include <QToolBar>
-
+#include "preview_use.h"
 #include "qt/preview/page_setup_dialog.h"
-#include "qt/preview/preview_window.h"
 #include "service/printer.h"
 #include "shown_dialog.h"
 
@@ -26,18 +21,7 @@ class PreviewWithDatabase : public ShownDialog {
     return printer.PrintOk();
   }
 
-  static void Press(PreviewWindow& window, const char* key) {
-    auto* toolbar = window.findChild<QToolBar*>();
-    QTest::mouseClick(toolbar->widgetForAction(window.findChild<QAction*>(key)), Qt::LeftButton);
-  }
-
-  static std::string PageText(PreviewWindow& window) {
-    return window.findChild<QLineEdit*>("txtPageNo")->text().toStdString();
-  }
-
-  static void WaitForRun(PreviewWindow& window) {
-    EXPECT_TRUE(QTest::qWaitFor([&] { return PageText(window) == "第1页   共1页"; }));
-  }
+  static void WaitForRun(PreviewWindow& window) { WaitForPageText(window, "第1页   共1页"); }
 
   static constexpr const char* kRow = "select 7 as FInterID";
 };
