@@ -230,6 +230,16 @@ TEST(StockAreaRun, PagesCountThroughTheWholeDocument) {
   EXPECT_EQ(scenario.Run().Texts(), (Texts{"FPageNo1", "FPageNo2", "FPageNo3"}));
 }
 
+TEST(StockAreaRun, AReRunGoesOnWithPageNumbersAndWithTheCloneWhereItWasLeft) {
+  Scenario scenario;
+  scenario.FieldItem("FBillNo", {{"FSite", 2}, {"FObjectCaption", ""}});
+  scenario.FieldItem("fpageno", {{"FSite", 2}, {"FObjectCaption", ""}});
+  scenario.Data({"FInterID", "FStockArea", "FBillNo"}, {{1, "A", "单1"}, {2, "B", "单2"}});
+  scenario.PreviewByArea({Json{{"key", "pageset"}, {"confirm", true}}});
+  EXPECT_EQ(scenario.Run().Texts(), (Texts{"单1", "1", "单2", "2", "单2", "3", "单2", "4"}))
+      << "the second run's first page shows the bill at which the first run ended";
+}
+
 TEST(StockAreaRun, AReRunKeepsTheOverallSumAndTheArea) {
   Scenario scenario;
   scenario.FieldItem("FSumTotalPage", {{"FSite", 5}, {"FObjectCaption", ""}});
