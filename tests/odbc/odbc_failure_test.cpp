@@ -35,6 +35,14 @@ TEST_P(OdbcFailure, NeverLooksLikeALockWhenItIsNone) {
   EXPECT_NE(Fails("select a from 锁").find("鎖"), std::string::npos);
 }
 
+TEST_P(OdbcFailure, OfDataThatHoldsTheCharacterIsNoLock) {
+  MakeTable("u", "a varchar(9) primary key");
+  Execute("insert into u values('锁')");
+  EXPECT_NE(Fails("insert into u values('锁')").find("鎖"), std::string::npos);
+  EXPECT_NE(Fails("insert into t values('锁',1)").find("鎖"), std::string::npos);
+  Fails("select '锁' as a from nowhere");
+}
+
 TEST_P(OdbcFailure, OfTextBehindTheStatementExecutesNothing) {
   const auto connection = database_.Connect(connection_);
   for (const char* sql :
@@ -141,6 +149,20 @@ TEST(OdbcSerialization, FailsAsALock) {
   other->Execute("begin isolation level repeatable read");
   other->Execute("select a from s");
   database.Connect(ConnectionOf(Server::kPostgreSql))->Execute("update s set a=3");
+  const Failure failure = FailureOf([&] { other->Execute("update s set a=4"); });
+  EXPECT_TRUE(SaysLocked(failure.Description())) << failure.Description();
+}
+
+TEST(OdbcSnapshot, FailsAsALock) {
+  OdbcDatabase database;
+  const auto other = database.Connect(ConnectionOf(Server::kMariaDb));
+  other->Execute("drop table if exists s");
+  other->Execute("create table s(a integer)");
+  other->Execute("insert into s values(1)");
+  other->Execute("set session innodb_snapshot_isolation=on");
+  other->Execute("begin");
+  other->Execute("select a from s");
+  database.Connect(ConnectionOf(Server::kMariaDb))->Execute("update s set a=3");
   const Failure failure = FailureOf([&] { other->Execute("update s set a=4"); });
   EXPECT_TRUE(SaysLocked(failure.Description())) << failure.Description();
 }

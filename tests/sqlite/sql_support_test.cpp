@@ -22,6 +22,11 @@ std::string Pieces(std::string_view sql, const SqlLexicon& lexicon) {
   return result;
 }
 
+TEST(StatementText, TellsWhetherAQueryAsksForAnOrder) {
+  EXPECT_TRUE(AsksForOrder("select * from t Order By a", kPlain));
+  EXPECT_FALSE(AsksForOrder("select ' order by ', \"order\" from t_order -- order by a", kPlain));
+}
+
 TEST(SqlScanner, TakesTextsAndNamesInQuotesWhole) {
   EXPECT_EQ(Pieces("a 'it''s' \"x\"\"y\" 'open", kPlain), "a|<'it''s'>|<\"x\"\"y\">|<'open>");
 }
