@@ -38,7 +38,9 @@ foreach(header ${qbtd_public_headers})
   install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/qbtdprinter/${folder})
 endforeach()
 
-install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/qbtdprinter/examples)
+install(DIRECTORY server/python/ DESTINATION ${CMAKE_INSTALL_DATADIR}/qbtdprinter/python
+  FILES_MATCHING PATTERN "*.py")
+install(DIRECTORY examples/ USE_SOURCE_PERMISSIONS DESTINATION ${CMAKE_INSTALL_DATADIR}/qbtdprinter/examples)
 install(FILES LICENSE README.md README.zh-CN.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 configure_package_config_file(cmake/QbTdPrinterConfig.cmake.in
