@@ -1,0 +1,34 @@
+#!/bin/bash
+# Builds the fuzzers under the sanitizers and runs each of them, from the seeds in fuzz/seeds.
+#
+#   scripts/fuzz.sh [SECONDS]    for each fuzzer; a minute without it
+#
+# Stops at the first input that breaks something and says which file holds it; the inputs that
+# were found on the way stay in build/fuzz/corpus.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+seconds=${1:-60}
+
+cmake -S . -B build/fuzz -G Ninja -DQBTD_FUZZERS=ON -DQBTD_TESTS=OFF -DCMAKE_BUILD_TYPE=Debug \
+  -DCMAKE_CXX_COMPILER=clang++ \
+  -DCMAKE_CXX_FLAGS="-O1 -fsanitize=fuzzer-no-link,address,undefined"
+fuzzers=(picture barcode format_value statement)
+cmake --build build/fuzz --target "${fuzzers[@]/%/_fuzzer}"
+
+for fuzzer in "${fuzzers[@]}"; do
+  echo
+  echo "== $fuzzer"
+  corpus=build/fuzz/corpus/$fuzzer
+  seeds=fuzz/seeds/$fuzzer
+  if [ "$fuzzer" = picture ]; then
+    seeds=build/fuzz/pictures
+    mkdir -p "$seeds"
+    for format in png jpg bmp gif tif; do convert -size 16x12 plasma: "$seeds/seed.$format"; done
+  fi
+  mkdir -p "$corpus"
+  log=build/fuzz/$fuzzer.log
+  "build/fuzz/fuzz/${fuzzer}_fuzzer" -max_total_time="$seconds" -rss_limit_mb=1500 -timeout=10 \
+    -artifact_prefix="build/fuzz/$fuzzer-" "$corpus" "$seeds" >"$log" 2>&1 || { cat "$log"; exit 1; }
+  grep "^Done" "$log"
+done
+echo "Nothing was found."
