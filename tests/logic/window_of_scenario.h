@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include "recording/recording_database.h"
 #include "recording/recording_platform.h"
 #include "scenario.h"
 #include "service/print_context.h"
