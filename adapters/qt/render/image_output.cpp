@@ -1,5 +1,6 @@
 #include <QBuffer>
 #include <QDir>
+#include <QFile>
 #include <QImage>
 #include <QPainter>
 #include <cmath>
@@ -22,6 +23,10 @@ int Pixels(double twips, double dotsPerInch) {
 
 std::string PagePath(const QDir& folder, std::size_t number) {
   return folder.filePath(QString("page-%1.png").arg(number, 3, 10, QChar('0'))).toStdString();
+}
+
+void RemovePagesFrom(const QDir& folder, std::size_t number) {
+  while (QFile::remove(QString::fromStdString(PagePath(folder, number)))) ++number;
 }
 
 }  // namespace
@@ -60,6 +65,7 @@ std::vector<std::string> WritePngPages(const std::vector<Page>& pages, const std
     paths.push_back(PagePath(directory, paths.size() + 1));
     WriteWholeFile(paths.back(), png.toStdString());
   }
+  RemovePagesFrom(directory, paths.size() + 1);
   return paths;
 }
 

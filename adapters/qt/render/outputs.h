@@ -21,8 +21,9 @@ void WritePdf(const std::vector<Page>& pages, const std::string& path, const std
 // with kOutOfMemory.
 QImage RenderPage(const Page& page, double dotsPerInch);
 
-// Writes page-001.png and so on into a folder, which is made if its parent exists. Returns the
-// paths. Fails with kPathNotFound or kDeviceIo.
+// Writes page-001.png and so on into a folder, which is made if its parent exists, and removes the
+// pages behind the last that a longer document left there. Returns the paths. Fails with
+// kPathNotFound or kDeviceIo.
 std::vector<std::string> WritePngPages(const std::vector<Page>& pages, const std::string& folder,
                                        double dotsPerInch);
 

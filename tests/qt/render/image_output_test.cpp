@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <cmath>
 
 #include "page_document/pictures.h"
@@ -89,6 +90,15 @@ TEST(ImageOutput, WritesNumberedFilesOfTheRightSizeAndResolution) {
   EXPECT_EQ(first.size(), QSize(1423, 827));
   EXPECT_NEAR(first.dotsPerMeterX() * 0.0254, 150, 0.1);
   EXPECT_EQ(QImage(QString::fromStdString(paths[1])).size(), QSize(874, 1240));
+}
+
+TEST(ImageOutput, LeavesNoPageOfALongerDocumentInTheFolder) {
+  const Folder folder;
+  const Page page = PageOf(50, 50);
+  WritePngPages({page, page, page, page}, folder.Path("pages"), 50);
+  WritePngPages({page, page}, folder.Path("pages"), 50);
+  EXPECT_EQ(QDir(QString::fromStdString(folder.Path("pages"))).entryList(QDir::Files),
+            (QStringList{"page-001.png", "page-002.png"}));
 }
 
 TEST(ImageOutput, RefusesFoldersAndResolutionsThatDoNotWork) {
