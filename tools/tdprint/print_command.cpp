@@ -143,15 +143,26 @@ ExitStatus Print(const PrintArguments& arguments) {
   return desktop.MessagesShown() == 0 ? ExitStatus::kPrinted : ExitStatus::kPrintedWithMessages;
 }
 
+// Who opened a preview by a double click sees no standard error: a preview complains in a box too.
+void ComplainAbout(const PrintArguments& arguments, const std::string& what,
+                   const std::string& why) {
+  Complain(what, why);
+  if (!arguments.preview) return;
+  DesktopPlatform desktop;
+  if (desktop.HasDisplay()) {
+    desktop.Get().messages.ShowBox(what + ": " + why, kInformationIcon);
+  }
+}
+
 }  // namespace
 
 ExitStatus PrintBills(const PrintArguments& arguments) {
   try {
     return Print(arguments);
   } catch (const StepFailure& failure) {
-    Complain(failure.Step(), failure.Description());
+    ComplainAbout(arguments, failure.Step(), failure.Description());
   } catch (const Failure& failure) {
-    Complain("not printed", failure.Description());
+    ComplainAbout(arguments, "not printed", failure.Description());
   }
   return ExitStatus::kNotPrinted;
 }

@@ -1,0 +1,26 @@
+#!/bin/bash
+# A preview that can't be shown says so in a box as well, for who opened it by a double click.
+# Called with the program and a folder for what it writes.
+set -euo pipefail
+program=$1 work=$2
+
+rm -rf "$work"
+mkdir -p "$work"
+printf 'db = sqlite:%s/none.db\ntype = 21\ndata = select 1\n' "$work" >"$work/order.tdprint"
+
+mkfifo "$work/number"
+Xvfb -displayfd 3 -screen 0 800x600x24 -nolisten tcp 3>"$work/number" 2>"$work/xvfb.log" &
+server=$!
+trap 'kill $server' EXIT
+read -r number <"$work/number"
+export DISPLAY=:$number QT_QPA_PLATFORM=xcb
+unset WAYLAND_DISPLAY
+
+"$program" preview --config "$work/order.tdprint" 2>"$work/errors" &
+preview=$!
+colours() { import -window root png:- | identify -format %k -; }
+while [ "$(colours)" -eq 1 ]; do
+  kill -0 "$preview" || { echo "It ended without a box." >&2; exit 1; }
+done
+kill "$preview"
+grep "^tdprint: the database can't be opened: " "$work/errors"
