@@ -27,7 +27,8 @@ start() {
   if [ -d /run/systemd/system ]; then
     systemctl start cups
   else
-    cupsd 9>&-
+    # It lives on, and would keep the caller's pipes open.
+    cupsd </dev/null >/dev/null 2>&1 9>&-
   fi
   for _ in $(seq 100); do
     if is_running; then return; fi
