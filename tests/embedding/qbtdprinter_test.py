@@ -103,12 +103,12 @@ class Printing(unittest.TestCase):
             try:
                 self.printer.get("PrintOk")
             except qbtdprinter.Error as error:
-                errors.append(str(error))
+                errors.append(error.number)
 
         thread = threading.Thread(target=read)
         thread.start()
         thread.join()
-        self.assertEqual(errors, ["0x8001010e: another thread owns the component"])
+        self.assertEqual(errors, [0x8001010E])
 
     def test_a_closed_object_is_not_called(self):
         with qbtdprinter.create("QbTdPrinter.TDSet") as settings:
