@@ -31,7 +31,7 @@ class OdbcConnectionHandle {
   [[nodiscard]] SQLHDBC Get() const { return handle_; }
   // The name of the database management system, as the driver tells it.
   [[nodiscard]] std::string EngineName() const;
-  // Whether the driver has noticed that the connection is gone. Asks no server.
+  // Whether the connection is gone, as far as the driver knows; some drivers ask the server.
   [[nodiscard]] bool KnownDead() const;
 
  private:

@@ -22,9 +22,9 @@ class OdbcSession {
   // statement that delivers none.
   std::shared_ptr<const MemoryRows> Run(const std::string& sql);
 
-  // Whether the connection is not known to be gone; a server that went away silently shows only in
-  // the next statement.
-  [[nodiscard]] bool Usable() const { return !connection_.KnownDead(); }
+  // Whether the connection is not known to be gone. Asks nobody, which would cost each query a
+  // second trip to the server: a server that went away shows in the next statement.
+  [[nodiscard]] bool Usable() const { return !lost_; }
   // Asks the server.
   [[nodiscard]] bool Answers();
 

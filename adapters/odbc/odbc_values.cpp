@@ -76,6 +76,12 @@ Value ReadBytes(SQLHSTMT statement, SQLUSMALLINT column) {
   return bytes;
 }
 
+Value ReadInteger(SQLHSTMT statement, SQLUSMALLINT column) {
+  std::int64_t number = 0;
+  if (!ReadFixed(statement, column, SQL_C_SBIGINT, number)) return Null{};
+  return number;
+}
+
 Value ReadExactNumber(SQLHSTMT statement, SQLUSMALLINT column) {
   std::string digits;
   if (!ReadLong(statement, column, SQL_C_CHAR, 1, digits)) return Null{};
@@ -156,6 +162,7 @@ Value ReadValue(SQLHSTMT statement, SQLUSMALLINT column, SQLSMALLINT type, TextF
     case SQL_TINYINT:
     case SQL_SMALLINT:
     case SQL_INTEGER:
+      return ReadInteger(statement, column);
     case SQL_BIGINT:  // unsigned ones may need more than 64 bits
     case SQL_DECIMAL:
     case SQL_NUMERIC:

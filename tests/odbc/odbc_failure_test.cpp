@@ -36,9 +36,9 @@ TEST_P(OdbcFailure, NeverLooksLikeALockWhenItIsNone) {
 }
 
 TEST_P(OdbcFailure, OfDataThatHoldsTheCharacterIsNoLock) {
-  MakeTable("u", "a varchar(9) primary key");
-  Execute("insert into u values('锁')");
-  EXPECT_NE(Fails("insert into u values('锁')").find("鎖"), std::string::npos);
+  MakeTable("names", "a varchar(9) primary key");
+  Execute("insert into names values('锁')");
+  EXPECT_NE(Fails("insert into names values('锁')").find("鎖"), std::string::npos);
   EXPECT_NE(Fails("insert into t values('锁',1)").find("鎖"), std::string::npos);
   Fails("select '锁' as a from nowhere");
 }

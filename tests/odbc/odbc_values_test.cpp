@@ -34,6 +34,19 @@ TEST_P(OdbcValues, OfNumberColumnsAreNumbers) {
   EXPECT_EQ(rows->Field("F"), Value(0.1));
 }
 
+TEST(OdbcUnsignedValues, AreWholeNumbersAsFarAsTheyGo) {
+  OdbcDatabase database;
+  const std::string connection = ConnectionOf(Server::kMariaDb);
+  const auto execute = [&](const char* sql) { database.Connect(connection)->Execute(sql); };
+  execute("drop table if exists naturals");
+  execute("create table naturals(t tinyint unsigned, i int unsigned, b bigint unsigned)");
+  execute("insert into naturals values(255,4294967295,18446744073709551615)");
+  const RecordsetRef rows = database.OpenQuery(connection, "select * from naturals");
+  EXPECT_EQ(rows->Field("t"), Value(std::int64_t{255}));
+  EXPECT_EQ(rows->Field("i"), Value(std::int64_t{4294967295}));
+  EXPECT_EQ(rows->Field("b"), Value(18446744073709551615.0));
+}
+
 TEST_P(OdbcValues, OfDatesAreDates) {
   EXPECT_EQ(One("select cast('2024-05-06' as date) as a"), Value(Date{45418}));
   EXPECT_EQ(One("select cast('1899-12-30' as date) as a"), Value(Date{0}));
