@@ -26,9 +26,9 @@
  * Where a result is written, its former content is not freed: set it to empty before the call.
  *
  * Threads. The thread that gets the first class object owns the component until the last object and
- * the last lock are gone. QueryInterface, AddRef, Release and LastError may be called on any
- * thread; on another than the owner every other operation fails with TD_WRONG_THREAD, which Invoke
- * reports as an exception.
+ * the last lock are gone. Looking up interfaces and names, counting references and LastError may
+ * happen on any thread; on another than the owner every other operation fails with
+ * TD_WRONG_THREAD, which Invoke reports as an exception.
  *
  * No C++ exception leaves any of these functions, and none may leave a function that the component
  * calls.

@@ -39,7 +39,6 @@ class DispatchObject : public CountedObject<Object, Interface> {
     if (count > 0 && (names == nullptr || ids == nullptr)) return TD_BAD_POINTER;
     if (!IsZero(reserved)) return TD_UNKNOWN_INTERFACE;
     try {
-      Object::Enter();
       return FindIds(Object::AllMembers(), names, count, ids);
     } catch (...) {
       return EndDirectCall();
