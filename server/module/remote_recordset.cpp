@@ -27,13 +27,13 @@ class RemoteRecordset final : public Recordset {
   const Value& Field(std::string_view column) override {
     OwnedVariant name(VariantOf(std::string(column)));
     OwnedVariant field = fields_.Call(Object(), kForValue, &*name);
-    const TdVariant given = WithoutReference(*field);
-    if (given.type != TD_DISPATCH || given.value.dispatch == nullptr) {
-      throw Failure(kTypeMismatch, "数据对象的“Fields”没有返回对象。");
+    const Reference<TdDispatch> object = ObjectOf(*field);
+    if (object.Get() == nullptr) {
+      throw Failure(kObjectNotSet, "数据对象的“Fields”没有返回对象。");
     }
     // The fields of one record set need not be of one class.
     RemoteMember value("Value");
-    return values_.Put(column, ValueOf(*value.Call(given.value.dispatch, kForValue)));
+    return values_.Put(column, ValueOf(*value.Call(object.Get(), kForValue)));
   }
 
   void MoveNext() override { Move(moveNext_); }
@@ -46,11 +46,11 @@ class RemoteRecordset final : public Recordset {
 
   RecordsetRef Clone() override {
     OwnedVariant clone = clone_.Call(Object(), kForValue);
-    const TdVariant given = WithoutReference(*clone);
-    if (given.type != TD_DISPATCH || given.value.dispatch == nullptr) {
+    Reference<TdDispatch> object = ObjectOf(*clone);
+    if (object.Get() == nullptr) {
       throw Failure(kObjectNotSet, "数据对象的“Clone”没有返回对象。");
     }
-    return RecordsetOf(Reference<TdDispatch>::To(given.value.dispatch));
+    return RecordsetOf(std::move(object));
   }
 
  private:

@@ -81,15 +81,7 @@ std::string CallArguments::Text(std::size_t position) const {
 }
 
 Reference<TdDispatch> CallArguments::Object(std::size_t position) const {
-  const TdVariant variant = Converted(position, [](const TdVariant& given) { return given; });
-  if (variant.type == TD_EMPTY || variant.type == TD_NULL) return {};
-  if (variant.type == TD_DISPATCH) return Reference<TdDispatch>::To(variant.value.dispatch);
-  if (variant.type == TD_OBJECT) {
-    if (variant.value.object == nullptr) return {};
-    auto object = InterfaceOf<TdDispatch>(variant.value.object, kTdDispatchId);
-    if (object.Get() != nullptr) return object;
-  }
-  throw CallFailure(TD_TYPE_MISMATCH, arguments_[position].place);
+  return Converted(position, ObjectOf);
 }
 
 }  // namespace td

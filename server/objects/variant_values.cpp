@@ -196,6 +196,24 @@ Value ValueOf(const TdVariant& original) {
   }
 }
 
+Reference<TdDispatch> ObjectOf(const TdVariant& original) {
+  const TdVariant variant = WithoutReference(original);
+  switch (variant.type) {
+    case TD_EMPTY:
+    case TD_NULL:
+      return {};
+    case TD_DISPATCH:
+      return Reference<TdDispatch>::To(variant.value.dispatch);
+    case TD_OBJECT: {
+      auto object = InterfaceOf<TdDispatch>(variant.value.object, kTdDispatchId);
+      if (object.Get() == nullptr && variant.value.object != nullptr) throw MismatchFailure();
+      return object;
+    }
+    default:
+      throw MismatchFailure();
+  }
+}
+
 TdVariant VariantOf(const Value& value) {
   return std::visit(VariantMaker(), value);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "client/client.h"
+#include "objects/owned.h"
 #include "platform/value.h"
 
 namespace td {
@@ -14,6 +15,10 @@ namespace td {
 // numbers are reals: a single one by its shortest decimal digits, so that 0.1 stays 0.1. Fails with
 // kTypeMismatch on everything else: objects, errors, arrays that aren't bytes, unknown types.
 [[nodiscard]] Value ValueOf(const TdVariant& variant);
+
+// The object that the variant holds or refers to; empty for Empty, Null and an object variable that
+// is set to nothing. Fails with kTypeMismatch on anything that can't be called by name.
+[[nodiscard]] Reference<TdDispatch> ObjectOf(const TdVariant& variant);
 
 // A new variant: TD_INT32 where a whole number fits, otherwise TD_INT64.
 [[nodiscard]] TdVariant VariantOf(const Value& value);

@@ -154,6 +154,14 @@ TEST_F(DataObject, AMemberThatItHasNotGotIsNamed) {
   EXPECT_NE(Messages().find("数据对象没有“MoveNext”。"), std::string::npos);
 }
 
+TEST_F(DataObject, ItsFieldsAndClonesMayComeAsAnyOfTheirInterfaces) {
+  const auto data = NamedRows({"大米"});
+  data->givesFirstInterface = true;
+  ExpectOk(Print(printer_.Get(), TestRows::Make(data).Get()));
+  EXPECT_TRUE(HasPrinted("大米"));
+  EXPECT_EQ(data->clones, 1);
+}
+
 TEST_F(DataObject, TheDirectInterfaceIsUsedWhenItIsOffered) {
   TdDispatch* made = nullptr;
   const std::array<const char*, 2> columns = {"FInterID", "FName"};

@@ -63,7 +63,7 @@ class TestRowsObject final : public DispatchObject<TestRowsObject, TdDispatch> {
         break;
       case 12:
         result.value.dispatch = new TestField(ValueOfColumn(arguments.Text(0)));
-        result.type = TD_DISPATCH;
+        result.type = ObjectType();
         break;
       case 13:
         if (data_->onMoveNext) data_->onMoveNext();
@@ -76,7 +76,7 @@ class TestRowsObject final : public DispatchObject<TestRowsObject, TdDispatch> {
         if (data_->onClone) data_->onClone();
         ++data_->clones;
         result.value.dispatch = new TestRowsObject(data_, true);
-        result.type = TD_DISPATCH;
+        result.type = ObjectType();
     }
   }
 
@@ -90,6 +90,8 @@ class TestRowsObject final : public DispatchObject<TestRowsObject, TdDispatch> {
     }
     return GetIDsOfNames(self, reserved, names, count, language, ids);
   }
+
+  std::uint16_t ObjectType() const { return data_->givesFirstInterface ? TD_OBJECT : TD_DISPATCH; }
 
   bool AtEnd() const { return position_ >= static_cast<int>(data_->rows.size()); }
 

@@ -23,6 +23,7 @@ struct TestData {
   std::set<std::string> missingMembers;  // the object doesn't know these names
   std::function<void()> onClone;         // may throw
   std::function<void()> onMoveNext;
+  bool givesFirstInterface = false;  // fields and clones come as TD_OBJECT
   int position = 0;  // of the object that all of this was given to, not of its clones
   int clones = 0;
 };
