@@ -27,8 +27,8 @@ const ScratchFolder& Folder() {
 // Everything in the test database goes away.
 std::string_view Emptying(SampleEngine engine) {
   return engine == SampleEngine::kPostgreSql
-             ? "set client_min_messages=warning; drop schema public cascade; create schema "
-               "public;\n"
+             ? "set client_min_messages=warning; drop schema public cascade; create schema public; "
+               "grant usage on schema public to public;\n"
              : "drop database qbtd; create database qbtd character set utf8mb4; use qbtd;\n";
 }
 

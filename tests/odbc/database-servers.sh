@@ -66,7 +66,7 @@ start_mariadb() {
     mariadb --no-defaults --socket="$folder/socket" -u root -e "
       create database qbtd character set utf8mb4;
       create user $user@'127.0.0.1' identified by '$password';
-      grant all on *.* to $user@'127.0.0.1'"
+      grant all on *.* to $user@'127.0.0.1' with grant option"
   fi
 }
 
