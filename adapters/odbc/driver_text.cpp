@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <initializer_list>
 #include <string_view>
 #include <vector>
@@ -11,6 +12,8 @@
 
 namespace td {
 namespace {
+
+constexpr std::size_t kLongestText = 8192;
 
 using Entries = std::vector<ConnectionEntry>;
 
@@ -100,6 +103,8 @@ std::string FromProvider(std::string_view provider, const Entries& entries) {
 
 DriverText ToDriverText(const std::string& connectionText) {
   if (connectionText.find('\0') != std::string::npos) throw WrongConnectionText("含有空字符");
+  // The driver manager counts in 16 bits.
+  if (connectionText.size() > kLongestText) throw WrongConnectionText("太长");
   const Entries entries = ReadConnectionEntries(connectionText);
   DriverText result;
   const std::string provider = Find(entries, {"Provider"});

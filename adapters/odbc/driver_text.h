@@ -22,7 +22,7 @@ struct DriverText {
 //   User ID, UID; Password, PWD                UID; PWD
 //
 // Other keys of a provider text have no effect. Fails on a text without driver or provider, on
-// another provider, and where the user of the operating system is to log on.
+// another provider, on more than 8 KB, and where the user of the operating system is to log on.
 [[nodiscard]] DriverText ToDriverText(const std::string& connectionText);
 
 }  // namespace td

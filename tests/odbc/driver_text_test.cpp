@@ -49,6 +49,11 @@ TEST(DriverText, RefusesOtherTexts) {
   }
 }
 
+TEST(DriverText, RefusesATextThatIsTooLong) {
+  const std::string text = "Driver={X};Server=" + std::string(70000, 'a');
+  EXPECT_EQ(FailureOf([&] { (void)ToDriverText(text); }).Number(), kDatabaseFailed);
+}
+
 TEST(EngineDialect, ReplacesTheCallOfIsnullWhereItIsUnknown) {
   const char* sql = "select left(isnull(a,''),1),'isnull(' from t where a isnull";
   EXPECT_EQ(ToEngineDialect(sql, Engine::kPostgreSql, {}),

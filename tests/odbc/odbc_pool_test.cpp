@@ -1,3 +1,5 @@
+#include <stdlib.h>
+
 #include <filesystem>
 #include <fstream>
 #include <thread>
@@ -99,6 +101,24 @@ TEST_P(OdbcPool, ConnectsByAnOlderProvidersText) {
                 "};Server=127.0.0.1;Port=" + std::to_string(PortOf(GetParam())) +
                 "\";Initial Catalog=qbtd;User ID=clerk;Password=\"" + kServerPassword + "\"";
   EXPECT_EQ(One("select a from t"), Value(std::int64_t{1}));
+}
+
+TEST_P(OdbcPool, ConnectsToADataSourceByItsName) {
+  std::string folder = (std::filesystem::temp_directory_path() / "qbtd-dsn-XXXXXX").string();
+  ASSERT_NE(mkdtemp(folder.data()), nullptr);
+  const std::filesystem::path file = std::filesystem::path(folder) / "odbc.ini";
+  const std::string name = IsPostgreSql() ? "shop1" : "shop2";  // names are kept for a while
+  std::ofstream(file) << "[" << name << "]\nDriver=" << (IsPostgreSql() ? "PostgreSQL" : "MariaDB")
+                      << " Unicode\nServername=127.0.0.1\nServer=127.0.0.1\nPort="
+                      << PortOf(GetParam()) << "\nDatabase=qbtd\n";
+  setenv("ODBCINI", file.c_str(), 1);
+  connection_ = "DSN=" + name + ";UID=clerk;PWD={geheim;}}1}";
+  EXPECT_EQ(One("select a from t"), Value(std::int64_t{1}));
+  connection_ =
+      "Provider=MSDASQL;Data Source=" + name + ";User ID=clerk;Password='" + kServerPassword + "'";
+  EXPECT_EQ(One("select a from t"), Value(std::int64_t{1}));
+  unsetenv("ODBCINI");
+  std::filesystem::remove_all(folder);
 }
 
 }  // namespace
