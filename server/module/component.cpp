@@ -20,12 +20,17 @@ Failure WrongThread() {
 
 // Record sets that the program hasn't got back when the process ends are not released: their code
 // may be gone by then.
-struct KeepDataAtTheEnd {
+class KeepDataAtTheEnd {
+ public:
+  KeepDataAtTheEnd() : kept_(new std::array<RecordsetRef, 2>) {}
   ~KeepDataAtTheEnd() {
-    static const auto* const kept = new std::array<RecordsetRef, 2>{
-        std::move(Context().PrintData), std::move(Context().PrintDataClone)};
-    (void)kept;
+    *kept_ = {std::move(Context().PrintData), std::move(Context().PrintDataClone)};
   }
+  KeepDataAtTheEnd(const KeepDataAtTheEnd&) = delete;
+  KeepDataAtTheEnd& operator=(const KeepDataAtTheEnd&) = delete;
+
+ private:
+  std::array<RecordsetRef, 2>* kept_;  // never deleted
 };
 
 }  // namespace

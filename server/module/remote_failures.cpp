@@ -66,7 +66,7 @@ Failure FailureOfCall(TdResult result, TdExceptionInfo& info, const char* member
     number = info.code != 0 ? info.code : NumberOf(info.result);
     if (number == TD_OK) number = TD_FAILURE;
   }
-  const Failure failure = MakeFailure(number, info, member);
+  Failure failure = MakeFailure(number, info, member);
   TdClearException(&info);
   return failure;
 }
@@ -75,7 +75,7 @@ Failure FailureOfDirectCall(TdResult result, TdRecordset* object, const char* me
   TdExceptionInfo info{};
   const auto source = InterfaceOf<TdErrorSource>(object, kTdErrorSourceId);
   if (source.Get() != nullptr) source.Get()->table->LastError(source.Get(), &info);
-  const Failure failure = MakeFailure(NumberOf(result), info, member);
+  Failure failure = MakeFailure(NumberOf(result), info, member);
   TdClearException(&info);
   return failure;
 }

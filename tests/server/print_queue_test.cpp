@@ -3,10 +3,7 @@
 
 #include <stdlib.h>
 
-#include <array>
-#include <cstdio>
-#include <memory>
-
+#include "command_output.h"
 #include "server_fixture.h"
 #include "test_rows.h"
 
@@ -14,18 +11,6 @@ namespace td {
 namespace {
 
 constexpr const char* kProgram = "server_print_queue_test";  // gives the jobs their title
-
-struct ClosePipe {
-  void operator()(FILE* pipe) const { pclose(pipe); }
-};
-
-// What a command writes on its standard output.
-std::string OutputOf(const std::string& command) {
-  const std::unique_ptr<FILE, ClosePipe> pipe(popen(command.c_str(), "r"));
-  std::array<char, 4096> text{};
-  const std::size_t size = fread(text.data(), 1, text.size(), pipe.get());
-  return {text.data(), size};
-}
 
 class ToAQueue : public ServerTest {
  protected:

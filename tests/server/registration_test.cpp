@@ -126,7 +126,7 @@ TEST_F(Registration, RefusesALinkInThePlaceOfItsFolder) {
 TEST_F(Registration, RefusesFoldersThatOthersMayWriteTo) {
   ASSERT_EQ(module_->registerServer(), TD_OK);
   for (const fs::path& folder : {Classes().parent_path(), Data()}) {
-    for (const mode_t mode : {0777, 0770}) {
+    for (const mode_t mode : {0777U, 0770U}) {
       chmod(folder.c_str(), mode);
       std::string description;
       EXPECT_EQ(Create(TD_PRINTER_CLASS_NAME, &description), TD_NO_ACCESS) << folder;
