@@ -1,6 +1,7 @@
 #include <dlfcn.h>
 #include <strings.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <mutex>
@@ -22,7 +23,9 @@ struct LoadedModule {
   TdCanUnloadNowFunction canUnloadNow;
 };
 
-std::mutex modulesMutex;
+// Held while a module is loaded or unloaded and until a class object keeps it in use. A module may
+// give objects back to the program, which may then call these functions again.
+std::recursive_mutex modulesMutex;
 
 // Never destroyed: objects of the modules may outlive every static of this library.
 std::vector<LoadedModule>& Modules() {
@@ -35,8 +38,11 @@ Function FunctionOf(void* handle, const char* name) {
   return reinterpret_cast<Function>(dlsym(handle, name));
 }
 
+bool IsListed(void* handle) {
+  return std::ranges::count(Modules(), handle, &LoadedModule::handle) > 0;
+}
+
 LoadedModule Load(const fs::path& path) {
-  const std::lock_guard lock(modulesMutex);
   void* handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
   if (handle == nullptr) throw ResultFailure(TD_FAILURE, "无法装载模块：" + std::string(dlerror()));
   for (const LoadedModule& module : Modules()) {
@@ -59,11 +65,16 @@ void Check(TdResult result, const char* description) {
   if (TD_FAILED(result)) throw ResultFailure(result, description);
 }
 
-TdDispatch* Create(const fs::path& path, const TdGuid& classId) {
+TdClassFactory* FactoryOf(const fs::path& path, const TdGuid& classId) {
+  const std::lock_guard lock(modulesMutex);
   void* found = nullptr;
   Check(Load(path).getClassObject(&classId, &kTdClassFactoryId, &found),
         "模块没有给出这个类，或组件正被另一个线程使用。");
-  auto* factory = static_cast<TdClassFactory*>(found);
+  return static_cast<TdClassFactory*>(found);
+}
+
+TdDispatch* Create(const fs::path& path, const TdGuid& classId) {
+  TdClassFactory* factory = FactoryOf(path, classId);
   void* object = nullptr;
   const TdResult created =
       factory->table->CreateInstance(factory, nullptr, &kTdDispatchId, &object);
@@ -119,10 +130,17 @@ TdResult TdCreateObjectFromModule(const char* path, const TdGuid* classId, TdDis
 }
 
 void TdUnloadUnusedModules() {
-  const std::lock_guard lock(td::modulesMutex);
-  std::erase_if(td::Modules(), [](const td::LoadedModule& module) {
-    return module.canUnloadNow() == TD_OK && dlclose(module.handle) == 0;
-  });
+  try {
+    const std::lock_guard lock(td::modulesMutex);
+    for (const td::LoadedModule& module : std::vector<td::LoadedModule>(td::Modules())) {
+      if (!td::IsListed(module.handle) || module.canUnloadNow() != TD_OK) continue;
+      std::erase_if(td::Modules(),
+                    [&](const td::LoadedModule& listed) { return listed.handle == module.handle; });
+      dlclose(module.handle);
+    }
+  } catch (const std::exception&) {
+    return;  // no memory for the list: they stay
+  }
 }
 
 char* TdRegistrationFile() {
