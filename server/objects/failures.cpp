@@ -1,6 +1,9 @@
 #include "objects/failures.h"
 
+#include <map>
+#include <mutex>
 #include <new>
+#include <thread>
 #include <utility>
 
 #include "client/client.h"
@@ -16,7 +19,26 @@ struct LastError {
   std::string description;
 };
 
-thread_local LastError lastError;
+// The last error of each thread that hasn't fetched it. Storage of the threads' own would keep the
+// module from being unloaded as long as they live.
+class LastErrors {
+ public:
+  void Keep(LastError error) {
+    const std::lock_guard lock(mutex_);
+    errors_[std::this_thread::get_id()] = std::move(error);
+  }
+  LastError Take() {
+    const std::lock_guard lock(mutex_);
+    const auto found = errors_.extract(std::this_thread::get_id());
+    return found.empty() ? LastError() : std::move(found.mapped());
+  }
+
+ private:
+  std::mutex mutex_;
+  std::map<std::thread::id, LastError> errors_;
+};
+
+LastErrors lastErrors;
 
 // What the exception that is being handled says.
 LastError CurrentError() {
@@ -35,20 +57,21 @@ LastError CurrentError() {
   }
 }
 
-void Keep() noexcept {
-  try {
-    lastError = CurrentError();
-  } catch (...) {
-    lastError = {TD_OUT_OF_MEMORY, {}};
-  }
-}
-
-void Fill(TdExceptionInfo* info) noexcept {
+void Fill(TdExceptionInfo* info, const LastError& error) {
   if (info == nullptr) return;
   *info = {};
-  info->result = lastError.result;
-  if (!lastError.description.empty()) {
-    info->description = TdMakeString(lastError.description.c_str());
+  info->result = error.result;
+  if (!error.description.empty()) info->description = TdMakeString(error.description.c_str());
+}
+
+TdResult ReportCurrentError(TdExceptionInfo* info) noexcept {
+  try {
+    LastError error = CurrentError();
+    Fill(info, error);
+    lastErrors.Keep(std::move(error));
+    return TD_EXCEPTION;
+  } catch (...) {
+    return TD_OUT_OF_MEMORY;
   }
 }
 
@@ -66,8 +89,14 @@ int NumberOfResult(TdResult result) {
 }
 
 TdResult EndDirectCall() noexcept {
-  Keep();
-  return lastError.result;
+  try {
+    LastError error = CurrentError();
+    const TdResult result = error.result;
+    lastErrors.Keep(std::move(error));
+    return result;
+  } catch (...) {
+    return TD_OUT_OF_MEMORY;
+  }
 }
 
 TdResult EndCallByName(TdExceptionInfo* info, std::uint32_t* badArgument) noexcept {
@@ -77,18 +106,19 @@ TdResult EndCallByName(TdExceptionInfo* info, std::uint32_t* badArgument) noexce
     if (badArgument != nullptr) *badArgument = failure.Argument();
     return failure.Result();
   } catch (...) {
-    Keep();
-    Fill(info);
-    return TD_EXCEPTION;
+    return ReportCurrentError(info);
   }
 }
 
 TdResult TakeLastError(TdExceptionInfo* info) noexcept {
   if (info == nullptr) return TD_BAD_POINTER;
-  Fill(info);
-  const TdResult answer = lastError.result == TD_OK ? TD_FALSE : TD_OK;
-  lastError = {};
-  return answer;
+  try {
+    const LastError error = lastErrors.Take();
+    Fill(info, error);
+    return error.result == TD_OK ? TD_FALSE : TD_OK;
+  } catch (...) {
+    return TD_OUT_OF_MEMORY;
+  }
 }
 
 }  // namespace td

@@ -10,7 +10,7 @@
 namespace td {
 namespace {
 
-// Weak names and those of C++ count, too. Names that are marked as local can't be found by anyone.
+// Weak names and those of C++ count, too; what the table marks as local can be found by nobody.
 TEST(Module, ExportsTheFourEntryPointsAndNothingElse) {
   std::istringstream lines(
       OutputOf("nm --dynamic --defined-only --extern-only --format=posix '" QBTD_MODULE "'"));

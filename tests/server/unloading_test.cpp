@@ -140,7 +140,7 @@ TEST_F(Unloading, AnObjectThatIsNeverGivenBackIsNoCrashAtTheEndOfTheProcess) {
   (void)testing::internal::GetCapturedStderr();  // the check captures by itself
   EXPECT_EXIT(
       {
-        TdDispatch* forgotten = NewPrinter().Give();
+        static TdDispatch* const forgotten = NewPrinter().Give();
         (void)Print(forgotten, TestRows::Make(NamedRows({"大米"})).Get());
         std::exit(0);
       },
