@@ -18,9 +18,11 @@ unset WAYLAND_DISPLAY
 
 "$program" preview --config "$work/order.tdprint" 2>"$work/errors" &
 preview=$!
-colours() { import -window root png:- | identify -format %k -; }
-while [ "$(colours)" -eq 1 ]; do
-  kill -0 "$preview" || { echo "It ended without a box." >&2; exit 1; }
+# No picture can be taken while the display is busy with another one's request.
+shows_something() { [ "$(import -window root png:- | identify -format %k -)" -gt 1 ]; }
+until shows_something 2>>"$work/pictures.log"; do
+  kill -0 "$preview" || { echo "It ended without a box." >&2; cat "$work/errors" >&2; exit 1; }
+  sleep 0.1
 done
 kill "$preview"
 grep "^tdprint: the database can't be opened: " "$work/errors"
