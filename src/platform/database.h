@@ -26,7 +26,7 @@ class Recordset {
   // column; with kNoCurrentRow when the column exists and the cursor stands at the end.
   virtual const Value& Field(std::string_view column) = 0;
 
-  // Fails with kNoCurrentRow at the end.
+  // Fail with kNoCurrentRow: MoveNext at the end, MoveFirst when there is no row.
   virtual void MoveNext() = 0;
   virtual void MoveFirst() = 0;
 
