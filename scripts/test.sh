@@ -19,7 +19,7 @@ cmake --preset logic
 cmake --build --preset logic -j "$jobs"
 
 step "Format"
-git ls-files -z '*.h' '*.cpp' | xargs -0 clang-format --dry-run -Werror
+git ls-files -z '*.h' '*.cpp' '*.c' | xargs -0 clang-format --dry-run -Werror
 
 step "The second compiler"
 cmake --preset clang
