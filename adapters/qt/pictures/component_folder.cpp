@@ -9,8 +9,10 @@
 #include "platform/failure.h"
 
 namespace td {
+namespace {
 
-std::string FolderOfLoadedComponent() {
+// Empty when the system can't tell.
+std::string FindFolder() {
   Dl_info info = {};
   void* found = nullptr;
   std::filesystem::path file = "/proc/self/exe";
@@ -22,8 +24,23 @@ std::string FolderOfLoadedComponent() {
   }
   std::error_code error;
   const std::filesystem::path whole = std::filesystem::canonical(file, error);
-  if (error) throw Failure(kPathNotFound, "无法确定组件所在的文件夹。");
-  return whole.parent_path().string();
+  return error ? std::string() : whole.parent_path().string();
+}
+
+const std::string& KnownFolder() {
+  static const std::string folder = FindFolder();
+  return folder;
+}
+
+// The loader's name of a file may be relative. So it is looked up while the component is being
+// loaded: later the program may stand in another folder.
+[[maybe_unused]] const std::string& folderAtLoading = KnownFolder();
+
+}  // namespace
+
+std::string FolderOfLoadedComponent() {
+  if (KnownFolder().empty()) throw Failure(kPathNotFound, "无法确定组件所在的文件夹。");
+  return KnownFolder();
 }
 
 }  // namespace td
