@@ -85,6 +85,13 @@ TEST(TotalPageStamps, AnItemWithoutAFontNameKeepsTheSlotsFont) {
   EXPECT_EQ(trace.Puts("FontName").back(), "宋体");
 }
 
+TEST(TotalPageStamps, AnItemWithAnEmptyFontNameLeavesItsSlotOutOfUse) {
+  for (const int site : {2, 5}) {
+    const Trace trace = StampScenario(1, {{"FSite", site}, {"FTop", 500}, {"FFontName", ""}}).Run();
+    EXPECT_TRUE(trace.Boxes().empty()) << "band " << site;
+  }
+}
+
 TEST(TotalPageStamps, ThePageCountIsTheDocumentsInARunOfSeveralBills) {
   Scenario scenario = StampScenario(1, {{"FSite", 2}, {"FTop", 500}});
   scenario.Bills({1, 3, 1});
