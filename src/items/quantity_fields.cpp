@@ -17,7 +17,7 @@ bool IsNeitherZeroNorNull(const Value& value) {
 }
 
 std::string AbsoluteText(const Value& value) {
-  return IsNull(value) ? std::string() : ToText(std::abs(ToDouble(value)));
+  return ToText(std::abs(ToDouble(value)));
 }
 
 // "3箱+5瓶". All four columns are read first: a missing one fails the text as a whole.
