@@ -14,7 +14,7 @@ namespace {
 
 // The folder of the sample, or one that has nothing but its tables.
 std::filesystem::path Samples(SampleRows rows) {
-  const std::filesystem::path all = std::filesystem::path(QBTD_SOURCE_DIR) / "examples";
+  std::filesystem::path all = std::filesystem::path(QBTD_SOURCE_DIR) / "examples";
   if (rows == SampleRows::kAll) return all;
   static const ScratchFolder tables;
   std::filesystem::copy_file(all / "schema.sql", tables / "schema.sql",
