@@ -3,9 +3,11 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <optional>
 
 #include "engine_runs.h"
 #include "platform/failure.h"
+#include "table_lock.h"
 #include "watched_database.h"
 
 namespace td {
@@ -21,23 +23,10 @@ class Locks : public testing::TestWithParam<SampleEngine> {
     return Engines().Connect(SampleOn(GetParam()));
   }
 
-  // What keeps everybody else from reading a table, and from writing a row.
-  static void LockTable(Connection& holder, const std::string& table) {
-    if (GetParam() == SampleEngine::kSqlite) {
-      holder.Execute("begin exclusive");
-    } else if (GetParam() == SampleEngine::kPostgreSql) {
-      holder.Execute("begin");
-      holder.Execute("lock table " + table + " in access exclusive mode");
-    } else {
-      holder.Execute("lock tables " + table + " write");
-    }
-  }
+  // What keeps everybody else from writing a row.
   static void LockRow(Connection& holder, const std::string& update) {
     holder.Execute("begin");
     holder.Execute(update);
-  }
-  static void Release(Connection& holder) {
-    holder.Execute(GetParam() == SampleEngine::kMariaDb ? "unlock tables" : "commit");
   }
 
   // Runs a scenario; each failure of its requests is noted, and the second one calls `release`.
@@ -62,10 +51,9 @@ TEST_P(Locks, APrintThatNeedsALockedTableCompletesWhenItIsFree) {
 
   for (const std::string table : {"TDBill", "TDBillDetail"}) {
     SCOPED_TRACE(table);
-    const auto holder = Connect();
-    LockTable(*holder, table);
+    TableLock lock(Engines(), GetParam(), table);
     std::vector<std::string> failures;
-    Lines trace = RunUntilReleased(scenario, failures, [&] { Release(*holder); });
+    Lines trace = RunUntilReleased(scenario, failures, [&] { lock.Release(); });
     ASSERT_EQ(failures.size(), 2U);
     EXPECT_TRUE(std::ranges::all_of(failures, SaysLocked)) << failures.front();
     EXPECT_GT(trace.size(), undisturbed.size());
@@ -79,13 +67,13 @@ TEST_P(Locks, APrintThatNeedsALockedTableCompletesWhenItIsFree) {
 TEST_P(Locks, TakenBetweenTwoPagesOnlyDelayTheSecond) {
   const SamplePrint print = PrintNamed("sales-order-26-lines");
   const recording::Scenario scenario = PrintOf(print, RowsOf(print, GetParam()));
-  const auto holder = Connect();
+  std::optional<TableLock> lock;
   std::vector<std::string> failures;
   int requests = 0;
   const Lines trace = RunUntilReleased(
-      scenario, failures, [&] { Release(*holder); },
+      scenario, failures, [&] { lock->Release(); },
       [&](const std::string& /*sql*/) {
-        if (++requests == 20) LockTable(*holder, "TDBillDetail");
+        if (++requests == 20) lock.emplace(Engines(), GetParam(), "TDBillDetail");
       });
   EXPECT_EQ(failures.size(), 2U);
   EXPECT_EQ(MessagesIn(trace), Lines());

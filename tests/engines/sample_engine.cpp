@@ -7,12 +7,19 @@
 #include "sample_files.h"
 #include "sample_script.h"
 #include "scratch_folder.h"
+#include "temporary_database.h"
 
 namespace td {
 namespace {
 
-std::filesystem::path Samples() {
-  return std::filesystem::path(QBTD_SOURCE_DIR) / "examples";
+// The folder of the sample, or one that has nothing but its tables.
+std::filesystem::path Samples(SampleRows rows) {
+  std::filesystem::path all = std::filesystem::path(QBTD_SOURCE_DIR) / "examples";
+  if (rows == SampleRows::kAll) return all;
+  static const ScratchFolder tables;
+  std::filesystem::copy_file(all / "schema.sql", tables / "schema.sql",
+                             std::filesystem::copy_options::skip_existing);
+  return tables.Path();
 }
 
 Server ServerOf(SampleEngine engine) {
@@ -24,6 +31,10 @@ const ScratchFolder& Folder() {
   return folder;
 }
 
+std::filesystem::path SqliteFile() {
+  return Folder() / "sample.db";
+}
+
 // Everything in the test database goes away.
 std::string_view Emptying(SampleEngine engine) {
   return engine == SampleEngine::kPostgreSql
@@ -32,13 +43,12 @@ std::string_view Emptying(SampleEngine engine) {
              : "drop database qbtd; create database qbtd character set utf8mb4; use qbtd;\n";
 }
 
-std::string Make(SampleEngine engine) {
+std::string Make(SampleEngine engine, SampleRows rows) {
   if (engine == SampleEngine::kSqlite) {
-    const std::filesystem::path file = Folder() / "sample.db";
-    MakeSampleDatabase(Samples(), file);
-    return "sqlite:" + file.string();
+    MakeSampleDatabase(Samples(rows), SqliteFile());
+    return "sqlite:" + SqliteFile().string();
   }
-  const SampleDatabase sample = OpenSampleDatabase(Samples());
+  const SampleDatabase sample = OpenSampleDatabase(Samples(rows));
   const std::filesystem::path script = Folder() / "sample.sql";
   std::ofstream out(script, std::ios::binary);
   out << Emptying(engine);
@@ -72,17 +82,25 @@ std::string NameOf(SampleEngine engine) {
 
 const std::string& SampleOn(SampleEngine engine) {
   std::string& connection = Made()[engine];
-  if (connection.empty()) connection = Make(engine);
+  if (connection.empty()) connection = Make(engine, SampleRows::kAll);
   return connection;
 }
 
 std::filesystem::path SampleFile() {
   (void)SampleOn(SampleEngine::kSqlite);
-  return Folder() / "sample.db";
+  return SqliteFile();
 }
 
-void RenewSample(SampleEngine engine) {
-  Made()[engine] = Make(engine);
+void RenewSample(SampleEngine engine, SampleRows rows) {
+  Made()[engine] = Make(engine, rows);
+}
+
+void RunScriptOn(SampleEngine engine, const std::string& script) {
+  if (engine == SampleEngine::kSqlite) {
+    OtherUser(SqliteFile().string()).Run(script);
+  } else {
+    RunScript(ServerOf(engine), Folder().Write("statements.sql", script));
+  }
 }
 
 }  // namespace td

@@ -26,7 +26,12 @@ inline std::string NameOfEngine(const testing::TestParamInfo<SampleEngine>& info
 // The file of the embedded one.
 [[nodiscard]] std::filesystem::path SampleFile();
 
-// Makes it anew after a test that has written into it.
-void RenewSample(SampleEngine engine);
+enum class SampleRows { kAll, kNone };
+
+// Makes it anew, after a test that has written into it or for one that wants its tables empty.
+void RenewSample(SampleEngine engine, SampleRows rows = SampleRows::kAll);
+
+// Runs any number of statements in it as another program does; a failure fails the test.
+void RunScriptOn(SampleEngine engine, const std::string& script);
 
 }  // namespace td

@@ -60,7 +60,8 @@ start_mariadb() {
   fi
   as_owner mariadbd --no-defaults --datadir="$folder/data" --bind-address=127.0.0.1 \
     --port="$port" --socket="$folder/socket" --pid-file="$folder/pid" --max-allowed-packet=64M \
-    --innodb-flush-log-at-trx-commit=0 >>"$folder/server.log" 2>&1 </dev/null &
+    --innodb-flush-log-at-trx-commit=0 --innodb-flush-method=nosync \
+    >>"$folder/server.log" 2>&1 </dev/null &
   wait_for mariadb-admin --no-defaults --socket="$folder/socket" -u root ping
   if [ -n "$new" ]; then
     mariadb --no-defaults --socket="$folder/socket" -u root -e "

@@ -2,21 +2,28 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
+#include <thread>
 
+#include "desktop/databases.h"
 #include "program_run.h"
 #include "sample_printing.h"
 #include "scratch_folder.h"
+#include "table_lock.h"
 
 namespace td {
 namespace {
 
 class ProgramOnEngine : public ::testing::TestWithParam<SampleEngine> {
  protected:
+  [[nodiscard]] ProgramRun BeginPrint(const std::string& connection,
+                                      const std::string& data) const {
+    return {{TDPRINT_PROGRAM, "print", "--db", connection, "--type", "21", "--data", data, "--pdf",
+             (scratch_ / "bill.pdf").string()},
+            scratch_.Path()};
+  }
   [[nodiscard]] ProgramResult Print(const std::string& connection, const std::string& data) const {
-    return ProgramRun({TDPRINT_PROGRAM, "print", "--db", connection, "--type", "21", "--data", data,
-                       "--pdf", (scratch_ / "bill.pdf").string()},
-                      scratch_.Path())
-        .Finish();
+    return BeginPrint(connection, data).Finish();
   }
 
   // Not printed, and told in one line.
@@ -45,6 +52,20 @@ TEST_P(ProgramOnEngine, WritesAPictureOfEachPage) {
 
 TEST_P(ProgramOnEngine, TakesTheSelectedFormat) {
   EXPECT_EQ(Print(SampleOn(GetParam()), rows_).status, 0);
+  EXPECT_TRUE(std::filesystem::exists(scratch_ / "bill.pdf"));
+}
+
+TEST_P(ProgramOnEngine, WaitsForALockedTable) {
+  using namespace std::chrono_literals;
+  Databases databases;
+  TableLock lock(databases, GetParam(), "TDBill");
+  ProgramRun program = BeginPrint(SampleOn(GetParam()), rows_);
+  std::this_thread::sleep_for(1500ms);  // longer than the engines themselves wait for a lock
+  EXPECT_FALSE(std::filesystem::exists(scratch_ / "bill.pdf"));
+  lock.Release();
+  const ProgramResult result = program.Finish();
+  EXPECT_EQ(result.status, 0) << result.err;
+  EXPECT_EQ(result.err, "");
   EXPECT_TRUE(std::filesystem::exists(scratch_ / "bill.pdf"));
 }
 

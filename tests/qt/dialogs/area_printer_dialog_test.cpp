@@ -8,9 +8,10 @@ using Texts = std::vector<std::string>;
 
 using AreaPrinterDialog = ShownDialog;
 
-constexpr const char* kStored =
-    "select FTranType || ' ' || FTdBillName || ' ' || FStockArea || ' ' || FPrintDevice "
-    "from TDBill_AreaPrinterDevice";
+std::string Stored(WindowDatabase& database) {
+  return database.OnlyRow("TDBill_AreaPrinterDevice",
+                          {"FTranType", "FTdBillName", "FStockArea", "FPrintDevice"});
+}
 
 void ChooseAreaA(DialogWindow& window) {
   Choose(window, "cmbBillType", "销售订货单");
@@ -38,11 +39,10 @@ TEST_F(AreaPrinterDialog, SavesAndStaysOpenForTheNextCombination) {
     Choose(window, "cmbPrintDevice", "QbTd-PDF");
     Click(window, "cmdOk");
     EXPECT_TRUE(window.isVisible());
-    EXPECT_EQ(Cell(kStored), "21 销售单 A QbTd-PDF");
+    EXPECT_EQ(Stored(database_), "21,销售单,A,QbTd-PDF");
     Choose(window, "cmbPrintDevice", "--------------------");
     PressMnemonic(window, Qt::Key_S);
-    EXPECT_EQ(Cell(kStored), "21 销售单 A --------------------");
-    EXPECT_EQ(Cell("select count(*) from TDBill_AreaPrinterDevice"), "1");
+    EXPECT_EQ(Stored(database_), "21,销售单,A,--------------------");
     PressMnemonic(window, Qt::Key_C);
     EXPECT_FALSE(window.isVisible());
   });
@@ -71,24 +71,22 @@ TEST_F(AreaPrinterDialog, AFailingInsertIsReportedAndLosesTheOldRow) {
   ShowAreaPrinters([this](DialogWindow& window) {
     ChooseAreaA(window);
     Click(window, "cmdOk");
-    other_.Run(
-        "create trigger refuse before insert on TDBill_AreaPrinterDevice "
-        "begin select raise(abort, 'disk is full'); end");
+    database_.Refuse("insert", "TDBill_AreaPrinterDevice", "new.FTranType=21");
     Click(window, "cmdOk");
     EXPECT_TRUE(window.isVisible());
   });
   ASSERT_EQ(boxes_.size(), 2U);
   EXPECT_NE(boxes_[1].find("disk is full"), std::string::npos) << boxes_[1];
-  EXPECT_EQ(Cell("select count(*) from TDBill_AreaPrinterDevice"), "0");
+  EXPECT_EQ(database_.Cell("select count(*) from TDBill_AreaPrinterDevice"), "0");
 }
 
 TEST_F(AreaPrinterDialog, ALockedDatabaseIsReportedAndTheUserCanTryAgain) {
   ShowAreaPrinters([this](DialogWindow& window) {
     ChooseAreaA(window);
-    other_.Run("begin exclusive");
+    const auto lock = database_.Lock("TDBill_AreaPrinterDevice");
     Click(window, "cmdOk");
-    other_.Run("rollback");
-    EXPECT_EQ(Cell("select count(*) from TDBill_AreaPrinterDevice"), "0");
+    lock->Release();
+    EXPECT_EQ(database_.Cell("select count(*) from TDBill_AreaPrinterDevice"), "0");
     Click(window, "cmdOk");
   });
   ASSERT_EQ(boxes_.size(), 2U);

@@ -17,7 +17,7 @@ namespace {
 class FineTuning : public ShownDialog {
  protected:
   FineTuning() {
-    other_.Run(R"(
+    database_.Run(R"(
       insert into TDVariant (FTranType, FVarCaption, FVarName) values (21, '品名', 'FName');
       insert into TDBillDetail (FTDBillID, FSite, FLeft, FTop, FWidth, FHeight, FTypeID, FIsVariant,
                                 FObjectFieldName, FObjectCaption)
@@ -31,7 +31,7 @@ class FineTuning : public ShownDialog {
   // Three rows of one bill.
   RecordsetRef Rows() {
     return desktop_.Get().database.OpenQuery(
-        connection_,
+        database_.Connection(),
         "select 7 as FInterID, '大米' as FName union all select 7, '花生油' "
         "union all select 7, '绿豆'");
   }
@@ -49,7 +49,8 @@ class FineTuning : public ShownDialog {
       text = pageText.text().toStdString();
       window.close();
     });
-    Printer(desktop_.Get()).DoPrint(false, connection_, 21, false, false, Rows(), "销售单");
+    Printer(desktop_.Get())
+        .DoPrint(false, database_.Connection(), 21, false, false, Rows(), "销售单");
     return text;
   }
 
@@ -62,7 +63,7 @@ class FineTuning : public ShownDialog {
       WritePdf(document.Pages(), pdf, "test");
     };
     DesktopPlatform printing(options);
-    Printer(printing.Get()).DoPrint(true, connection_, 21, false, false, Rows());
+    Printer(printing.Get()).DoPrint(true, database_.Connection(), 21, false, false, Rows());
     return pdf;
   }
 };
@@ -141,7 +142,7 @@ TEST_F(FineTuning, TheNextPrintGoesToTheSavedPrinter) {
     Choose(window, "cmbPrintDevice", "QbTd-Margins");
     Click(window, "cmdOk");
   });
-  Printer(desktop_.Get()).DoPrint(true, connection_, 21, false, false, Rows());
+  Printer(desktop_.Get()).DoPrint(true, database_.Connection(), 21, false, false, Rows());
   const std::vector<int> jobs = JobsTitled(title.toStdString());
   ASSERT_EQ(jobs.size(), 1U);
   EXPECT_NE(OutputOf("lpstat", {"-W", "all", "-o", "QbTd-Margins"})

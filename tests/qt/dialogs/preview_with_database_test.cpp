@@ -16,8 +16,8 @@ class PreviewWithDatabase : public ShownDialog {
       window.close();
     });
     Printer printer(desktop_.Get());
-    printer.DoPrint(false, connection_, 21, false, false,
-                    desktop_.Get().database.OpenQuery(connection_, rows));
+    printer.DoPrint(false, database_.Connection(), 21, false, false,
+                    desktop_.Get().database.OpenQuery(database_.Connection(), rows));
     return printer.PrintOk();
   }
 
@@ -43,10 +43,11 @@ TEST_F(PreviewWithDatabase, ConfirmedPageSetupIsStoredForTheFormatAndTheMachine)
   EXPECT_EQ(Setting("FPaperSize"), "11");
   EXPECT_EQ(Setting("FOrientation"), "1");
   EXPECT_NEAR(std::stod(Setting("FMarginleft")), 567, 1);
-  EXPECT_EQ(Cell("select count(*) from TDBill_PaperSize"), "1");
-  EXPECT_EQ(Cell("select FTDBillName||','||FPaperSize||','||FOrientation from TDBill_PaperSize"),
+  EXPECT_EQ(database_.Cell("select count(*) from TDBill_PaperSize"), "1");
+  EXPECT_EQ(database_.OnlyRow("TDBill_PaperSize", {"FTDBillName", "FPaperSize", "FOrientation"}),
             "销售单,11,1");
-  EXPECT_EQ(Cell("select FIP from TDBill_PaperSize"), desktop_.Get().machine.LocalMachineId());
+  EXPECT_EQ(database_.Cell("select FIP from TDBill_PaperSize"),
+            desktop_.Get().machine.LocalMachineId());
 }
 
 TEST_F(PreviewWithDatabase, CancelledPageSetupStoresNothing) {
@@ -55,12 +56,14 @@ TEST_F(PreviewWithDatabase, CancelledPageSetupStoresNothing) {
     WhenShown<PageSetupDialog>([](PageSetupDialog& dialog) { dialog.reject(); });
     Press(window, "pageset");
   });
-  EXPECT_EQ(Cell("select count(*) from TDBill_PaperSize"), "0");
+  EXPECT_EQ(database_.Cell("select count(*) from TDBill_PaperSize"), "0");
   EXPECT_EQ(Setting("FPaperSize"), "9");
 }
 
 TEST_F(PreviewWithDatabase, ARunThatFailsHalfwayLeavesThreeButtonsDisabledAndTheWindowOpen) {
-  other_.Run("update TDBill set FRowHeight='高' where FTDBillName='销售单'");
+  database_.Run(
+      "alter table TDBill drop column FRowHeight;"
+      "alter table TDBill add FRowHeight varchar(20) default '高'");
   EXPECT_FALSE(Preview(kRow, [](PreviewWindow& window) {
     for (const char* key : {"print", "zoom", "exit"}) {
       EXPECT_FALSE(window.findChild<QAction*>(key)->isEnabled()) << key;
@@ -74,10 +77,10 @@ TEST_F(PreviewWithDatabase, ARunThatFailsHalfwayLeavesThreeButtonsDisabledAndThe
 }
 
 TEST_F(PreviewWithDatabase, WithoutAFormatTheWindowClosesByItself) {
-  other_.Run("update TDBill set FSelected=0");
+  database_.Run("update TDBill set FSelected=0");
   Printer printer(desktop_.Get());
-  printer.DoPrint(false, connection_, 21, false, false,
-                  desktop_.Get().database.OpenQuery(connection_, kRow));
+  printer.DoPrint(false, database_.Connection(), 21, false, false,
+                  desktop_.Get().database.OpenQuery(database_.Connection(), kRow));
   EXPECT_FALSE(printer.PrintOk());
   EXPECT_EQ(boxes_, std::vector<std::string>{"未指定套打格式，打印被取消！"});
 }

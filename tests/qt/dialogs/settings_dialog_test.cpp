@@ -4,6 +4,7 @@
 #include <thread>
 
 #include "service/print_context.h"
+#include "service/td_set.h"
 #include "shown_dialog.h"
 
 namespace td {
@@ -50,11 +51,11 @@ TEST_F(SettingsDialog, SavesWhatWasTypedClickedAndChosen) {
   });
   EXPECT_EQ(boxes_, Texts());
   EXPECT_EQ(Setting("FAdjuctLeft", "两联单"), "-56.7");
-  EXPECT_EQ(Setting("FAdjuctTop", "两联单"), "12.0");
-  EXPECT_EQ(Setting("FAdjuctHeader", "两联单"), "0.0");
-  EXPECT_EQ(Setting("FRowHeight", "两联单"), "0.0");
+  EXPECT_EQ(Setting("FAdjuctTop", "两联单"), "12");
+  EXPECT_EQ(Setting("FAdjuctHeader", "两联单"), "0");
+  EXPECT_EQ(Setting("FRowHeight", "两联单"), "0");
   EXPECT_EQ(Setting("FRowsPerPage", "两联单"), "2.5");
-  EXPECT_EQ(Setting("FQtysPerRow", "两联单"), "3.0");
+  EXPECT_EQ(Setting("FQtysPerRow", "两联单"), "3");
   EXPECT_EQ(Setting("FOrientation", "两联单"), "1");
   EXPECT_EQ(Setting("FHeaderPerPage", "两联单"), "0");
   EXPECT_EQ(Setting("FFooterPerPage", "两联单"), "0");
@@ -62,7 +63,7 @@ TEST_F(SettingsDialog, SavesWhatWasTypedClickedAndChosen) {
   EXPECT_EQ(Setting("FPrintDevice", "两联单"), "QbTd-Fixed");
   EXPECT_EQ(Setting("FSelected", "两联单"), "1");
   EXPECT_EQ(Setting("FSelected"), "0");
-  EXPECT_EQ(Setting("FRowHeight"), "300.0") << "the other format stays";
+  EXPECT_EQ(Setting("FRowHeight"), "300") << "the other format stays";
 }
 
 TEST_F(SettingsDialog, TheSeparatorCanBeChosenAndSavesAsNoPrinter) {
@@ -72,20 +73,20 @@ TEST_F(SettingsDialog, TheSeparatorCanBeChosenAndSavesAsNoPrinter) {
     EXPECT_EQ(window.Named<QComboBox>("cmbPrintDevice").currentIndex(), 1);
     Click(window, "cmdOk");
   });
-  EXPECT_EQ(Setting("FPrintDevice=''", "两联单"), "1");
+  EXPECT_EQ(Setting("FPrintDevice", "两联单"), "");
 }
 
 TEST_F(SettingsDialog, TheKeyboardAloneConfirms) {
   const std::vector<Use> ways = {[](DialogWindow& window) { PressMnemonic(window, Qt::Key_O); },
                                  [](DialogWindow& window) { PressKey(window, Qt::Key_Return); }};
   for (const Use& confirm : ways) {
-    other_.Run("update TDBill set FAdjuctLeft=0");
+    database_.Run("update TDBill set FAdjuctLeft=0");
     ShowSettings([&](DialogWindow& window) {
       Type(window, "txtLeft", "40");
       confirm(window);
       EXPECT_FALSE(window.isVisible());
     });
-    EXPECT_EQ(Setting("FAdjuctLeft"), "40.0");
+    EXPECT_EQ(Setting("FAdjuctLeft"), "40");
   }
 }
 
@@ -104,7 +105,7 @@ TEST_F(SettingsDialog, NothingIsWrittenUnlessItIsConfirmed) {
       leave(window);
       EXPECT_FALSE(window.isVisible());
     });
-    EXPECT_EQ(Setting("FAdjuctLeft"), "0.0");
+    EXPECT_EQ(Setting("FAdjuctLeft"), "0");
     EXPECT_EQ(Context().TDBillName, "");
   }
 }
@@ -127,11 +128,11 @@ TEST_F(SettingsDialog, ALockedDatabaseIsWaitedFor) {
   std::thread release;
   ShowSettings([&](DialogWindow& window) {
     Type(window, "txtLeft", "40");
-    other_.Run("begin exclusive");
+    auto lock = database_.Lock("TDBill");
     const auto begin = std::chrono::steady_clock::now();
-    release = std::thread([this] {
+    release = std::thread([lock = std::move(lock)] {
       std::this_thread::sleep_for(700ms);
-      other_.Run("rollback");
+      lock->Release();
     });
     Click(window, "cmdOk");
     EXPECT_GT(std::chrono::steady_clock::now() - begin, 500ms);
@@ -139,20 +140,18 @@ TEST_F(SettingsDialog, ALockedDatabaseIsWaitedFor) {
   });
   release.join();
   EXPECT_EQ(boxes_, Texts());
-  EXPECT_EQ(Setting("FAdjuctLeft"), "40.0");
+  EXPECT_EQ(Setting("FAdjuctLeft"), "40");
 }
 
 TEST_F(SettingsDialog, AFailingSecondUpdateLeavesTheDialogOpenAndNoFormatSelected) {
-  other_.Run(
-      "create trigger refuse before update of FAdjuctLeft on TDBill "
-      "begin select raise(abort, 'disk is full'); end");
+  database_.Refuse("update", "TDBill", "new.FAdjuctLeft<>old.FAdjuctLeft");
   ShowSettings([this](DialogWindow& window) {
     Type(window, "txtLeft", "40");
     Click(window, "cmdOk");
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(TextOf(window, "txtLeft"), "40");
     EXPECT_EQ(Setting("FSelected"), "0");
-    other_.Run("drop trigger refuse");
+    database_.Allow("TDBill");
     Click(window, "cmdOk");
     EXPECT_FALSE(window.isVisible()) << "the user can try again";
   });
@@ -162,17 +161,17 @@ TEST_F(SettingsDialog, AFailingSecondUpdateLeavesTheDialogOpenAndNoFormatSelecte
 }
 
 TEST_F(SettingsDialog, OfTwoSelectedFormatsTheLastIsShownAndSavingLeavesOne) {
-  other_.Run("update TDBill set FSelected=1");
+  database_.Run("update TDBill set FSelected=1");
   ShowSettings([](DialogWindow& window) {
     EXPECT_EQ(window.Named<QComboBox>("cmbTdBillName").currentIndex(), 1);
     Click(window, "cmdOk");
   });
-  EXPECT_EQ(Cell("select sum(FSelected) from TDBill where FTranType=21"), "1");
+  EXPECT_EQ(database_.Cell("select sum(FSelected) from TDBill where FTranType=21"), "1");
   EXPECT_EQ(Setting("FSelected", "入库单"), "1") << "another bill type";
 }
 
 TEST_F(SettingsDialog, AQuoteInAFormatsNameIsReportedAndHarmsNothingElse) {
-  other_.Run("update TDBill set FTDBillName='O''Brien' where FTDBillName='两联单'");
+  database_.Run("update TDBill set FTDBillName='O''Brien' where FTDBillName='两联单'");
   ShowSettings([](DialogWindow& window) {
     Choose(window, "cmbTdBillName", "O'Brien");
     EXPECT_EQ(TextOf(window, "txtRowHeight"), "300") << "what was shown before";
@@ -180,16 +179,16 @@ TEST_F(SettingsDialog, AQuoteInAFormatsNameIsReportedAndHarmsNothingElse) {
     EXPECT_TRUE(window.isVisible());
   });
   EXPECT_EQ(boxes_.size(), 2U) << "when it was chosen, and when it was saved";
-  EXPECT_EQ(Cell("select count(*) from TDBill"), "3");
-  EXPECT_EQ(Cell("select FRowHeight from TDBill where FTDBillID=2"), "350.5");
+  EXPECT_EQ(database_.Cell("select count(*) from TDBill"), "3");
+  EXPECT_EQ(database_.Cell("select FRowHeight from TDBill where FTDBillID=2"), "350.5");
 }
 
 TEST_F(SettingsDialog, AnUnreadableDatabaseIsReportedAndTheDialogOpensBlank) {
-  connection_ = "sqlite:" + folder_.File("missing.db");
-  ShowSettings([](DialogWindow& window) {
+  WhenDialogIsShown([](DialogWindow& window) {
     EXPECT_EQ(EntriesOf(window, "cmbTdBillName"), Texts());
     EXPECT_EQ(TextOf(window, "txtLeft"), "");
   });
+  TDSet(desktop_.Get()).ShowSettings(database_.MissingConnection(), 21);
   EXPECT_EQ(boxes_.size(), 1U);
 }
 

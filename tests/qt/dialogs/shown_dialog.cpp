@@ -7,7 +7,6 @@
 
 #include "service/print_context.h"
 #include "service/td_set.h"
-#include "test_tools.h"
 #include "windows/frm_area_print_set.h"
 
 namespace td {
@@ -92,11 +91,12 @@ std::vector<std::string> EntriesOf(DialogWindow& window, const char* list) {
   return entries;
 }
 
-ShownDialog::ShownDialog()
-    : connection_(MakeDatabase(folder_.File("bills.db"),
-                               ReadFile(QBTD_SOURCE_DIR "/examples/schema.sql") + kRows)),
-      other_(folder_.File("bills.db")),
-      desktop_(Options(folder_.Path().string())) {
+ShownDialog::ShownDialog() : ShownDialog(SampleRows::kNone) {
+  database_.Run(kRows);
+}
+
+ShownDialog::ShownDialog(SampleRows rows)
+    : database_(rows), desktop_(Options(folder_.Path().string())) {
   Context() = {};
   auto* timer = new QTimer(&timers_);
   QObject::connect(timer, &QTimer::timeout, timer, [this] { ConfirmBox(); });
@@ -119,22 +119,17 @@ void ShownDialog::WhenDialogIsShown(Use use) {
 
 void ShownDialog::ShowSettings(Use use) {
   WhenDialogIsShown(std::move(use));
-  TDSet(desktop_.Get()).ShowSettings(connection_, 21);
+  TDSet(desktop_.Get()).ShowSettings(database_.Connection(), 21);
 }
 
 void ShownDialog::ShowAreaPrinters(Use use) {
   WhenDialogIsShown(std::move(use));
-  Context().New_PromptString = connection_;
+  Context().New_PromptString = database_.Connection();
   frmAreaPrintSet(desktop_.Get()).ShowModal();
 }
 
-std::string ShownDialog::Cell(const std::string& statement) {
-  std::string text = OutputOf("sqlite3", {folder_.File("bills.db"), statement});
-  return text.substr(0, text.find('\n'));
-}
-
 std::string ShownDialog::Setting(const std::string& column, const std::string& format) {
-  return Cell("select " + column + " from TDBill where FTDBillName='" + format + "'");
+  return database_.Cell("select " + column + " from TDBill where FTDBillName='" + format + "'");
 }
 
 }  // namespace td

@@ -12,6 +12,7 @@
 #include "desktop/desktop_platform.h"
 #include "qt/dialogs/dialog_window.h"
 #include "temporary_database.h"
+#include "window_database.h"
 
 namespace td {
 
@@ -33,6 +34,8 @@ class ShownDialog : public testing::Test {
  protected:
   // Formats 销售单 (selected) and 两联单 of bill type 21, 入库单 of 12; stock areas A and B.
   ShownDialog();
+  // The rows of the sample, or none.
+  explicit ShownDialog(SampleRows rows);
 
   using Use = std::function<void(DialogWindow&)>;
   // Opens the dialog, uses it, and closes it by its close box if it is still open.
@@ -62,15 +65,11 @@ class ShownDialog : public testing::Test {
   // The same for a dialog, which is closed afterwards.
   void WhenDialogIsShown(Use use);
 
-  // The first column of the first row that a statement selects, as the database's own shell shows
-  // it.
-  [[nodiscard]] std::string Cell(const std::string& statement);
   [[nodiscard]] std::string Setting(const std::string& column,
                                     const std::string& format = "销售单");
 
   TemporaryFolder folder_;
-  std::string connection_;
-  OtherUser other_;
+  WindowDatabase database_;
   DesktopPlatform desktop_;
   std::vector<std::string> boxes_;  // texts of the message boxes that were shown and confirmed
 

@@ -9,7 +9,6 @@
 
 #include "preview_use.h"
 #include "print_queue.h"
-#include "sample_files.h"
 #include "service/printer.h"
 #include "shown_dialog.h"
 #include "test_tools.h"
@@ -19,12 +18,10 @@ namespace {
 
 class StockAreaWindow : public ShownDialog {
  protected:
-  StockAreaWindow() {
-    MakeSampleDatabase(QBTD_SOURCE_DIR "/examples", folder_.File("sample.db"));
-    OtherUser(folder_.File("sample.db"))
-        .Run(
-            "update TDBill set FSelected=(FTDBillName='分区拣货单') where FTranType=22;"
-            "update TDBill set FPrintDevice='QbTd-PDF' where FTDBillName='分区拣货单'");
+  StockAreaWindow() : ShownDialog(SampleRows::kAll) {
+    database_.Run(
+        "update TDBill set FSelected=0 where FTranType=22;"
+        "update TDBill set FSelected=1, FPrintDevice='QbTd-PDF' where FTDBillName='分区拣货单'");
   }
 
   // Shows the preview and uses it when its first run has ended, then closes it. Returns PrintOk.
@@ -37,9 +34,10 @@ class StockAreaWindow : public ShownDialog {
     Printer printer(desktop_.Get());
     printer.PrintBlankRows(static_cast<std::int16_t>(blankRows));
     printer.DoPrint_GroupByArea(
-        false, sample_, 22, false, false,
+        false, database_.Connection(), 22, false, false,
         desktop_.Get().database.OpenQuery(
-            sample_, "select * from v_stock_pick where FInterID=22005 order by FEntryID"));
+            database_.Connection(),
+            "select * from v_stock_pick where FInterID=22005 order by FEntryID"));
     return printer.PrintOk();
   }
 
@@ -66,8 +64,6 @@ class StockAreaWindow : public ShownDialog {
   // rows.
   static QRectF NameInRow(int row) { return {2000, 2280 + (row - 1) * 360.0 + 60, 2400, 240}; }
   static constexpr QRectF kAreaInHead{700, 1400, 1500, 400};
-
-  std::string sample_ = "sqlite:" + folder_.File("sample.db");
 };
 
 TEST_F(StockAreaWindow, ShowsASheetForEachArea) {
@@ -149,17 +145,14 @@ TEST_F(StockAreaWindow, PageSetupShowsTheSurfacesOwnMarginsAndPrintsByAreaAgain)
     EXPECT_TRUE(HasInk(window, NameInRow(12)));
   });
   EXPECT_EQ(boxes_, std::vector<std::string>());
-  EXPECT_EQ(OutputOf("sqlite3", {folder_.File("sample.db"),
-                                 "select FTDBillName||','||FOrientation from TDBill_PaperSize"}),
-            "分区拣货单,1\n");
+  EXPECT_EQ(database_.OnlyRow("TDBill_PaperSize", {"FTDBillName", "FOrientation"}), "分区拣货单,1");
 }
 
 TEST_F(StockAreaWindow, APrinterThatIsGoneLeavesThePreviewEmptyWithTheReason) {
-  OtherUser(folder_.File("sample.db"))
-      .Run(
-          "insert into TDBill_PaperSize (FIP, FTDBillName, FPaperSize, FOrientation, FDevice)"
-          " values ('" +
-          desktop_.Get().machine.LocalMachineId() + "', '分区拣货单', 11, 1, '已拆的打印机')");
+  database_.Run(
+      "insert into TDBill_PaperSize (FIP, FTDBillName, FPaperSize, FOrientation, FDevice)"
+      " values ('" +
+      desktop_.Get().machine.LocalMachineId() + "', '分区拣货单', 11, 1, '已拆的打印机')");
   WhenShown<PreviewWindow>([this](PreviewWindow& window) {
     EXPECT_TRUE(QTest::qWaitFor([this] { return !boxes_.empty(); }));
     EXPECT_EQ(PageText(window), "请稍候，正在读入打印数据...");
@@ -167,8 +160,9 @@ TEST_F(StockAreaWindow, APrinterThatIsGoneLeavesThePreviewEmptyWithTheReason) {
   });
   Printer printer(desktop_.Get());
   printer.DoPrint_GroupByArea(
-      false, sample_, 22, false, false,
-      desktop_.Get().database.OpenQuery(sample_, "select * from v_stock_pick where FInterID=22005"),
+      false, database_.Connection(), 22, false, false,
+      desktop_.Get().database.OpenQuery(database_.Connection(),
+                                        "select * from v_stock_pick where FInterID=22005"),
       "分区拣货单");
   ASSERT_EQ(boxes_.size(), 1U);
   EXPECT_EQ(boxes_[0].find("将采用默认打印机"), std::string::npos);
