@@ -108,7 +108,8 @@ void RunScript(Server server, const std::filesystem::path& script) {
       server == Server::kPostgreSql
           ? "PGPASSWORD='" + password + "' psql -q -v ON_ERROR_STOP=1 -h 127.0.0.1 -p " + port +
                 " -U clerk qbtd -f "
-          : "MYSQL_PWD='" + password + "' mariadb --no-defaults --default-character-set=utf8mb4 -h 127.0.0.1 -P " + port +
+          : "MYSQL_PWD='" + password +
+                "' mariadb --no-defaults --default-character-set=utf8mb4 -h 127.0.0.1 -P " + port +
                 " -u clerk qbtd < ";
   const std::string command = client + "'" + script.string() + "'";
   if (std::system(command.c_str()) != 0) throw std::runtime_error("failed: " + command);
