@@ -14,7 +14,6 @@
 #include "qt/system/desktop_host.h"
 #include "qt/system/message_boxes.h"
 #include "test_tools.h"
-#include "virtual_display.h"
 
 namespace td {
 namespace {
@@ -83,13 +82,3 @@ TEST_F(PrintDialog, PrintsTheCopiesThatTheUserWants) {
 
 }  // namespace
 }  // namespace td
-
-int main(int argc, char** argv) {
-  testing::InitGoogleTest(&argc, argv);
-  if (GTEST_FLAG_GET(list_tests)) return RUN_ALL_TESTS();
-  testing::AddGlobalTestEnvironment(new td::PrintQueues);
-  const td::VirtualDisplay display;
-  const QApplication application(argc, argv);
-  QApplication::setQuitOnLastWindowClosed(false);
-  return RUN_ALL_TESTS();
-}
