@@ -44,7 +44,7 @@ struct DesktopOptions {
   std::string stateDirectory;
 
   // The folder whose subfolder "picture" holds the goods pictures. Default: the folder of the
-  // running program.
+  // shared library or program that holds the component.
   std::string componentFolder;
 
   // Called with the number of each page, from 1, when the run has finished it.

@@ -112,9 +112,7 @@ Platform& Component::ThePlatform() {
     KeepModuleInMemory();
     (void)Context();
     static const KeepDataAtTheEnd keepData;  // destroyed before the request state
-    DesktopOptions options;
-    options.componentFolder = ModuleFile().parent_path().string();
-    auto desktop = std::make_unique<DesktopPlatform>(std::move(options));
+    auto desktop = std::make_unique<DesktopPlatform>();
     const std::lock_guard lock(mutex_);
     desktop_ = std::move(desktop);
   }
