@@ -9,7 +9,8 @@ mkdir -p "$work"
 printf 'db = sqlite:%s/none.db\ntype = 21\ndata = select 1\n' "$work" >"$work/order.tdprint"
 
 mkfifo "$work/number"
-Xvfb -displayfd 3 -screen 0 800x600x24 -nolisten tcp 3>"$work/number" 2>"$work/xvfb.log" &
+# By itself the display starts afresh when its last client leaves, and turns away who comes meanwhile.
+Xvfb -displayfd 3 -screen 0 800x600x24 -nolisten tcp -noreset 3>"$work/number" 2>"$work/xvfb.log" &
 server=$!
 trap 'kill $server' EXIT
 read -r number <"$work/number"

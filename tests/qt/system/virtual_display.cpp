@@ -20,8 +20,10 @@ VirtualDisplay::VirtualDisplay() {
     close(ends[0]);
     prctl(PR_SET_PDEATHSIG, SIGTERM);  // a killed test takes its display along
     const std::string number = std::to_string(ends[1]);
+    // By itself the display starts afresh when its last client leaves, and turns away who comes
+    // meanwhile: -noreset.
     execlp("Xvfb", "Xvfb", "-displayfd", number.c_str(), "-screen", "0", "2400x1800x24",
-           "-nolisten", "tcp", nullptr);
+           "-nolisten", "tcp", "-noreset", nullptr);
     _exit(127);
   }
   close(ends[1]);
