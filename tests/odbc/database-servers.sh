@@ -11,12 +11,13 @@ readonly action=$1 engine=$2 folder=$3/$2 port=$4
 readonly user=clerk password='geheim;}1'
 PATH=$PATH:/usr/sbin:$(echo /usr/lib/postgresql/*/bin)
 
-# Neither server runs as root.
+# Neither server runs as root. Each has a folder of its own for passing files: MariaDB clears its
+# one when it starts, and would take away what another one just uses.
 as_owner() {
   if [ "$(id -u)" -eq 0 ]; then
-    runuser -u nobody -- env PATH="$PATH" "$@"
+    runuser -u nobody -- env PATH="$PATH" TMPDIR="$folder/passing" "$@"
   else
-    "$@"
+    TMPDIR="$folder/passing" "$@"
   fi
 }
 
@@ -25,7 +26,6 @@ wait_for() {
     if "$@" >/dev/null 2>&1; then return; fi
     sleep 0.1
   done
-  cat "$folder/server.log" >&2
   return 1
 }
 
@@ -78,7 +78,8 @@ stop_mariadb() {
 }
 
 if [ ! -d "$folder" ]; then
-  mkdir -p "$folder"
-  if [ "$(id -u)" -eq 0 ]; then chown nobody "$folder"; fi
+  mkdir -p "$folder/passing"
+  if [ "$(id -u)" -eq 0 ]; then chown nobody "$folder" "$folder/passing"; fi
 fi
+trap '[ $? -eq 0 ] || cat "$folder"/*.log >&2' EXIT
 "${action}_$engine"

@@ -8,24 +8,31 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <stdexcept>
 
 namespace td {
 namespace {
 
+// A port that no one listens on. Below those that the system gives to outgoing connections, which
+// could otherwise take it before the server does; each process looks from another one on.
 int FreePort() {
-  const int listener = socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  socklen_t length = sizeof(address);
-  auto* const plain = reinterpret_cast<sockaddr*>(&address);
-  if (bind(listener, plain, length) != 0 || getsockname(listener, plain, &length) != 0) {
-    throw std::runtime_error("no free port");
+  constexpr int kFirst = 20000;
+  constexpr int kCount = 10000;
+  for (int tried = 0; tried < kCount; ++tried) {
+    const int port = kFirst + (getpid() + tried) % kCount;
+    const int listener = socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    address.sin_port = htons(static_cast<std::uint16_t>(port));
+    const bool free =
+        bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0;
+    close(listener);
+    if (free) return port;
   }
-  close(listener);
-  return ntohs(address.sin_port);
+  throw std::runtime_error("no free port");
 }
 
 std::string NameOf(Server server) {
