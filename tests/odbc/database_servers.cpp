@@ -8,31 +8,28 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstdint>
 #include <filesystem>
 #include <stdexcept>
 
 namespace td {
 namespace {
 
-// A port that no one listens on. Below those that the system gives to outgoing connections, which
-// could otherwise take it before the server does; each process looks from another one on.
-int FreePort() {
-  constexpr int kFirst = 20000;
-  constexpr int kCount = 10000;
-  for (int tried = 0; tried < kCount; ++tried) {
-    const int port = kFirst + (getpid() + tried) % kCount;
-    const int listener = socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    address.sin_port = htons(static_cast<std::uint16_t>(port));
-    const bool free =
-        bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0;
-    close(listener);
-    if (free) return port;
+// A port for a server, kept for it until the process ends: a bound socket that does not listen
+// keeps off outgoing connections and who takes any free port, but not a server on the same address
+// that asks to use the port again, as both servers do.
+int ReservePort() {
+  const int keeper = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  socklen_t length = sizeof(address);
+  auto* const plain = reinterpret_cast<sockaddr*>(&address);
+  const int shared = 1;
+  if (bind(keeper, plain, length) != 0 || getsockname(keeper, plain, &length) != 0 ||
+      setsockopt(keeper, SOL_SOCKET, SO_REUSEADDR, &shared, sizeof(shared)) != 0) {
+    throw std::runtime_error("no free port");
   }
-  throw std::runtime_error("no free port");
+  return ntohs(address.sin_port);
 }
 
 std::string NameOf(Server server) {
@@ -52,7 +49,7 @@ class Servers : public testing::Environment {
   int PortOfRunning(Server server) {
     if (Port(server) == 0) {
       MakeFolder();
-      Port(server) = FreePort();
+      Port(server) = ReservePort();
       Run("start", server);
     }
     return Port(server);
