@@ -83,6 +83,22 @@ TEST_F(PictureFiles, TheContentCountsAndNotTheName) {
   EXPECT_EQ(Loaded("no ending")->WidthPixels(), 5);
 }
 
+TEST_F(PictureFiles, FilesOfTheSameBytesGiveOnePictureAsLongAsItIsHeld) {
+  Write("a.jpg", SamplePicture("jpeg", 48, 32));
+  Write("b.jpg", SamplePicture("jpeg", 48, 32));
+  Write("c.jpg", SamplePicture("jpeg", 48, 31));
+  auto first = Loaded("a.jpg");
+  EXPECT_EQ(Loaded("b.jpg"), first);
+  EXPECT_NE(Loaded("c.jpg"), first);
+  Write("a.jpg", SamplePicture("jpeg", 20, 10));
+  EXPECT_EQ(Loaded("a.jpg")->WidthPixels(), 20);  // the name doesn't count
+
+  const std::weak_ptr<const ImagePicture> released = first;
+  first.reset();
+  EXPECT_TRUE(released.expired());
+  EXPECT_EQ(Loaded("b.jpg")->HeightPixels(), 32);
+}
+
 TEST_F(PictureFiles, TheNaturalSizeFollowsTheFilesResolution) {
   for (const char* format : {"jpeg", "png", "bmp", "tiff"}) {
     Write("picture", SamplePicture(format, 300, 150, 300));

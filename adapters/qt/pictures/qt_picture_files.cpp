@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QCryptographicHash>
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
@@ -128,6 +129,20 @@ Bytes ReadPictureFile(const std::string& path) {
   return bytes;
 }
 
+std::string DigestOf(const Bytes& bytes) {
+  const QByteArrayView view(bytes.data(), static_cast<qsizetype>(bytes.size()));
+  return QCryptographicHash::hash(view, QCryptographicHash::Sha256).toStdString();
+}
+
+std::shared_ptr<const ImagePicture> MakePicture(Bytes bytes) {
+  const auto [image, turned] = DecodePicture(bytes);
+  const PictureResolution resolution = ResolutionOf(bytes);
+  // Outputs don't look at orientations, and some put the bytes of the file into their own.
+  if (turned) bytes = EncodePicture(image, FormatOf(bytes));
+  return std::make_shared<ImagePicture>(std::move(bytes), image.width(), image.height(),
+                                        resolution.x, resolution.y);
+}
+
 }  // namespace
 
 QtPictureFiles::QtPictureFiles(const std::string& componentFolder)
@@ -168,13 +183,12 @@ PictureRef QtPictureFiles::Load(const std::string& path) {
   RequireWholePath(path);
   const std::string native = NativePath(path);
   Bytes bytes = ReadPictureFile(native);
+  std::weak_ptr<const ImagePicture>& known = inUse_[DigestOf(bytes)];
+  if (PictureRef picture = known.lock()) return picture;
   try {
-    const auto [image, turned] = DecodePicture(bytes);
-    const PictureResolution resolution = ResolutionOf(bytes);
-    // Outputs don't look at orientations, and some put the bytes of the file into their own.
-    if (turned) bytes = EncodePicture(image, FormatOf(bytes));
-    return std::make_shared<ImagePicture>(std::move(bytes), image.width(), image.height(),
-                                          resolution.x, resolution.y);
+    const auto picture = MakePicture(std::move(bytes));
+    known = picture;
+    return picture;
   } catch (const Failure& failure) {
     throw Failure(failure.Number(),
                   failure.Description() + WithoutLockCharacter("（" + native + "）"));

@@ -1,8 +1,11 @@
 // Picture files on the disk, decoded by Qt.
 #pragma once
 
+#include <memory>
 #include <string>
+#include <unordered_map>
 
+#include "page_document/pictures.h"
 #include "pictures/component_folder.h"
 #include "platform/pictures.h"
 
@@ -10,7 +13,8 @@ namespace td {
 
 // Backslashes in paths count as separators. The pictures are ImagePictures: they keep the bytes of
 // the file (encoded anew when its orientation asks to turn it), and take the resolution that it
-// states, 96 dots per inch if it states none.
+// states, 96 dots per inch if it states none. Files of the same bytes give the same picture as long
+// as someone holds it, so that goods on a thousand rows are decoded and kept once.
 //
 // Beside the failures of Pictures: kInvalidUseOfNull and kTypeMismatch for a value without bytes,
 // and the numbers below. A description names the file, but never shows the character 锁 of its
@@ -34,6 +38,8 @@ class QtPictureFiles : public Pictures {
 
  private:
   std::string componentFolder_;
+  std::unordered_map<std::string, std::weak_ptr<const ImagePicture>>
+      inUse_;  // by the file's digest
 };
 
 }  // namespace td
