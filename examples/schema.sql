@@ -26,10 +26,10 @@ create table TDBill (
   FFooterPerPage integer not null default 0,  -- 1: the foot stands on every page
   FIntegralPage  integer not null default 0,  -- 1: a part page is filled with empty table rows
   FPrintDevice   varchar(200),                -- preferred printer; empty: the system's default
-  FMarginleft    real,                        -- margins chosen in the page setup
-  FMarginTop     real,
-  FMarginRight   real,
-  FMarginBottom  real,
+  FMarginleft    real,                        -- left margin, stored by the page setup
+  FMarginTop     real,                        -- top margin
+  FMarginRight   real,                        -- right margin
+  FMarginBottom  real,                        -- bottom margin
   unique (FTranType, FTDBillName)
 );
 
@@ -39,17 +39,17 @@ create table TDBillDetail (
   FSite            integer not null,                   -- 1 head, 2 column head, 3 detail row, 4 after the rows, 5 foot
   FLeft            real not null,                      -- place; of a row item, its place in the first row
   FTop             real not null,                      -- bands 4 and 5: place if the page had only one row
-  FWidth           real not null,                      -- size of the text box; direction and length of a line
-  FHeight          real not null,
+  FWidth           real not null,                      -- width of a text box; length of a line to the right
+  FHeight          real not null,                      -- height of a text box; length of a line downwards
   FTypeID          integer not null default 0,         -- 0 text, 1 line, 2 picture file
   FIsVariant       integer not null default 0,         -- 1: a value, printed on pre-printed forms, too
   FMustPrint       integer not null default 0,         -- 1: printed on pre-printed forms although it is fixed
   FObjectFieldName varchar(50) not null default '',    -- the variable in TDVariant, or an image in <>
   FObjectCaption   varchar(500) not null default '',   -- fixed text; of a variable, a label before its value
-  FFontName        varchar(50) not null default '宋体',  -- font
+  FFontName        varchar(50) not null default '宋体',  -- font family
   FFontSize        real not null default 9,            -- points
-  FFontBold        integer not null default 0,
-  FFontItalic      integer not null default 0,
+  FFontBold        integer not null default 0,         -- 1: bold
+  FFontItalic      integer not null default 0,         -- 1: italic
   FAlignMent       integer not null default 0,         -- 0 left, 2 centre, 1 right
   FWordWrap        integer not null default 0,         -- 1: a long text breaks inside its width
   FAutoSize        integer not null default 0,         -- 1: head and page number are written without a box
@@ -71,10 +71,10 @@ create table TDVariant (
 create table TDBill_PaperSize (
   FIP          varchar(45) not null,  -- the machine's address
   FTDBillName  varchar(50) not null,  -- format name
-  FPaperSize   integer,               -- as in TDBill
-  FPaperWidth  real,
-  FPaperHeight real,
-  FOrientation integer,
+  FPaperSize   integer,               -- paper code, as in TDBill
+  FPaperWidth  real,                  -- sheet width
+  FPaperHeight real,                  -- sheet height
+  FOrientation integer,               -- 0 portrait, 1 landscape
   FDevice      varchar(200),          -- printer
   primary key (FIP, FTDBillName)
 );
@@ -97,9 +97,9 @@ create table t_SystemProfile (
 
 -- Goods.
 create table t_icitem (
-  FItemID    integer primary key,
+  FItemID    integer primary key,               -- goods
   FNumber    varchar(30) not null,              -- goods code
-  FName      varchar(100) not null,
+  FName      varchar(100) not null,             -- goods name
   FModel     varchar(50) not null default '',   -- size or specification
   FUnit      varchar(10) not null,              -- small unit, in which the goods are priced
   FMUnit     varchar(10),                       -- main unit; Null: sold in the small unit only
@@ -110,27 +110,27 @@ create index IX_t_icitem on t_icitem (FStockArea);
 
 -- Pictures of goods.
 create table t_icitem_Picture (
-  FItemID  integer primary key,
-  FPicture blob not null,  -- bytes of a PNG or JPEG file
-  FPicPath varchar(260)    -- where the picture came from
+  FItemID  integer primary key,  -- goods
+  FPicture blob not null,        -- bytes of a PNG or JPEG file
+  FPicPath varchar(260)          -- where the picture came from
 );
 
 -- Customers and suppliers.
 create table t_partner (
-  FPartnerID integer primary key,
-  FName      varchar(100) not null,
-  FContact   varchar(50) not null default '',
-  FPhone     varchar(50) not null default '',
-  FAddress   varchar(200) not null default ''
+  FPartnerID integer primary key,               -- customer or supplier
+  FName      varchar(100) not null,             -- company
+  FContact   varchar(50) not null default '',   -- person to ask for
+  FPhone     varchar(50) not null default '',   -- telephone
+  FAddress   varchar(200) not null default ''   -- place of delivery
 );
 
 -- Heads of all bills.
 create table t_bill (
-  FInterID     integer primary key,
+  FInterID     integer primary key,              -- bill
   FTranType    integer not null,                 -- bill type
-  FBillNo      varchar(30) not null unique,
-  FDate        varchar(10) not null,             -- as printed
-  FPartnerID   integer not null,
+  FBillNo      varchar(30) not null unique,      -- number that the clerks know it by
+  FDate        varchar(10) not null,             -- date, as printed
+  FPartnerID   integer not null,                 -- customer or supplier
   FStockName   varchar(50) not null default '',  -- warehouse
   FEmpName     varchar(50) not null default '',  -- salesman or buyer
   FBiller      varchar(50) not null default '',  -- who wrote the bill
@@ -138,20 +138,20 @@ create table t_bill (
   FSettle      varchar(50) not null default '',  -- terms of payment
   FEarnest     decimal(18,6),                    -- payment in advance
   FUserBarCode varchar(50),                      -- the partner's own order number
-  FNote        varchar(500) not null default ''
+  FNote        varchar(500) not null default ''  -- remark on the whole bill
 );
 
 -- Lines of all bills. A line without goods is a remark between the lines: its FMainQty is -999.99,
 -- which keeps it out of all sums.
 create table t_bill_entry (
-  FInterID  integer not null,
+  FInterID  integer not null,                  -- bill
   FEntryID  integer not null,                  -- line number
-  FItemID   integer,
+  FItemID   integer,                           -- goods; Null: a remark
   FMainQty  decimal(18,6) not null default 0,  -- quantity in the main unit
   FSlaveQty decimal(18,6) not null default 0,  -- and what comes on top in the small unit
   FPrice    decimal(18,6),                     -- price of one small unit, tax included
   FTaxRate  decimal(18,6),                     -- per cent
-  FNote     varchar(200) not null default '',
+  FNote     varchar(200) not null default '',  -- remark on the line
   primary key (FInterID, FEntryID)
 );
 

@@ -20,7 +20,7 @@ packages=(
   # the example that prints from Python
   python3
   # what the tests and benchmarks are written with, and what they read the results with
-  libgtest-dev libbenchmark-dev poppler-utils zbar-tools imagemagick chromium sqlite3 xvfb xauth procps
+  libgtest-dev libbenchmark-dev poppler-utils zbar-tools imagemagick chromium sqlite3 xvfb
 )
 
 missing=()

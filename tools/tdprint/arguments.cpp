@@ -116,7 +116,7 @@ void DescribeDemo(CLI::App& command, DemoArguments& arguments) {
   DescribeSamples(command, arguments.samples);
   command
       .add_option("--printer", arguments.printer,
-                  "Printer for one job (without it: the default printer, if there is any)")
+                  "Printer for one job (without it: the default printer, or the first one)")
       ->type_name("NAME");
   command.footer(kExitStatusText);
 }
