@@ -1,7 +1,9 @@
 #include "items/plain_field.h"
 
-#include <algorithm>
+#include <cstddef>
+#include <string_view>
 
+#include "text/characters.h"
 #include "text/conversions.h"
 #include "text/format_value.h"
 
@@ -22,9 +24,8 @@ std::string PlainText(const Value& value) {
   return text;
 }
 
-std::int16_t CharacterCount(std::string_view text) {
-  const auto isFirstByte = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; };
-  return ToInteger16(static_cast<std::int64_t>(std::ranges::count_if(text, isFirstByte)));
+std::int16_t CountBehind(std::string_view text, std::size_t dot) {
+  return ToInteger16(static_cast<std::int64_t>(CharacterCount(text.substr(dot + 1))));
 }
 
 }  // namespace
@@ -37,9 +38,8 @@ std::string PriceRulePicture(const Value& value, const std::string& field,
   const bool isPrice = LowerCase(field).find("price") != std::string::npos;
   if (valueDot == std::string::npos || pictureDot == std::string::npos || !isPrice) return picture;
 
-  const std::int16_t ValueDecimals = CharacterCount(std::string_view(text).substr(valueDot + 1));
-  const std::int16_t FormatDecimals =
-      CharacterCount(std::string_view(picture).substr(pictureDot + 1));
+  const std::int16_t ValueDecimals = CountBehind(text, valueDot);
+  const std::int16_t FormatDecimals = CountBehind(picture, pictureDot);
   if (ValueDecimals <= FormatDecimals) return picture;
   return picture.substr(0, pictureDot + 1) + RepeatText("0", ValueDecimals);
 }

@@ -1,29 +1,26 @@
 // The walk over the rows of the stock-area run. The rows come grouped by area; the first character
 // of the area decides where a new page begins, and the printer never changes.
 #include <cmath>
-#include <cstddef>
+#include <string>
 
 #include "platform/standard_failures.h"
 #include "run/do_printing.h"
 #include "run/print_run.h"
+#include "text/characters.h"
 #include "text/conversions.h"
 
 namespace td {
 namespace {
 
-std::string FirstCharacter(const std::string& text) {
-  std::size_t length = text.empty() ? 0 : 1;
-  while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80) {
-    ++length;
-  }
-  return text.substr(0, length);
+std::string AreaOf(const std::string& stockArea) {
+  return std::string(FirstCharacter(stockArea));
 }
 
 bool IsNewArea(const PrintRun& run) {
   const Value& area = run.context.PrintData->Field("FStockArea");
   const RunState& state = run.state;
-  return !IsNull(area) && FirstCharacter(ToText(area)) != state.CurrentArea &&
-         state.CurrentArea != "-1" && state.RowsOnPage != 0;
+  return !IsNull(area) && AreaOf(ToText(area)) != state.CurrentArea && state.CurrentArea != "-1" &&
+         state.RowsOnPage != 0;
 }
 
 // The page of a new area has only what the new-page event draws: the head is not forced.
@@ -43,7 +40,7 @@ std::int32_t WholeNumber(const Value& value) {
 void RememberArea(PrintRun& run) {
   const Guard& guard = run.guard;
   Recordset& row = *run.context.PrintData;
-  guard.Step([&] { run.state.CurrentArea = FirstCharacter(ToLoneText(row.Field("FStockArea"))); });
+  guard.Step([&] { run.state.CurrentArea = AreaOf(ToLoneText(row.Field("FStockArea"))); });
   guard.Step([&] { run.state.RowInterId = WholeNumber(row.Field("FInterID")); });
 }
 

@@ -6,7 +6,7 @@
 
 namespace td {
 
-// One code point of a picture, or a literal: what followed a backslash or stood between quotes.
+// One character of a picture, or a literal: what followed a backslash or stood between quotes.
 struct PictureMark {
   std::string_view text;
   bool literal = false;
@@ -26,8 +26,5 @@ enum class PictureKind { kNumber, kDate, kText };
 
 // The kind of the first section that has one; a picture of nothing but literals is for numbers.
 [[nodiscard]] PictureKind KindOf(const std::vector<PictureSection>& sections);
-
-// The first code point of a text that is not empty; a lone byte where the text is no UTF-8.
-[[nodiscard]] std::string_view FirstCodePoint(std::string_view text);
 
 }  // namespace td

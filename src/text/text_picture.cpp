@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "text/characters.h"
 #include "text/conversions.h"
 
 namespace td {
@@ -21,18 +22,6 @@ std::string InCase(std::string_view text, LetterCase letterCase) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
   });
   return changed;
-}
-
-std::string_view TakeCodePoint(std::string_view& text) {
-  const std::string_view first = FirstCodePoint(text);
-  text.remove_prefix(first.size());
-  return first;
-}
-
-std::size_t CountCodePoints(std::string_view text) {
-  std::size_t count = 0;
-  for (; !text.empty(); ++count) TakeCodePoint(text);
-  return count;
 }
 
 // What applies to the whole text, wherever it stands in the section.
@@ -56,7 +45,7 @@ Manner ReadManner(const PictureSection& section) {
 // The last place takes all that is left of the text; without a place it stands at the end.
 std::string WriteSection(std::string_view text, const PictureSection& section) {
   const Manner manner = ReadManner(section);
-  const std::size_t length = CountCodePoints(text);
+  const std::size_t length = CharacterCount(text);
   std::size_t skipped = manner.fromLeft || manner.places <= length ? 0 : manner.places - length;
   std::size_t placesLeft = manner.places;
   std::string result;
@@ -71,7 +60,7 @@ std::string WriteSection(std::string_view text, const PictureSection& section) {
       if (skipped > 0) --skipped;
       if (mark.Is('@')) result += ' ';
     } else if (placesLeft > 0) {
-      result += InCase(TakeCodePoint(text), manner.letterCase);
+      result += InCase(TakeCharacter(text), manner.letterCase);
     } else {
       result += InCase(text, manner.letterCase);
     }
