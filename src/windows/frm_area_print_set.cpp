@@ -27,13 +27,17 @@ int TranTypeOf(const std::string& name) {
   return 0;
 }
 
-// Rows of one first character are adjacent, so each is added once; the empty area never is.
+// Rows of one first character are adjacent, so each is added once; the empty area never is, and a
+// Null is no area that differs.
 void FillAreaList(Dialog& dialog, const Guard& guard, Query& areas) {
   std::string previous;
   while (guard.Test([&] { return !areas.Eof(); })) {
-    const auto area = [&] { return ToLoneText(areas.Field("FStockArea")); };
-    if (guard.Test([&] { return area() != previous; })) {
-      guard.Step([&] { previous = area(); });
+    const auto isNext = [&] {
+      const Value& area = areas.Field("FStockArea");
+      return !IsNull(area) && ToText(area) != previous;
+    };
+    if (guard.Test(isNext)) {
+      guard.Step([&] { previous = ToLoneText(areas.Field("FStockArea")); });
       guard.Step([&] { dialog.AddItem(kAreaList, previous); });
     }
     guard.Step([&] { areas.MoveNext(); });

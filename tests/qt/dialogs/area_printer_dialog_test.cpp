@@ -1,5 +1,7 @@
 // The stock-area printer dialog, used with mouse and keyboard; the database is read back.
+#include "service/print_context.h"
 #include "shown_dialog.h"
+#include "windows/frm_area_print_set.h"
 
 namespace td {
 namespace {
@@ -30,6 +32,38 @@ TEST_F(AreaPrinterDialog, ShowsBillTypesFormatsAreasAndPrinters) {
       EXPECT_EQ(window.Named<QComboBox>(list).currentIndex(), -1) << list;
     }
   });
+  EXPECT_EQ(boxes_, Texts());
+}
+
+// A database whose goods without an area come as Null.
+class NullAreas : public Database {
+ public:
+  explicit NullAreas(Database& database) : database_(database) {}
+
+  RecordsetRef OpenQuery(const std::string& connection, const std::string& sql, CursorType cursor,
+                         LockType lock) override {
+    const bool isOfAreas = sql.find("t_icitem") != std::string::npos;
+    return database_.OpenQuery(connection,
+                               isOfAreas ? "select FStockArea from t_icitem order by FItemID" : sql,
+                               cursor, lock);
+  }
+  std::unique_ptr<Connection> Connect(const std::string& connection) override {
+    return database_.Connect(connection);
+  }
+
+ private:
+  Database& database_;
+};
+
+TEST_F(AreaPrinterDialog, ANullIsNoFurtherArea) {
+  const Platform& desktop = desktop_.Get();
+  NullAreas areas(desktop.database);
+  Platform platform{areas, desktop.pictures, desktop.messages, desktop.machine, desktop.windows};
+  WhenDialogIsShown([](DialogWindow& window) {
+    EXPECT_EQ(EntriesOf(window, "cmbStockArea"), (Texts{"A1", "A2", "B"}));
+  });
+  Context().New_PromptString = database_.Connection();
+  frmAreaPrintSet(platform).ShowModal();
   EXPECT_EQ(boxes_, Texts());
 }
 
