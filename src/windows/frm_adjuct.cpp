@@ -80,17 +80,20 @@ void ShowFirstFormat(const FormatView& view) {
 }
 
 // Selecting an entry shows its format. The selected format is remembered and shown at the end
-// unless the caller named one.
+// unless the caller named one; a format without a name is not in the list, so it can't be.
 void FillFormatList(Dialog& dialog, const Guard& guard, Query& formats) {
   int remembered = 0;
   while (guard.Test([&] { return !formats.Eof(); })) {
+    const int formerCount = dialog.ListCount(kFormatList);
     guard.Step([&] { dialog.AddItem(kFormatList, ToLoneText(formats.Field("FTDBillName"))); });
     const auto isSelected = [&] {
       const Value& selected = formats.Field("FSelected");
       return !IsNull(selected) && ToDouble(selected) == 1;
     };
     if (guard.Test(isSelected)) {
-      guard.Step([&] { remembered = dialog.ListCount(kFormatList) - 1; });
+      guard.Step([&] {
+        if (dialog.ListCount(kFormatList) > formerCount) remembered = formerCount;
+      });
     }
     const auto isAskedFor = [&] {
       const Value& name = formats.Field("FTDBillName");

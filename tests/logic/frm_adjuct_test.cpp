@@ -93,6 +93,19 @@ TEST(SettingsOpening, OfTwoSelectedFormatsTheOneReadLastIsShown) {
   EXPECT_EQ(controls.at("txtTop"), "77");
 }
 
+TEST(SettingsOpening, ASelectedFormatWithoutANameIsPassedOver) {
+  Scenario scenario = OneFormat({{"FTDBillName", nullptr}});
+  EXPECT_EQ(Controls(scenario.Run()).at("cmbTdBillName"),
+            (Json{{"list", Json::array()}, {"index", -1}}));
+  EXPECT_TRUE(scenario.Run().Messages().empty());
+
+  scenario.AddFormat({{"FTDBillName", "两联单"}, {"FAdjuctTop", 77}});
+  const Trace trace = scenario.Run();
+  EXPECT_TRUE(trace.Messages().empty());
+  EXPECT_EQ(Controls(trace).at("cmbTdBillName"), (Json{{"list", {"两联单"}}, {"index", 0}}));
+  EXPECT_EQ(Controls(trace).at("txtTop"), "77");
+}
+
 TEST(SettingsOpening, ANullLeftOffsetShowsZeroAndOtherNullsStayBlank) {
   const Json controls = Controls(OneFormat({{"FAdjuctLeft", nullptr},
                                             {"FAdjuctTop", nullptr},
@@ -217,6 +230,31 @@ TEST(FormatChange, AFormatThatCannotBeReadIsReportedAndChangesNothing) {
   EXPECT_EQ(trace.Messages(), (Texts{"连接已断开"}));
   EXPECT_EQ(Controls(trace, 1).at("txtTop"), "12");
   EXPECT_EQ(Controls(trace, 1).at("optOrientation"), 0);
+}
+
+TEST(FormatChange, ALockedTableIsReadAgainUntilItIsFree) {
+  Scenario scenario = TwoFormats({ChooseFormat("两联单")});
+  scenario.Fault({{"on", "query"},
+                  {"match", "两联单"},
+                  {"times", 3},
+                  {"number", 5},
+                  {"description", "表已锁定"}});
+  const Trace trace = scenario.Run();
+  EXPECT_TRUE(trace.Messages().empty());
+  EXPECT_EQ(trace.Queries().size(), 2U + 4U);
+  EXPECT_EQ(Controls(trace, 1).at("txtTop"), "22.5");
+}
+
+// Only a change of the format reads the orientation, so that the load itself comes to its end.
+TEST(FormatChange, AMissingColumnIsShownAndEndsTheRoutineBeforeThePrinter) {
+  Scenario scenario = TwoFormats({ChooseFormat("两联单")});
+  scenario.DropColumn("TDBill", "FOrientation");
+  const Trace trace = scenario.Run();
+  EXPECT_EQ(trace.Messages().size(), 2U) << "at the load's selection and at the user's";
+  EXPECT_EQ(Controls(trace, 0).at("cmbTdBillName").at("list").size(), 2U);
+  EXPECT_EQ(Controls(trace, 1).at("txtTop"), "22.5");
+  EXPECT_EQ(Controls(trace, 1).at("optOrientation"), -1);
+  EXPECT_EQ(PrinterIndex(Controls(trace, 1)), 0);
 }
 
 TEST(FormatChange, AQuoteInTheNameBreaksTheStatementAndHarmsNothingElse) {
