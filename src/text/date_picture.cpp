@@ -187,11 +187,8 @@ class Writer {
 
 }  // namespace
 
-bool HasDateParts(const PictureSection& section) {
-  for (std::size_t at = 0; at < section.size(); ++at) {
-    if (!PartAt(section, at).empty()) return true;
-  }
-  return false;
+bool BeginsDatePart(const PictureSection& section, std::size_t at) {
+  return !PartAt(section, at).empty();
 }
 
 std::string FormatSerial(double serial, const PictureSection& section, FormatLanguage language) {

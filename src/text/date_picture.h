@@ -1,6 +1,7 @@
 // Moments under pictures such as "yyyy-mm-dd hh:nn".
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "text/format_value.h"
@@ -8,8 +9,8 @@
 
 namespace td {
 
-// Whether a mark of the section stands for a part of a date, so that the picture is for dates.
-[[nodiscard]] bool HasDateParts(const PictureSection& section);
+// Whether a part of a date, such as "yyyy", stands at mark `at` of the section.
+[[nodiscard]] bool BeginsDatePart(const PictureSection& section, std::size_t at);
 
 // The moment of a date serial. Fails with kOverflow outside the years 100 to 9999.
 [[nodiscard]] std::string FormatSerial(double serial, const PictureSection& section,

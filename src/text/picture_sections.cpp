@@ -1,6 +1,7 @@
 #include "text/picture_sections.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <optional>
 
 #include "text/characters.h"
@@ -10,15 +11,14 @@ namespace td {
 
 namespace {
 
-bool HasAny(const PictureSection& section, std::string_view characters) {
-  return std::any_of(section.begin(), section.end(),
-                     [characters](const PictureMark& mark) { return mark.IsOneOf(characters); });
-}
-
+// Points, commas and percent signs decide nothing: a picture of numbers has a place anyway, and
+// texts in front of a date or a text hold them, too.
 std::optional<PictureKind> KindOf(const PictureSection& section) {
-  if (HasAny(section, "0#")) return PictureKind::kNumber;
-  if (HasAny(section, "@&<>!")) return PictureKind::kText;
-  if (HasDateParts(section)) return PictureKind::kDate;
+  for (std::size_t at = 0; at < section.size(); ++at) {
+    if (section[at].IsOneOf("0#")) return PictureKind::kNumber;
+    if (section[at].IsOneOf("@&<>!")) return PictureKind::kText;
+    if (BeginsDatePart(section, at)) return PictureKind::kDate;
+  }
   return std::nullopt;
 }
 

@@ -24,7 +24,8 @@ enum class PictureKind { kNumber, kDate, kText };
 // The sections between the semicolons, at least one. They refer to `picture`.
 [[nodiscard]] std::vector<PictureSection> ReadSections(std::string_view picture);
 
-// The kind of the first section that has one; a picture of nothing but literals is for numbers.
+// The kind that the first deciding mark of the picture says; marks of the other kinds are then
+// characters. A picture without such a mark is for numbers.
 [[nodiscard]] PictureKind KindOf(const std::vector<PictureSection>& sections);
 
 }  // namespace td

@@ -15,16 +15,30 @@ namespace {
 
 constexpr std::size_t kLongestPicture = 24;
 
+std::string RandomPieces(std::mt19937& random, const std::vector<std::string_view>& pieces) {
+  std::string picture;
+  const std::size_t count = random() % kLongestPicture + 1;
+  for (std::size_t i = 0; i < count; ++i) picture += pieces[random() % pieces.size()];
+  return picture;
+}
+
 std::string RandomPicture(std::mt19937& random) {
   static const std::vector<std::string_view> kPieces{
       "0",    "#", ".", ",", "%", "E+",   "e-", "E",    ";",  "\\",   "\"",   "@",
       "&",    "<", ">", "!", "-", "+",    " ",  "(",    ")",  "$",    "y",    "m",
       "d",    "h", "n", "s", "w", "q",    "c",  "t",    "/",  ":",    "元",   "AM/PM",
       "AMPM", "a", "x", "0", "#", "0.00", "¥",  "\xE5", "00", "yyyy", "mmmm", "ttttt"};
-  std::string picture;
-  const std::size_t pieces = random() % kLongestPicture + 1;
-  for (std::size_t i = 0; i < pieces; ++i) picture += kPieces[random() % kPieces.size()];
-  return picture;
+  return RandomPieces(random, kPieces);
+}
+
+// The picture with a backslash before each of the characters `escaped`.
+std::string Escaped(const std::string& picture, std::string_view escaped) {
+  std::string result;
+  for (const char c : picture) {
+    if (escaped.find(c) != std::string_view::npos) result += '\\';
+    result += c;
+  }
+  return result;
 }
 
 const std::vector<Value>& Values() {
@@ -75,6 +89,42 @@ TEST(RandomPictures, TextThatIsNoNumberAndNoDateKeepsAllItsCharactersInOrder) {
       if (found < text.size() && LowerCase({&c, 1}) == LowerCase(text.substr(found, 1))) ++found;
     }
     ASSERT_EQ(found, text.size()) << picture << " gives " << shown;
+  }
+}
+
+TEST(RandomPictures, PlacesBehindAPartOfADateAreCharacters) {
+  const std::vector<std::string_view> pieces{"yyyy",  "mm",    "d",   "hh", "nn", "ss",
+                                             "AM/PM", "0",     "00",  "#",  "@&", "-",
+                                             ":",     "ttttt", "<!>", "元"};
+  std::mt19937 random(13);
+  for (int i = 0; i < 4'000; ++i) {
+    const std::string picture = "m" + RandomPieces(random, pieces) + "0";
+    const std::string shown = FormatValue(Date{45413.54}, picture);
+    ASSERT_EQ(shown, FormatValue(Date{45413.54}, Escaped(picture, "0#@&<>!"))) << picture;
+    ASSERT_TRUE(shown.ends_with('0')) << picture;
+  }
+}
+
+TEST(RandomPictures, DateLettersAndPlacesOfTextsBehindAPlaceForADigitAreCharacters) {
+  const std::vector<std::string_view> pieces{"0", "#", ".",  ",", "yyyy", "mm", "d", "AM/PM",
+                                             "@", "&", "<>", "!", "件",   "c",  "h", "-"};
+  std::mt19937 random(17);
+  for (int i = 0; i < 4'000; ++i) {
+    const std::string picture = "0" + RandomPieces(random, pieces);
+    ASSERT_EQ(FormatValue(1234.5, picture), FormatValue(1234.5, Escaped(picture, "@&<>!ymdchAPM")))
+        << picture;
+  }
+}
+
+TEST(RandomPictures, PlacesForDigitsAndDateLettersBehindAPlaceOfTextsAreCharacters) {
+  const std::vector<std::string_view> pieces{"@", "&",    "!", "<", ">",     "0",
+                                             "#", "yyyy", "h", "-", "AM/PM", "件"};
+  std::mt19937 random(19);
+  for (int i = 0; i < 4'000; ++i) {
+    const std::string picture = "@" + RandomPieces(random, pieces);
+    ASSERT_EQ(FormatValue(std::string("单号 A1"), picture),
+              FormatValue(std::string("单号 A1"), Escaped(picture, "0#yhAPM")))
+        << picture;
   }
 }
 
