@@ -27,11 +27,12 @@ NumberSection::NumberSection(const PictureSection& marks) {
       AddLiteral(mark.text);
     }
   }
-  EndIntegerPart();
+  DivideByOpenCommas();
 }
 
 void NumberSection::AddPlace(bool filled) {
   if (hasPoint_) {
+    openCommas_ = 0;
     if (filled) lastFilledFraction_ = fractionPlaces_;
     ++fractionPlaces_;
     elements_.push_back({Kind::kFractionPlace, {}, filled});
@@ -44,7 +45,7 @@ void NumberSection::AddPlace(bool filled) {
 }
 
 void NumberSection::AddPoint() {
-  EndIntegerPart();
+  DivideByOpenCommas();
   hasPoint_ = true;
   elements_.push_back({Kind::kPoint, {}});
 }
@@ -53,9 +54,9 @@ void NumberSection::AddLiteral(std::string_view text) {
   elements_.push_back({Kind::kLiteral, std::string(text)});
 }
 
-// Commas with no place between them and the point scale; those behind the point mean nothing.
-void NumberSection::EndIntegerPart() {
-  if (!hasPoint_ && !hasExponent_) thousands_ = openCommas_;
+// Commas with no place between them and the point, the exponent or the end divide.
+void NumberSection::DivideByOpenCommas() {
+  thousands_ += openCommas_;
   openCommas_ = 0;
 }
 
@@ -66,7 +67,7 @@ bool NumberSection::StartsExponent(const PictureSection& marks, std::size_t at) 
 
 // Returns the index of the exponent's last mark.
 std::size_t NumberSection::AddExponent(const PictureSection& marks, std::size_t at) {
-  EndIntegerPart();
+  DivideByOpenCommas();
   hasExponent_ = true;
   Element exponent{Kind::kExponent, std::string(marks[at].text)};
   exponent.plusSign = marks[at + 1].Is('+');

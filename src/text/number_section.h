@@ -40,7 +40,7 @@ class NumberSection {
   void AddPoint();
   std::size_t AddExponent(const PictureSection& marks, std::size_t at);
   void AddLiteral(std::string_view text);
-  void EndIntegerPart();
+  void DivideByOpenCommas();
 
   void WriteIntegerPlace(std::string& text, const std::string& digits, int index,
                          bool filled) const;
@@ -51,7 +51,7 @@ class NumberSection {
   int lastFilledFraction_ = -1;  // index of the last fraction place that shows zeros
   int percents_ = 0;
   int thousands_ = 0;   // divisions by a thousand
-  int openCommas_ = 0;  // commas behind the last integer place so far
+  int openCommas_ = 0;  // commas behind the last place so far
   bool hasPoint_ = false;
   bool hasExponent_ = false;
   bool grouping_ = false;

@@ -133,6 +133,7 @@ TEST(RandomPictures, AVeryLongPictureIsNoProblem) {
   EXPECT_EQ(FormatValue(std::int64_t{5}, std::string(kLength, '0')).size(), kLength);
   EXPECT_EQ(FormatValue(0.5, "0" + std::string(kLength, '%')).size(), 3 * kLength);
   EXPECT_EQ(FormatValue(std::int64_t{5}, "0" + std::string(kLength, ',')), "0");
+  EXPECT_EQ(FormatValue(std::int64_t{5}, "0.0" + std::string(kLength, ',')), "0.0");
   EXPECT_EQ(FormatValue(std::string("x"), std::string(kLength, '@')).size(), kLength);
   EXPECT_EQ(FormatValue(Date{1}, std::string(kLength, 'h')).size(), kLength);
 }
