@@ -1,10 +1,9 @@
 #include "text/text_picture.h"
 
-#include <algorithm>
 #include <cstddef>
 
 #include "text/characters.h"
-#include "text/conversions.h"
+#include "text/letter_case.h"
 
 namespace td {
 
@@ -12,16 +11,18 @@ namespace {
 
 constexpr std::string_view kPlaces = "@&";
 
-enum class LetterCase { kAsItIs, kLower, kUpper };
+enum class LetterCase { kAsItIs, kSmall, kCapital };
 
 std::string InCase(std::string_view text, LetterCase letterCase) {
-  if (letterCase == LetterCase::kAsItIs) return std::string(text);
-  std::string changed = LowerCase(text);
-  if (letterCase == LetterCase::kLower) return changed;
-  std::transform(changed.begin(), changed.end(), changed.begin(), [](char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-  });
-  return changed;
+  switch (letterCase) {
+    case LetterCase::kSmall:
+      return InSmallLetters(text);
+    case LetterCase::kCapital:
+      return InCapitals(text);
+    case LetterCase::kAsItIs:
+      break;
+  }
+  return std::string(text);
 }
 
 // What applies to the whole text, wherever it stands in the section.
@@ -34,8 +35,8 @@ struct Manner {
 Manner ReadManner(const PictureSection& section) {
   Manner manner;
   for (const PictureMark& mark : section) {
-    if (mark.Is('<')) manner.letterCase = LetterCase::kLower;
-    if (mark.Is('>')) manner.letterCase = LetterCase::kUpper;
+    if (mark.Is('<')) manner.letterCase = LetterCase::kSmall;
+    if (mark.Is('>')) manner.letterCase = LetterCase::kCapital;
     if (mark.Is('!')) manner.fromLeft = true;
     if (mark.IsOneOf(kPlaces)) ++manner.places;
   }
