@@ -8,7 +8,7 @@
 #include <chrono>
 #include <cmath>
 #include <cstddef>
-#include <cstdio>
+#include <optional>
 #include <string_view>
 
 #include "text_encoding/text_repair.h"
@@ -123,16 +123,48 @@ Value ReadDate(SQLHSTMT statement, SQLUSMALLINT column) {
   return Date{serial < 0 ? serial - time : serial + time};
 }
 
+// Reads hh:mm:ss, with or without a fraction; nothing if that is no time of a day.
+std::optional<double> PartOfDay(std::string_view text) {
+  if (text.size() < 8 || text[2] != ':' || text[5] != ':') return std::nullopt;
+  const char* const at = text.data();
+  const char* const end = at + text.size();
+  unsigned hour = 0;
+  unsigned minute = 0;
+  double second = 0;
+  const bool isRead = std::from_chars(at, at + 2, hour).ptr == at + 2 &&
+                      std::from_chars(at + 3, at + 5, minute).ptr == at + 5 &&
+                      std::from_chars(at + 6, end, second).ptr == end;
+  if (!isRead || hour > 23) return std::nullopt;
+  return (hour * 3600.0 + minute * 60.0 + second) / 86400.0;
+}
+
+// A MariaDB time can be a span of more than a day or below zero, for which drivers have no
+// structure.
 Value ReadTime(SQLHSTMT statement, SQLUSMALLINT column) {
-  SQL_TIME_STRUCT time{};
-  if (!ReadFixed(statement, column, SQL_C_TYPE_TIME, time)) return Null{};
-  return Date{(time.hour * 3600.0 + time.minute * 60.0 + time.second) / 86400.0};
+  std::string text;
+  if (!ReadLong(statement, column, SQL_C_CHAR, 1, text)) return Null{};
+  const std::optional<double> partOfDay = PartOfDay(text);
+  if (!partOfDay) return text;
+  return Date{*partOfDay};
 }
 
 Value ReadBit(SQLHSTMT statement, SQLUSMALLINT column) {
   unsigned char bit = 0;
   if (!ReadFixed(statement, column, SQL_C_BIT, bit)) return Null{};
   return bit != 0;
+}
+
+bool IsShortText(SQLSMALLINT type) {
+  return type == SQL_CHAR || type == SQL_VARCHAR || type == SQL_WCHAR || type == SQL_WVARCHAR;
+}
+
+// PostgreSQL's driver calls flags texts unless its settings say otherwise.
+bool IsFlag(SQLHSTMT statement, SQLUSMALLINT column) {
+  std::array<char16_t, 64> name{};
+  SQLSMALLINT bytes = 0;
+  const SQLRETURN code = SQLColAttributeW(statement, column, SQL_DESC_TYPE_NAME, name.data(),
+                                          static_cast<SQLSMALLINT>(sizeof(name)), &bytes, nullptr);
+  return SQL_SUCCEEDED(code) && std::u16string_view(name.data()) == u"bool";
 }
 
 }  // namespace
@@ -153,6 +185,9 @@ std::vector<OdbcColumn> ReadColumns(SQLHSTMT statement) {
                                            &columns[i].type, &size, &digits, &nullable);
     if (!SQL_SUCCEEDED(code)) throw OdbcReadError();
     columns[i].name = ToUtf8(name.data());
+    if (IsShortText(columns[i].type) && IsFlag(statement, static_cast<SQLUSMALLINT>(i + 1))) {
+      columns[i].type = SQL_BIT;
+    }
   }
   return columns;
 }

@@ -24,10 +24,10 @@ enum class TextForm { kUtf16, kUtf8 };
 // The value of a column, from 1, in the row last fetched; each column once, in order.
 //   whole numbers, and exact ones without a point   whole number, if 64 bits hold it
 //   other exact numbers, floating ones              real (at 7 digits where the type is single)
-//   dates and times                                 date; a time alone lies on day 0
-//   bits                                            flag
+//   dates and times                                 date; a time of day alone lies on day 0
+//   bits and PostgreSQL's booleans                  flag
 //   bytes                                           bytes
-//   all else                                        text
+//   all else, and a time that is none of a day      text
 // Fails with the driver's OdbcReadError.
 [[nodiscard]] Value ReadValue(SQLHSTMT statement, SQLUSMALLINT column, SQLSMALLINT type,
                               TextForm texts);

@@ -54,6 +54,32 @@ TEST_P(OdbcValues, OfDatesAreDates) {
   EXPECT_EQ(One("select cast('2024-05-06 18:00:00' as " + type + ") as a"), Value(Date{45418.75}));
   EXPECT_EQ(One("select cast('1899-12-29 06:00:00' as " + type + ") as a"), Value(Date{-1.25}));
   EXPECT_EQ(One("select cast('12:00:00' as time) as a"), Value(Date{0.5}));
+  EXPECT_EQ(One("select cast('23:59:59' as time) as a"), Value(Date{86399.0 / 86400}));
+  EXPECT_EQ(One("select cast(null as time) as a"), Value(Null{}));
+}
+
+TEST_P(OdbcValues, OfTimesThatAreNoneOfADayAreTexts) {
+  const std::vector<std::string> times =
+      IsPostgreSql() ? std::vector<std::string>{"24:00:00"}
+                     : std::vector<std::string>{"24:00:00", "25:30:00", "-02:30:00", "838:59:59"};
+  MakeTable("spans", "a time");
+  for (const std::string& time : times) {
+    Execute("delete from spans");
+    Execute("insert into spans values('" + time + "')");
+    EXPECT_EQ(One("select a from spans"), Value(time));
+  }
+}
+
+TEST_P(OdbcValues, OfFlagsAreFlags) {
+  MakeTable("flags", IsPostgreSql() ? "k integer, a boolean" : "k integer, a bit(1)");
+  Execute(IsPostgreSql() ? "insert into flags values(1,true),(2,false),(3,null)"
+                         : "insert into flags values(1,b'1'),(2,b'0'),(3,null)");
+  EXPECT_EQ(One("select a from flags where k=1"), Value(true));
+  EXPECT_EQ(One("select a from flags where k=2"), Value(false));
+  EXPECT_EQ(One("select a from flags where k=3"), Value(Null{}));
+  if (IsPostgreSql()) {
+    EXPECT_EQ(One("select 1<2 as a"), Value(true));
+  }
 }
 
 TEST_P(OdbcValues, OfTextsHaveAnyLength) {
