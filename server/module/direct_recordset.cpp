@@ -3,45 +3,22 @@
 #include <memory>
 #include <utility>
 
-#include "module/column_values.h"
+#include "module/program_recordset.h"
 #include "module/remote_failures.h"
 #include "objects/variant_values.h"
 #include "platform/failure.h"
-#include "platform/standard_failures.h"
 
 namespace td {
 namespace {
 
-class DirectRecordset final : public Recordset {
+class DirectRecordset final : public ProgramRecordset<TdRecordset> {
  public:
-  explicit DirectRecordset(Reference<TdRecordset> object) : object_(std::move(object)) {}
+  using ProgramRecordset::ProgramRecordset;
 
   bool Eof() override {
     TdFlag atEnd = TD_TRUE_FLAG;
     Check(Object()->table->AtEnd(Object(), &atEnd), "EOF");
     return atEnd != TD_FALSE_FLAG;
-  }
-
-  const Value& Field(std::string_view column) override {
-    const OwnedString name(StringOf(std::string(column)));
-    OwnedVariant value;
-    Check(Object()->table->FieldValue(Object(), name.Get(), &*value), "Value");
-    return values_.Put(column, ValueOf(*value));
-  }
-
-  void MoveNext() override {
-    values_.Clear();
-    Check(Object()->table->MoveNext(Object()), "MoveNext");
-  }
-
-  void MoveFirst() override {
-    values_.Clear();
-    Check(Object()->table->MoveFirst(Object()), "MoveFirst");
-  }
-
-  void Close() override {
-    (void)Object();
-    object_ = {};
   }
 
   RecordsetRef Clone() override {
@@ -52,17 +29,19 @@ class DirectRecordset final : public Recordset {
   }
 
  private:
-  TdRecordset* Object() const {
-    if (object_.Get() == nullptr) throw ClosedFailure();
-    return object_.Get();
+  Value Read(std::string_view column) override {
+    const OwnedString name(StringOf(std::string(column)));
+    OwnedVariant value;
+    Check(Object()->table->FieldValue(Object(), name.Get(), &*value), "Value");
+    return ValueOf(*value);
   }
+
+  void GoToNext() override { Check(Object()->table->MoveNext(Object()), "MoveNext"); }
+  void GoToFirst() override { Check(Object()->table->MoveFirst(Object()), "MoveFirst"); }
 
   void Check(TdResult result, const char* member) const {
-    if (TD_FAILED(result)) throw FailureOfDirectCall(result, object_.Get(), member);
+    if (TD_FAILED(result)) throw FailureOfDirectCall(result, Object(), member);
   }
-
-  Reference<TdRecordset> object_;  // empty: closed
-  ColumnValues values_;
 };
 
 }  // namespace

@@ -147,6 +147,35 @@ TEST_F(DataObject, ALockConflictIsTriedAgain) {
   EXPECT_TRUE(HasPrinted("解开了"));
 }
 
+// No row of them is ever found to be the first of the new bill.
+TEST_F(DataObject, WithoutBillNumbersEndsTheSearchForABillAtItsEnd) {
+  const auto data = NamedRows({"大米", "绿豆"});
+  for (TestRow& row : data->rows) row.erase("FInterID");
+  int moves = 0;
+  data->onMoveNext = [&moves] {
+    if (++moves > 100) throw Failure(1001, "没有止境");
+  };
+  ExpectOk(Print(printer_.Get(), TestRows::Make(data).Get()));
+  EXPECT_EQ(moves, 2) << "once for each row";
+  EXPECT_NE(Messages().find("记录集中没有当前记录"), std::string::npos);
+  EXPECT_FALSE(PrintOk(printer_.Get()));
+}
+
+TEST_F(DataObject, HasNoValuesAtItsEndWhateverItAnswersThere) {
+  OtherUser(folder_.File("bills.db"))
+      .Run(
+          "insert into TDBillDetail (FTDBillID, FSite, FLeft, FTop, FWidth, FHeight, FIsVariant, "
+          "FObjectFieldName) values (1, 5, 500, 9000, 5000, 300, 1, '品名')");
+  const auto data = NamedRows({"大米"});
+  data->onClone = [] { throw Failure(3251, "不支持克隆"); };  // so the foot reads at the end
+  data->answersAtTheEnd = true;
+  ExpectOk(Print(printer_.Get(), TestRows::Make(data).Get()));
+  const std::string page = Exported();
+  EXPECT_NE(page.find("大米"), std::string::npos);
+  EXPECT_EQ(page.find("大米"), page.rfind("大米")) << "printed below the rows, too";
+  EXPECT_NE(Messages().find("记录集中没有当前记录"), std::string::npos);
+}
+
 TEST_F(DataObject, AMemberThatItHasNotGotIsNamed) {
   const auto data = NamedRows({"大米"});
   data->missingMembers = {"MoveNext"};

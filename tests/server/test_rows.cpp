@@ -101,10 +101,13 @@ class TestRowsObject final : public DispatchObject<TestRowsObject, TdDispatch> {
   }
 
   TestValue ValueOfColumn(const std::string& column) const {
-    if (AtEnd()) throw Failure(kNoCurrentRow, "已到末尾");
-    const TestRow& row = data_->rows[static_cast<std::size_t>(position_)];
+    if (data_->rows.empty()) throw Failure(kNoCurrentRow, "没有行");
+    // At the end the last row tells which columns there are.
+    const TestRow& row =
+        AtEnd() ? data_->rows.back() : data_->rows[static_cast<std::size_t>(position_)];
     const auto found = row.find(column);
     if (found == row.end()) throw Failure(kNoSuchColumn, "没有列 " + column);
+    if (AtEnd() && !data_->answersAtTheEnd) throw Failure(kNoCurrentRow, "已到末尾");
     return found->second;
   }
 

@@ -24,6 +24,7 @@ struct TestData {
   std::function<void()> onClone;         // may throw
   std::function<void()> onMoveNext;
   bool givesFirstInterface = false;  // fields and clones come as TD_OBJECT
+  bool answersAtTheEnd = false;      // with the values of the last row
   int position = 0;  // of the object that all of this was given to, not of its clones
   int clones = 0;
 };
