@@ -1,6 +1,5 @@
 #include "objects/variant_values.h"
 
-#include <array>
 #include <charconv>
 #include <cstdint>
 #include <cstring>
@@ -9,6 +8,7 @@
 
 #include "platform/failure.h"
 #include "platform/standard_failures.h"
+#include "text/conversions.h"
 #include "text_encoding/utf16.h"
 
 namespace td {
@@ -70,10 +70,9 @@ double RealOfDigits(const std::string& digits) {
   return number;
 }
 
+// Widened bits would show digits that the single never had.
 double RealOf(float number) {
-  std::array<char, 64> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-  return RealOfDigits({digits.data(), end});
+  return RealOfDigits(ToText(number));
 }
 
 Value ValueOfUnsigned(std::uint64_t number) {

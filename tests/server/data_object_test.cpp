@@ -50,6 +50,10 @@ TEST_F(DataObject, PrintsEachKindOfNumber) {
                      "12345678901"));
   EXPECT_TRUE(Prints(OfType(TD_UINT64, [](TdVariant& v) { v.value.unsigned64 = 64; }), "64"));
   EXPECT_TRUE(Prints(OfType(TD_FLOAT, [](TdVariant& v) { v.value.real32 = 0.1F; }), "0.1"));
+  EXPECT_TRUE(
+      Prints(OfType(TD_FLOAT, [](TdVariant& v) { v.value.real32 = 1.0F / 3; }), "0.3333333"));
+  EXPECT_TRUE(
+      Prints(OfType(TD_FLOAT, [](TdVariant& v) { v.value.real32 = 16777216; }), "16777220"));
   EXPECT_TRUE(Prints(OfType(TD_DOUBLE, [](TdVariant& v) { v.value.real64 = 2.5; }), "2.5"));
   EXPECT_TRUE(
       Prints(OfType(TD_CURRENCY, [](TdVariant& v) { v.value.integer64 = -123400; }), "-12.34"));
