@@ -86,7 +86,7 @@ void Component::Lock() {
 
 void Component::Unlock() {
   std::unique_lock lock(mutex_);
-  if (locks_ == 0) throw Failure(kInvalidCall, "组件没有被锁定。");
+  if (locks_ == 0) throw Failure(kInvalidCall, "组件没有可解除的占用。");
   --locks_;
   --uses_;
   EndIfUnused(std::move(lock));
