@@ -9,8 +9,9 @@
  * Each object answers calls by name (TdDispatch), and has an interface of its own whose operations
  * are called directly (TdPrinter, TdSettings). client/client.h makes the usual steps short.
  *
- * Everything here is laid out as the component standard of another platform lays it out, byte for
- * byte, so that the same source builds there and the objects are usable there.
+ * Tables, structures, numbers and result codes are those of the component standard of another
+ * platform, so that the same source builds there. The memory of strings and arrays is not: there it
+ * would come from that platform's own allocator.
  *
  * An object is a pointer to a structure whose first member points to a table of functions:
  *
@@ -311,8 +312,10 @@ typedef struct TdPrinterTable {
    *                             other data or the last object is gone
    *   TDBillName                format name; null or empty: the format marked as selected
    *   PrintDevice               has no effect; may be null
-   * Fails with TD_NOTHING_TO_PRINT when `PrintData` or what it points to is null, before anything
-   * is stored. What goes wrong while it prints shows itself as a message; PrintOk tells. */
+   * Fails with TD_NOTHING_TO_PRINT when `PrintData` or what it points to is null, with number 5
+   * while another print or dialog runs, and with a number and a description when the component
+   * can't start, as with a wrong settings file; nothing is stored then, and PrintOk stays as it
+   * was. What goes wrong while it prints shows itself as a message; PrintOk tells. */
   TdResult(TD_CALL* DoPrint)(TdPrinter* self, TdFlag New_DoPrint, TdString New_PromptString,
                              int16_t New_TranType, TdFlag New_OnlyPrintVariantItem,
                              TdFlag New_PrintBorder, TdDispatch** PrintData, TdString TDBillName,
@@ -340,7 +343,8 @@ typedef struct TdSettingsTable {
 
 /* ---- Print data without names, for speed ---- */
 
-/* An object that is print data may have this interface beside TdDispatch. Its failures are result
+/* An object that is print data may have this interface beside TdDispatch. At the end MoveNext and
+ * FieldValue need not fail by themselves: the component asks AtEnd. Failures are result
  * codes (TD_RESULT_OF_NUMBER(3265): no such column); a description is fetched through
  * TdErrorSource, if the object has that. */
 typedef struct TdRecordset {

@@ -30,6 +30,8 @@ struct PrintArguments {
 using PrintMethod = decltype(&Printer::DoPrint);
 
 void Print(PrintMethod method, PrintArguments arguments) {
+  // Before the platform is made, which reads files and can fail.
+  if (arguments.PrintData.Get() == nullptr) throw NothingToPrintFailure();
   const Request request;
   Printer printer(request.ThePlatform());
   (printer.*method)(arguments.New_DoPrint, arguments.New_PromptString, arguments.New_TranType,

@@ -32,7 +32,7 @@ void PrintOnWindow(Platform& platform, const WindowKind& kind) {
 void StoreRequest(bool New_DoPrint, const std::string& New_PromptString, std::int16_t New_TranType,
                   bool New_OnlyPrintVariantItem, bool New_PrintBorder,
                   const RecordsetRef& PrintData, const std::string& TDBillName) {
-  if (!PrintData) throw Failure(kNothingToPrint, "没有可供打印的数据!");
+  if (!PrintData) throw NothingToPrintFailure();
 
   PrintContext& context = Context();
   context.New_DoPrint = New_DoPrint;
@@ -46,6 +46,10 @@ void StoreRequest(bool New_DoPrint, const std::string& New_PromptString, std::in
 }
 
 }  // namespace
+
+Failure NothingToPrintFailure() {
+  return {kNothingToPrint, "没有可供打印的数据!"};
+}
 
 void Printer::DoPrint(bool New_DoPrint, const std::string& New_PromptString,
                       std::int16_t New_TranType, bool New_OnlyPrintVariantItem,

@@ -5,12 +5,14 @@
 #include <string>
 
 #include "platform/database.h"
+#include "platform/failure.h"
 #include "platform/platform.h"
 
 namespace td {
 
 // The number of the error that a print call without data raises.
 inline constexpr int kNothingToPrint = static_cast<int>(0x800403e9);
+[[nodiscard]] Failure NothingToPrintFailure();
 
 // Prints bills through overlay formats that are registered in the caller's database. All instances
 // share one request state: whichever call came last wins. One thread only.
@@ -35,8 +37,7 @@ class Printer {
                const std::string& TDBillName = {}, Value* PrintDevice = nullptr);
 
   // The same with a new page at each new stock area (the first character of `FStockArea`) instead
-  // of
-  // each new bill. The rows stand area by area.
+  // of each new bill. The rows stand area by area.
   void DoPrint_GroupByArea(bool New_DoPrint, const std::string& New_PromptString,
                            std::int16_t New_TranType, bool New_OnlyPrintVariantItem,
                            bool New_PrintBorder, const RecordsetRef& PrintData,

@@ -21,9 +21,10 @@ TEST_F(PrintThroughTheModule, PrintsTheRowsAndTellsSo) {
   EXPECT_EQ(data->position, 0) << "the cursor is put back";
 }
 
-TEST_F(PrintThroughTheModule, NothingToPrintRaisesTheErrorAndChangesNothing) {
+TEST_F(PrintThroughTheModule, NothingToPrintRaisesTheErrorAndKeepsWhatTheLastPrintLeft) {
   ExpectOk(Print(printer_.Get(), TestRows::Make(NamedRows({"大米"})).Get()));
   const std::string before = Exported();
+  const int alive = TestRows::Alive();
   for (const TdVariant& nothing : {TdEmptyVariant(), TdNullVariant(), TdDispatchVariant(nullptr)}) {
     ExpectRaised(Call(printer_.Get(), "DoPrint",
                       {TdFlagVariant(1), TdTextVariant("sqlite:elsewhere.db"), TdIntegerVariant(99),
@@ -32,10 +33,27 @@ TEST_F(PrintThroughTheModule, NothingToPrintRaisesTheErrorAndChangesNothing) {
   }
   EXPECT_TRUE(PrintOk(printer_.Get()));
   EXPECT_EQ(Exported(), before);
+  EXPECT_GT(alive, 0);
+  EXPECT_EQ(TestRows::Alive(), alive) << "the data of the print call is still referenced";
 }
 
 TEST_F(PrintThroughTheModule, NothingToPrintByAreaRaisesTheSameError) {
   ExpectRaised(PrintByArea(printer_.Get(), nullptr), TD_NOTHING_TO_PRINT, "没有可供打印的数据!");
+}
+
+TEST_F(PrintThroughTheModule, AWrongSettingsFileIsToldInWordsAndLeavesPrintOkAlone) {
+  ExpectOk(Print(printer_.Get(), TestRows::Make(NamedRows({"大米"})).Get()));
+  printer_ = {};  // files are read again when the component is next used
+  WriteBarcodeSettings("no such setting");
+  printer_ = NewPrinter();
+  const auto rows = TestRows::Make(NamedRows({"绿豆"}));
+  ExpectRaised(Print(printer_.Get(), rows.Get()), TD_RESULT_OF_NUMBER(kInvalidCall),
+               "条码设置文件 barcode.conf 第 1 行有误。");
+  EXPECT_TRUE(PrintOk(printer_.Get()));
+  ExpectRaised(Print(printer_.Get(), nullptr), TD_NOTHING_TO_PRINT, "没有可供打印的数据!");
+  WriteBarcodeSettings("");
+  ExpectOk(Print(printer_.Get(), rows.Get()));
+  EXPECT_TRUE(HasPrinted("绿豆"));
 }
 
 TEST_F(PrintThroughTheModule, DataThatCannotBeClonedPrints) {
@@ -105,14 +123,6 @@ TEST_F(PrintThroughTheModule, AnUnknownFormatIsAMessageAndNothingIsPrinted) {
   ExpectOk(Print(printer_.Get(), TestRows::Make(NamedRows({"大米"})).Get(), "没有的格式"));
   EXPECT_FALSE(PrintOk(printer_.Get()));
   EXPECT_NE(Messages(), "");
-}
-
-TEST_F(PrintThroughTheModule, BeginsAPageAtEachStockArea) {
-  const auto data = NamedRows({"大米", "绿豆", "花生油"});
-  const std::vector<std::string> areas = {"A1", "A2", "B"};
-  for (std::size_t i = 0; i < areas.size(); ++i) data->rows[i]["FStockArea"] = Text(areas[i]);
-  ExpectOk(PrintByArea(printer_.Get(), TestRows::Make(data).Get()));
-  EXPECT_TRUE(PrintOk(printer_.Get()));
 }
 
 TEST_F(PrintThroughTheModule, ASecondPrinterSeesWhatTheFirstOneLeft) {

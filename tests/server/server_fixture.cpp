@@ -4,6 +4,7 @@
 #include <stdlib.h>
 
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
@@ -109,6 +110,7 @@ ServerTest::ServerTest()
     : connection_(MakeDatabase(folder_.File("bills.db"),
                                Content(QBTD_SOURCE_DIR "/examples/schema.sql") + kFormats)) {
   setenv("QBTDPRINTER_STATE_DIR", folder_.File("state").c_str(), 1);
+  setenv("XDG_CONFIG_HOME", folder_.File("config").c_str(), 1);
   testing::internal::CaptureStderr();
   module_ = std::make_unique<LoadedModule>();
 }
@@ -141,6 +143,11 @@ bool ServerTest::PrintOk(TdDispatch* printer) {
 
 std::string ServerTest::Exported() const {
   return Content(folder_.File("state/订单.html"));
+}
+
+void ServerTest::WriteBarcodeSettings(const std::string& content) const {
+  std::filesystem::create_directories(folder_.File("config/qbtdprinter"));
+  std::ofstream(folder_.File("config/qbtdprinter/barcode.conf")) << content;
 }
 
 std::string ServerTest::Messages() {

@@ -84,6 +84,9 @@ class ServerTest : public testing::Test {
   [[nodiscard]] bool HasPrinted(const std::string& text) const {
     return Exported().find(text) != std::string::npos;
   }
+  // Writes the file that a platform reads when it is made.
+  void WriteBarcodeSettings(const std::string& content) const;
+
   // What the module wrote to standard error since the test began.
   [[nodiscard]] static std::string Messages();
 
