@@ -3,6 +3,8 @@
 
 #include <stdlib.h>
 
+#include <regex>
+
 #include "command_output.h"
 #include "server_fixture.h"
 #include "test_rows.h"
@@ -18,20 +20,42 @@ class ToAQueue : public ServerTest {
     OtherUser(folder_.File("bills.db"))
         .Run("update TDBill set FPrintDevice='QbTd-PDF' where FTDBillName='销售单'");
   }
+
+  // Makes a print call and returns the file that the queue made of its document.
+  template <class PrintCall>
+  static std::string Printed(const PrintCall& print) {
+    const std::size_t before = JobsTitled(kProgram).size();
+    ExpectOk(print());
+    const std::vector<int> jobs = JobsTitled(kProgram);
+    EXPECT_EQ(jobs.size(), before + 1);
+    return jobs.empty() ? std::string() : ResultOf(jobs.back());
+  }
+  static bool HasPages(const std::string& file, int count) {
+    const std::regex line("Pages: +" + std::to_string(count) + "\n");
+    return std::regex_search(OutputOf("pdfinfo '" + file + "'"), line);
+  }
+
+  Reference<TdDispatch> printer_ = NewPrinter();
 };
 
 TEST_F(ToAQueue, TheSheetsOfTheDocumentComeOut) {
-  const auto printer = NewPrinter();
-  const std::size_t before = JobsTitled(kProgram).size();
   const std::vector<std::string> twoPages(12, "大米");
-  ExpectOk(Print(printer.Get(), TestRows::Make(NamedRows(twoPages)).Get()));
-  EXPECT_TRUE(PrintOk(printer.Get()));
+  const std::string file =
+      Printed([&] { return Print(printer_.Get(), TestRows::Make(NamedRows(twoPages)).Get()); });
+  EXPECT_TRUE(PrintOk(printer_.Get()));
   EXPECT_EQ(Messages(), "");
-  const std::vector<int> jobs = JobsTitled(kProgram);
-  ASSERT_EQ(jobs.size(), before + 1);
-  const std::string result = ResultOf(jobs.back());
-  EXPECT_NE(OutputOf("pdfinfo '" + result + "'").find("Pages:           2"), std::string::npos);
-  EXPECT_GT(OutputOf("pdftotext '" + result + "' -").size(), 12U) << "something stands on them";
+  EXPECT_TRUE(HasPages(file, 2));
+  EXPECT_GT(OutputOf("pdftotext '" + file + "' -").size(), 12U) << "something stands on them";
+}
+
+TEST_F(ToAQueue, EachStockAreaBeginsAPage) {
+  const auto data = NamedRows({"Rice", "Beans", "Oil"});
+  const std::vector<std::string> areas = {"A1", "A2", "B"};
+  for (std::size_t i = 0; i < areas.size(); ++i) data->rows[i]["FStockArea"] = Text(areas[i]);
+  const std::string file =
+      Printed([&] { return PrintByArea(printer_.Get(), TestRows::Make(data).Get()); });
+  EXPECT_TRUE(PrintOk(printer_.Get()));
+  EXPECT_TRUE(HasPages(file, 2));
 }
 
 }  // namespace
