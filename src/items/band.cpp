@@ -21,6 +21,20 @@ double PenWidthOf(const Value& borderWidth) {
   return width > 1 ? width * kTwipsPerUnit : kThinLine;
 }
 
+// Where a line ends. The head adds the offset last, the bands that ride on the rows add the size to
+// the finished place: with fractions of a twip the order decides the last digit.
+double LineRight(Band& band) {
+  const double width = ToDouble(band.Item("FWidth"));
+  if (band.ridesOnRows) return width + ItemLeft(band);
+  return width + ToDouble(band.Item("FLeft")) + band.state.AdjuctLeft;
+}
+
+double LineBottom(Band& band) {
+  const double height = ToDouble(band.Item("FHeight"));
+  if (band.ridesOnRows) return ItemTop(band) + height;
+  return ToDouble(band.Item("FTop")) + height + band.state.AdjuctTop;
+}
+
 // Wider than high is horizontal, all else vertical: there is no rectangle.
 void DrawLineItem(Band& band) {
   const Guard& guard = band.guard;
@@ -34,13 +48,13 @@ void DrawLineItem(Band& band) {
     guard.Step([&] {
       const double x = ItemLeft(band);
       const double y = ItemTop(band);
-      band.vp.DrawLine(x, y, ToDouble(band.Item("FWidth")) + x, y);
+      band.vp.DrawLine(x, y, LineRight(band), y);
     });
   } else {
     guard.Step([&] {
       const double x = ItemLeft(band);
       const double y = ItemTop(band);
-      band.vp.DrawLine(x, y, x, y + ToDouble(band.Item("FHeight")));
+      band.vp.DrawLine(x, y, x, LineBottom(band));
     });
   }
 }

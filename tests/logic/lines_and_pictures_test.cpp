@@ -45,6 +45,21 @@ TEST(Lines, FollowAllOffsetsInABand) {
             (Json{{105, 1060, 605, 1060}, {105, 1070, 105, 1100}}));
 }
 
+// The last digit tells in which order the terms were added.
+TEST(Lines, OfTheHeadAddTheOffsetLastAndOthersTheSizeToThePlace) {
+  const auto ends = [](int site) {
+    Scenario scenario;
+    scenario.Format({{"FAdjuctLeft", -386.2}, {"FAdjuctTop", -386.2}});
+    scenario.Line({{"FSite", site}, {"FLeft", 4514.4}, {"FTop", 10}, {"FWidth", 3804.8}});
+    scenario.Line(
+        {{"FSite", site}, {"FLeft", 500}, {"FTop", 4514.4}, {"FWidth", 0}, {"FHeight", 3804.8}});
+    const Json lines = scenario.Run().Calls("DrawLine");
+    return Json{lines.at(0).at(2), lines.at(1).at(3)};
+  };
+  EXPECT_EQ(ends(1), (Json{7932.9999877929695, 7932.9999877929695}));
+  EXPECT_EQ(ends(2), (Json{7932.999987792969, 7932.999987792969}));
+}
+
 TEST(Lines, LeaveFontAlignmentAndCurrentPoint) {
   Scenario scenario;
   scenario.Line({});
