@@ -67,14 +67,14 @@ void DrawPictureItem(Band& band) {
   });
 }
 
-void DrawItem(Band& band, Value& typeId, void (*drawText)(Band&)) {
+void DrawItem(Band& band, void (*drawText)(Band&)) {
   const Guard& guard = band.guard;
-  guard.Step([&] { typeId = band.Item("FTypeID"); });
-  if (guard.Test([&] { return IsKind(typeId, kTextItem); })) {
+  guard.Step([&] { band.typeId = band.Item("FTypeID"); });
+  if (guard.Test([&] { return IsKind(band.typeId, kTextItem); })) {
     drawText(band);
-  } else if (guard.Test([&] { return IsKind(typeId, kLineItem); })) {
+  } else if (guard.Test([&] { return IsKind(band.typeId, kLineItem); })) {
     DrawLineItem(band);
-  } else if (guard.Test([&] { return IsKind(typeId, kPictureItem); })) {
+  } else if (guard.Test([&] { return IsKind(band.typeId, kPictureItem); })) {
     DrawPictureItem(band);
   }
 }
@@ -100,9 +100,8 @@ void DrawBand(PrintWindow& window, const std::string& sql, std::int16_t site, bo
   RunRoutine(Guard(reactions::kDrawing), window.platform.messages, [&](const Guard& guard) {
     Band band{.window = window, .guard = guard, .site = site, .ridesOnRows = ridesOnRows};
     guard.Step([&] { band.items.Open(window.platform, sql); });
-    Value typeId;
     while (guard.Test([&] { return !band.items.Eof(); })) {
-      DrawItem(band, typeId, drawText);
+      DrawItem(band, drawText);
       guard.Step([&] { band.items.MoveNext(); });
     }
     guard.Step([&] { band.items.Close(); });
@@ -176,6 +175,14 @@ void Box(Band& band, const std::function<std::string()>& makeText) {
     band.vp.TextBox(text, ItemLeft(band), ItemTop(band), ToDouble(band.Item("FWidth")),
                     ToDouble(band.Item("FHeight")), band.Item("FWordWrap"));
   });
+}
+
+void WriteFreeOrBoxed(Band& band, const std::function<std::string()>& makeText) {
+  if (IsAutoSize(band)) {
+    band.guard.Step([&] { band.vp.PutParagraph(makeText()); });
+  } else {
+    Box(band, makeText);
+  }
 }
 
 void StoreTotalPageStamp(Band& band) {

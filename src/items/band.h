@@ -12,7 +12,7 @@
 
 namespace td {
 
-// The items are read by column name at each use and never copied. `caption`, `field` and
+// The items are read by column name at each use and never copied. `typeId`, `caption`, `field` and
 // `ComposedQty` are held across the items of the band: a skipped step leaves them as they were.
 struct Band {
   PrintWindow& window;
@@ -20,6 +20,7 @@ struct Band {
   std::int16_t site = 0;
   bool ridesOnRows = false;  // items stand at the row offsets; head items do not
   Query items{};
+  Value typeId{};
   std::string caption{};
   std::string field{};
   std::string ComposedQty{};
@@ -56,6 +57,10 @@ void ReadField(Band& band);
 
 // One text box at the item's place; `makeText` and the place are one statement.
 void Box(Band& band, const std::function<std::string()>& makeText);
+
+// One text where the item wants it: a paragraph at the current point if it has FAutoSize, else in
+// its box.
+void WriteFreeOrBoxed(Band& band, const std::function<std::string()>& makeText);
 
 // Keeps the place of a total-page item for the end of the document; nothing is drawn.
 void StoreTotalPageStamp(Band& band);

@@ -7,7 +7,7 @@
 namespace td {
 namespace {
 
-// The call is made although it prints nothing: it moves the current point as a value would.
+// The label is on the sheet already: an empty text is written in its place.
 void DrawConstant(Band& band) {
   if (IsAutoSize(band)) {
     band.guard.Step([&] { band.vp.PutText(""); });
@@ -17,7 +17,7 @@ void DrawConstant(Band& band) {
 }
 
 // The number prints only where the item stands free; a box stays empty.
-void DrawPageNumber(Band& band) {
+void DrawFreePageOfDocument(Band& band) {
   if (IsAutoSize(band)) {
     band.guard.Step([&] { band.vp.PutParagraph(ToText(band.vp.PageCount())); });
   } else {
@@ -53,7 +53,7 @@ void DrawTextItem(Band& band) {
   }
   guard.Step([&] { band.field = ToLoneText(band.Item("FFieldName")); });
   if (LowerCase(band.field) == kPageNumberField) {
-    DrawPageNumber(band);
+    DrawFreePageOfDocument(band);
   } else if (LowerCase(band.field) == kTotalPageNumberField) {
     StoreTotalPageStamp(band);
   } else {

@@ -8,14 +8,9 @@
 namespace td {
 namespace {
 
-// Free-standing text is written at the current point, boxed text into the item's box.
-void DrawPageNumber(Band& band) {
-  const auto text = [&] { return band.caption + ToText(band.vp.PageCount()); };
-  if (IsAutoSize(band)) {
-    band.guard.Step([&] { band.vp.PutParagraph(text()); });
-  } else {
-    Box(band, text);
-  }
+// The head counts the pages of the document, the other bands those of the bill.
+void DrawPageOfDocument(Band& band) {
+  WriteFreeOrBoxed(band, [&] { return band.caption + ToText(band.vp.PageCount()); });
 }
 
 // A Null value prints the caption of a free-standing item and nothing at all of a boxed one.
@@ -51,7 +46,7 @@ void DrawTextItem(Band& band) {
   } else if (HasToken(band, kRandomBarcode)) {
     DrawBarcode(band, "FBillNoBarCode");
   } else if (LowerCase(band.field) == kPageNumberField) {
-    DrawPageNumber(band);
+    DrawPageOfDocument(band);
   } else if (LowerCase(band.field) == kTotalPageNumberField) {
     StoreTotalPageStamp(band);
   } else if (!band.field.empty()) {

@@ -19,7 +19,7 @@ NamedField Words(std::string_view name, SumSource source, WithoutAllSums without
 }
 
 const std::array kFields = {
-    NamedField{kPageNumberField, DrawPageNumber},
+    NamedField{kPageNumberField, DrawPageOfBill},
     NamedField{kTotalPageNumberField, DrawTotalPageNumber},
     Words("fsumamount_dx", "FSumAmount"),
     Words("fsumretailamount_dx", "FSumRetailAmount"),

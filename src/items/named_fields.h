@@ -42,7 +42,7 @@ struct NamedField {
 [[nodiscard]] const NamedField* FindNamedField(std::string_view name, const WindowKind& kind);
 
 // The drawings. A number or words sum: the picture decides between plain and formatted text.
-void DrawPageNumber(Band& band, const NamedField& field);
+void DrawPageOfBill(Band& band, const NamedField& field);
 void DrawTotalPageNumber(Band& band, const NamedField& field);
 void DrawSum(Band& band, const NamedField& field);
 void DrawSumInWords(Band& band, const NamedField& field);

@@ -43,13 +43,8 @@ void DrawValue(Band& band, const std::function<Value()>& readValue) {
 
 }  // namespace
 
-void DrawPageNumber(Band& band, const NamedField& /*field*/) {
-  const auto text = [&] { return band.caption + ToText(band.state.PageOfBill); };
-  if (IsAutoSize(band)) {
-    band.guard.Step([&] { band.vp.PutParagraph(text()); });
-  } else {
-    Box(band, text);
-  }
+void DrawPageOfBill(Band& band, const NamedField& /*field*/) {
+  WriteFreeOrBoxed(band, [&] { return band.caption + ToText(band.state.PageOfBill); });
 }
 
 void DrawTotalPageNumber(Band& band, const NamedField& /*field*/) {
