@@ -36,7 +36,7 @@ struct PageSums {
   double PagePurAmount = 0;
   double PageSkd = 0;
   double PageFkd = 0;
-  double AreaPageAmount = 0;  // stock-area run only
+  double AreaPageAmount = 0;  // stock-area run only; a record that nothing reads
 };
 
 // Sums over all rows, re-runs on the same window included: nothing clears them.
@@ -74,20 +74,22 @@ struct RunState {
   std::int16_t BlankRowsAtStart = 0;  // 1 or more: blank-row mode
   double CurrentRowTop = 0;           // offset of the current row
   double BandShift = 0;               // AdjuctHeader from the first new page on
-  double HeaderEndY = 0;
-  bool IsBodyStarted = false;   // the first page's bands are drawn
-  bool AdjustRowsOnce = false;  // the growth of RowsPerPage is still due
-  bool Site4Pending = false;    // a row was placed since the last band after the rows
+  double HeaderEndY = 0;              // where the head ended; a record that nothing reads
+  bool IsBodyStarted = false;         // the first page's bands are drawn
+  bool AdjustRowsOnce = false;        // the growth of RowsPerPage is still due
+  bool Site4Pending = false;          // a row was placed since the last band after the rows
 
   std::string CurrentInterId;      // the bill in progress, empty when none
   std::string CurrentArea;         // stock area of the last row, in the stock-area run
-  std::int32_t RowInterId = 0;     // bill of the last row, in the stock-area run
+  std::int32_t RowInterId = 0;     // bill of the last row, in the stock-area run; its conversion
+                                   // checks the number, and nothing reads it
   std::int16_t PageOfBill = 0;     // page number within the bill
   std::int16_t BillPageCount = 0;  // like PageOfBill, for BillPages
-  std::map<std::string, std::int16_t> BillPages;  // by document page number and "page"
+  // By document page number and "page": the pages of the page's bill. A record that nothing reads.
+  std::map<std::string, std::int16_t> BillPages;
 
   bool HasTotalPageStamp = false;
-  double StampCount = 0;
+  double StampCount = 0;  // items met in a run; a record that nothing reads
   std::array<TotalPageStamp, 3> stamps;
 };
 
