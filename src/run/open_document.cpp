@@ -33,7 +33,8 @@ void OpenDocument(PrintRun& run) {
 
   if (run.kind.knowsBlankRows) {
     SkipBlankPages(run);
-    run.rem = run.context.PrintBlankRows;
+    // Between the skip and StartDoc nothing changes the count; the walk then counts it down.
+    run.blankRowsDue = run.context.PrintBlankRows;
   }
   state.IsBodyStarted = false;
   state.AdjustRowsOnce = true;
@@ -42,10 +43,10 @@ void OpenDocument(PrintRun& run) {
     guard.Step([&] { run.vp.PutExportFile("c:\\订单.html"); });
   }
   guard.Step([&] { run.vp.StartDoc(); });
-  if (!state.HeaderPerPage && run.rem < 1) {
+  if (!state.HeaderPerPage && run.blankRowsDue < 1) {
     guard.Step([&] { DrawPageHeader(run.window, 1); });
   }
-  if (run.rem == 0) guard.Step([&] { DrawItems(run.window, 2, ""); });
+  if (run.blankRowsDue == 0) guard.Step([&] { DrawItems(run.window, 2, ""); });
   state.IsBodyStarted = true;
   state.CurrentRowTop = -state.RowHeight;
   state.OrderId = 1;

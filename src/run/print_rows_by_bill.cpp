@@ -25,9 +25,9 @@ void SkipBlankRows(PrintRun& run) {
 // Asked of every row. It can hold only when the blank rows are exactly one page: the rows then
 // start at the top again, while RowsOnPage goes on and never finds the page full.
 bool BlankRowsFilledPage(const PrintRun& run) {
-  if (run.rem <= 0 || run.state.RowsOnPage % run.rem != 0) return false;
+  if (run.blankRowsDue <= 0 || run.state.RowsOnPage % run.blankRowsDue != 0) return false;
   if (run.state.RowsPerPage == 0) throw DivisionByZeroFailure();
-  return run.rem % run.state.RowsPerPage == 0;
+  return run.blankRowsDue % run.state.RowsPerPage == 0;
 }
 
 bool IsNewBill(const PrintRun& run) {

@@ -23,7 +23,7 @@ struct PrintRun {
   // NoTax and Tax of the last row whose price and quantity could be read.
   double NoTax = 0;
   double Tax = 0;
-  std::int16_t rem = 0;  // blank rows that are still due when the document opens
+  std::int16_t blankRowsDue = 0;  // on the first page, when the document opens
 };
 
 // Chooses the format, sets paper and printer, reads the layout. False: no format, and the window
