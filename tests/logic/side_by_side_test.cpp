@@ -1,5 +1,5 @@
 // One scenario through the plain window and through the stock-area window: each difference between
-// the two traces has a name here, and no other difference is allowed.
+// the two traces has a name (named_differences.h), and no other difference is allowed.
 //
 // Bands are one below the other: 头 the head, 列 the column head, the rows, 计 behind the rows with
 // the page number, 脚 the foot.
@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <set>
 
+#include "named_differences.h"
 #include "scenario.h"
 #include "trace_difference.h"
 
@@ -128,113 +129,6 @@ Scenario Printed(Window window) {
   scenario.BlankRows(1);
   calls.Print({{"TDBillName", "每页页脚"}, {"data", Rows({{1, "A", "甲"}, {1, "A", "乙"}})}});
   return scenario;
-}
-
-// What the plain window does and the stock-area window doesn't, and the other way round.
-struct NamedDifference {
-  std::string name;
-  std::vector<Hunk> hunks;
-};
-
-// One call after the other; see Printed().
-const std::vector<NamedDifference>& NamedDifferences() {
-  static const std::vector<NamedDifference> differences = {
-      {"The load leaves the surface's own margins.",
-       {{{"put MarginLeft 0", "put MarginBottom 0", "put MarginRight 0", "put MarginTop 0"}, {}}}},
-      {"The first activation does not read PrintAdvertising.",
-       {{{"query Select Fvalue from t_systemprofile where fkey='PrintAdvertising'"}, {}}}},
-      {"Of the machine's paper the code comes first, then the orientation.",
-       {{{"put Orientation 0"}, {}}, {{}, {"put Orientation 0"}}}},
-      {"No export file is written.",
-       {{{"put ExportFormat 1", "put ExportFile c:\\订单.html"}, {}}}},
-
-      {"A bill that goes on in another area breaks there, without a foot.",
-       {{{"band 3: 乙 100,1300", "band 4: 计1 100,1600", "band 5: 脚 100,1900"},
-         {"band 4: 计1 100,1300", "NewPage", "OnEndPage", "OnNewPage", "band 2: 列 100,700",
-          "band 3: 乙 100,1000", "band 4: 计2 100,1300", "band 5: 脚 100,1600"}},
-        {{"pagetext 第1页   共1页"}, {"pagetext 第1页   共2页"}}}},
-      {"Two bills of one area run straight on, and the clone stays.",
-       {{{"band 4: 计1 100,1300", "band 5: 脚 100,1600", "NewPage", "OnEndPage", "OnNewPage",
-          "band 1: 头 100,0", "band 2: 列 100,700", "band 3: 乙 100,1000", "band 4: 计1 100,1300",
-          "band 5: 脚 100,1600"},
-         {"band 3: 乙 100,1300", "band 4: 计1 100,1600", "band 5: 脚 100,1900"}},
-        {{"pagetext 第1页   共2页"}, {"pagetext 第1页   共1页"}},
-        {{"after PrintOk=true PrintBlankRows=0 TDBillName=页脚在尾 row=0 clone=1"},
-         {"after PrintOk=true PrintBlankRows=0 TDBillName=页脚在尾 row=0 clone=0"}}}},
-      {"The group that ends has no foot; only the document has.", {{{"band 5: 脚 100,1600"}, {}}}},
-      {"The head is not forced where a new group begins.", {{{"band 1: 头 100,0"}, {}}}},
-      {"The page number goes on through the document.",
-       {{{"band 4: 计1 100,1300"}, {"band 4: 计2 100,1300"}}}},
-      {"A foot for each page stands twice on the last one.",
-       {{{}, {"band 5: 脚 100,1600"}}, {{}, {"band 5: 脚 100,1900"}}}},
-
-      {"A label that repeats the item's name is printed, of a value and of a fixed text.",
-       {{{"TextBox 甲 100,10"}, {"TextBox 品名甲 100,10"}},
-        {{"TextBox 甲 100,50"}, {"TextBox 品名甲 100,50"}},
-        {{"TextBox 备注 100,350"}, {"TextBox 品名备注 100,350"}},
-        {{"TextBox  100,60"}, {"TextBox 注 100,60"}},
-        {{"TextBox  100,360"}, {"TextBox 注 100,360"}}}},
-      {"A Null label is an empty one, not that of the item before.",
-       {{{"TextBox 前 100,80"}, {"TextBox  100,80"}},
-        {{"TextBox 前 100,380"}, {"TextBox  100,380"}}}},
-      {"The head knows none of the three barcodes.",
-       {{{"barcode 单1", "DrawPicture barcode:单1 100,20"}, {"TextBox 单号 100,20"}},
-        {{"barcode 随1", "DrawPicture barcode:随1 100,30"}, {"TextBox 随机 100,30"}},
-        {{"barcode 用1", "DrawPicture barcode:用1 100,40"}, {"TextBox 用户 100,40"}}}},
-      {"Rows know neither barcodes nor goods pictures: such an item is a text, at its row's place.",
-       {{{"barcode 单1", "DrawPicture barcode:单1 100,90"}, {"TextBox 单号 100,90"}},
-        {{"barcode 单1", "DrawPicture barcode:单1 100,90"}, {"TextBox 单号 100,390"}},
-        {{"barcode 随1", "DrawPicture barcode:随1 100,100"}, {"TextBox 随机 100,100"}},
-        {{"barcode 随1", "DrawPicture barcode:随1 100,100"}, {"TextBox 随机 100,400"}},
-        {{"query select FItemID,FPicture,FPicPath from t_icitem_Picture where FItemID=7",
-          R"({"e":"file","a":"save","path":"picture/7.jpg"})",
-          R"({"e":"file","a":"load","path":"picture/7.jpg"})", "DrawPicture goods:7 100,110"},
-         {"TextBox 图片 100,110"}},
-        {{"DrawPicture goods:7 100,410"}, {"TextBox 图片 100,410"}}}},
-      {"A row between the lines, with the quantity -999.99, counts like any other.",
-       {{{"TextBox 额113 100,420"}, {"TextBox 额163 100,420"}}}},
-      {"Tax and amount without tax are summed from their columns.",
-       {{{"TextBox 税13.00 100,430"}, {"TextBox 税17.00 100,430"}},
-        {{"TextBox 净100.00 100,440"}, {"TextBox 净146.00 100,440"}}}},
-      {"A sum that is not kept prints the label alone, or 0 under a picture and in capitals.",
-       {{{"TextBox 累113 100,450"}, {"TextBox 累 100,450"}},
-        {{"TextBox 累113.00 100,460"}, {"TextBox 累0.00 100,460"}},
-        {{"TextBox 累壹佰壹拾叁圆整 100,470"}, {"TextBox 累整 100,470"}}}},
-      {"Four page sums are unknown, and no column has their name.",
-       {{{"TextBox 收0 100,480"}, {}}}},
-
-      {"A printer that is refused ends the run with the reason, without the default printer.",
-       {{{"box 找不到打印“已拆”，将采用默认打印机！",
-          "put Orientation 0",
-          "put PaperSize 9",
-          "put ExportFormat 1",
-          "put ExportFile c:\\订单.html",
-          "StartDoc",
-          "OnNewPage",
-          "band 1",
-          "band 2",
-          "band 3",
-          "band 4",
-          "band 5",
-          "EndDoc",
-          "OnEndPage",
-          "OnEndDoc",
-          "pagetext 第1页   共1页",
-          R"({"e":"enable","k":"print","v":true})",
-          R"({"e":"enable","k":"zoom","v":true})",
-          R"({"e":"enable","k":"exit","v":true})",
-          "put MousePointer 1",
-          "PrintDoc",
-          "after PrintOk=true PrintBlankRows=0 TDBillName=旧打印机 row=0 clone=0"},
-         {"box 无效的属性值",
-          "after PrintOk=false PrintBlankRows=0 TDBillName=旧打印机 row=0 clone=0"}}}},
-      {"Blank rows are not looked at: the sheet is printed from its head to its foot.",
-       {{{"band 1:  100,0"}, {"band 1: 头 100,0", "band 2: 列 100,700", "band 3: 甲 100,1000"}},
-        {{}, {"band 4: 计1 100,1600", "band 5: 脚 100,1900"}},
-        {{"after PrintOk=true PrintBlankRows=0 TDBillName=每页页脚 row=0 clone=0"},
-         {"after PrintOk=true PrintBlankRows=1 TDBillName=每页页脚 row=0 clone=0"}}}},
-  };
-  return differences;
 }
 
 bool BeginsWith(const ShortTrace& lines, const ShortTrace& beginning) {
