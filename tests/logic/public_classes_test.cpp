@@ -1,7 +1,15 @@
 // What a caller sees of the print calls.
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <variant>
+
+#include "recording/recording_database.h"
+#include "recording/recording_platform.h"
 #include "scenario.h"
+#include "service/print_context.h"
+#include "service/printer.h"
+#include "text/conversions.h"
 
 namespace td {
 namespace {
@@ -65,6 +73,18 @@ TEST(DoPrint, DataThatCannotBeClonedPrintsWithOneCursor) {
 
 TEST(DoPrint, AnErrorThatLeavesTheWindowMakesTheCloneTheDataItself) {
   Scenario scenario;
+  scenario.Format({{"FRowsPerPage", 1}}).Bills({3});
+  // The report of a refused printer needs the machine's paper row; there is none, so it fails, too.
+  scenario.Fault({{"on", "NewPage"}, {"number", 380}, {"description", "无效"}});
+  const Trace trace = scenario.Run();
+  EXPECT_TRUE(trace.Messages().empty()) << "silent at this level";
+  EXPECT_EQ(trace.After().at("PrintOk"), false);
+  EXPECT_EQ(trace.After().at("row"), 1) << "where the run left it";
+  EXPECT_EQ(trace.After().at("clone"), 1) << "the same cursor; a clone would stand on row 0";
+}
+
+TEST(DoPrint, AnErrorInTheFirstActivationEndsTheCallSilently) {
+  Scenario scenario;
   scenario.Fault(
       {{"on", "query"}, {"number", 5}, {"description", "断开"}, {"match", "PrintAdvertising"}});
   scenario.Bills({1, 1}).Preview();
@@ -75,13 +95,32 @@ TEST(DoPrint, AnErrorThatLeavesTheWindowMakesTheCloneTheDataItself) {
   EXPECT_EQ(trace.After().at("PrintOk"), false);
 }
 
+// A silent print with a printer of the caller's, which no scenario can name.
+using PrintCall = decltype(&Printer::DoPrint);
+std::vector<Json> LinesOf(PrintCall print, bool New_PrintBorder, Value* PrintDevice) {
+  Scenario scenario;
+  scenario.FieldItem("FName");
+  recording::RecordingPlatform platform(recording::ReadScenario(scenario.Document()));
+  const auto& call = std::get<recording::Print>(platform.GetScenario().calls.front().action);
+  const auto& rows = std::get<recording::PrintRows>(call.data).table;
+  const auto data = std::make_shared<recording::RecordingRecordset>(
+      platform.GetRecorder(), std::make_shared<recording::TableData>(rows), true);
+  Context() = PrintContext{};
+  Printer printer(platform.Get());
+  (printer.*print)(true, "", 21, false, New_PrintBorder, data, "", PrintDevice);
+  EXPECT_TRUE(printer.PrintOk());
+  Context() = PrintContext{};
+  return platform.GetRecorder().TakeLines();
+}
+
 TEST(DoPrint, BorderAndPrintDeviceHaveNoEffect) {
-  const auto run = [](bool border) {
-    Scenario scenario;
-    scenario.FieldItem("FName").Print({{"New_PrintBorder", border}});
-    return scenario.Run().Lines();
-  };
-  EXPECT_EQ(run(false), run(true));
+  for (const PrintCall print : {&Printer::DoPrint, &Printer::DoPrint_GroupByArea}) {
+    Value device = std::string("P2");
+    const std::vector<Json> lines = LinesOf(print, false, nullptr);
+    EXPECT_EQ(LinesOf(print, true, nullptr), lines);
+    EXPECT_EQ(LinesOf(print, false, &device), lines);
+    EXPECT_EQ(ToText(device), "P2");
+  }
 }
 
 TEST(DoPrint, RunsTheSameDataAgainFromItsFirstRow) {
