@@ -129,6 +129,16 @@ TEST(BillLoop, DataWithoutRowsMakesAFormAllTheSame) {
   const Trace trace = scenario.Run();
   EXPECT_EQ(trace.TextsByPage(), (Pages{{"头", "列", "脚"}}));
   EXPECT_EQ(trace.Calls("DrawLine").size(), 10U);
+  EXPECT_TRUE(trace.Messages().empty()) << "the last move to a first row fails and is forgiven";
+  EXPECT_EQ(trace.After().at("PrintOk"), true);
+}
+
+TEST(BillLoop, AFormatWithoutItemsMakesItsPagesAllTheSame) {
+  Scenario scenario;
+  scenario.Format({{"FRowsPerPage", 2}}).Bills({3});
+  const Trace trace = scenario.Run();
+  EXPECT_EQ(trace.TextsByPage(), (Pages{{}, {}}));
+  EXPECT_TRUE(trace.Messages().empty());
   EXPECT_EQ(trace.After().at("PrintOk"), true);
 }
 
@@ -156,8 +166,38 @@ TEST(BillLoop, TooManyRowsForASixteenBitCounterEndTheRun) {
   scenario.Format({{"FRowsPerPage", 32767}}).BlankRows(32767);  // no row is drawn, only counted
   scenario.Print({{"data", {{"columns", {"FInterID"}}, {"rows", rows}}}});
   const Trace trace = scenario.Run();
-  EXPECT_EQ(trace.Messages().size(), 1U);
+  EXPECT_EQ(trace.Messages(), (std::vector<std::string>{"溢出"}));
+  for (const std::string& query : trace.Queries()) {
+    EXPECT_EQ(query.find("t2.FSite=3"), std::string::npos) << "the number of row 32768 fails first";
+  }
   EXPECT_EQ(trace.After().at("PrintOk"), false);
+}
+
+// What stands behind the rows: the foot, the memo and the end of the document.
+std::vector<std::string> EndOf(Scenario scenario, bool byArea) {
+  scenario.Item({{"FSite", 5}, {"FObjectCaption", "脚"}});
+  byArea ? scenario.PrintByArea() : scenario.Print();
+  return scenario.Run().Outline({"TextBox", "PutText", "PutRichText", "EndDoc"});
+}
+
+TEST(BillLoop, AMemoIsWrittenOnALineOfItsOwnBehindTheFoot) {
+  for (const bool byArea : {false, true}) {
+    Scenario scenario;
+    scenario.Set("memo", {{"text", "备注"}, {"rtf", "{\\rtf 备注}"}});
+    EXPECT_EQ(EndOf(scenario, byArea),
+              (std::vector<std::string>{"TextBox 脚", "PutText \r\n", "PutRichText {\\rtf 备注}",
+                                        "EndDoc"}));
+  }
+}
+
+TEST(BillLoop, WithoutAMemoNothingIsWrittenBehindTheFoot) {
+  for (const bool byArea : {false, true}) {
+    Scenario scenario;
+    scenario.Set("memo", {{"text", ""}, {"rtf", "{\\rtf}"}});
+    EXPECT_EQ(EndOf(Scenario(), byArea), (std::vector<std::string>{"TextBox 脚", "EndDoc"}));
+    EXPECT_EQ(EndOf(scenario, byArea), (std::vector<std::string>{"TextBox 脚", "EndDoc"}))
+        << "the plain text decides";
+  }
 }
 
 TEST(BillLoop, ASilentRunWritesTheExportFileAndServesThePrinter) {
