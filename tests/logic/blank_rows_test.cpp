@@ -45,6 +45,14 @@ TEST(BlankRows, ThatFillWholePagesArePassedOverWithoutAPage) {
   EXPECT_EQ(trace.BoxOf("行26").top, 1000 + 5 * 300);
 }
 
+TEST(BlankRows, OfMorePagesThanThereAreRowsLeaveOneEmptyPage) {
+  const Trace trace = BlankRowScenario(25, 15).Run();
+  EXPECT_EQ(trace.TextsByPage(), (Pages{{}}));
+  EXPECT_EQ(trace.After().at("PrintBlankRows"), 5) << "two whole pages, the missing rows included";
+  EXPECT_TRUE(trace.Messages().empty());
+  EXPECT_EQ(trace.After().at("PrintOk"), true);
+}
+
 TEST(BlankRows, OfExactlyOnePagePutAllRowsOverEachOtherOnOnePage) {
   const Trace trace = BlankRowScenario(10, 22).Run();
   EXPECT_EQ(trace.TextsByPage().size(), 1U);
