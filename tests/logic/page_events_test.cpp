@@ -76,6 +76,19 @@ TEST(PageEvents, AShiftDownwardsAddsRowsToo) {
   EXPECT_EQ(scenario.Run().TextsByPage()[1].size(), 1U + 4U + 1U + 1U);
 }
 
+TEST(PageEvents, AShiftOfZeroAddsNoRowsAndMovesNothing) {
+  Scenario scenario = BandScenario();
+  scenario.Format({{"FAdjuctHeader", 0}}).Bills({5});
+  std::vector<std::vector<double>> tops(3);
+  for (const Drawn& box : scenario.Run().Boxes()) {
+    if (box.text == "列" || box.text == "行") {
+      tops.at(static_cast<std::size_t>(box.page - 1)).push_back(box.top);
+    }
+  }
+  EXPECT_EQ(tops,
+            (std::vector<std::vector<double>>{{700, 1000, 1300}, {700, 1000, 1300}, {700, 1000}}));
+}
+
 TEST(PageEvents, LaterPagesAreShiftedTheirHeadIsNot) {
   Scenario scenario = BandScenario();
   scenario.Format({{"FAdjuctHeader", -100}, {"FHeaderPerPage", 1}}).Bills({3});
