@@ -151,6 +151,17 @@ TEST(SumFields, ASumOfZeroInCapitalsIsTheWordThatEndsAmounts) {
   EXPECT_EQ(OneRow("ftotalpagedx", "FAmount", 0).Run().Texts(), (Texts{"计：整"}));
 }
 
+TEST(SumFields, WithoutTheAmountsColumnAreZero) {
+  Scenario scenario;
+  for (const char* field : {"ftotalpage", "ftotalpage_1", "fsumtotalpage"}) {
+    scenario.FieldItem(field, {{"FSite", 4}});
+  }
+  scenario.Data({"FInterID", "FMainQty"}, {{1, 2}, {1, 3}});
+  const Trace trace = scenario.Run();
+  EXPECT_EQ(trace.Texts(), (Texts{"0", "0", "0"}));
+  EXPECT_TRUE(trace.Messages().empty());
+}
+
 TEST(SumFields, NegativeSumsKeepTheirSign) {
   EXPECT_EQ(OneRow("ftotalpage", "FAmount", -12.5).Run().Texts(), (Texts{"计：-12.5"}));
   EXPECT_EQ(OneRow("ftotalpagedx", "FAmount", -12.5).Run().Texts(),
