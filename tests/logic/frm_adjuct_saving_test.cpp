@@ -157,6 +157,17 @@ TEST(SettingsSaving, AQuoteInTheNameBreaksOnlyTheSecondStatement) {
   EXPECT_EQ(trace.Table("TDBill")[2].at("FAdjuctTop"), 99);
 }
 
+TEST(SettingsSaving, AQuoteInThePrintersNameBreaksOnlyTheSecondStatement) {
+  Scenario scenario = TwoFormats({SetBox("txtTop", "99"), ChoosePrinter(2), kOk});
+  scenario.Set("printers", {"P'1", "P2"});
+  const Trace trace = scenario.Run();
+  EXPECT_EQ(trace.Messages().size(), 1U);
+  EXPECT_EQ(trace.Executed().size(), 2U);
+  EXPECT_EQ(trace.Lines("controls").size(), 4U) << "the dialog is still open";
+  EXPECT_EQ(trace.Table("TDBill")[0].at("FSelected"), 0);
+  EXPECT_EQ(trace.Table("TDBill")[0].at("FAdjuctTop"), 12);
+}
+
 TEST(FineTuning, ConfirmedPrintsAgainWithTheSavedFormat) {
   Scenario scenario;
   scenario.Item({}).AddFormat({{"FTDBillName", "两联单"}});

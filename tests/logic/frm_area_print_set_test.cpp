@@ -85,6 +85,21 @@ TEST(AreaPrinterOpening, ALockIsShownAndNotRetried) {
   EXPECT_TRUE(Controls(trace).at("cmbStockArea").at("list").empty());
 }
 
+TEST(AreaPrinterOpening, ForgivesANullAndNothingElse) {
+  for (const int number : {94, 3265}) {
+    Scenario scenario = TwoAreas({});
+    scenario.Fault({{"on", "query"},
+                    {"match", "t_icitem"},
+                    {"number", number},
+                    {"description", "读不到库区"}});
+    const Trace trace = scenario.Run();
+    // The statement behind the one that was passed over finds no rows opened.
+    EXPECT_EQ(trace.Messages(), (Texts{number == 94 ? "对象已关闭，不允许此操作" : "读不到库区"}));
+    EXPECT_EQ(Controls(trace).at("cmbPrintFmt").at("list").size(), 1U);
+    EXPECT_TRUE(Controls(trace).at("cmbStockArea").at("list").empty());
+  }
+}
+
 TEST(AreaPrinterOpening, AMissingTableIsShownAndTheDialogOpens) {
   Scenario scenario = TwoAreas({});
   scenario.DropTable("t_icitem");
@@ -245,6 +260,28 @@ TEST(AreaPrinterSaving, AQuoteInTheFormatsNameBreaksTheStatementsAndHarmsNothing
   scenario.AddFormat({{"FTDBillName", "O'Brien"}}).AreaPrinter({});
   const Trace trace = scenario.Run();
   EXPECT_EQ(trace.Messages().size(), 2U) << "when it was chosen, and when it was saved";
+  EXPECT_EQ(trace.Table("TDBill_AreaPrinterDevice").size(), 1U);
+}
+
+TEST(AreaPrinterSaving, AQuoteInThePrintersNameBreaksTheInsertAndLosesTheOldRow) {
+  Scenario scenario = TwoAreas(InAreaA({Choose("cmbPrintDevice", 2), kSave}));
+  scenario.Set("printers", {"P'1", "P2"}).AreaPrinter({});
+  const Trace trace = scenario.Run();
+  ASSERT_EQ(trace.Messages().size(), 1U);
+  EXPECT_NE(trace.Messages()[0], "保存成功！");
+  EXPECT_EQ(trace.Executed().size(), 2U);
+  EXPECT_TRUE(trace.Table("TDBill_AreaPrinterDevice").empty());
+}
+
+TEST(AreaPrinterSaving, AnAreaThatIsAQuoteBreaksTheStatementsAndHarmsNothing) {
+  Scenario scenario = TwoAreas(InAreaA({Choose("cmbPrintDevice", 2), kSave}));
+  scenario.StockArea("'1").AreaPrinter({});
+  const Trace trace = scenario.Run();
+  EXPECT_EQ(Controls(trace).at("cmbStockArea").at("list"), (Json{"'", "A", "B"}))
+      << "so that the first area is chosen";
+  ASSERT_EQ(trace.Messages().size(), 2U) << "when it was chosen, and when it was saved";
+  EXPECT_NE(trace.Messages()[1], "保存成功！");
+  EXPECT_EQ(trace.Executed().size(), 1U);
   EXPECT_EQ(trace.Table("TDBill_AreaPrinterDevice").size(), 1U);
 }
 

@@ -107,6 +107,20 @@ TEST(PageSetup, TheFormatsPrinterOverridesTheChosenOne) {
   EXPECT_EQ(scenario.Run().Puts("Device"), Json::array({"P1", "P2", "P1"}));
 }
 
+TEST(PageSetup, AQuoteInThePrintersNameBreaksOnlyTheMachinesRow) {
+  Scenario scenario = ThreePages({Json{
+      {"key", "pageset"}, {"confirm", true}, {"put", {{"Device", "P'2"}, {"PaperSize", 11}}}}});
+  scenario.Set("printers", {"P1", "P'2"}).MachinePaper({{"FDevice", "P1"}});
+  const Trace trace = scenario.Run();
+  EXPECT_EQ(trace.Messages().size(), 1U);
+  ASSERT_EQ(trace.Executed().size(), 3U);
+  EXPECT_TRUE(trace.Executed().back().ends_with(",'P'2')")) << trace.Executed().back();
+  EXPECT_EQ(trace.Table("TDBill")[0].at("FPaperSize"), 11) << "the update stays";
+  EXPECT_TRUE(trace.Table("TDBill_PaperSize").empty()) << "the delete stays, too";
+  EXPECT_TRUE(trace.Calls("ClearDoc").empty());
+  EXPECT_EQ(trace.Calls("StartDoc").size(), 1U) << "no second run";
+}
+
 TEST(PageSetup, WithoutADatabaseTheBoxShowsAndThePreviewStays) {
   Scenario scenario = ThreePages({Json{{"key", "pageset"}, {"confirm", true}}, "nextpage"});
   scenario.Fault({{"on", "connect"}, {"number", 5}, {"description", "连不上"}});
