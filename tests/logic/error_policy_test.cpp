@@ -114,7 +114,7 @@ TEST(ErrorPolicy, PageSetupKeepsWhatItExecutedBeforeAFailure) {
   EXPECT_EQ(trace.Calls("StartDoc").size(), 1U) << "no second run";
 }
 
-TEST(ErrorPolicy, TheLastMoveOfTheCursorForgivesEverything) {
+TEST(ErrorPolicy, AFailingPrintoutIsShownAndCountsAsPrinted) {
   Scenario scenario;
   scenario.Fault({{"on", "PrintDoc"}, {"number", 57}, {"description", "没有打印机"}});
   const Trace trace = scenario.Run();
