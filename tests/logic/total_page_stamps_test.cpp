@@ -99,9 +99,16 @@ TEST(TotalPageStamps, ThePageCountIsTheDocumentsInARunOfSeveralBills) {
 }
 
 TEST(TotalPageStamps, LaterPagesUseTheFontOfTheFirst) {
-  Scenario scenario = StampScenario(3, {{"FSite", 3}, {"FTop", 500}, {"FFontSize", 10.5}});
+  // The head stands on the first page only, the foot on the last.
+  Scenario scenario = StampScenario(
+      3,
+      {{"FSite", 1}, {"FTop", 50}, {"FFontName", "黑体"}, {"FFontSize", 10.5}, {"FFontBold", 1}});
+  scenario.FieldItem("ftotalpageno", {{"FSite", 5}, {"FTop", 500}, {"FFontSize", 20}});
   const Trace trace = scenario.Run();
+  EXPECT_EQ(Tops(trace), (std::vector<double>{50, 500}));
+  EXPECT_EQ(trace.Puts("FontName").back(), "黑体");
   EXPECT_EQ(trace.Puts("FontSize").back(), 10) << "a whole number of points";
+  EXPECT_EQ(trace.Puts("FontBold").back(), true);
 }
 
 TEST(TotalPageStamps, ALockDuringStampingEndsTheDocumentAgain) {
