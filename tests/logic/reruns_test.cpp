@@ -1,7 +1,7 @@
 // Several runs on one window: what goes on from where it stood.
 #include <gtest/gtest.h>
 
-#include "scenario.h"
+#include "settings_steps.h"
 
 namespace td {
 namespace {
@@ -10,13 +10,15 @@ const Json kConfirmPageSetup = {{"key", "pageset"}, {"confirm", true}};
 
 using Texts = std::vector<std::string>;
 
-TEST(ReRuns, OverallAndRunningSumsGoOn) {
-  Scenario scenario;
-  scenario.FieldItem("FSumTotalPage", {{"FSite", 5}}).FieldItem("ftotalpage_1", {{"FSite", 5}});
-  scenario.FieldItem("ftotalpage", {{"FSite", 5}});
-  scenario.Data({"FInterID", "FAmount", "FMainQty"}, {{1, 10, 1}});
-  scenario.Preview({kConfirmPageSetup});
-  EXPECT_EQ(scenario.Run().Texts(), (Texts{"10", "10", "10", "20", "20", "10"}));
+TEST(ReRuns, OverallAndRunningSumsGoOnAfterPageSetupAndAfterFineTuning) {
+  for (const Json& way : {kConfirmPageSetup, InDialog({kOk})}) {
+    Scenario scenario;
+    scenario.FieldItem("FSumTotalPage", {{"FSite", 5}}).FieldItem("ftotalpage_1", {{"FSite", 5}});
+    scenario.FieldItem("ftotalpage", {{"FSite", 5}});
+    scenario.Data({"FInterID", "FAmount", "FMainQty"}, {{1, 10, 1}});
+    scenario.Preview({way});
+    EXPECT_EQ(scenario.Run().Texts(), (Texts{"10", "10", "10", "20", "20", "10"})) << way;
+  }
 }
 
 TEST(ReRuns, AllSixRunningSumsGoOn) {
