@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "sqlite/sqlite_failure.h"
+#include "text/characters.h"
 
 namespace td {
 namespace {
@@ -17,12 +18,9 @@ void IsNullFunction(sqlite3_context* context, int /*count*/, sqlite3_value** arg
 
 // Bytes of the first `count` characters of a UTF-8 text.
 std::size_t LengthOfCharacters(std::string_view text, sqlite3_int64 count) {
-  std::size_t at = 0;
-  for (; at < text.size(); ++at) {
-    const bool continues = (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80;
-    if (!continues && count-- == 0) break;
-  }
-  return at;
+  std::string_view rest = text;
+  for (; count > 0 && !rest.empty(); --count) TakeCharacter(rest);
+  return text.size() - rest.size();
 }
 
 void LeftFunction(sqlite3_context* context, int /*count*/, sqlite3_value** arguments) {

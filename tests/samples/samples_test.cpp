@@ -6,6 +6,7 @@
 #include <map>
 #include <regex>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <vector>
 
@@ -15,6 +16,7 @@
 #include "sample_files.h"
 #include "sample_format.h"
 #include "sample_printing.h"
+#include "text/characters.h"
 
 namespace td {
 
@@ -38,14 +40,9 @@ void ExpectText(const PrintedPage& page, const PlacedText& expected, BaseLines& 
   for (const PrintedWord& word : *words) baseLines.Add(expected, word);
 }
 
-std::map<std::string, int> CountedCharacters(const std::string& text) {
+std::map<std::string, int> CountedCharacters(std::string_view text) {
   std::map<std::string, int> count;
-  for (std::size_t at = 0; at < text.size();) {
-    std::size_t end = at + 1;
-    while (end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) ++end;
-    ++count[text.substr(at, end - at)];
-    at = end;
-  }
+  while (!text.empty()) ++count[std::string(TakeCharacter(text))];
   return count;
 }
 
