@@ -28,8 +28,8 @@ enum class MessageMode {
 
 // Texts are UTF-8; an empty text asks for what the comment calls the default.
 struct DesktopOptions {
-  // Every document goes to this printer, whatever printer its format or its user chose. Default:
-  // the document's own choice.
+  // Every document goes to this printer, whatever printer its format or machine has; in a preview
+  // the user can still choose another one. Default: the document's own choice.
   std::string printer;
 
   // Takes a finished document in the place of any printer: no printer is needed then, and none is

@@ -45,12 +45,13 @@ void AddPaper(QComboBox& list, std::int32_t code, const QString& name, double wi
 
 }  // namespace
 
-PageSetupDialog::PageSetupDialog(PageDocument& document, QWidget* parent)
+PageSetupDialog::PageSetupDialog(PageDocument& document, const std::string& printer,
+                                 QWidget* parent)
     : QDialog(parent), document_(document) {
   setWindowTitle(QStringLiteral("页面设置"));
   setFont(FontWithChinese(font()));
   MakeFields();
-  FillPrinters();
+  FillPrinters(printer);
   FillPapers();
   LayOutFields();
   ConnectFields();
@@ -78,15 +79,18 @@ void PageSetupDialog::MakeFields() {
   cancel_ = new QPushButton(QStringLiteral("取消"), this);
 }
 
-void PageSetupDialog::FillPrinters() {
+// A printer that the machine doesn't have leaves the list without a choice: the first entry would
+// be one that nobody made.
+void PageSetupDialog::FillPrinters(const std::string& printer) {
   const int count = document_.DeviceCount();
   for (int i = 0; i < count; ++i) {
     printer_->addItem(QString::fromStdString(document_.DeviceName(i)));
   }
-  printer_->setCurrentText(QString::fromStdString(document_.Device()));
-  if (count > 0) return;
-  printer_->setPlaceholderText(QStringLiteral("（没有打印机）"));
-  printer_->setEnabled(false);
+  shownPrinter_ = printer_->findText(QString::fromStdString(printer));
+  printer_->setCurrentIndex(shownPrinter_);
+  printer_->setPlaceholderText(count > 0 ? QStringLiteral("（未选择）")
+                                         : QStringLiteral("（没有打印机）"));
+  printer_->setEnabled(count > 0);
 }
 
 void PageSetupDialog::FillPapers() {
@@ -200,6 +204,11 @@ void PageSetupDialog::Check() {
   picture_->Show(SheetAsRead(), Margins());
 }
 
+std::string PageSetupDialog::ChosenPrinter() const {
+  const bool isChosen = printer_->currentIndex() != shownPrinter_;
+  return isChosen ? printer_->currentText().toStdString() : std::string();
+}
+
 void PageSetupDialog::Apply() {
   if (PaperCode() == kUserDefinedPaper) {
     document_.PutPaperWidth(static_cast<float>(width_->Twips()));
@@ -212,7 +221,7 @@ void PageSetupDialog::Apply() {
   document_.PutMarginTop(top_->Twips());
   document_.PutMarginRight(right_->Twips());
   document_.PutMarginBottom(bottom_->Twips());
-  if (printer_->currentIndex() >= 0) document_.PutDevice(printer_->currentText().toStdString());
+  if (!ChosenPrinter().empty()) document_.PutDevice(ChosenPrinter());
 }
 
 }  // namespace td

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <string>
 
 #include "page_document/page_document.h"
 #include "qt/preview/length_field.h"
@@ -17,18 +18,23 @@ namespace td {
 // that leave nothing of it, can't be confirmed; the dialog then says why.
 class PageSetupDialog : public QDialog {
  public:
-  // Reads the document's properties; it outlives the dialog.
-  PageSetupDialog(PageDocument& document, QWidget* parent);
+  // Reads the document's properties; it outlives the dialog. `printer` takes the document as
+  // things are, and is shown if the machine has it.
+  PageSetupDialog(PageDocument& document, const std::string& printer, QWidget* parent);
 
-  // Puts the choices into the document. To be called after the user has confirmed. Fails with
-  // kInvalidProperty when the chosen printer has gone meanwhile; the rest is then put all the same.
+  // Puts the choices into the document; a printer that the user has left alone is none. To be
+  // called after the user has confirmed. Fails with kInvalidProperty when the chosen printer has
+  // gone meanwhile; the rest is then put all the same.
   void Apply();
+
+  // Empty if the user has left the printer alone.
+  [[nodiscard]] std::string ChosenPrinter() const;
 
  private:
   void MakeFields();
   void LayOutFields();
   void ConnectFields();
-  void FillPrinters();
+  void FillPrinters(const std::string& printer);
   void FillPapers();
   void PaperChosen();
   void Check();
@@ -39,6 +45,7 @@ class PageSetupDialog : public QDialog {
 
   PageDocument& document_;
   QComboBox* printer_ = nullptr;
+  int shownPrinter_ = -1;
   QComboBox* paper_ = nullptr;
   LengthField* width_ = nullptr;
   LengthField* height_ = nullptr;

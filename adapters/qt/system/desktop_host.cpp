@@ -47,6 +47,10 @@ double DesktopHost::LineHeight(const TextLine& line) {
   return td::LineHeight(line);
 }
 
+std::string DesktopHost::PrinterOf(PageDocument& document) const {
+  return printer_.empty() ? document.Device() : printer_;
+}
+
 void DesktopHost::Print(PageDocument& document, bool withDialog) {
   if (settings_.documentSink) {
     settings_.documentSink(document);
@@ -54,7 +58,7 @@ void DesktopHost::Print(PageDocument& document, bool withDialog) {
     return;
   }
   PrintChoice choice;
-  choice.printer = settings_.printer.empty() ? document.Device() : settings_.printer;
+  choice.printer = PrinterOf(document);
   if (choice.printer.empty()) {
     throw DeviceFailure(kDeviceIo, "本机没有安装打印机，无法打印。");
   }
@@ -78,9 +82,10 @@ bool DesktopHost::ShowPageSetup(PageDocument& document) {
   if (!HasWindowSystem()) {
     throw DeviceFailure(kInvalidCall, "没有可用的显示，无法打开页面设置。");
   }
-  PageSetupDialog dialog(document, viewer_.window);
+  PageSetupDialog dialog(document, PrinterOf(document), viewer_.window);
   if (dialog.exec() != QDialog::Accepted) return false;
   dialog.Apply();
+  if (!printer_.empty() && !dialog.ChosenPrinter().empty()) printer_ = dialog.ChosenPrinter();
   return true;
 }
 

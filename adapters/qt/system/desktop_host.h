@@ -17,7 +17,7 @@ class DesktopHost : public DocumentHost {
  public:
   // Both outlive the host.
   DesktopHost(const FrameSettings& settings, Messages& messages)
-      : settings_(settings), messages_(messages) {}
+      : settings_(settings), messages_(messages), printer_(settings.printer) {}
 
   // The window that shows the document, or none: dialogs open on it, and it hears of changes.
   struct Viewer {
@@ -42,7 +42,8 @@ class DesktopHost : public DocumentHost {
   // One job for each run of pages on the same sheet. Fails with kDeviceIo when the machine has no
   // printer, and with kInvalidCall when a dialog is asked for and none can be shown.
   void Print(PageDocument& document, bool withDialog) override;
-  // Fails with kInvalidCall where no dialog can be shown.
+  // Fails with kInvalidCall where no dialog can be shown. A printer that the user chooses takes the
+  // place of the one in the settings.
   bool ShowPageSetup(PageDocument& document) override;
 
   // The file's name is the last part of `file`; it lies in the state directory.
@@ -52,10 +53,12 @@ class DesktopHost : public DocumentHost {
   void PointerChanged(std::int32_t shape) override;
 
  private:
+  [[nodiscard]] std::string PrinterOf(PageDocument& document) const;
   void TellPrinted() const;
 
   const FrameSettings& settings_;
   Messages& messages_;
+  std::string printer_;  // takes the document whatever its own printer is, unless empty
   Viewer viewer_;
   std::vector<std::string> printers_;
 };

@@ -9,7 +9,9 @@ namespace td {
 class PageDocument;
 
 struct FrameSettings {
-  std::string printer;         // takes every document; empty: the document's own printer does
+  // Takes every document until a user chooses another in the page setup; empty: the document's own
+  // printer does.
+  std::string printer;
   std::string stateDirectory;  // of the export file; empty: DefaultStateFolder()
   // Takes a finished document in the place of any printer, if it is set.
   std::function<void(const PageDocument&)> documentSink;

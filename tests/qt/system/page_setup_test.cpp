@@ -12,11 +12,26 @@
 namespace td {
 namespace {
 
+// A machine with two printers, the first of them its default.
+class TwoPrinters : public DesktopHost {
+ public:
+  using DesktopHost::DesktopHost;
+
+  int DeviceCount() override { return 2; }
+  std::string DeviceName(int index) override { return index == 0 ? "前台" : "仓库"; }
+  std::string DefaultDevice() override { return "前台"; }
+  bool HasDevice(const std::string& name) override { return name == "前台" || name == "仓库"; }
+};
+
 class PageSetup : public testing::Test {
  protected:
   PageSetup() { document_.PutMarginLeft(0); }
 
-  void Open() { dialog_ = std::make_unique<PageSetupDialog>(document_, nullptr); }
+  void Open() { Open(document_.Device()); }
+  void Open(const std::string& printer) {
+    dialog_ = std::make_unique<PageSetupDialog>(document_, printer, nullptr);
+  }
+  QComboBox& Printers() { return *dialog_->findChildren<QComboBox*>()[0]; }
   QComboBox& Papers() { return *dialog_->findChildren<QComboBox*>()[1]; }
   // In their order: width, height, left, top, right, bottom.
   QDoubleSpinBox& Length(int index) { return *dialog_->findChildren<QDoubleSpinBox*>()[index]; }
@@ -31,7 +46,7 @@ class PageSetup : public testing::Test {
 
   FrameSettings settings_;
   MessageBoxes messages_{false};
-  DesktopHost host_{settings_, messages_};
+  TwoPrinters host_{settings_, messages_};
   PageDocument document_{host_};
   std::unique_ptr<PageSetupDialog> dialog_;
 };
@@ -120,6 +135,50 @@ TEST_F(PageSetup, ShowsAnUnknownPaperNumberWithItsSize) {
   EXPECT_EQ(Papers().currentText(), "纸张 12345（210 × 297 mm）");
   dialog_->Apply();
   EXPECT_EQ(document_.PaperSize(), 12345);
+}
+
+TEST_F(PageSetup, OffersThePrintersAndShowsTheDocumentsOwn) {
+  document_.PutDevice("仓库");
+  Open();
+  ASSERT_EQ(Printers().count(), 2);
+  EXPECT_EQ(Printers().itemText(0), "前台");
+  EXPECT_EQ(Printers().currentText(), "仓库");
+  EXPECT_TRUE(Printers().isEnabled());
+  dialog_->Apply();
+  EXPECT_EQ(document_.Device(), "仓库");
+  EXPECT_EQ(dialog_->ChosenPrinter(), "");
+}
+
+TEST_F(PageSetup, PutsTheChosenPrinterIntoTheDocument) {
+  Open();
+  EXPECT_EQ(Printers().currentText(), "前台");
+  Printers().setCurrentText("仓库");
+  EXPECT_EQ(dialog_->ChosenPrinter(), "仓库");
+  EXPECT_EQ(document_.Device(), "前台") << "nothing is confirmed yet";
+  dialog_->Apply();
+  EXPECT_EQ(document_.Device(), "仓库");
+}
+
+TEST_F(PageSetup, DoesNotChooseAPrinterInThePlaceOfOneThatHasGone) {
+  document_.PutDevice("仓库");
+  Open("二楼");
+  EXPECT_EQ(Printers().currentIndex(), -1);
+  dialog_->Apply();
+  EXPECT_EQ(document_.Device(), "仓库");
+  Printers().setCurrentText("前台");
+  dialog_->Apply();
+  EXPECT_EQ(document_.Device(), "前台");
+}
+
+TEST_F(PageSetup, WithoutPrintersOffersNone) {
+  DesktopHost host(settings_, messages_);  // the tests' printing system can't be reached
+  PageDocument document(host);
+  PageSetupDialog dialog(document, document.Device(), nullptr);
+  const auto* printers = dialog.findChildren<QComboBox*>()[0];
+  EXPECT_FALSE(printers->isEnabled());
+  EXPECT_EQ(printers->count(), 0);
+  dialog.Apply();
+  EXPECT_EQ(document.Device(), "");
 }
 
 TEST_F(PageSetup, ChangesNothingWhenItIsCancelled) {

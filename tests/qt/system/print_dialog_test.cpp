@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -37,18 +38,24 @@ class PrintDialog : public testing::Test {
   void PrintAndAnswer(
       QDialogButtonBox::StandardButton button,
       std::function<void(QPrintDialog&)> change = [](QPrintDialog&) {}) {
-    constexpr int kUntilItIsShown = 500;  // milliseconds
     bool wasAsked = false;
-    QTimer::singleShot(kUntilItIsShown, qApp, [&] {
-      auto* dialog = dynamic_cast<QPrintDialog*>(QApplication::activeModalWidget());
-      ASSERT_NE(dialog, nullptr);
+    AnswerDialog(button, [&](QPrintDialog& dialog) {
       wasAsked = true;
-      EXPECT_EQ(dialog->printer()->printerName(), "QbTd-PDF");
-      change(*dialog);
-      dialog->findChild<QDialogButtonBox*>()->button(button)->click();
+      EXPECT_EQ(dialog.printer()->printerName(), "QbTd-PDF");
+      change(dialog);
     });
     document_.PrintDoc(true);
     EXPECT_TRUE(wasAsked);
+  }
+  static void AnswerDialog(QDialogButtonBox::StandardButton button,
+                           std::function<void(QPrintDialog&)> change) {
+    constexpr int kUntilItIsShown = 500;  // milliseconds
+    QTimer::singleShot(kUntilItIsShown, qApp, [button, change = std::move(change)] {
+      auto* dialog = dynamic_cast<QPrintDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      change(*dialog);
+      dialog->findChild<QDialogButtonBox*>()->button(button)->click();
+    });
   }
   [[nodiscard]] std::vector<int> Jobs() const { return JobsTitled(title_.toStdString()); }
 
@@ -71,6 +78,44 @@ TEST_F(PrintDialog, PrintsOnTheExactSheetWhenItIsConfirmed) {
 TEST_F(PrintDialog, PrintsNothingAndFailsNothingWhenItIsCancelled) {
   PrintAndAnswer(QDialogButtonBox::Cancel);
   EXPECT_TRUE(Jobs().empty());
+}
+
+// Opens the page setup, and confirms it after `change` of the list of printers.
+void SetPageUp(PageDocument& document, std::function<void(QComboBox&)> change) {
+  constexpr int kUntilItIsShown = 200;  // milliseconds
+  QTimer::singleShot(kUntilItIsShown, qApp, [&] {
+    auto* dialog = dynamic_cast<QDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    change(*dialog->findChildren<QComboBox*>()[0]);
+    dialog->findChildren<QPushButton*>()[0]->click();
+  });
+  EXPECT_NE(document.ShowPageSetup(1), 0);
+}
+
+TEST_F(PrintDialog, AChoiceInThePageSetupWinsOverThePrinterOfTheProgram) {
+  settings_.printer = "QbTd-Fixed";
+  DesktopHost host(settings_, messages_);
+  PageDocument document(host);
+  document.PutDevice("QbTd-PDF");
+  document.StartDoc();
+  document.EndDoc();
+
+  const auto printerInDialog = [&] {
+    std::string printer;
+    AnswerDialog(QDialogButtonBox::Cancel, [&](QPrintDialog& dialog) {
+      printer = dialog.printer()->printerName().toStdString();
+    });
+    document.PrintDoc(true);
+    return printer;
+  };
+  SetPageUp(document, [](QComboBox& printers) {
+    EXPECT_EQ(printers.currentText(), "QbTd-Fixed") << "where the document would go";
+  });
+  EXPECT_EQ(document.Device(), "QbTd-PDF") << "nobody has chosen another";
+  EXPECT_EQ(printerInDialog(), "QbTd-Fixed");
+  SetPageUp(document, [](QComboBox& printers) { printers.setCurrentText("QbTd-PDF"); });
+  EXPECT_EQ(document.Device(), "QbTd-PDF");
+  EXPECT_EQ(printerInDialog(), "QbTd-PDF");
 }
 
 TEST_F(PrintDialog, PrintsTheCopiesThatTheUserWants) {
