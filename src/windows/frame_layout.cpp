@@ -9,7 +9,7 @@ FrameLayout LayOutFrame(const FrameSizes& sizes) {
           .surfaceWidth = sizes.innerWidth - 60,
           .surfaceHeight = sizes.innerHeight - sizes.stripHeight,
           .pageBoxLeft = sizes.innerWidth - sizes.pageBoxWidth - 300,
-          .toolbarBandWidth = sizes.innerWidth - sizes.pageBoxWidth - 1000};
+          .toolbarBandWidth = sizes.innerWidth - sizes.pageBoxWidth - kTwipsBesideToolbarBand};
 }
 
 }  // namespace td

@@ -23,6 +23,9 @@ struct FrameLayout {
   double toolbarBandWidth = 0;
 };
 
+// What the toolbar's band leaves of the window beside the page box.
+inline constexpr double kTwipsBesideToolbarBand = 1000;
+
 [[nodiscard]] FrameLayout LayOutFrame(const FrameSizes& sizes);
 
 }  // namespace td

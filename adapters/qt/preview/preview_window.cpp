@@ -3,11 +3,14 @@
 #include <QCloseEvent>
 #include <QScreen>
 #include <QShortcut>
+#include <QStyle>
 #include <QTimer>
 #include <QToolButton>
+#include <QtMath>
 #include <algorithm>
 #include <array>
 
+#include "qt/preview/dropped_input.h"
 #include "qt/preview/toolbar_icons.h"
 #include "qt/preview/window_font.h"
 #include "windows/frame_layout.h"
@@ -34,7 +37,8 @@ const std::array<Button, 7> kButtons = {{
     {"关闭", "exit", false, QKeySequence::UnknownKey},
 }};
 
-constexpr int kWidthForWaitingText = 28;  // half-width characters
+// The longest texts that the page text box shows.
+constexpr std::array kLongestPageTexts = {"请稍候，正在读入打印数据...", "第32767页   共32767页"};
 
 }  // namespace
 
@@ -83,16 +87,36 @@ void PreviewWindow::AddPageText() {
   pageText_->setText(QStringLiteral("第    页 共    页"));
 }
 
-// Large enough for most of a page, and smaller than the screen.
+double PreviewWindow::PixelsPerTwip() const {
+  return logicalDpiX() / kTwipsPerInch;
+}
+
+QSize PreviewWindow::PageTextSize() const {
+  constexpr int kBesideText = 4;  // pixels between the frame and the text
+  int width = 0;
+  for (const char* text : kLongestPageTexts) {
+    width = std::max(width, pageText_->fontMetrics().horizontalAdvance(QString::fromUtf8(text)));
+  }
+  const int frame =
+      pageText_->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, pageText_);
+  return {width + 2 * (frame + kBesideText), pageText_->sizeHint().height()};
+}
+
+// Large enough for most of a page and for all buttons, and smaller than the screen.
 void PreviewWindow::UseSensibleSize() {
   constexpr double kPartOfScreen = 0.85;
-  const QSize available = screen()->availableGeometry().size() * kPartOfScreen;
-  resize(std::min(available.width(), 1100), std::min(available.height(), 900));
+  const QSize available = screen()->availableGeometry().size();
+  const QSize usual = (available * kPartOfScreen).boundedTo(QSize(1100, 900));
+  const int besideToolbar =
+      qCeil(kTwipsBesideToolbarBand * PixelsPerTwip()) + PageTextSize().width();
+  const int forButtons = toolbar_->sizeHint().width() + besideToolbar;
+  resize(std::min(std::max(usual.width(), forButtons), available.width()), usual.height());
 }
 
 void PreviewWindow::EnableButton(std::string_view key, bool enabled) {
   const auto button = buttons_.find(key);
   if (button == buttons_.end()) return;
+  if (enabled && !button->second->isEnabled() && isVisible()) DropPendingInput(*this);
   button->second->setEnabled(enabled);
   if (isVisible()) toolbar_->repaint();
 }
@@ -140,11 +164,10 @@ void PreviewWindow::resizeEvent(QResizeEvent*) {
 }
 
 void PreviewWindow::LayOutParts() {
-  const double pixelsPerTwip = logicalDpiX() / kTwipsPerInch;
+  const double pixelsPerTwip = PixelsPerTwip();
   const auto pixels = [pixelsPerTwip](double twips) { return qRound(twips * pixelsPerTwip); };
   const int stripHeight = toolbar_->sizeHint().height();
-  const QSize textSize(pageText_->fontMetrics().averageCharWidth() * kWidthForWaitingText,
-                       pageText_->sizeHint().height());
+  const QSize textSize = PageTextSize();
   const FrameLayout layout = LayOutFrame({.innerWidth = width() / pixelsPerTwip,
                                           .innerHeight = height() / pixelsPerTwip,
                                           .stripTop = 0,

@@ -29,7 +29,8 @@ class PreviewWindow : public QWidget {
   // The document outlives the window.
   PreviewWindow(PageDocument& document, PreviewEvents events);
 
-  // An unknown key has no effect. Both are visible at once, in the middle of a run, too.
+  // An unknown key has no effect. Both are visible at once, in the middle of a run, too. What was
+  // clicked and typed before a button is enabled does nothing: it was meant for a disabled one.
   void EnableButton(std::string_view key, bool enabled);
   void PutPageText(const std::string& text);
 
@@ -45,6 +46,8 @@ class PreviewWindow : public QWidget {
  private:
   void AddButtons();
   void AddPageText();
+  [[nodiscard]] double PixelsPerTwip() const;
+  [[nodiscard]] QSize PageTextSize() const;
   void UseSensibleSize();
   void ReportActivation();
   void LayOutParts();
