@@ -1,4 +1,6 @@
 // The preview of a print call on a real database: page setup and its rows, and runs that fail.
+#include <QPrintDialog>
+
 #include "preview_use.h"
 #include "qt/preview/page_setup_dialog.h"
 #include "service/printer.h"
@@ -48,6 +50,21 @@ TEST_F(PreviewWithDatabase, ConfirmedPageSetupIsStoredForTheFormatAndTheMachine)
             "销售单,11,1");
   EXPECT_EQ(database_.Cell("select FIP from TDBill_PaperSize"),
             desktop_.Get().machine.LocalMachineId());
+}
+
+TEST_F(PreviewWithDatabase, CountsAsPrintedWhateverThePrinterDialogIsAnswered) {
+  bool wasAsked = false;
+  EXPECT_TRUE(Preview(kRow, [&](PreviewWindow& window) {
+    WaitForRun(window);
+    WhenShown<QPrintDialog>([&](QPrintDialog& dialog) {
+      wasAsked = true;
+      dialog.reject();
+    });
+    Press(window, "print");
+    EXPECT_TRUE(window.isVisible());
+  }));
+  EXPECT_TRUE(wasAsked);
+  EXPECT_EQ(boxes_, std::vector<std::string>());
 }
 
 TEST_F(PreviewWithDatabase, CancelledPageSetupStoresNothing) {
