@@ -1,7 +1,9 @@
 #include "qt/system/application.h"
 
 #include <QApplication>
+#include <QLibraryInfo>
 #include <QThread>
+#include <QTranslator>
 #include <cerrno>
 #include <cstdio>
 #include <string>
@@ -45,6 +47,15 @@ class QuietSearch {
   QtMessageHandler former_;
 };
 
+// The system's printer dialog then speaks the language of the component's own dialogs. Without the
+// translation it stays in English.
+void UseChineseWords(QApplication& application) {
+  auto* words = new QTranslator(&application);
+  if (words->load("qtbase_zh_CN", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QCoreApplication::installTranslator(words);
+  }
+}
+
 // Never deleted: whoever paints last in this process may do so while it ends.
 void MakeApplication() {
   static std::string option = "-platform";
@@ -55,6 +66,7 @@ void MakeApplication() {
   static QApplication* const application = new QApplication(count, arguments);
   // The component's windows come and go; the end of the last one must not end the program.
   application->setQuitOnLastWindowClosed(false);
+  UseChineseWords(*application);
 }
 
 }  // namespace

@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QFontMetricsF>
+#include <QPushButton>
 #include <functional>
 #include <thread>
 
@@ -75,6 +77,33 @@ TEST(Application, OfTheProgramIsKept) {
         QApplication application(count, nullptr);
         EnsureApplication();
         return qApp == &application && CanMeasureText();
+      },
+      kAnything);
+}
+
+std::string CaptionOfCancel() {
+  const QDialogButtonBox box(QDialogButtonBox::Cancel);
+  return box.button(QDialogButtonBox::Cancel)->text().remove('&').toStdString();
+}
+
+TEST(Application, OfTheComponentSpeaksChineseInTheSystemsDialogs) {
+  RunAlone(
+      [] {
+        ClearEnvironment();
+        EnsureApplication();
+        return CaptionOfCancel() == "取消";
+      },
+      kNothing);
+}
+
+TEST(Application, OfTheProgramKeepsItsLanguage) {
+  RunAlone(
+      [] {
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        int count = 0;
+        QApplication application(count, nullptr);
+        EnsureApplication();
+        return CaptionOfCancel() == "Cancel";
       },
       kAnything);
 }
