@@ -107,7 +107,7 @@ TEST(RunStart, WithoutAFormatOneBoxShowsAndTheWindowGoes) {
     if (name.empty()) scenario.Format({{"FSelected", 0}});
     scenario.Preview({"nextpage"}, {{"TDBillName", name}});
     const Trace trace = scenario.Run();
-    EXPECT_EQ(trace.Messages(), (Texts{"未指定套打格式，打印被取消！"}));
+    ASSERT_EQ(trace.Messages(), (Texts{"未指定套打格式，打印被取消！"}));
     EXPECT_EQ(trace.Lines("box")[0].at("style"), 64);
     EXPECT_EQ(trace.Lines("unload").size(), 1U);
     EXPECT_TRUE(trace.Calls("StartDoc").empty());
