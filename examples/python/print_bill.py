@@ -27,7 +27,9 @@ class Rows:
     """A record set: a cursor over rows that are dictionaries. The component calls these five."""
 
     def __init__(self, rows):
-        self._rows = rows
+        # Names are found without regard to case; a row may lack a column that another one has.
+        self._rows = [{name.lower(): value for name, value in row.items()} for row in rows]
+        self._columns = {name for row in self._rows for name in row}
         self._current = 0
 
     @property
@@ -37,12 +39,13 @@ class Rows:
     def Fields(self, name):
         # Called for every value that a format shows, so it should be quick. A column that the rows
         # don't have is an error with the usual number; what shows it stays blank.
-        for column, value in self._rows[self._current].items():
-            if column.lower() == name.lower():
-                return Field(value)
-        raise qbtdprinter.Error(qbtdprinter.NO_SUCH_COLUMN, f"there is no column {name}")
+        if name.lower() not in self._columns:
+            raise qbtdprinter.Error(qbtdprinter.NO_SUCH_COLUMN, f"there is no column {name}")
+        self._check_not_at_end()
+        return Field(self._rows[self._current].get(name.lower()))
 
     def MoveNext(self):
+        self._check_not_at_end()
         self._current += 1
 
     def MoveFirst(self):
@@ -51,6 +54,10 @@ class Rows:
     def Clone(self, lock_type=None):
         """A second cursor over the same rows, on the first row."""
         return Rows(self._rows)
+
+    def _check_not_at_end(self):
+        if self.EOF:
+            raise qbtdprinter.Error(qbtdprinter.NO_CURRENT_ROW, "there is no current row")
 
 
 def print_bills(connection, bill_type, rows):

@@ -26,4 +26,5 @@ echo '[]' >"$rows"
 error=$(run python3 "$script" "sqlite:$work/sample.db" 21 "$rows" 2>&1) && exit 1
 expect_texts "$error" "0x800403e9: 没有可供打印的数据!"
 
+PYTHONPATH+=:$(dirname "$script")
 run python3 -m unittest discover --quiet --start-directory "$(dirname "$0")" --pattern '*_test.py'

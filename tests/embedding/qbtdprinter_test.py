@@ -9,6 +9,7 @@ import tempfile
 import threading
 import unittest
 
+import print_bill
 import qbtdprinter
 from qbtdprinter import _values
 
@@ -115,6 +116,31 @@ class Printing(unittest.TestCase):
             pass
         with self.assertRaises(ValueError):
             settings.call("TDSet", "", 21)
+
+
+class RowsOfTheExample(unittest.TestCase):
+    def setUp(self):
+        self.rows = print_bill.Rows([{"FInterID": 1, "FQty": 2}, {"FInterID": 1, "FNote": "x"}])
+
+    def expect_error(self, number, call):
+        with self.assertRaises(qbtdprinter.Error) as raised:
+            call()
+        self.assertEqual(raised.exception.number, number)
+
+    def test_are_walked_and_found_in_any_case(self):
+        self.assertEqual(self.rows.Fields("fqty").Value, 2)
+        self.rows.MoveNext()
+        self.assertIsNone(self.rows.Fields("FQty").Value)
+        self.assertEqual(self.rows.Fields("FNOTE").Value, "x")
+        self.assertEqual(self.rows.Clone().Fields("FQty").Value, 2)
+
+    def test_know_their_columns_at_the_end_and_go_no_further(self):
+        self.rows.MoveNext()
+        self.rows.MoveNext()
+        self.assertTrue(self.rows.EOF)
+        self.expect_error(qbtdprinter.NO_CURRENT_ROW, self.rows.MoveNext)
+        self.expect_error(qbtdprinter.NO_CURRENT_ROW, lambda: self.rows.Fields("FQty"))
+        self.expect_error(qbtdprinter.NO_SUCH_COLUMN, lambda: self.rows.Fields("FPrice"))
 
 
 class Values(unittest.TestCase):
