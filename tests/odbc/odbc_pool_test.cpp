@@ -85,6 +85,18 @@ TEST_P(OdbcPool, GoesOnAfterTheServerWasRestarted) {
   EXPECT_EQ(One("select a from t"), Value(std::int64_t{4}));
 }
 
+TEST(OdbcTableNames, AreReadOnceForEachConnection) {
+  const std::string connection = ConnectionOf(Server::kMariaDb);
+  OdbcDatabase database;
+  database.Connect(connection)->Execute("drop table if exists Later");
+  (void)database.OpenQuery(connection, "select 1 as a");
+  OdbcDatabase other;
+  other.Connect(connection)->Execute("create table Later(a integer)");
+  EXPECT_TRUE(database.OpenQuery(connection, "select a from Later")->Eof());
+  EXPECT_THROW(database.OpenQuery(connection, "select a from LATER"), Failure);
+  EXPECT_TRUE(database.OpenQuery(connection, "select a from LATER")->Eof());
+}
+
 TEST_P(OdbcPool, ServesSeveralThreads) {
   const auto read = [this] {
     for (int i = 0; i < 100; ++i) EXPECT_EQ(One("select a from t"), Value(std::int64_t{1}));
