@@ -9,6 +9,7 @@
 #include <string>
 
 #include "platform/failure.h"
+#include "qt/preview/window_font.h"
 
 namespace td {
 namespace {
@@ -67,6 +68,7 @@ void MakeApplication() {
   // The component's windows come and go; the end of the last one must not end the program.
   application->setQuitOnLastWindowClosed(false);
   UseChineseWords(*application);
+  if (HasWindowSystem()) QApplication::setFont(FontWithChinese(QApplication::font()));
 }
 
 }  // namespace
