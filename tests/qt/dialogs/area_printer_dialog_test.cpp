@@ -1,4 +1,5 @@
 // The stock-area printer dialog, used with mouse and keyboard; the database is read back.
+#include "passing_database.h"
 #include "service/print_context.h"
 #include "shown_dialog.h"
 #include "windows/frm_area_print_set.h"
@@ -35,30 +36,23 @@ TEST_F(AreaPrinterDialog, ShowsBillTypesFormatsAreasAndPrinters) {
   EXPECT_EQ(boxes_, Texts());
 }
 
-// A database whose goods without an area come as Null.
-class NullAreas : public Database {
+// Goods without an area come as Null.
+class NullAreas : public PassingDatabase {
  public:
-  explicit NullAreas(Database& database) : database_(database) {}
+  using PassingDatabase::PassingDatabase;
 
   RecordsetRef OpenQuery(const std::string& connection, const std::string& sql, CursorType cursor,
                          LockType lock) override {
     const bool isOfAreas = sql.find("t_icitem") != std::string::npos;
-    return database_.OpenQuery(connection,
-                               isOfAreas ? "select FStockArea from t_icitem order by FItemID" : sql,
-                               cursor, lock);
+    return PassingDatabase::OpenQuery(
+        connection, isOfAreas ? "select FStockArea from t_icitem order by FItemID" : sql, cursor,
+        lock);
   }
-  std::unique_ptr<Connection> Connect(const std::string& connection) override {
-    return database_.Connect(connection);
-  }
-
- private:
-  Database& database_;
 };
 
 TEST_F(AreaPrinterDialog, ANullIsNoFurtherArea) {
-  const Platform& desktop = desktop_.Get();
-  NullAreas areas(desktop.database);
-  Platform platform{areas, desktop.pictures, desktop.messages, desktop.machine, desktop.windows};
+  NullAreas areas(desktop_.Get().database);
+  Platform platform = PlatformOn(areas, desktop_.Get());
   WhenDialogIsShown([](DialogWindow& window) {
     EXPECT_EQ(EntriesOf(window, "cmbStockArea"), (Texts{"A1", "A2", "B"}));
   });

@@ -1,8 +1,8 @@
 // The overlay settings dialog, used with mouse and keyboard; the database is read back.
-#include <QGroupBox>
-#include <chrono>
-#include <thread>
+#include <functional>
+#include <memory>
 
+#include "passing_database.h"
 #include "service/print_context.h"
 #include "service/td_set.h"
 #include "shown_dialog.h"
@@ -123,22 +123,56 @@ TEST_F(SettingsDialog, TheTabKeyVisitsTheFieldsFromTopToBottom) {
   });
 }
 
+// Runs statements on another database, and tells of each failure before it goes on.
+class WatchedConnection : public Connection {
+ public:
+  WatchedConnection(std::unique_ptr<Connection> connection,
+                    std::function<void(const Failure&)> failed)
+      : connection_(std::move(connection)), failed_(std::move(failed)) {}
+
+  void Execute(const std::string& sql) override {
+    try {
+      connection_->Execute(sql);
+    } catch (const Failure& failure) {
+      failed_(failure);
+      throw;
+    }
+  }
+
+ private:
+  std::unique_ptr<Connection> connection_;
+  std::function<void(const Failure&)> failed_;
+};
+
+class WatchedDatabase : public PassingDatabase {
+ public:
+  WatchedDatabase(Database& database, std::function<void(const Failure&)> failed)
+      : PassingDatabase(database), failed_(std::move(failed)) {}
+
+  std::unique_ptr<Connection> Connect(const std::string& connection) override {
+    return std::make_unique<WatchedConnection>(PassingDatabase::Connect(connection), failed_);
+  }
+
+ private:
+  std::function<void(const Failure&)> failed_;
+};
+
 TEST_F(SettingsDialog, ALockedDatabaseIsWaitedFor) {
-  using namespace std::chrono_literals;
-  std::thread release;
-  ShowSettings([&](DialogWindow& window) {
+  std::unique_ptr<TableLock> lock;
+  int failures = 0;
+  WatchedDatabase watched(desktop_.Get().database, [&](const Failure& failure) {
+    EXPECT_NE(failure.Description().find("锁"), std::string::npos) << failure.Description();
+    if (++failures == 2) lock->Release();
+  });
+  Platform platform = PlatformOn(watched, desktop_.Get());
+  WhenDialogIsShown([&](DialogWindow& window) {
     Type(window, "txtLeft", "40");
-    auto lock = database_.Lock("TDBill");
-    const auto begin = std::chrono::steady_clock::now();
-    release = std::thread([lock = std::move(lock)] {
-      std::this_thread::sleep_for(700ms);
-      lock->Release();
-    });
+    lock = database_.Lock("TDBill");
     Click(window, "cmdOk");
-    EXPECT_GT(std::chrono::steady_clock::now() - begin, 500ms);
     EXPECT_FALSE(window.isVisible());
   });
-  release.join();
+  TDSet(platform).ShowSettings(database_.Connection(), 21);
+  EXPECT_EQ(failures, 2);
   EXPECT_EQ(boxes_, Texts());
   EXPECT_EQ(Setting("FAdjuctLeft"), "40");
 }
