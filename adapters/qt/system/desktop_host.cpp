@@ -48,7 +48,8 @@ double DesktopHost::LineHeight(const TextLine& line) {
 }
 
 std::string DesktopHost::PrinterOf(PageDocument& document) const {
-  return printer_.empty() ? document.Device() : printer_;
+  if (settings_.printer.empty()) return document.Device();
+  return chosenPrinter_.empty() ? settings_.printer : chosenPrinter_;
 }
 
 void DesktopHost::Print(PageDocument& document, bool withDialog) {
@@ -85,7 +86,7 @@ bool DesktopHost::ShowPageSetup(PageDocument& document) {
   PageSetupDialog dialog(document, PrinterOf(document), viewer_.window);
   if (dialog.exec() != QDialog::Accepted) return false;
   dialog.Apply();
-  if (!printer_.empty() && !dialog.ChosenPrinter().empty()) printer_ = dialog.ChosenPrinter();
+  if (!dialog.ChosenPrinter().empty()) chosenPrinter_ = dialog.ChosenPrinter();
   return true;
 }
 

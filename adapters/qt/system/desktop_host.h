@@ -17,7 +17,7 @@ class DesktopHost : public DocumentHost {
  public:
   // Both outlive the host.
   DesktopHost(const FrameSettings& settings, Messages& messages)
-      : settings_(settings), messages_(messages), printer_(settings.printer) {}
+      : settings_(settings), messages_(messages) {}
 
   // The window that shows the document, or none: dialogs open on it, and it hears of changes.
   struct Viewer {
@@ -58,7 +58,7 @@ class DesktopHost : public DocumentHost {
 
   const FrameSettings& settings_;
   Messages& messages_;
-  std::string printer_;  // takes the document whatever its own printer is, unless empty
+  std::string chosenPrinter_;  // in the page setup; empty: none
   Viewer viewer_;
   std::vector<std::string> printers_;
 };
