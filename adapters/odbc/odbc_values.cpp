@@ -154,11 +154,12 @@ Value ReadBit(SQLHSTMT statement, SQLUSMALLINT column) {
   return bit != 0;
 }
 
-bool IsShortText(SQLSMALLINT type) {
-  return type == SQL_CHAR || type == SQL_VARCHAR || type == SQL_WCHAR || type == SQL_WVARCHAR;
+// PostgreSQL's driver calls flags texts, as long as "false", unless its settings say otherwise.
+bool MayBeFlag(SQLSMALLINT type, SQLULEN size) {
+  constexpr SQLULEN kLengthOfFalse = 5;
+  return (type == SQL_VARCHAR || type == SQL_WVARCHAR) && size == kLengthOfFalse;
 }
 
-// PostgreSQL's driver calls flags texts unless its settings say otherwise.
 bool IsFlag(SQLHSTMT statement, SQLUSMALLINT column) {
   std::array<char16_t, 64> name{};
   SQLSMALLINT bytes = 0;
@@ -185,7 +186,7 @@ std::vector<OdbcColumn> ReadColumns(SQLHSTMT statement) {
                                            &columns[i].type, &size, &digits, &nullable);
     if (!SQL_SUCCEEDED(code)) throw OdbcReadError();
     columns[i].name = ToUtf8(name.data());
-    if (IsShortText(columns[i].type) && IsFlag(statement, static_cast<SQLUSMALLINT>(i + 1))) {
+    if (MayBeFlag(columns[i].type, size) && IsFlag(statement, static_cast<SQLUSMALLINT>(i + 1))) {
       columns[i].type = SQL_BIT;
     }
   }
