@@ -1,8 +1,11 @@
 // A document that goes through the module to a real queue of the printing system.
 #include "print_queue.h"
 
+#include <errno.h>
 #include <stdlib.h>
+#include <unistd.h>
 
+#include <chrono>
 #include <regex>
 
 #include "command_output.h"
@@ -12,7 +15,14 @@
 namespace td {
 namespace {
 
-constexpr const char* kProgram = "server_print_queue_test";  // gives the jobs their title
+// The program's name gives the jobs their title. Each run has one of its own: others may print at
+// the same time, and the printing system forgets old jobs.
+const std::string& JobTitle() {
+  static const std::string title =
+      "qbtd-server-" + std::to_string(getpid()) + "-" +
+      std::to_string(std::chrono::system_clock::now().time_since_epoch().count());
+  return title;
+}
 
 class ToAQueue : public ServerTest {
  protected:
@@ -24,9 +34,9 @@ class ToAQueue : public ServerTest {
   // Makes a print call and returns the file that the queue made of its document.
   template <class PrintCall>
   static std::string Printed(const PrintCall& print) {
-    const std::size_t before = JobsTitled(kProgram).size();
+    const std::size_t before = JobsTitled(JobTitle()).size();
     ExpectOk(print());
-    const std::vector<int> jobs = JobsTitled(kProgram);
+    const std::vector<int> jobs = JobsTitled(JobTitle());
     EXPECT_EQ(jobs.size(), before + 1);
     return jobs.empty() ? std::string() : ResultOf(jobs.back());
   }
@@ -63,6 +73,8 @@ TEST_F(ToAQueue, EachStockAreaBeginsAPage) {
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
+  std::string title = td::JobTitle();
+  program_invocation_name = title.data();
   for (const char* name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"}) unsetenv(name);
   testing::AddGlobalTestEnvironment(new td::PrintQueues);
   return RUN_ALL_TESTS();
