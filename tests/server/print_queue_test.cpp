@@ -3,9 +3,7 @@
 
 #include <errno.h>
 #include <stdlib.h>
-#include <unistd.h>
 
-#include <chrono>
 #include <regex>
 
 #include "command_output.h"
@@ -15,12 +13,9 @@
 namespace td {
 namespace {
 
-// The program's name gives the jobs their title. Each run has one of its own: others may print at
-// the same time, and the printing system forgets old jobs.
+// The program's name gives the jobs their title.
 const std::string& JobTitle() {
-  static const std::string title =
-      "qbtd-server-" + std::to_string(getpid()) + "-" +
-      std::to_string(std::chrono::system_clock::now().time_since_epoch().count());
+  static const std::string title = UniqueTitle("server");
   return title;
 }
 

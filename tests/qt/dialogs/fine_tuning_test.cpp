@@ -136,14 +136,14 @@ TEST_F(FineTuning, TheNextPrintFollowsTheSavedSettings) {
 }
 
 TEST_F(FineTuning, TheNextPrintGoesToTheSavedPrinter) {
-  const QString title = QString("qbtd-saved-printer-%1").arg(QCoreApplication::applicationPid());
-  QGuiApplication::setApplicationDisplayName(title);
+  const std::string title = UniqueTitle("saved-printer");
+  QGuiApplication::setApplicationDisplayName(QString::fromStdString(title));
   ShowSettings([](DialogWindow& window) {
     Choose(window, "cmbPrintDevice", "QbTd-Margins");
     Click(window, "cmdOk");
   });
   Printer(desktop_.Get()).DoPrint(true, database_.Connection(), 21, false, false, Rows());
-  const std::vector<int> jobs = JobsTitled(title.toStdString());
+  const std::vector<int> jobs = JobsTitled(title);
   ASSERT_EQ(jobs.size(), 1U);
   EXPECT_NE(OutputOf("lpstat", {"-W", "all", "-o", "QbTd-Margins"})
                 .find("QbTd-Margins-" + std::to_string(jobs[0]) + " "),

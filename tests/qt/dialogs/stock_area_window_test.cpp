@@ -106,15 +106,15 @@ TEST_F(StockAreaWindow, ZoomSwitchesBetweenHalfAndFullSize) {
 }
 
 TEST_F(StockAreaWindow, PrintsWhatItShows) {
-  const QString title = QString("qbtd-stock-area-%1").arg(QCoreApplication::applicationPid());
-  QGuiApplication::setApplicationDisplayName(title);
+  const std::string title = UniqueTitle("stock-area");
+  QGuiApplication::setApplicationDisplayName(QString::fromStdString(title));
   EXPECT_TRUE(Preview([this](PreviewWindow& window) {
     WhenShown<QPrintDialog>([](QPrintDialog& dialog) {
       dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
     });
     Press(window, "print");
   }));
-  const std::vector<int> jobs = JobsTitled(title.toStdString());
+  const std::vector<int> jobs = JobsTitled(title);
   ASSERT_EQ(jobs.size(), 1U);
   EXPECT_EQ(SheetsOf(ResultOf(jobs[0])).size(), 4U) << "one job for all areas";
 }

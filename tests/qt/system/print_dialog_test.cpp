@@ -22,10 +22,7 @@ namespace {
 class PrintDialog : public testing::Test {
  protected:
   void SetUp() override {
-    title_ = QString("qbtd-%1-%2")
-                 .arg(testing::UnitTest::GetInstance()->current_test_info()->name())
-                 .arg(QCoreApplication::applicationPid());
-    QGuiApplication::setApplicationDisplayName(title_);
+    QGuiApplication::setApplicationDisplayName(QString::fromStdString(title_));
     document_.PutDevice("QbTd-PDF");
     document_.PutPaperWidth(static_cast<float>(241 * kTwipsPerMillimetre));
     document_.PutPaperHeight(static_cast<float>(140 * kTwipsPerMillimetre));
@@ -57,13 +54,14 @@ class PrintDialog : public testing::Test {
       dialog->findChild<QDialogButtonBox*>()->button(button)->click();
     });
   }
-  [[nodiscard]] std::vector<int> Jobs() const { return JobsTitled(title_.toStdString()); }
+  [[nodiscard]] std::vector<int> Jobs() const { return JobsTitled(title_); }
 
   FrameSettings settings_;
   MessageBoxes messages_{false};
   DesktopHost host_{settings_, messages_};
   PageDocument document_{host_};
-  QString title_;
+  const std::string title_ =
+      UniqueTitle(testing::UnitTest::GetInstance()->current_test_info()->name());
 };
 
 TEST_F(PrintDialog, PrintsOnTheExactSheetWhenItIsConfirmed) {

@@ -1,6 +1,7 @@
 #include "print_queue.h"
 
 #include <cups/cups.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
@@ -48,6 +49,11 @@ std::string ResultOf(int job) {
   }
   ADD_FAILURE() << "the queue has made nothing of job " << job;
   return {};
+}
+
+std::string UniqueTitle(const std::string& purpose) {
+  const auto now = std::chrono::system_clock::now().time_since_epoch();
+  return "qbtd-" + purpose + "-" + std::to_string(getpid()) + "-" + std::to_string(now.count());
 }
 
 std::vector<int> JobsTitled(const std::string& title) {

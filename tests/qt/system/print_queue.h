@@ -17,6 +17,10 @@ class PrintQueues : public testing::Environment {
 // Waits until a job has left its queue and returns the PDF file that the queue made of it.
 std::string ResultOf(int job);
 
+// A title that no other job has: others print at the same time, and the printing system remembers
+// jobs of former runs.
+std::string UniqueTitle(const std::string& purpose);
+
 // The numbers of all jobs with a title, in their order.
 std::vector<int> JobsTitled(const std::string& title);
 

@@ -135,10 +135,7 @@ TEST(PrintJob, FailsInWordsWhenItCannotBeSent) {
 class DocumentPrinting : public testing::Test {
  protected:
   void SetUp() override {
-    title_ = QString("qbtd-%1-%2")
-                 .arg(testing::UnitTest::GetInstance()->current_test_info()->name())
-                 .arg(QCoreApplication::applicationPid());
-    QGuiApplication::setApplicationDisplayName(title_);
+    QGuiApplication::setApplicationDisplayName(QString::fromStdString(title_));
     document_.PutDevice("QbTd-PDF");
   }
   void AddPage(double width, double height) {
@@ -146,13 +143,14 @@ class DocumentPrinting : public testing::Test {
     document_.PutPaperHeight(static_cast<float>(height * kTwipsPerMillimetre));
     document_.GetState() == PageDocument::State::kOpen ? document_.NewPage() : document_.StartDoc();
   }
-  [[nodiscard]] std::vector<int> Jobs() const { return JobsTitled(title_.toStdString()); }
+  [[nodiscard]] std::vector<int> Jobs() const { return JobsTitled(title_); }
 
   FrameSettings settings_;
   MessageBoxes messages_{false};
   DesktopHost host_{settings_, messages_};
   PageDocument document_{host_};
-  QString title_;
+  const std::string title_ =
+      UniqueTitle(testing::UnitTest::GetInstance()->current_test_info()->name());
 };
 
 TEST_F(DocumentPrinting, SendsAllPagesToTheDocumentsPrinterAsOneJob) {
