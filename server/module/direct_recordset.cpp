@@ -15,12 +15,6 @@ class DirectRecordset final : public ProgramRecordset<TdRecordset> {
  public:
   using ProgramRecordset::ProgramRecordset;
 
-  bool Eof() override {
-    TdFlag atEnd = TD_TRUE_FLAG;
-    Check(Object()->table->AtEnd(Object(), &atEnd), "EOF");
-    return atEnd != TD_FALSE_FLAG;
-  }
-
   RecordsetRef Clone() override {
     TdRecordset* clone = nullptr;
     Check(Object()->table->Clone(Object(), &clone), "Clone");
@@ -29,6 +23,12 @@ class DirectRecordset final : public ProgramRecordset<TdRecordset> {
   }
 
  private:
+  bool IsAtEnd() override {
+    TdFlag atEnd = TD_TRUE_FLAG;
+    Check(Object()->table->AtEnd(Object(), &atEnd), "EOF");
+    return atEnd != TD_FALSE_FLAG;
+  }
+
   Value Read(std::string_view column) override {
     const OwnedString name(StringOf(std::string(column)));
     OwnedVariant value;

@@ -18,10 +18,15 @@ class ProgramRecordset : public Recordset {
  public:
   explicit ProgramRecordset(Reference<Interface> object) : object_(std::move(object)) {}
 
+  // Asks the object once a row, however often it is to be known: a call may cross languages.
+  bool Eof() final {
+    if (!standsOnRow_) standsOnRow_ = !IsAtEnd();
+    return !standsOnRow_;
+  }
+
   const Value& Field(std::string_view column) final {
     Value value = Read(column);
-    if (!standsOnRow_) CheckNotAtEnd();
-    standsOnRow_ = true;
+    CheckNotAtEnd();
     return values_.Put(column, std::move(value));
   }
 
@@ -39,6 +44,7 @@ class ProgramRecordset : public Recordset {
   void Close() final {
     (void)Object();
     object_ = {};
+    standsOnRow_ = false;
   }
 
  protected:
@@ -48,6 +54,7 @@ class ProgramRecordset : public Recordset {
   }
 
  private:
+  [[nodiscard]] virtual bool IsAtEnd() = 0;
   [[nodiscard]] virtual Value Read(std::string_view column) = 0;
   virtual void GoToNext() = 0;
   virtual void GoToFirst() = 0;
@@ -63,7 +70,7 @@ class ProgramRecordset : public Recordset {
 
   Reference<Interface> object_;  // empty: closed
   ColumnValues values_;
-  bool standsOnRow_ = false;  // since the last move, as the first field that was read has shown
+  bool standsOnRow_ = false;  // the object has said so since the last move
 };
 
 }  // namespace td

@@ -21,8 +21,6 @@ class RemoteRecordset final : public ProgramRecordset<TdDispatch> {
  public:
   using ProgramRecordset::ProgramRecordset;
 
-  bool Eof() override { return ToFlag(ValueOf(*eof_.Call(Object(), kForValue))); }
-
   RecordsetRef Clone() override {
     OwnedVariant clone = clone_.Call(Object(), kForValue);
     Reference<TdDispatch> object = ObjectOf(*clone);
@@ -33,6 +31,8 @@ class RemoteRecordset final : public ProgramRecordset<TdDispatch> {
   }
 
  private:
+  bool IsAtEnd() override { return ToFlag(ValueOf(*eof_.Call(Object(), kForValue))); }
+
   Value Read(std::string_view column) override {
     OwnedVariant name(VariantOf(std::string(column)));
     OwnedVariant field = fields_.Call(Object(), kForValue, &*name);

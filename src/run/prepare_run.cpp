@@ -2,6 +2,7 @@
 #include "run/print_run.h"
 #include "store/statements.h"
 #include "text/conversions.h"
+#include "windows/page_text.h"
 
 namespace td {
 namespace {
@@ -26,7 +27,7 @@ void BeginRun(PrintRun& run) {
   const Guard& guard = run.guard;
   if (run.kind.knowsBlankRows) run.state.BlankRowsAtStart = run.context.PrintBlankRows;
   guard.Step([&] { run.vp.PutMousePointer(11); });
-  guard.Step([&] { run.window.frame->PutPageText("请稍候，正在读入打印数据..."); });
+  guard.Step([&] { run.window.frame->PutPageText(kReadingText); });
   guard.Step([&] { run.vp.PutTableSeparators("|_"); });
   guard.Step([&] { SetRunBusy(run.window, true); });
   run.state.StampCount = 0;

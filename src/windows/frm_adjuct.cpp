@@ -84,16 +84,17 @@ void ShowFirstFormat(const FormatView& view) {
 void FillFormatList(Dialog& dialog, const Guard& guard, Query& formats) {
   int remembered = 0;
   while (guard.Test([&] { return !formats.Eof(); })) {
-    const int formerCount = dialog.ListCount(kFormatList);
-    guard.Step([&] { dialog.AddItem(kFormatList, ToLoneText(formats.Field("FTDBillName"))); });
+    bool isListed = false;
+    guard.Step([&] {
+      dialog.AddItem(kFormatList, ToLoneText(formats.Field("FTDBillName")));
+      isListed = true;
+    });
     const auto isSelected = [&] {
       const Value& selected = formats.Field("FSelected");
       return !IsNull(selected) && ToDouble(selected) == 1;
     };
-    if (guard.Test(isSelected)) {
-      guard.Step([&] {
-        if (dialog.ListCount(kFormatList) > formerCount) remembered = formerCount;
-      });
+    if (guard.Test(isSelected) && isListed) {
+      guard.Step([&] { remembered = dialog.ListCount(kFormatList) - 1; });
     }
     const auto isAskedFor = [&] {
       const Value& name = formats.Field("FTDBillName");

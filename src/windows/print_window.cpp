@@ -6,6 +6,7 @@
 #include "store/query.h"
 #include "store/statements.h"
 #include "text/conversions.h"
+#include "windows/page_text.h"
 #include "windows/toolbar.h"
 
 namespace td {
@@ -81,8 +82,7 @@ void SetRunBusy(PrintWindow& window, bool isBusy) {
 }
 
 void WritePageText(PrintWindow& window) {
-  window.frame->PutPageText("第" + ToText(window.vp.PreviewPage()) + "页   共" +
-                            ToText(window.vp.PageCount()) + "页");
+  window.frame->PutPageText(PageText(window.vp.PreviewPage(), window.vp.PageCount()));
 }
 
 }  // namespace td

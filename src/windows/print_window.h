@@ -43,7 +43,7 @@ void ActivateWindow(PrintWindow& window);
 // The switch for a run in progress: print, zoom and exit can't be pressed meanwhile.
 void SetRunBusy(PrintWindow& window, bool isBusy);
 
-// Writes "第3页   共12页" into the page text box.
+// Writes the page that is shown and the count of pages into the page text box.
 void WritePageText(PrintWindow& window);
 
 }  // namespace td

@@ -165,6 +165,14 @@ TEST_F(DataObject, WithoutBillNumbersEndsTheSearchForABillAtItsEnd) {
   EXPECT_FALSE(PrintOk(printer_.Get()));
 }
 
+TEST_F(DataObject, IsAskedForItsEndOnceARow) {
+  const auto few = NamedRows({"大米", "绿豆"});
+  const auto more = NamedRows({"大米", "绿豆", "花生", "红枣", "黄豆"});
+  ExpectOk(Print(printer_.Get(), TestRows::Make(few).Get()));
+  ExpectOk(Print(printer_.Get(), TestRows::Make(more).Get()));
+  EXPECT_EQ(more->timesAskedForEnd - few->timesAskedForEnd, 3);
+}
+
 TEST_F(DataObject, HasNoValuesAtItsEndWhateverItAnswersThere) {
   OtherUser(folder_.File("bills.db"))
       .Run(

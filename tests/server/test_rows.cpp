@@ -59,6 +59,7 @@ class TestRowsObject final : public DispatchObject<TestRowsObject, TdDispatch> {
   void Call(std::int32_t member, const CallArguments& arguments, TdVariant& result) {
     switch (member) {
       case 11:
+        ++data_->timesAskedForEnd;
         result = TdFlagVariant(AtEnd() ? 1 : 0);
         break;
       case 12:

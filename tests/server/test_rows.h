@@ -27,6 +27,7 @@ struct TestData {
   bool answersAtTheEnd = false;      // with the values of the last row
   int position = 0;  // of the object that all of this was given to, not of its clones
   int clones = 0;
+  int timesAskedForEnd = 0;
 };
 
 class TestRows {

@@ -38,8 +38,8 @@ class QtPictureFiles : public Pictures {
 
  private:
   std::string componentFolder_;
-  std::unordered_map<std::string, std::weak_ptr<const ImagePicture>>
-      inUse_;  // by the file's digest
+  // By the file's digest.
+  std::unordered_map<std::string, std::weak_ptr<const ImagePicture>> inUse_;
 };
 
 }  // namespace td

@@ -9,11 +9,14 @@
 #include <QtMath>
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <limits>
 
 #include "qt/preview/dropped_input.h"
 #include "qt/preview/toolbar_icons.h"
 #include "qt/preview/window_font.h"
 #include "windows/frame_layout.h"
+#include "windows/page_text.h"
 
 namespace td {
 namespace {
@@ -36,9 +39,6 @@ const std::array<Button, 7> kButtons = {{
     {"打印", "print", true, QKeySequence::Print},
     {"关闭", "exit", false, QKeySequence::UnknownKey},
 }};
-
-// The longest texts that the page text box shows.
-constexpr std::array kLongestPageTexts = {"请稍候，正在读入打印数据...", "第32767页   共32767页"};
 
 }  // namespace
 
@@ -93,10 +93,11 @@ double PreviewWindow::PixelsPerTwip() const {
 
 QSize PreviewWindow::PageTextSize() const {
   constexpr int kBesideText = 4;  // pixels between the frame and the text
-  int width = 0;
-  for (const char* text : kLongestPageTexts) {
-    width = std::max(width, pageText_->fontMetrics().horizontalAdvance(QString::fromUtf8(text)));
-  }
+  constexpr auto kLastPage = std::numeric_limits<std::int16_t>::max();
+  const auto widthOf = [this](const std::string& text) {
+    return pageText_->fontMetrics().horizontalAdvance(QString::fromStdString(text));
+  };
+  const int width = std::max(widthOf(kReadingText), widthOf(PageText(kLastPage, kLastPage)));
   const int frame =
       pageText_->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, pageText_);
   return {width + 2 * (frame + kBesideText), pageText_->sizeHint().height()};

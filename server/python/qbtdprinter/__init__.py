@@ -24,8 +24,8 @@ from ._registration import check_trusted, read_trusted, registration_file
 from ._structures import (
     CREATE_INSTANCE, DISPATCH_ID, EXCEPTION, FACTORY_ID, GET, GET_IDS_OF_NAMES, INVOKE, METHOD,
     NAME_NOT_REGISTERED, NO_CURRENT_ROW, NO_SUCH_COLUMN, NOTHING_TO_PRINT, OF_CREATE_INSTANCE,
-    OF_GET_IDS_OF_NAMES, OF_INVOKE, PUT, PUT_NAME, UTF16, Arguments, Error, ExceptionInfo, Variant, free_string, guid,
-    operation, read_string, release, signed)
+    OF_GET_IDS_OF_NAMES, OF_INVOKE, PUT, PUT_NAME, UTF16, Arguments, Error, ExceptionInfo, Variant,
+    free_string, guid, operation, read_string, release, signed)
 from ._values import clear, make_variant, read_variant
 
 __all__ = ["Error", "NO_CURRENT_ROW", "NO_SUCH_COLUMN", "NOTHING_TO_PRINT", "Object", "create",
