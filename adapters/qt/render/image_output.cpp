@@ -63,7 +63,8 @@ std::vector<std::string> WritePngPages(const std::vector<Page>& pages, const std
     buffer.open(QIODevice::WriteOnly);
     RenderPage(page, dotsPerInch).save(&buffer, "PNG");
     paths.push_back(PagePath(directory, paths.size() + 1));
-    WriteWholeFile(paths.back(), png.toStdString());
+    WriteFile(paths.back(),
+              WriterOf(std::string_view(png.constData(), static_cast<std::size_t>(png.size()))));
   }
   RemovePagesFrom(directory, paths.size() + 1);
   return paths;

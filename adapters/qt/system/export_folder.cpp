@@ -121,8 +121,7 @@ std::string FileNameOf(const std::string& path) {
   return separator == std::string::npos ? path : path.substr(separator + 1);
 }
 
-void WritePrivateFile(const std::string& folder, const std::string& name,
-                      const std::string& content) {
+void WritePrivateFile(const std::string& folder, const std::string& name, const FileWriter& write) {
   const std::string path = folder + "/" + name;
   const fs::path withoutSlash = fs::path(folder + "/").parent_path();
   MakePrivateFolders(withoutSlash);
@@ -132,10 +131,11 @@ void WritePrivateFile(const std::string& folder, const std::string& name,
 
   TemporaryName temporary(directory.Number(), name);
   const Descriptor file(temporary.Create());
-  if (!file.IsOpen() || !WriteAll(file.Number(), content) || fsync(file.Number()) != 0 ||
-      !temporary.RenameTo(name)) {
-    FailOn(kDeviceIo, path);
-  }
+  if (!file.IsOpen()) FailOn(kDeviceIo, path);
+  write([&](std::string_view part) {
+    if (!WriteAll(file.Number(), part)) FailOn(kDeviceIo, path);
+  });
+  if (fsync(file.Number()) != 0 || !temporary.RenameTo(name)) FailOn(kDeviceIo, path);
   // Without this the new name could be lost by a power cut; the file is whole either way.
   fsync(directory.Number());
 }
