@@ -48,18 +48,24 @@ bool MemoryRecordset::Eof() {
 }
 
 const Value& MemoryRecordset::Field(std::string_view column) {
-  const MemoryRows& rows = OpenRows();
-  const auto index = rows.Columns().Find(column);
-  if (!index) {
+  const Value* value = Find(column);
+  if (value == nullptr) {
     throw Failure(kNoSuchColumn, WithoutLockCharacter("找不到列“" + ValidUtf8(column) + "”。"));
   }
+  return *value;
+}
+
+const Value* MemoryRecordset::Find(std::string_view column) {
+  const MemoryRows& rows = OpenRows();
+  const auto index = rows.Columns().Find(column);
+  if (!index) return nullptr;
   if (position_ >= rowCount_) throw NoCurrentRow();
   Unpacked& unpacked = unpacked_[*index];
   if (unpacked.row != position_) {
     rows.Read(position_, *index, unpacked.value);
     unpacked.row = position_;
   }
-  return unpacked.value;
+  return &unpacked.value;
 }
 
 void MemoryRecordset::MoveNext() {

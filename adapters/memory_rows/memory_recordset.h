@@ -28,6 +28,7 @@ class MemoryRecordset final : public Recordset {
 
   bool Eof() override;
   const Value& Field(std::string_view column) override;
+  const Value* Find(std::string_view column) override;
   void MoveNext() override;
   // Fails with kNoCurrentRow when there is no row at all.
   void MoveFirst() override;
