@@ -317,9 +317,9 @@ void RecordingSurface::TextBox(const std::string& text, double left, double top,
 }
 
 void RecordingSurface::TextBox(const std::string& text, double left, double top, double width,
-                               double height, const Value& wordWrap) {
+                               double height, const StoredFlag& wordWrap) {
   Call("TextBox", Json::array({text, ToJson(left), ToJson(top), ToJson(width), ToJson(height),
-                               ToJson(wordWrap)}));
+                               ToJson(wordWrap.value)}));
 }
 
 void RecordingSurface::PutParagraph(const std::string& text) {

@@ -8,7 +8,7 @@
 #include "platform/failure.h"
 #include "recording/recording_database.h"
 #include "recording/recording_platform.h"
-#include "service/print_context.h"
+#include "service/context.h"
 #include "service/printer.h"
 #include "service/td_set.h"
 #include "windows/frm_area_print_set.h"
@@ -68,8 +68,9 @@ class Caller {
     TDSet(platform_.Get()).ShowSettings(kConnectionText, call.TranType);
   }
   void Do(const OpenAreaPrinters& /*call*/) {
-    Context().New_PromptString = kConnectionText;
-    frmAreaPrintSet(platform_.Get()).ShowModal();
+    PrintContext request;
+    request.New_PromptString = kConnectionText;
+    frmAreaPrintSet(platform_.Get(), request).ShowModal();
   }
 
   [[nodiscard]] RecordsetRef RowsOf(const Print& call) const {

@@ -10,7 +10,6 @@
 namespace td {
 namespace {
 
-constexpr double kTwipsPerMillimetre = kTwipsPerInch / 25.4;
 constexpr double kExtentWidth = 52.12 * kTwipsPerMillimetre;
 constexpr double kExtentHeight = 12.96 * kTwipsPerMillimetre;
 constexpr double kTextPoints = 14.25;

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "platform/failure.h"
-#include "platform/lock_character.h"
+#include "platform/standard_failures.h"
 #include "text_encoding/text_repair.h"
 
 namespace td {
@@ -20,10 +20,6 @@ std::shared_ptr<const MemoryRows> CheckedRows(std::vector<std::string> columns,
   return std::make_shared<const MemoryRows>(MemoryRows{std::move(names), std::move(rows)});
 }
 
-Failure NoCurrentRow() {
-  return {kNoCurrentRow, "没有当前记录。"};
-}
-
 }  // namespace
 
 MemoryRecordset::MemoryRecordset(std::vector<std::string> columns,
@@ -33,7 +29,7 @@ MemoryRecordset::MemoryRecordset(std::vector<std::string> columns,
 MemoryRecordset::MemoryRecordset(std::shared_ptr<const MemoryRows> rows) : rows_(std::move(rows)) {}
 
 const MemoryRows& MemoryRecordset::OpenRows() const {
-  if (!rows_) throw Failure(kObjectClosed, "记录集没有打开。");
+  if (!rows_) throw ClosedFailure();
   return *rows_;
 }
 
@@ -44,20 +40,18 @@ bool MemoryRecordset::Eof() {
 const Value& MemoryRecordset::Field(std::string_view column) {
   const MemoryRows& rows = OpenRows();
   const auto index = rows.columns->Find(column);
-  if (!index) {
-    throw Failure(kNoSuchColumn, WithoutLockCharacter("找不到列“" + ValidUtf8(column) + "”。"));
-  }
-  if (position_ >= rows.rows.size()) throw NoCurrentRow();
+  if (!index) throw NoSuchColumnFailure(ValidUtf8(column));
+  if (position_ >= rows.rows.size()) throw NoCurrentRowFailure();
   return rows.rows[position_][*index];
 }
 
 void MemoryRecordset::MoveNext() {
-  if (Eof()) throw NoCurrentRow();
+  if (Eof()) throw NoCurrentRowFailure();
   ++position_;
 }
 
 void MemoryRecordset::MoveFirst() {
-  if (OpenRows().rows.empty()) throw NoCurrentRow();
+  if (OpenRows().rows.empty()) throw NoCurrentRowFailure();
   position_ = 0;
 }
 

@@ -16,6 +16,7 @@
 namespace td {
 
 inline constexpr double kTwipsPerInch = 1440;
+inline constexpr double kTwipsPerMillimetre = kTwipsPerInch / 25.4;
 inline constexpr double kTwipsPerPoint = 20;
 inline constexpr double kMaxCoordinate = 10'000'000;
 

@@ -172,7 +172,7 @@ void PageDocument::Fire(Event event, const std::function<void()>& handler) {
 }
 
 void PageDocument::BeginPage() {
-  const bool landscape = orientation_ == 1;
+  const bool landscape = orientation_ == kLandscape;
   pages_.push_back(
       {landscape ? paperHeight_ : paperWidth_, landscape ? paperWidth_ : paperHeight_, {}});
 }
@@ -262,8 +262,8 @@ FontRef PageDocument::SharedFont(const TextFont& font) {
 }
 
 TextAlignment PageDocument::Alignment() const {
-  if (textAlign_ == 7) return TextAlignment::kCentre;
-  return textAlign_ == 8 ? TextAlignment::kRight : TextAlignment::kLeft;
+  if (textAlign_ == kAlignCentre) return TextAlignment::kCentre;
+  return textAlign_ == kAlignRight ? TextAlignment::kRight : TextAlignment::kLeft;
 }
 
 void PageDocument::AddBoxText(const std::string& text, double left, double top, double width,
@@ -284,8 +284,8 @@ void PageDocument::TextBox(const std::string& text, double left, double top, dou
 }
 
 void PageDocument::TextBox(const std::string& text, double left, double top, double width,
-                           double height, const Value& wordWrap) {
-  AddBoxText(text, left, top, width, height, !IsNull(wordWrap) && ToFlag(wordWrap));
+                           double height, const StoredFlag& wordWrap) {
+  AddBoxText(text, left, top, width, height, IsSet(wordWrap));
 }
 
 void PageDocument::AddPointText(std::vector<TextLine> lines) {

@@ -105,7 +105,7 @@ class PageDocument : public PrintSurface {
   void TextBox(const std::string& text, double left, double top, double width,
                double height) override;
   void TextBox(const std::string& text, double left, double top, double width, double height,
-               const Value& wordWrap) override;
+               const StoredFlag& wordWrap) override;
   void PutParagraph(const std::string& text) override;
   // The empty text writes nothing and leaves the current point; a line break at the end of a text
   // moves CurrentY down and begins no line of its own.

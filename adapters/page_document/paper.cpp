@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "page_document/drawing.h"
+
 namespace td {
 namespace {
 
@@ -11,9 +13,6 @@ struct NumberedPaper {
   double width;  // in the table's unit
   double height;
 };
-
-constexpr double kTwipsPerMillimetre = 1440 / 25.4;
-constexpr double kTwipsPerInchOfPaper = 1440;
 
 // Sheets whose standard names them in millimetres.
 constexpr std::array kMetricPapers = {
@@ -118,7 +117,7 @@ std::optional<PaperExtent> Find(const Papers& papers, std::int32_t code, double 
 
 std::optional<PaperExtent> StandardPaper(std::int32_t code) {
   if (const auto metric = Find(kMetricPapers, code, kTwipsPerMillimetre)) return metric;
-  return Find(kInchPapers, code, kTwipsPerInchOfPaper);
+  return Find(kInchPapers, code, kTwipsPerInch);
 }
 
 }  // namespace td

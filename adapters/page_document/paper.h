@@ -6,8 +6,6 @@
 
 namespace td {
 
-inline constexpr std::int32_t kKeepPaper = 0;  // written as a paper code, it changes nothing
-inline constexpr std::int32_t kUserDefinedPaper = 256;
 inline constexpr std::int32_t kPaperA4 = 9;
 
 // Twips, of the sheet held upright as its maker names it (an envelope or a ledger may be wide).

@@ -27,7 +27,7 @@ TEST_F(DocumentDrawing, TextBoxesTakeTheFontAndAlignmentOfTheMoment) {
   document.PutFontSize(10.5);
   document.PutFontBold(true);
   document.PutTextAlign(8);
-  document.TextBox("金额", 100, 200, 300, 400, Value(true));
+  document.TextBox("金额", 100, 200, 300, 400, StoredFlag{Value(true)});
   document.PutFontName("黑体");
   document.PutTextAlign(6);
   const auto& box = Last<BoxText>();
@@ -43,7 +43,7 @@ TEST_F(DocumentDrawing, TextBoxesTakeTheFontAndAlignmentOfTheMoment) {
 
 TEST_F(DocumentDrawing, TheWordWrapFlagMayHaveAnyForm) {
   const auto wraps = [this](const Value& flag) {
-    document.TextBox("字", 0, 0, 10, 10, flag);
+    document.TextBox("字", 0, 0, 10, 10, StoredFlag{flag});
     return Last<BoxText>().wordWrap;
   };
   EXPECT_FALSE(wraps(Null()));

@@ -12,8 +12,6 @@
 namespace td {
 namespace {
 
-constexpr double kMillimetresPerTwip = 25.4 / 1440;
-
 // A length in twips, to a hundredth: finer than any output can show.
 QString Number(double number) {
   QString text = QString::number(number, 'f', 2);
@@ -23,7 +21,7 @@ QString Number(double number) {
 }
 
 QString Millimetres(double twips) {
-  return QString::number(twips * kMillimetresPerTwip, 'f', 3) + "mm";
+  return QString::number(twips / kTwipsPerMillimetre, 'f', 3) + "mm";
 }
 
 QString Escaped(const QString& text) {

@@ -40,7 +40,8 @@ void PrintPages(const std::vector<Page>& pages, const PaperExtent& sheet,
 }  // namespace
 
 PaperExtent SheetOf(const Page& page, PageDocument& document) {
-  const bool isTurned = document.Orientation() == 1 && page.width == document.PaperHeight() &&
+  const bool isTurned = document.Orientation() == kLandscape &&
+                        page.width == document.PaperHeight() &&
                         page.height == document.PaperWidth();
   return isTurned ? PaperExtent{page.height, page.width} : PaperExtent{page.width, page.height};
 }
