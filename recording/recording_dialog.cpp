@@ -66,16 +66,16 @@ void RecordingDialog::ShowModal() {
   events_.Load();
   WriteControls();
   for (const UserStep& step : steps) {
-    if (is_closed_) return;
+    if (isClosed_) return;
     Follow(step);
-    if (!is_closed_) WriteControls();
+    if (!isClosed_) WriteControls();
   }
   Unload();
 }
 
 void RecordingDialog::Unload() {
-  if (is_closed_) return;
-  is_closed_ = true;
+  if (isClosed_) return;
+  isClosed_ = true;
   recorder_.Write("unload", {{"window", name_}});
   events_.Unload();
 }

@@ -116,7 +116,7 @@ class RecordingSurface : public PrintSurface {
   const Printers& printers_;
   SurfaceState state_;
   SurfaceEvents events_;
-  std::optional<PageSetupAnswer> page_setup_;
+  std::optional<PageSetupAnswer> pageSetup_;
   std::int32_t pages_ = 0;
 };
 

@@ -58,7 +58,7 @@ class Caller {
   void Do(const Print& call) {
     rows_ = RowsOf(call);
     Printer printer(platform_.Get());
-    const auto method = call.by_area ? &Printer::DoPrint_GroupByArea : &Printer::DoPrint;
+    const auto method = call.byArea ? &Printer::DoPrint_GroupByArea : &Printer::DoPrint;
     (printer.*method)(call.New_DoPrint, kConnectionText, call.New_TranType,
                       call.New_OnlyPrintVariantItem, call.New_PrintBorder, rows_, call.TDBillName,
                       nullptr);
@@ -85,7 +85,7 @@ class Caller {
       return nullptr;
     }
     return std::make_shared<RecordingRecordset>(
-        platform_.GetRecorder(), std::make_shared<TableData>(rows->table), rows->can_clone);
+        platform_.GetRecorder(), std::make_shared<TableData>(rows->table), rows->canClone);
   }
 
   RecordingPlatform& platform_;
