@@ -11,6 +11,7 @@
 #include <variant>
 #include <vector>
 
+#include "page_document/paper.h"
 #include "platform/pictures.h"
 
 namespace td {
@@ -32,8 +33,9 @@ using FontRef = std::shared_ptr<const TextFont>;
 
 enum class TextAlignment : unsigned char { kLeft, kCentre, kRight };
 
-// Text in a box, centred vertically. Without `wordWrap` it is one line, neither cut nor moved when
-// it is wider than the box; with it the text breaks inside the width, and at its line breaks.
+// Text in a box, centred vertically. It breaks at its line breaks, of which one at its end begins
+// no line; with `wordWrap` it breaks inside the width, too. A line that is wider than the box is
+// neither cut nor moved.
 struct BoxText {
   std::string text;
   double left = 0;
@@ -61,7 +63,9 @@ struct PointText {
   TextAlignment alignment = TextAlignment::kLeft;
 };
 
-// A black line of `penWidth`, its ends flat and its middle on the two points.
+// A black line of `penWidth`, its middle on the two points. Its ends are square: they reach half a
+// pen's width beyond the points, so that two lines of one width that meet at a corner close it
+// without a step.
 struct Line {
   double x1 = 0;
   double y1 = 0;
@@ -81,10 +85,18 @@ struct PlacedPicture {
 
 using DrawingCommand = std::variant<BoxText, PointText, Line, PlacedPicture>;
 
+// A page keeps the sheet under which it began, whatever the document's paper is afterwards.
 struct Page {
   double width = 0;
   double height = 0;
   std::vector<DrawingCommand> commands;  // later ones lie on top
+  std::int32_t paperCode = kUserDefinedPaper;
+  bool landscape = false;  // it lies across its sheet
+
+  // The sheet as it is fed, upright.
+  [[nodiscard]] PaperExtent Sheet() const {
+    return landscape ? PaperExtent{height, width} : PaperExtent{width, height};
+  }
 };
 
 }  // namespace td

@@ -68,7 +68,8 @@ class PrintSurface {
   virtual void PutPenWidth(double width) = 0;
 
   // The point at which PutParagraph and PutText write. After writing, CurrentY is the bottom of
-  // what was written.
+  // what was written; yet behind a PutText without a line end, what is written next stands in the
+  // same line until a new point is set.
   virtual double CurrentX() = 0;
   virtual void PutCurrentX(double x) = 0;
   virtual double CurrentY() = 0;
