@@ -73,8 +73,8 @@ std::int64_t JsonFields::NumberIn(const char* key, std::int64_t least, std::int6
   if (!value.is_number_integer()) {
     throw ScenarioError(Where(key) + ": a whole number is expected");
   }
-  const bool is_huge = value.is_number_unsigned() && value.get<std::uint64_t>() > INT64_MAX;
-  if (is_huge || value.get<std::int64_t>() < least || value.get<std::int64_t>() > most) {
+  const bool isHuge = value.is_number_unsigned() && value.get<std::uint64_t>() > INT64_MAX;
+  if (isHuge || value.get<std::int64_t>() < least || value.get<std::int64_t>() > most) {
     throw ScenarioError(Where(key) + ": the number is out of range");
   }
   return value.get<std::int64_t>();

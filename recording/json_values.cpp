@@ -46,8 +46,8 @@ std::string EncodeBase64(const Bytes& bytes) {
       group = group << 8 | (i + k < bytes.size() ? static_cast<unsigned>(bytes[i + k]) : 0U);
     }
     for (std::size_t k = 0; k < 4; ++k) {
-      const bool is_padding = i + k > bytes.size();
-      text += is_padding ? '=' : kBase64[group >> (6 * (3 - k)) & 0x3FU];
+      const bool isPadding = i + k > bytes.size();
+      text += isPadding ? '=' : kBase64[group >> (6 * (3 - k)) & 0x3FU];
     }
   }
   return text;

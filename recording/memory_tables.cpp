@@ -14,8 +14,8 @@ namespace {
 
 template <typename Tables>
 auto FindIn(Tables& tables, std::string_view name) -> decltype(&tables.begin()->second) {
-  for (auto& [table_name, table] : tables) {
-    if (SameName(table_name, name)) {
+  for (auto& [tableName, table] : tables) {
+    if (SameName(tableName, name)) {
       return &table;
     }
   }
@@ -99,7 +99,7 @@ void MemoryTables::Execute(const std::string& sql) {
     (void)RowsOf(*select, *this);
     return;
   }
-  const auto target_of = [&](auto& change) {
+  const auto targetOf = [&](auto& change) {
     const Target target(FindIn(tables_, change.table), change.table, change.position);
     if constexpr (requires { change.where; }) {
       if (change.where) {
@@ -109,11 +109,11 @@ void MemoryTables::Execute(const std::string& sql) {
     return target;
   };
   if (auto* update = std::get_if<Update>(&statement)) {
-    Change(*update, target_of(*update));
+    Change(*update, targetOf(*update));
   } else if (auto* insert = std::get_if<Insert>(&statement)) {
-    Change(*insert, target_of(*insert));
+    Change(*insert, targetOf(*insert));
   } else if (auto* removal = std::get_if<Delete>(&statement)) {
-    Change(*removal, target_of(*removal));
+    Change(*removal, targetOf(*removal));
   }
 }
 

@@ -29,8 +29,8 @@ class RecordingConnection : public Connection {
 }  // namespace
 
 RecordingRecordset::RecordingRecordset(Recorder& recorder, std::shared_ptr<const TableData> data,
-                                       bool can_clone)
-    : recorder_(recorder), data_(std::move(data)), can_clone_(can_clone) {}
+                                       bool canClone)
+    : recorder_(recorder), data_(std::move(data)), canClone_(canClone) {}
 
 const TableData& RecordingRecordset::Open() const {
   if (!data_) {
@@ -79,15 +79,15 @@ void RecordingRecordset::Close() {
 RecordsetRef RecordingRecordset::Clone() {
   recorder_.Request("clone");
   (void)Open();
-  if (!can_clone_) {
+  if (!canClone_) {
     throw Failure(kCannotClone, "记录集不支持克隆");
   }
   return std::make_shared<RecordingRecordset>(recorder_, data_);
 }
 
 Json RecordingRecordset::Position() const {
-  const bool has_row = data_ && row_ < data_->rows.size();
-  return has_row ? Json(row_) : Json(nullptr);
+  const bool hasRow = data_ && row_ < data_->rows.size();
+  return hasRow ? Json(row_) : Json(nullptr);
 }
 
 RecordsetRef RecordingDatabase::OpenQuery(const std::string& /*connection*/, const std::string& sql,

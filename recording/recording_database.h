@@ -16,7 +16,7 @@ class RecordingRecordset : public Recordset {
  public:
   // `recorder` outlives the record set.
   RecordingRecordset(Recorder& recorder, std::shared_ptr<const TableData> data,
-                     bool can_clone = true);
+                     bool canClone = true);
 
   bool Eof() override;
   const Value& Field(std::string_view column) override;
@@ -33,7 +33,7 @@ class RecordingRecordset : public Recordset {
 
   Recorder& recorder_;
   std::shared_ptr<const TableData> data_;
-  bool can_clone_;
+  bool canClone_;
   std::size_t row_ = 0;
 };
 

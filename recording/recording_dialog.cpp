@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/control_names.h"
 #include "platform/failure.h"
 #include "platform/standard_failures.h"
 
@@ -12,23 +13,23 @@ namespace {
 // The controls of each dialog, in the order in which a trace lists them.
 std::vector<NamedControl> ControlsOf(std::string_view dialog) {
   if (dialog == "frmAreaPrintSet") {
-    return {{"cmbBillType", ListControl{}},
-            {"cmbPrintFmt", ListControl{}},
-            {"cmbStockArea", ListControl{}},
-            {"cmbPrintDevice", ListControl{}}};
+    return {{controls::kBillTypes, ListControl{}},
+            {controls::kAreaFormats, ListControl{}},
+            {controls::kStockAreas, ListControl{}},
+            {controls::kPrinterList, ListControl{}}};
   }
-  return {{"cmbTdBillName", ListControl{}},
-          {"txtLeft", TextControl{}},
-          {"txtTop", TextControl{}},
-          {"txtHeader", TextControl{}},
-          {"txtRowHeight", TextControl{}},
-          {"txtRowsPerPage", TextControl{}},
-          {"txtQtysPerRow", TextControl{}},
-          {"cmbPrintDevice", ListControl{}},
-          {"optOrientation", OptionControl{}},
-          {"chkHeaderPerPage", CheckControl{}},
-          {"chkFooterPerPage", CheckControl{}},
-          {"chkIntegralPage", CheckControl{}}};
+  return {{controls::kFormats, ListControl{}},
+          {controls::kLeft, TextControl{}},
+          {controls::kTop, TextControl{}},
+          {controls::kHeader, TextControl{}},
+          {controls::kRowHeight, TextControl{}},
+          {controls::kRowsPerPage, TextControl{}},
+          {controls::kQtysPerRow, TextControl{}},
+          {controls::kPrinterList, ListControl{}},
+          {controls::kOrientation, OptionControl{}},
+          {controls::kHeaderPerPage, CheckControl{}},
+          {controls::kFooterPerPage, CheckControl{}},
+          {controls::kIntegralPage, CheckControl{}}};
 }
 
 Json AsJson(const TextControl& box) {
@@ -65,16 +66,16 @@ void RecordingDialog::ShowModal() {
   events_.Load();
   WriteControls();
   for (const UserStep& step : steps) {
-    if (is_closed_) return;
+    if (isClosed_) return;
     Follow(step);
-    if (!is_closed_) WriteControls();
+    if (!isClosed_) WriteControls();
   }
   Unload();
 }
 
 void RecordingDialog::Unload() {
-  if (is_closed_) return;
-  is_closed_ = true;
+  if (isClosed_) return;
+  isClosed_ = true;
   recorder_.Write("unload", {{"window", name_}});
   events_.Unload();
 }

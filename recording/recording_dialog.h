@@ -75,7 +75,7 @@ class RecordingDialog : public Dialog {
   RecordingSurface surface_;
   std::vector<NamedControl> controls_;
   DialogEvents events_;
-  bool is_closed_ = false;
+  bool isClosed_ = false;
 };
 
 }  // namespace td::recording

@@ -41,8 +41,8 @@ Json OriginOf(const PictureRef& picture) {
 }
 
 RecordingPictures::RecordingPictures(Recorder& recorder, std::vector<std::string> files,
-                                     bool has_folder)
-    : recorder_(recorder), files_(files.begin(), files.end()), has_folder_(has_folder) {}
+                                     bool hasFolder)
+    : recorder_(recorder), files_(files.begin(), files.end()), hasFolder_(hasFolder) {}
 
 std::string RecordingPictures::ComponentFolder() {
   return std::string(kComponentFolder);
@@ -70,7 +70,7 @@ void RecordingPictures::SaveNewFile(const std::string& path, const Value& bytes)
   }
   const std::string name = KnownName(path);
   recorder_.Write("file", {{"a", "save"}, {"path", name}});
-  if (!has_folder_) {
+  if (!hasFolder_) {
     throw Failure(kPathNotFound, "路径未找到");
   }
   if (!files_.insert(name).second) {

@@ -26,7 +26,7 @@ class RecordingPicture : public Picture {
 class RecordingPictures : public Pictures {
  public:
   // `files`: paths that load beside the goods pictures that were saved.
-  RecordingPictures(Recorder& recorder, std::vector<std::string> files, bool has_folder);
+  RecordingPictures(Recorder& recorder, std::vector<std::string> files, bool hasFolder);
 
   std::string ComponentFolder() override;
   bool FileExists(const std::string& path) override;
@@ -37,7 +37,7 @@ class RecordingPictures : public Pictures {
  private:
   Recorder& recorder_;
   std::set<std::string> files_;
-  bool has_folder_;
+  bool hasFolder_;
 };
 
 }  // namespace td::recording

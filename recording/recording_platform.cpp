@@ -25,7 +25,7 @@ RecordingPlatform::RecordingPlatform(Scenario scenario, std::optional<RealDataba
       recorder_(scenario_.faults),
       tables_(scenario_.tables),
       database_(MakeDatabase(recorder_, tables_, std::move(real))),
-      pictures_(recorder_, scenario_.pictures, scenario_.has_picture_folder),
+      pictures_(recorder_, scenario_.pictures, scenario_.hasPictureFolder),
       messages_(recorder_),
       machine_(recorder_, scenario_.machine),
       windows_(recorder_, messages_, user_, scenario_),

@@ -39,7 +39,7 @@ void RecordingPrintFrame::ShowModal() {
   const std::vector<UserStep> steps = user_.Take();
   LoadAndActivate();
   for (const UserStep& step : steps) {
-    if (is_closed_) {
+    if (isClosed_) {
       return;
     }
     Follow(step);
@@ -50,13 +50,13 @@ void RecordingPrintFrame::ShowModal() {
 // A window whose first activation fails is gone without having been unloaded.
 void RecordingPrintFrame::LoadAndActivate() {
   try {
-    if (!is_loaded_) {
-      is_loaded_ = true;
+    if (!isLoaded_) {
+      isLoaded_ = true;
       events_.Load();
     }
     events_.Activate();
   } catch (...) {
-    is_closed_ = true;
+    isClosed_ = true;
     throw;
   }
 }
@@ -76,30 +76,30 @@ void RecordingPrintFrame::Follow(const UserStep& step) {
 }
 
 void RecordingPrintFrame::Press(const PressKey& press) {
-  if (disabled_buttons_.contains(press.key)) {
+  if (disabledButtons_.contains(press.key)) {
     return;
   }
   surface_.ExpectPageSetup(PageSetupAnswer{press.confirms, press.put});
-  user_.Expect(press.dialog_steps);
+  user_.Expect(press.dialogSteps);
   events_.ButtonPressed(press.key);
   surface_.ExpectPageSetup(std::nullopt);
   user_.Expect({});
 }
 
 void RecordingPrintFrame::Unload() {
-  if (is_closed_) {
+  if (isClosed_) {
     return;
   }
-  is_closed_ = true;
+  isClosed_ = true;
   recorder_.Write("unload", {{"window", name_}});
 }
 
 void RecordingPrintFrame::EnableButton(std::string_view key, bool enabled) {
   recorder_.Write("enable", {{"k", std::string(key)}, {"v", enabled}});
   if (enabled) {
-    disabled_buttons_.erase(std::string(key));
+    disabledButtons_.erase(std::string(key));
   } else {
-    disabled_buttons_.emplace(key);
+    disabledButtons_.emplace(key);
   }
 }
 

@@ -32,8 +32,8 @@ class RecordingPrintFrame : public PrintFrame {
   void Connect(PrintFrameEvents events) override;
   PrintSurface& Surface() override { return surface_; }
   Barcode& BarcodeMaker() override { return barcode_; }
-  std::string MemoText() override { return scenario_.memo_text; }
-  std::string MemoTextRtf() override { return scenario_.memo_rtf; }
+  std::string MemoText() override { return scenario_.memoText; }
+  std::string MemoTextRtf() override { return scenario_.memoRtf; }
   void ShowModal() override;
   void Unload() override;
   void EnableButton(std::string_view key, bool enabled) override;
@@ -52,9 +52,9 @@ class RecordingPrintFrame : public PrintFrame {
   RecordingSurface surface_;
   RecordingBarcode barcode_;
   PrintFrameEvents events_;
-  std::set<std::string, std::less<>> disabled_buttons_;
-  bool is_loaded_ = false;
-  bool is_closed_ = false;
+  std::set<std::string, std::less<>> disabledButtons_;
+  bool isLoaded_ = false;
+  bool isClosed_ = false;
 };
 
 }  // namespace td::recording

@@ -36,13 +36,13 @@ void RecordingSurface::PutAsUser(const SurfaceValues& values) {
     }
     Assign(state_, name, value);
     if (name == "PaperWidth" || name == "PaperHeight") {
-      state_.paper_size = kUserPaper;
+      state_.paperSize = kUserPaper;
     }
   }
 }
 
 void RecordingSurface::ExpectPageSetup(std::optional<PageSetupAnswer> answer) {
-  page_setup_ = std::move(answer);
+  pageSetup_ = std::move(answer);
 }
 
 void RecordingSurface::Connect(SurfaceEvents events) {
@@ -78,68 +78,68 @@ void RecordingSurface::Fire(const char* event, const std::function<void()>& hand
 
 void RecordingSurface::SelectPrinter(const std::string& name) {
   const auto& names = printers_.names;
-  const bool is_known =
+  const bool isKnown =
       name == printers_.preferred || std::find(names.begin(), names.end(), name) != names.end();
-  state_.device = is_known ? name : printers_.preferred;
-  if (!is_known && !name.empty()) {
+  state_.device = isKnown ? name : printers_.preferred;
+  if (!isKnown && !name.empty()) {
     throw Failure(kInvalidProperty, "无效的属性值");
   }
 }
 
 std::string RecordingSurface::FontName() {
-  return state_.font_name;
+  return state_.fontName;
 }
 void RecordingSurface::PutFontName(const std::string& name) {
-  Put("FontName", &SurfaceState::font_name, name);
+  Put("FontName", &SurfaceState::fontName, name);
 }
 
 double RecordingSurface::FontSize() {
-  return state_.font_size;
+  return state_.fontSize;
 }
 void RecordingSurface::PutFontSize(double points) {
-  Put("FontSize", &SurfaceState::font_size, points);
+  Put("FontSize", &SurfaceState::fontSize, points);
 }
 
 bool RecordingSurface::FontBold() {
-  return state_.font_bold;
+  return state_.fontBold;
 }
 void RecordingSurface::PutFontBold(bool bold) {
-  Put("FontBold", &SurfaceState::font_bold, bold);
+  Put("FontBold", &SurfaceState::fontBold, bold);
 }
 
 bool RecordingSurface::FontItalic() {
-  return state_.font_italic;
+  return state_.fontItalic;
 }
 void RecordingSurface::PutFontItalic(bool italic) {
-  Put("FontItalic", &SurfaceState::font_italic, italic);
+  Put("FontItalic", &SurfaceState::fontItalic, italic);
 }
 
 int RecordingSurface::TextAlign() {
-  return state_.text_align;
+  return state_.textAlign;
 }
 void RecordingSurface::PutTextAlign(int code) {
-  Put("TextAlign", &SurfaceState::text_align, code);
+  Put("TextAlign", &SurfaceState::textAlign, code);
 }
 
 double RecordingSurface::PenWidth() {
-  return state_.pen_width;
+  return state_.penWidth;
 }
 void RecordingSurface::PutPenWidth(double width) {
-  Put("PenWidth", &SurfaceState::pen_width, width);
+  Put("PenWidth", &SurfaceState::penWidth, width);
 }
 
 double RecordingSurface::CurrentX() {
-  return state_.current_x;
+  return state_.currentX;
 }
 void RecordingSurface::PutCurrentX(double x) {
-  Put("CurrentX", &SurfaceState::current_x, x);
+  Put("CurrentX", &SurfaceState::currentX, x);
 }
 
 double RecordingSurface::CurrentY() {
-  return state_.current_y;
+  return state_.currentY;
 }
 void RecordingSurface::PutCurrentY(double y) {
-  Put("CurrentY", &SurfaceState::current_y, y);
+  Put("CurrentY", &SurfaceState::currentY, y);
 }
 
 std::int32_t RecordingSurface::Orientation() {
@@ -150,54 +150,54 @@ void RecordingSurface::PutOrientation(std::int32_t orientation) {
 }
 
 std::int32_t RecordingSurface::PaperSize() {
-  return state_.paper_size;
+  return state_.paperSize;
 }
 void RecordingSurface::PutPaperSize(std::int32_t code) {
-  Put("PaperSize", &SurfaceState::paper_size, code);
+  Put("PaperSize", &SurfaceState::paperSize, code);
 }
 
 float RecordingSurface::PaperWidth() {
-  return state_.paper_width;
+  return state_.paperWidth;
 }
 void RecordingSurface::PutPaperWidth(float width) {
-  Put("PaperWidth", &SurfaceState::paper_width, width);
-  state_.paper_size = kUserPaper;
+  Put("PaperWidth", &SurfaceState::paperWidth, width);
+  state_.paperSize = kUserPaper;
 }
 
 float RecordingSurface::PaperHeight() {
-  return state_.paper_height;
+  return state_.paperHeight;
 }
 void RecordingSurface::PutPaperHeight(float height) {
-  Put("PaperHeight", &SurfaceState::paper_height, height);
-  state_.paper_size = kUserPaper;
+  Put("PaperHeight", &SurfaceState::paperHeight, height);
+  state_.paperSize = kUserPaper;
 }
 
 double RecordingSurface::MarginLeft() {
-  return state_.margin_left;
+  return state_.marginLeft;
 }
 void RecordingSurface::PutMarginLeft(double margin) {
-  Put("MarginLeft", &SurfaceState::margin_left, margin);
+  Put("MarginLeft", &SurfaceState::marginLeft, margin);
 }
 
 double RecordingSurface::MarginTop() {
-  return state_.margin_top;
+  return state_.marginTop;
 }
 void RecordingSurface::PutMarginTop(double margin) {
-  Put("MarginTop", &SurfaceState::margin_top, margin);
+  Put("MarginTop", &SurfaceState::marginTop, margin);
 }
 
 double RecordingSurface::MarginRight() {
-  return state_.margin_right;
+  return state_.marginRight;
 }
 void RecordingSurface::PutMarginRight(double margin) {
-  Put("MarginRight", &SurfaceState::margin_right, margin);
+  Put("MarginRight", &SurfaceState::marginRight, margin);
 }
 
 double RecordingSurface::MarginBottom() {
-  return state_.margin_bottom;
+  return state_.marginBottom;
 }
 void RecordingSurface::PutMarginBottom(double margin) {
-  Put("MarginBottom", &SurfaceState::margin_bottom, margin);
+  Put("MarginBottom", &SurfaceState::marginBottom, margin);
 }
 
 std::string RecordingSurface::Device() {
@@ -210,10 +210,10 @@ void RecordingSurface::PutDevice(const std::string& name) {
 }
 
 std::int16_t RecordingSurface::PreviewPage() {
-  return state_.preview_page;
+  return state_.previewPage;
 }
 void RecordingSurface::PutPreviewPage(std::int16_t page) {
-  Put("PreviewPage", &SurfaceState::preview_page, page);
+  Put("PreviewPage", &SurfaceState::previewPage, page);
 }
 
 double RecordingSurface::Zoom() {
@@ -224,31 +224,31 @@ void RecordingSurface::PutZoom(double percent) {
 }
 
 std::int32_t RecordingSurface::MousePointer() {
-  return state_.mouse_pointer;
+  return state_.mousePointer;
 }
 void RecordingSurface::PutMousePointer(std::int32_t shape) {
-  Put("MousePointer", &SurfaceState::mouse_pointer, shape);
+  Put("MousePointer", &SurfaceState::mousePointer, shape);
 }
 
 std::string RecordingSurface::TableSeparators() {
-  return state_.table_separators;
+  return state_.tableSeparators;
 }
 void RecordingSurface::PutTableSeparators(const std::string& separators) {
-  Put("TableSeparators", &SurfaceState::table_separators, separators);
+  Put("TableSeparators", &SurfaceState::tableSeparators, separators);
 }
 
 std::string RecordingSurface::ExportFile() {
-  return state_.export_file;
+  return state_.exportFile;
 }
 void RecordingSurface::PutExportFile(const std::string& path) {
-  Put("ExportFile", &SurfaceState::export_file, path);
+  Put("ExportFile", &SurfaceState::exportFile, path);
 }
 
 std::int32_t RecordingSurface::ExportFormat() {
-  return state_.export_format;
+  return state_.exportFormat;
 }
 void RecordingSurface::PutExportFormat(std::int32_t format) {
-  Put("ExportFormat", &SurfaceState::export_format, format);
+  Put("ExportFormat", &SurfaceState::exportFormat, format);
 }
 
 int RecordingSurface::DeviceCount() {
@@ -279,7 +279,7 @@ void RecordingSurface::EndDoc() {
   Call("EndDoc");
   Fire("OnEndPage", events_.OnEndPage);
   Fire("OnEndDoc", events_.OnEndDoc);
-  state_.preview_page = 1;
+  state_.previewPage = 1;
 }
 
 void RecordingSurface::NewPage() {
@@ -304,10 +304,10 @@ void RecordingSurface::PrintDoc(bool withDialog) {
 
 std::int32_t RecordingSurface::ShowPageSetup(std::int32_t kind) {
   Call("ShowPageSetup", Json::array({kind}));
-  if (!page_setup_ || !page_setup_->confirms) {
+  if (!pageSetup_ || !pageSetup_->confirms) {
     return 0;
   }
-  PutAsUser(page_setup_->put);
+  PutAsUser(pageSetup_->put);
   return 1;
 }
 
@@ -317,9 +317,9 @@ void RecordingSurface::TextBox(const std::string& text, double left, double top,
 }
 
 void RecordingSurface::TextBox(const std::string& text, double left, double top, double width,
-                               double height, const Value& wordWrap) {
+                               double height, const StoredFlag& wordWrap) {
   Call("TextBox", Json::array({text, ToJson(left), ToJson(top), ToJson(width), ToJson(height),
-                               ToJson(wordWrap)}));
+                               ToJson(wordWrap.value)}));
 }
 
 void RecordingSurface::PutParagraph(const std::string& text) {

@@ -94,7 +94,7 @@ class RecordingSurface : public PrintSurface {
   void TextBox(const std::string& text, double left, double top, double width,
                double height) override;
   void TextBox(const std::string& text, double left, double top, double width, double height,
-               const Value& wordWrap) override;
+               const StoredFlag& wordWrap) override;
   void PutParagraph(const std::string& text) override;
   void PutText(const std::string& text) override;
   void PutRichText(const std::string& rtf) override;
@@ -116,7 +116,7 @@ class RecordingSurface : public PrintSurface {
   const Printers& printers_;
   SurfaceState state_;
   SurfaceEvents events_;
-  std::optional<PageSetupAnswer> page_setup_;
+  std::optional<PageSetupAnswer> pageSetup_;
   std::int32_t pages_ = 0;
 };
 

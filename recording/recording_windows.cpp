@@ -34,7 +34,7 @@ RecordingWindows::RecordingWindows(Recorder& recorder, Messages& messages, User&
       messages_(messages),
       user_(user),
       scenario_(scenario),
-      printers_{scenario.printers, scenario.default_printer} {}
+      printers_{scenario.printers, scenario.defaultPrinter} {}
 
 std::unique_ptr<PrintFrame> RecordingWindows::CreatePrintFrame(std::string_view name) {
   return std::make_unique<RecordingPrintFrame>(std::string(name), recorder_, messages_, user_,

@@ -8,7 +8,7 @@
 #include "platform/failure.h"
 #include "recording/recording_database.h"
 #include "recording/recording_platform.h"
-#include "service/print_context.h"
+#include "service/context.h"
 #include "service/printer.h"
 #include "service/td_set.h"
 #include "windows/frm_area_print_set.h"
@@ -58,7 +58,7 @@ class Caller {
   void Do(const Print& call) {
     rows_ = RowsOf(call);
     Printer printer(platform_.Get());
-    const auto method = call.by_area ? &Printer::DoPrint_GroupByArea : &Printer::DoPrint;
+    const auto method = call.byArea ? &Printer::DoPrint_GroupByArea : &Printer::DoPrint;
     (printer.*method)(call.New_DoPrint, kConnectionText, call.New_TranType,
                       call.New_OnlyPrintVariantItem, call.New_PrintBorder, rows_, call.TDBillName,
                       nullptr);
@@ -68,8 +68,9 @@ class Caller {
     TDSet(platform_.Get()).ShowSettings(kConnectionText, call.TranType);
   }
   void Do(const OpenAreaPrinters& /*call*/) {
-    Context().New_PromptString = kConnectionText;
-    frmAreaPrintSet(platform_.Get()).ShowModal();
+    PrintContext request;
+    request.New_PromptString = kConnectionText;
+    frmAreaPrintSet(platform_.Get(), request).ShowModal();
   }
 
   [[nodiscard]] RecordsetRef RowsOf(const Print& call) const {
@@ -84,7 +85,7 @@ class Caller {
       return nullptr;
     }
     return std::make_shared<RecordingRecordset>(
-        platform_.GetRecorder(), std::make_shared<TableData>(rows->table), rows->can_clone);
+        platform_.GetRecorder(), std::make_shared<TableData>(rows->table), rows->canClone);
   }
 
   RecordingPlatform& platform_;

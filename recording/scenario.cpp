@@ -41,14 +41,14 @@ TableData ReadTable(const Json& json, const std::string& where) {
       }
     }
   }
-  for (const Json& row_json : fields.Array("rows")) {
-    const std::string row_name = Element(where + ".rows", table.rows.size());
-    if (!row_json.is_array() || row_json.size() != table.columns.size()) {
-      throw ScenarioError(row_name + ": one value for each column is expected");
+  for (const Json& rowJson : fields.Array("rows")) {
+    const std::string rowName = Element(where + ".rows", table.rows.size());
+    if (!rowJson.is_array() || rowJson.size() != table.columns.size()) {
+      throw ScenarioError(rowName + ": one value for each column is expected");
     }
     Row row;
-    for (const Json& value : row_json) {
-      row.push_back(ToValue(value, row_name));
+    for (const Json& value : rowJson) {
+      row.push_back(ToValue(value, rowName));
     }
     table.rows.push_back(std::move(row));
   }
@@ -59,9 +59,9 @@ std::map<std::string, TableData> ReadTables(const Json& json) {
   const JsonFields fields(json, "tables");
   std::map<std::string, TableData> tables;
   for (const auto& [name, table] : json.items()) {
-    const std::string& new_name = name;
+    const std::string& newName = name;
     if (std::any_of(tables.begin(), tables.end(),
-                    [&](const auto& other) { return SameName(other.first, new_name); })) {
+                    [&](const auto& other) { return SameName(other.first, newName); })) {
       throw ScenarioError("tables." + name + ": a table of this name stands there twice");
     }
     tables[name] = ReadTable(table, "tables." + name);
@@ -94,10 +94,10 @@ UserStep ReadDialogStep(const Json& json, const std::string& where) {
 
 using StepReader = UserStep (*)(const Json& json, const std::string& where);
 
-std::vector<UserStep> ReadSteps(const JsonFields& owner, const char* key, StepReader read_step) {
+std::vector<UserStep> ReadSteps(const JsonFields& owner, const char* key, StepReader readStep) {
   std::vector<UserStep> steps;
   for (const Json& step : owner.Array(key)) {
-    steps.push_back(read_step(step, Element(owner.Where(key), steps.size())));
+    steps.push_back(readStep(step, Element(owner.Where(key), steps.size())));
   }
   return steps;
 }
@@ -136,9 +136,9 @@ PrintDataOfCall ReadPrintData(const JsonFields& call) {
   return PrintRows{std::move(table), JsonFields(data, call.Where("data")).Flag("clone", true)};
 }
 
-Print ReadPrint(const JsonFields& call, bool by_area) {
+Print ReadPrint(const JsonFields& call, bool byArea) {
   Print print;
-  print.by_area = by_area;
+  print.byArea = byArea;
   print.New_DoPrint = call.Flag("New_DoPrint", false);
   print.New_TranType = call.Number<std::int16_t>("New_TranType", 0);
   print.New_OnlyPrintVariantItem = call.Flag("New_OnlyPrintVariantItem", false);
@@ -152,12 +152,12 @@ Call ReadCall(const Json& json, const std::string& where) {
   const JsonFields fields(json, where);
   Call call;
   call.name = fields.Text("do");
-  StepReader read_step = ReadDialogStep;
+  StepReader readStep = ReadDialogStep;
   if (call.name == "PrintBlankRows") {
     call.action = SetBlankRows{fields.Number<std::int16_t>("value")};
   } else if (call.name == "DoPrint" || call.name == "DoPrint_GroupByArea") {
     call.action = ReadPrint(fields, call.name != "DoPrint");
-    read_step = ReadWindowStep;
+    readStep = ReadWindowStep;
   } else if (call.name == "TDSet") {
     call.action = OpenSettings{fields.Number<std::int16_t>("TranType", 0)};
   } else if (call.name == "frmAreaPrintSet") {
@@ -165,7 +165,7 @@ Call ReadCall(const Json& json, const std::string& where) {
   } else {
     throw ScenarioError(fields.Where("do") + ": no call has this name");
   }
-  call.user = ReadSteps(fields, "user", read_step);
+  call.user = ReadSteps(fields, "user", readStep);
   return call;
 }
 
@@ -184,9 +184,9 @@ Fault ReadFault(const Json& json, const std::string& where) {
 }
 
 void ReadSurface(const JsonFields& root, Scenario& scenario) {
-  scenario.default_printer =
+  scenario.defaultPrinter =
       root.Text("defaultPrinter", scenario.printers.empty() ? "" : scenario.printers.front());
-  scenario.surface.device = scenario.default_printer;
+  scenario.surface.device = scenario.defaultPrinter;
   if (!root.Has("surface")) {
     return;
   }
@@ -207,11 +207,11 @@ Scenario ReadScenario(const Json& json) {
   ReadSurface(root, scenario);
   if (root.Has("memo")) {
     const JsonFields memo(root.At("memo"), "memo");
-    scenario.memo_text = memo.Text("text", "");
-    scenario.memo_rtf = memo.Text("rtf", "");
+    scenario.memoText = memo.Text("text", "");
+    scenario.memoRtf = memo.Text("rtf", "");
   }
   scenario.pictures = root.Texts("pictures");
-  scenario.has_picture_folder = root.Flag("pictureFolder", true);
+  scenario.hasPictureFolder = root.Flag("pictureFolder", true);
   if (root.Has("tables")) {
     scenario.tables = ReadTables(root.At("tables"));
   }

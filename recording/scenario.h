@@ -25,9 +25,9 @@ struct PutProperties {
 };
 struct PressKey {
   std::string key;
-  std::vector<UserStep> dialog_steps;  // in the dialog that the key opens
-  bool confirms = false;               // the page-setup dialog
-  SurfaceValues put;                   // chosen in the page-setup dialog
+  std::vector<UserStep> dialogSteps;  // in the dialog that the key opens
+  bool confirms = false;              // the page-setup dialog
+  SurfaceValues put;                  // chosen in the page-setup dialog
 };
 
 // In a dialog:
@@ -63,14 +63,14 @@ struct SetBlankRows {
 
 struct PrintRows {
   TableData table;
-  bool can_clone = true;
+  bool canClone = true;
 };
 struct SameRows {};  // those of the print call before
 // A record set is the caller's own; its position stays out of the trace.
 using PrintDataOfCall = std::variant<std::monostate, PrintRows, SameRows, RecordsetRef>;
 
 struct Print {
-  bool by_area = false;
+  bool byArea = false;
   bool New_DoPrint = false;
   std::int16_t New_TranType = 0;
   bool New_OnlyPrintVariantItem = false;
@@ -92,12 +92,12 @@ struct Call {
 struct Scenario {
   std::string machine = "192.168.1.10";
   std::vector<std::string> printers = {"P1", "P2"};
-  std::string default_printer;
+  std::string defaultPrinter;
   SurfaceState surface;
-  std::string memo_text;  // of the memo box: plain and rich text
-  std::string memo_rtf;
+  std::string memoText;  // of the memo box: plain and rich text
+  std::string memoRtf;
   std::vector<std::string> pictures;
-  bool has_picture_folder = true;
+  bool hasPictureFolder = true;
   std::map<std::string, TableData> tables;
   std::vector<Call> calls;
   std::vector<Fault> faults;

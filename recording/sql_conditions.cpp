@@ -34,15 +34,15 @@ std::optional<double> NumberSpelledBy(const std::string& text) {
 
 // How two values stand to each other; unordered when they can't be compared.
 std::partial_ordering Compare(const Value& a, const Value& b) {
-  const auto* text_a = std::get_if<std::string>(&a);
-  const auto* text_b = std::get_if<std::string>(&b);
-  if (text_a != nullptr && text_b != nullptr) {
-    return *text_a <=> *text_b;
+  const auto* textA = std::get_if<std::string>(&a);
+  const auto* textB = std::get_if<std::string>(&b);
+  if (textA != nullptr && textB != nullptr) {
+    return *textA <=> *textB;
   }
-  const auto number_a = text_a != nullptr ? NumberSpelledBy(*text_a) : NumberIn(a);
-  const auto number_b = text_b != nullptr ? NumberSpelledBy(*text_b) : NumberIn(b);
-  if (number_a && number_b) {
-    return *number_a <=> *number_b;
+  const auto numberA = textA != nullptr ? NumberSpelledBy(*textA) : NumberIn(a);
+  const auto numberB = textB != nullptr ? NumberSpelledBy(*textB) : NumberIn(b);
+  if (numberA && numberB) {
+    return *numberA <=> *numberB;
   }
   return std::partial_ordering::unordered;
 }
@@ -72,8 +72,8 @@ bool CompareHolds(Comparison comparison, const Value& a, const Value& b) {
 std::string FirstCharacters(const std::string& text, double count) {
   std::size_t end = 0;
   for (; end < text.size(); ++end) {
-    const bool starts_character = (static_cast<unsigned char>(text[end]) & 0xC0U) != 0x80U;
-    if (starts_character && --count < 0) {
+    const bool startsCharacter = (static_cast<unsigned char>(text[end]) & 0xC0U) != 0x80U;
+    if (startsCharacter && --count < 0) {
       break;
     }
   }
@@ -101,13 +101,13 @@ Scope::Scope(const std::string& qualifier, const std::vector<std::string>& names
 std::size_t Scope::Find(const Scalar& column) const {
   std::optional<std::size_t> found;
   for (std::size_t i = 0; i < columns_.size(); ++i) {
-    const bool is_it =
+    const bool isIt =
         SameName(columns_[i].name, column.name) &&
         (column.qualifier.empty() || SameName(columns_[i].qualifier, column.qualifier));
-    if (is_it && found) {
+    if (isIt && found) {
       FailAt("列名不明确", column.position);
     }
-    if (is_it) {
+    if (isIt) {
       found = i;
     }
   }
@@ -157,12 +157,12 @@ Value ValueIn(const Scalar& value, const Row& row) {
 }
 
 bool Holds(const Condition& condition, const Row& row) {
-  const auto part_holds = [&](const Condition& part) { return Holds(part, row); };
+  const auto partHolds = [&](const Condition& part) { return Holds(part, row); };
   switch (condition.kind) {
     case Condition::Kind::kAll:
-      return std::all_of(condition.parts.begin(), condition.parts.end(), part_holds);
+      return std::all_of(condition.parts.begin(), condition.parts.end(), partHolds);
     case Condition::Kind::kAny:
-      return std::any_of(condition.parts.begin(), condition.parts.end(), part_holds);
+      return std::any_of(condition.parts.begin(), condition.parts.end(), partHolds);
     case Condition::Kind::kComparison:
       break;
   }

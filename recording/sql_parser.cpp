@@ -21,9 +21,9 @@ bool IsKeyword(const Token& token) {
                      [&](std::string_view keyword) { return SameName(token.text, keyword); });
 }
 
-Value NumberOf(const std::string& digits, bool is_negative) {
+Value NumberOf(const std::string& digits, bool isNegative) {
   const char* end = digits.data() + digits.size();
-  const std::int64_t sign = is_negative ? -1 : 1;
+  const std::int64_t sign = isNegative ? -1 : 1;
   std::int64_t whole = 0;
   if (const auto read = std::from_chars(digits.data(), end, whole);
       read.ptr == end && read.ec == std::errc()) {
@@ -90,14 +90,14 @@ class Parser {
     if (TakeWord("group")) {
       ExpectWord("by");
       do {
-        select.group_by.push_back(ParseColumn());
+        select.groupBy.push_back(ParseColumn());
       } while (TakeSymbol(","));
     }
     if (TakeWord("order")) {
       ExpectWord("by");
       do {
         Scalar column = ParseColumn();
-        select.order_by.push_back({std::move(column), TakeWord("desc")});
+        select.orderBy.push_back({std::move(column), TakeWord("desc")});
       } while (TakeSymbol(","));
     }
     return select;
@@ -107,11 +107,11 @@ class Parser {
     SelectItem item;
     item.position = Peek().position;
     if (TakeSymbol("*")) {
-      item.is_all = true;
+      item.isAll = true;
       return item;
     }
     if (Peek().kind == Token::Kind::kName && PeekSymbol(".", 1) && PeekSymbol("*", 2)) {
-      item.is_all = true;
+      item.isAll = true;
       item.qualifier = Peek().text;
       at_ += 3;
       return item;
@@ -126,8 +126,8 @@ class Parser {
     auto source = ParseSingleSource();
     while (PeekWord("inner") || PeekWord("left")) {
       auto join = std::make_unique<Source>();
-      join->keeps_left = TakeWord("left");
-      if (!join->keeps_left) {
+      join->keepsLeft = TakeWord("left");
+      if (!join->keepsLeft) {
         ExpectWord("inner");
       }
       ExpectWord("join");
@@ -145,8 +145,8 @@ class Parser {
     source->position = Peek().position;
     if (!TakeSymbol("(")) {
       source->table = ExpectName();
-      const bool has_alias = Peek().kind == Token::Kind::kName && !IsKeyword(Peek());
-      source->alias = has_alias ? ExpectName() : source->table;
+      const bool hasAlias = Peek().kind == Token::Kind::kName && !IsKeyword(Peek());
+      source->alias = hasAlias ? ExpectName() : source->table;
       return source;
     }
     if (!PeekWord("select")) {
@@ -265,12 +265,12 @@ class Parser {
     }
     Scalar literal;
     literal.position = Peek().position;
-    const bool is_negative = TakeSymbol("-");
+    const bool isNegative = TakeSymbol("-");
     if (Peek().kind == Token::Kind::kNumber) {
-      literal.literal = NumberOf(Take().text, is_negative);
+      literal.literal = NumberOf(Take().text, isNegative);
       return literal;
     }
-    if (is_negative || Peek().kind != Token::Kind::kText) {
+    if (isNegative || Peek().kind != Token::Kind::kText) {
       Fail();
     }
     literal.literal = Take().text;
@@ -317,9 +317,9 @@ class Parser {
   }
 
   bool TakeWord(std::string_view word) {
-    const bool is_next = PeekWord(word);
-    at_ += is_next ? 1 : 0;
-    return is_next;
+    const bool isNext = PeekWord(word);
+    at_ += isNext ? 1 : 0;
+    return isNext;
   }
 
   void ExpectWord(std::string_view word) {
@@ -333,9 +333,9 @@ class Parser {
   }
 
   bool TakeSymbol(std::string_view symbol) {
-    const bool is_next = PeekSymbol(symbol);
-    at_ += is_next ? 1 : 0;
-    return is_next;
+    const bool isNext = PeekSymbol(symbol);
+    at_ += isNext ? 1 : 0;
+    return isNext;
   }
 
   void ExpectSymbol(std::string_view symbol) {

@@ -22,20 +22,20 @@ ScopedRows RowsOfJoin(Source& join, const MemoryTables& tables) {
   columns.insert(columns.end(), right.scope.Columns().begin(), right.scope.Columns().end());
   ScopedRows joined{Scope(std::move(columns)), {}};
   joined.scope.Bind(join.on);
-  for (const Row& left_row : left.rows) {
-    Row row = left_row;
+  for (const Row& leftRow : left.rows) {
+    Row row = leftRow;
     row.resize(joined.scope.Columns().size());
-    const auto right_part = row.begin() + static_cast<std::ptrdiff_t>(left_row.size());
-    bool has_partner = false;
-    for (const Row& right_row : right.rows) {
-      std::copy(right_row.begin(), right_row.end(), right_part);
+    const auto rightPart = row.begin() + static_cast<std::ptrdiff_t>(leftRow.size());
+    bool hasPartner = false;
+    for (const Row& rightRow : right.rows) {
+      std::copy(rightRow.begin(), rightRow.end(), rightPart);
       if (Holds(join.on, row)) {
-        has_partner = true;
+        hasPartner = true;
         joined.rows.push_back(row);
       }
     }
-    if (join.keeps_left && !has_partner) {
-      std::fill(right_part, row.end(), Null{});
+    if (join.keepsLeft && !hasPartner) {
+      std::fill(rightPart, row.end(), Null{});
       joined.rows.push_back(std::move(row));
     }
   }
@@ -61,7 +61,7 @@ ScopedRows RowsOf(Source& source, const MemoryTables& tables) {
 std::vector<SelectItem> SpelledOut(const std::vector<SelectItem>& items, const Scope& scope) {
   std::vector<SelectItem> spelled;
   for (const SelectItem& item : items) {
-    if (!item.is_all) {
+    if (!item.isAll) {
       spelled.push_back(item);
       scope.Bind(spelled.back().value);
       continue;
@@ -95,7 +95,7 @@ bool IsGrouped(const Scalar& value, const std::vector<std::size_t>& grouped) {
 // Keeps the first row of each group.
 void Group(Select& select, const std::vector<SelectItem>& items, ScopedRows& from) {
   std::vector<std::size_t> grouped;
-  for (const Scalar& column : select.group_by) {
+  for (const Scalar& column : select.groupBy) {
     grouped.push_back(from.scope.Find(column));
   }
   for (const SelectItem& item : items) {
@@ -105,11 +105,11 @@ void Group(Select& select, const std::vector<SelectItem>& items, ScopedRows& fro
   }
   std::vector<Row> kept;
   for (Row& row : from.rows) {
-    const auto same_group = [&](const Row& other) {
+    const auto sameGroup = [&](const Row& other) {
       return std::all_of(grouped.begin(), grouped.end(),
                          [&](std::size_t column) { return row[column] == other[column]; });
     };
-    if (std::none_of(kept.begin(), kept.end(), same_group)) {
+    if (std::none_of(kept.begin(), kept.end(), sameGroup)) {
       kept.push_back(std::move(row));
     }
   }
@@ -132,12 +132,12 @@ Scalar OrderKey(OrderTerm& term, const std::vector<SelectItem>& items, const Sco
 
 void Order(Select& select, const std::vector<SelectItem>& items, ScopedRows& from) {
   // The last term first: a stable sort keeps what the later terms have ordered.
-  for (auto term = select.order_by.rbegin(); term != select.order_by.rend(); ++term) {
+  for (auto term = select.orderBy.rbegin(); term != select.orderBy.rend(); ++term) {
     const Scalar key = OrderKey(*term, items, from.scope);
     std::stable_sort(from.rows.begin(), from.rows.end(), [&](const Row& a, const Row& b) {
-      const Value value_a = ValueIn(key, a);
-      const Value value_b = ValueIn(key, b);
-      return term->descends ? SortsBefore(value_b, value_a) : SortsBefore(value_a, value_b);
+      const Value valueA = ValueIn(key, a);
+      const Value valueB = ValueIn(key, b);
+      return term->descends ? SortsBefore(valueB, valueA) : SortsBefore(valueA, valueB);
     });
   }
 }
@@ -151,7 +151,7 @@ TableData RowsOf(Select& select, const MemoryTables& tables) {
     from.scope.Bind(*select.where);
     std::erase_if(from.rows, [&](const Row& row) { return !Holds(*select.where, row); });
   }
-  if (!select.group_by.empty()) {
+  if (!select.groupBy.empty()) {
     Group(select, items, from);
   }
   Order(select, items, from);

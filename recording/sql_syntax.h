@@ -36,7 +36,7 @@ struct Condition {
 };
 
 struct SelectItem {
-  bool is_all = false;    // "*" or "t2.*"
+  bool isAll = false;     // "*" or "t2.*"
   std::string qualifier;  // of "t2.*"
   Scalar value;
   std::string name;  // of the result's column
@@ -54,8 +54,8 @@ struct Select {
   std::vector<SelectItem> items;
   std::unique_ptr<Source> from;
   std::optional<Condition> where;
-  std::vector<Scalar> group_by;
-  std::vector<OrderTerm> order_by;
+  std::vector<Scalar> groupBy;
+  std::vector<OrderTerm> orderBy;
 };
 
 // A table, a derived table, or a join of two sources.
@@ -65,7 +65,7 @@ struct Source {
   std::unique_ptr<Select> derived;
   std::unique_ptr<Source> left;
   std::unique_ptr<Source> right;
-  bool keeps_left = false;  // a left join
+  bool keepsLeft = false;  // a left join
   Condition on;
   std::size_t position = 0;
 };

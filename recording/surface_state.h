@@ -11,29 +11,29 @@
 namespace td::recording {
 
 struct SurfaceState {
-  std::string font_name = "Arial";
-  double font_size = 11.25;
-  bool font_bold = false;
-  bool font_italic = false;
-  std::int32_t text_align = 0;
-  double pen_width = 0;
-  double current_x = 0;
-  double current_y = 0;
+  std::string fontName = "Arial";
+  double fontSize = 11.25;
+  bool fontBold = false;
+  bool fontItalic = false;
+  std::int32_t textAlign = 0;
+  double penWidth = 0;
+  double currentX = 0;
+  double currentY = 0;
   std::int32_t orientation = 0;
-  std::int32_t paper_size = 9;
-  float paper_width = 11906;
-  float paper_height = 16838;
-  double margin_left = 1440;
-  double margin_top = 1440;
-  double margin_right = 1440;
-  double margin_bottom = 1440;
+  std::int32_t paperSize = 9;
+  float paperWidth = 11906;
+  float paperHeight = 16838;
+  double marginLeft = 1440;
+  double marginTop = 1440;
+  double marginRight = 1440;
+  double marginBottom = 1440;
   std::string device;
-  std::int16_t preview_page = 1;
+  std::int16_t previewPage = 1;
   double zoom = 100;
-  std::int32_t mouse_pointer = 0;
-  std::string table_separators = "|;";
-  std::string export_file;
-  std::int32_t export_format = 0;
+  std::int32_t mousePointer = 0;
+  std::string tableSeparators = "|;";
+  std::string exportFile;
+  std::int32_t exportFormat = 0;
 };
 
 // Values by property name, in the order in which they are written.

@@ -6,6 +6,7 @@
 #   QbTd-Margins  the same, on a printer whose unprintable margins differ on all four sides
 #   QbTd-Fixed    the same, on a printer that has A4 and A5 sheets and takes no other size
 #   QbTd-Refusing takes no jobs
+#   QbTd-Form     as QbTd-PDF; its own sheet is a form of 230 by 127 mm
 set -euo pipefail
 
 readonly output=/var/spool/cups-pdf/qbtd
@@ -80,4 +81,8 @@ has_queue QbTd-Fixed || make_queue_with QbTd-Fixed \
 has_queue QbTd-Refusing || {
   make_queue QbTd-Refusing "$driver"
   cupsreject QbTd-Refusing
+}
+has_queue QbTd-Form || {
+  make_queue QbTd-Form "$driver"
+  lpadmin -p QbTd-Form -o media-default=Custom.230x127mm
 }

@@ -21,13 +21,20 @@ cmake --build --preset logic -j "$jobs"
 step "Format"
 git ls-files -z '*.h' '*.cpp' '*.c' | xargs -0 clang-format --dry-run -Werror
 
-step "The second compiler"
+step "Includes"
+scripts/check-includes.sh
+
+step "The second compiler, with the benchmarks"
 cmake --preset clang
 cmake --build --preset clang -j "$jobs"
 
-step "Static analysis of the logic"
-run-clang-tidy -quiet -p build/clang -j "$jobs" '/src/.*\.cpp$' >build/clang-tidy.log 2>&1 ||
+step "Static analysis"
+run-clang-tidy -quiet -p build/clang -j "$jobs" \
+  '/(src|adapters|recording|server|tools)/.*\.cpp$' >build/clang-tidy.log 2>&1 ||
   { grep -E 'warning:|error:' build/clang-tidy.log | sort -u; exit 1; }
+
+step "Fuzzers, ten seconds each"
+scripts/fuzz.sh 10
 
 step "The tests under the sanitizers"
 cmake --preset sanitize

@@ -46,35 +46,47 @@ struct DeleteSymbol {
 };
 using ZintSymbol = std::unique_ptr<zint_symbol, DeleteSymbol>;
 
-ZintSymbol NewSymbol(const Symbology& symbology) {
+ZintSymbol NewSymbol(const Symbology& symbology, int inputMode) {
   ZintSymbol symbol(ZBarcode_Create());
   if (!symbol) throw Failure(kOutOfMemory, "内存不足，无法生成条码图。");
   symbol->symbology = symbology.zintCode;
-  symbol->input_mode = UNICODE_MODE;
+  symbol->input_mode = inputMode;
   symbol->output_options |= BARCODE_QUIET_ZONES;
   symbol->show_hrt = 0;
   return symbol;
 }
 
-Failure CannotEncode(const Symbology& symbology, const std::string& reason) {
-  return {kInvalidPicture,
-          "无法生成条码图（" + std::string(symbology.shown) + "）：" + reason + "。"};
-}
-
-void ThrowOnError(const Symbology& symbology, int result) {
-  if (result < ZINT_ERROR) return;  // warnings leave a usable symbol
+// Empty if the encoder has made bars; its warnings leave usable ones.
+std::string RefusalOf(int result) {
+  if (result < ZINT_ERROR) return {};
   switch (result) {
     case ZINT_ERROR_TOO_LONG:
-      throw CannotEncode(symbology, "条码内容的长度不合要求");
+      return "条码内容的长度不合要求";
     case ZINT_ERROR_INVALID_DATA:
-      throw CannotEncode(symbology, "条码内容含有这种条码不能表示的字符");
+      return "条码内容含有这种条码不能表示的字符";
     case ZINT_ERROR_INVALID_CHECK:
-      throw CannotEncode(symbology, "条码内容的校验位不正确");
+      return "条码内容的校验位不正确";
     case ZINT_ERROR_MEMORY:
       throw Failure(kOutOfMemory, "内存不足，无法生成条码图。");
     default:
-      throw CannotEncode(symbology, "编码失败，错误号 " + std::to_string(result));
+      return "编码失败，错误号 " + std::to_string(result);
   }
+}
+
+int Encode(zint_symbol& symbol, const std::string& text) {
+  const int result = ZBarcode_Encode(&symbol, reinterpret_cast<const unsigned char*>(text.data()),
+                                     static_cast<int>(text.size()));
+  return result < ZINT_ERROR ? ZBarcode_Buffer_Vector(&symbol, 0) : result;
+}
+
+CodeSymbol WithoutBars(const Symbology& symbology, const std::string& text,
+                       const std::string& reason) {
+  CodeSymbol symbol;
+  symbol.text = text;
+  symbol.square = symbology.square;
+  symbol.refusal =
+      "无法生成条码图（" + std::string(symbology.shown) + "），只印出文字：" + reason + "。";
+  return symbol;
 }
 
 CodeSymbol BarsOf(const zint_symbol& encoded, bool square) {
@@ -102,15 +114,22 @@ bool IsSymbology(std::string_view name) {
 CodeSymbol EncodeSymbol(std::string_view name, const std::string& text) {
   const Symbology* symbology = FindSymbology(name);
   if (symbology == nullptr) throw Failure(kInvalidCall, "不支持的条码类型。");
-  if (text.empty()) throw CannotEncode(*symbology, "条码内容为空");
-  if (text.size() > kLongestText) throw CannotEncode(*symbology, "条码内容的长度不合要求");
-
-  const ZintSymbol symbol = NewSymbol(*symbology);
-  ThrowOnError(*symbology,
-               ZBarcode_Encode(symbol.get(), reinterpret_cast<const unsigned char*>(text.data()),
-                               static_cast<int>(text.size())));
-  ThrowOnError(*symbology, ZBarcode_Buffer_Vector(symbol.get(), 0));
-  return BarsOf(*symbol, symbology->square);
+  if (text.empty()) return WithoutBars(*symbology, text, "条码内容为空");
+  if (text.size() > kLongestText) {
+    return WithoutBars(*symbology, text, RefusalOf(ZINT_ERROR_TOO_LONG));
+  }
+  ZintSymbol encoded = NewSymbol(*symbology, UNICODE_MODE);
+  int result = Encode(*encoded, text);
+  const bool isBytes = result == ZINT_ERROR_INVALID_DATA;
+  if (isBytes) {
+    encoded = NewSymbol(*symbology, DATA_MODE);
+    result = Encode(*encoded, text);
+  }
+  const std::string refusal = RefusalOf(result);
+  if (!refusal.empty()) return WithoutBars(*symbology, text, refusal);
+  CodeSymbol symbol = BarsOf(*encoded, symbology->square);
+  if (isBytes && !symbol.text.empty()) symbol.text = text;  // the encoder shows byte by byte
+  return symbol;
 }
 
 }  // namespace td

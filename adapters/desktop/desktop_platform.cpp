@@ -33,7 +33,7 @@ struct DesktopPlatform::Parts {
         messages(options.messages == MessageMode::kAutomatic),
         windows({std::move(options.printer), std::move(options.stateDirectory),
                  std::move(options.documentSink), std::move(options.onPage),
-                 std::move(options.onPrinted)},
+                 std::move(options.onPrinted), std::move(options.onComplaint)},
                 ReadBarcodeSettings(BarcodeSettingsFile()), messages) {}
 
   Databases databases;

@@ -53,6 +53,11 @@ struct DesktopOptions {
   // Called when a document has gone whole to its printer, or to the sink: Printer::PrintOk is set
   // before that and stays when it fails.
   std::function<void()> onPrinted;
+
+  // Called with what a document goes on without, in words for those who look after the machine: a
+  // paper code that nobody knows, a text that no barcode can carry. Once for each text and print
+  // window. Default: a line on standard error.
+  std::function<void(const std::string& text)> onComplaint;
 };
 
 class DesktopPlatform {

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "platform/failure.h"
-#include "platform/lock_character.h"
+#include "platform/standard_failures.h"
 #include "text_encoding/text_repair.h"
 
 namespace td {
@@ -22,10 +22,6 @@ std::shared_ptr<const MemoryRows> PackedRows(std::vector<std::string> columns,
   return packed;
 }
 
-Failure NoCurrentRow() {
-  return {kNoCurrentRow, "没有当前记录。"};
-}
-
 }  // namespace
 
 MemoryRecordset::MemoryRecordset(std::vector<std::string> columns,
@@ -38,7 +34,7 @@ MemoryRecordset::MemoryRecordset(std::shared_ptr<const MemoryRows> rows)
 }
 
 const MemoryRows& MemoryRecordset::OpenRows() const {
-  if (!rows_) throw Failure(kObjectClosed, "记录集没有打开。");
+  if (!rows_) throw ClosedFailure();
   return *rows_;
 }
 
@@ -49,9 +45,7 @@ bool MemoryRecordset::Eof() {
 
 const Value& MemoryRecordset::Field(std::string_view column) {
   const Value* value = Find(column);
-  if (value == nullptr) {
-    throw Failure(kNoSuchColumn, WithoutLockCharacter("找不到列“" + ValidUtf8(column) + "”。"));
-  }
+  if (value == nullptr) throw NoSuchColumnFailure(ValidUtf8(column));
   return *value;
 }
 
@@ -59,7 +53,7 @@ const Value* MemoryRecordset::Find(std::string_view column) {
   const MemoryRows& rows = OpenRows();
   const auto index = rows.Columns().Find(column);
   if (!index) return nullptr;
-  if (position_ >= rowCount_) throw NoCurrentRow();
+  if (position_ >= rowCount_) throw NoCurrentRowFailure();
   Unpacked& unpacked = unpacked_[*index];
   if (unpacked.row != position_) {
     rows.Read(position_, *index, unpacked.value);
@@ -69,13 +63,13 @@ const Value* MemoryRecordset::Find(std::string_view column) {
 }
 
 void MemoryRecordset::MoveNext() {
-  if (Eof()) throw NoCurrentRow();
+  if (Eof()) throw NoCurrentRowFailure();
   ++position_;
 }
 
 void MemoryRecordset::MoveFirst() {
   OpenRows();
-  if (rowCount_ == 0) throw NoCurrentRow();
+  if (rowCount_ == 0) throw NoCurrentRowFailure();
   position_ = 0;
 }
 

@@ -11,6 +11,8 @@
 #include <optional>
 #include <string_view>
 
+#include "text/calendar.h"
+#include "text/conversions.h"
 #include "text_encoding/text_repair.h"
 #include "text_encoding/utf16.h"
 
@@ -100,27 +102,16 @@ Value ReadExactNumber(SQLHSTMT statement, SQLUSMALLINT column) {
 Value ReadReal(SQLHSTMT statement, SQLUSMALLINT column, bool isSingle) {
   double number = 0;
   if (!ReadFixed(statement, column, SQL_C_DOUBLE, number) || std::isnan(number)) return Null{};
-  if (!isSingle || !std::isfinite(number)) return number;
-  // Widened bits would show digits that the single never had.
-  std::array<char, 32> text{};
-  const auto written =
-      std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::general, 7);
-  std::from_chars(text.data(), written.ptr, number);
-  return number;
+  return isSingle ? WidenSingle(static_cast<float>(number)) : number;
 }
 
 Value ReadDate(SQLHSTMT statement, SQLUSMALLINT column) {
   SQL_TIMESTAMP_STRUCT stamp{};
   if (!ReadFixed(statement, column, SQL_C_TYPE_TIMESTAMP, stamp)) return Null{};
-  using std::chrono::days;
-  using std::chrono::sys_days;
-  const sys_days day = std::chrono::year(stamp.year) / stamp.month / stamp.day;
-  constexpr sys_days kDayZero = std::chrono::year(1899) / 12 / 30;
-  const auto serial = static_cast<double>((day - kDayZero).count());
+  const std::chrono::sys_days day = std::chrono::year(stamp.year) / stamp.month / stamp.day;
   const double seconds = stamp.hour * 3600.0 + stamp.minute * 60.0 + stamp.second +
                          static_cast<double>(stamp.fraction) / 1e9;
-  const double time = seconds / 86400.0;
-  return Date{serial < 0 ? serial - time : serial + time};
+  return Date{MomentSerial(DaySerial(day), seconds / kSecondsPerDay)};
 }
 
 // Reads hh:mm:ss, with or without a fraction; nothing if that is no time of a day.
@@ -135,7 +126,7 @@ std::optional<double> PartOfDay(std::string_view text) {
                       std::from_chars(at + 3, at + 5, minute).ptr == at + 5 &&
                       std::from_chars(at + 6, end, second).ptr == end;
   if (!isRead || hour > 23) return std::nullopt;
-  return (hour * 3600.0 + minute * 60.0 + second) / 86400.0;
+  return (hour * 3600.0 + minute * 60.0 + second) / kSecondsPerDay;
 }
 
 // A MariaDB time can be a span of more than a day or below zero, for which drivers have no

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "page_document/drawing.h"
 #include "page_document/paper.h"
@@ -18,18 +19,19 @@ class DocumentHost {
  public:
   virtual ~DocumentHost() = default;
 
-  // The machine's printers. Names are compared exactly.
-  virtual int DeviceCount() = 0;
-  virtual std::string DeviceName(int index) = 0;  // 0 <= index < DeviceCount()
-  virtual std::string DefaultDevice() = 0;        // empty if there is no printer
+  // The machine's printers, read afresh. Names are compared exactly.
+  virtual std::vector<std::string> Devices() = 0;
+  virtual std::string DefaultDevice() = 0;  // empty if there is no printer
   virtual bool HasDevice(const std::string& name) = 0;
-
-  // The sheet of a paper code that is no standard number, as the printer `device` knows it.
-  virtual std::optional<PaperExtent> PaperOf(std::int32_t code, const std::string& device) = 0;
+  // The sheet that the printer has of its own which takes a document without a choice of printer.
+  // Nothing if there is none, or if it doesn't say. Does not throw.
+  virtual std::optional<PaperExtent> DefaultSheet() = 0;
 
   // Height of a line of text in twips, from its top to the top of the line below. A line with no
   // runs does not occur; a run may be empty and still has the height of its font.
   virtual double LineHeight(const TextLine& line) = 0;
+  // From the beginning of its first letter to the end of its last one, twips.
+  virtual double LineWidth(const TextLine& line) = 0;
 
   // Sends the pages of a closed document to its Device(), after the printer dialog if `withDialog`;
   // a user who cancels that dialog is no failure.
@@ -48,6 +50,10 @@ class DocumentHost {
   virtual void PreviewChanged(PageDocument& document) = 0;
   // 11 waiting, 1 arrow. Does not throw.
   virtual void PointerChanged(std::int32_t shape) = 0;
+
+  // Tells those who look after the machine, once for each text, what the document goes on without.
+  // Does not throw.
+  virtual void Complain(const std::string& text) = 0;
 };
 
 }  // namespace td

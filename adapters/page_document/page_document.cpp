@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <numeric>
 #include <utility>
 
 #include "page_document/pictures.h"
@@ -14,6 +15,7 @@ namespace td {
 namespace {
 
 constexpr double kMaxFontPoints = 2000;
+constexpr double kMinPaperSide = 1;
 constexpr double kMaxPaperSide = 288'000;  // 200 inches, the longest side that a PDF page can have
 
 void RequireInRange(const char* name, double number, double least, double most) {
@@ -35,6 +37,40 @@ void PutCoordinate(T& property, const char* name, T number) {
   property = number;
 }
 
+bool IsPaperSide(double twips) {
+  return twips >= kMinPaperSide && twips <= kMaxPaperSide;
+}
+
+// To a tenth.
+std::string Millimetres(double twips) {
+  return ToText(std::round(twips / kTwipsPerInch * 254) / 10);
+}
+
+// The runs of a line and those of its continuation; texts of one font become one run.
+TextLine Joined(TextLine line, const TextLine& continuation) {
+  for (const TextRun& run : continuation) {
+    if (run.text.empty()) continue;
+    if (line.back().font == run.font) {
+      line.back().text += run.text;
+    } else {
+      line.push_back(run);
+    }
+  }
+  return line;
+}
+
+// Moves the first lines of a text into one of their own; the others then begin below them.
+PointText TakeLines(PointText& text, std::size_t count) {
+  PointText taken{{}, {}, text.x, text.y, text.alignment};
+  const auto end = static_cast<std::ptrdiff_t>(count);
+  taken.lines.assign(text.lines.begin(), text.lines.begin() + end);
+  taken.heights.assign(text.heights.begin(), text.heights.begin() + end);
+  text.lines.erase(text.lines.begin(), text.lines.begin() + end);
+  text.heights.erase(text.heights.begin(), text.heights.begin() + end);
+  text.y = std::accumulate(taken.heights.begin(), taken.heights.end(), text.y);
+  return taken;
+}
+
 PictureSize NaturalSize(const Picture& picture) {
   if (const auto* image = dynamic_cast<const ImagePicture*>(&picture)) return image->NaturalSize();
   if (const auto* drawing = dynamic_cast<const VectorPicture*>(&picture)) {
@@ -45,9 +81,7 @@ PictureSize NaturalSize(const Picture& picture) {
 
 }  // namespace
 
-PageDocument::PageDocument(DocumentHost& host) : host_(host) {
-  PutPaperSize(kPaperA4);
-}
+PageDocument::PageDocument(DocumentHost& host) : host_(host) {}
 
 void PageDocument::Connect(SurfaceEvents events) {
   events_ = std::move(events);
@@ -63,25 +97,64 @@ void PageDocument::PutPenWidth(double width) {
   penWidth_ = width;
 }
 
+double PageDocument::CurrentX() {
+  if (!openLine_) return currentX_;
+  const PointText& open = OpenLine();
+  if (open.alignment == TextAlignment::kRight) return open.x;
+  const double width = host_.LineWidth(open.lines.front());
+  return open.x + (open.alignment == TextAlignment::kCentre ? width / 2 : width);
+}
 void PageDocument::PutCurrentX(double x) {
   PutCoordinate(currentX_, "横坐标", x);
+  openLine_.reset();
+}
+double PageDocument::CurrentY() {
+  return openLine_ ? currentY_ + OpenLine().heights.front() : currentY_;
 }
 void PageDocument::PutCurrentY(double y) {
   PutCoordinate(currentY_, "纵坐标", y);
+  openLine_.reset();
+}
+
+// Asks the host for what of the sheet nobody has written.
+void PageDocument::CompleteSheet() {
+  if (paperSize_ && paperWidth_ && paperHeight_) return;
+  std::optional<PaperExtent> own = host_.DefaultSheet();
+  if (own && !(IsPaperSide(own->width) && IsPaperSide(own->height))) own.reset();
+  const std::int32_t code = own ? PaperCodeOf(*own) : kPaperA4;
+  const PaperExtent sheet = StandardPaper(code).value_or(own.value_or(PaperExtent()));
+  if (!paperSize_) paperSize_ = code;
+  if (!paperWidth_) paperWidth_ = static_cast<float>(sheet.width);
+  if (!paperHeight_) paperHeight_ = static_cast<float>(sheet.height);
+}
+
+std::int32_t PageDocument::PaperSize() {
+  CompleteSheet();
+  return *paperSize_;
+}
+float PageDocument::PaperWidth() {
+  CompleteSheet();
+  return *paperWidth_;
+}
+float PageDocument::PaperHeight() {
+  CompleteSheet();
+  return *paperHeight_;
 }
 
 void PageDocument::PutPaperSize(std::int32_t code) {
   if (code == kKeepPaper) return;
-  std::optional<PaperExtent> paper = StandardPaper(code);
-  if (!paper && code != kUserDefinedPaper) paper = host_.PaperOf(code, Device());
   paperSize_ = code;
-  if (!paper) return;
-  paperWidth_ = static_cast<float>(paper->width);
-  paperHeight_ = static_cast<float>(paper->height);
+  if (const std::optional<PaperExtent> paper = StandardPaper(code)) {
+    paperWidth_ = static_cast<float>(paper->width);
+    paperHeight_ = static_cast<float>(paper->height);
+  } else if (code != kUserDefinedPaper) {
+    host_.Complain("不认识纸张编号 " + std::to_string(code) + "，沿用现有的纸张：" +
+                   Millimetres(PaperWidth()) + " × " + Millimetres(PaperHeight()) + " 毫米。");
+  }
 }
 
-void PageDocument::PutPaperSide(float& side, float twips) {
-  RequireInRange("纸张尺寸", twips, 1, kMaxPaperSide);
+void PageDocument::PutPaperSide(std::optional<float>& side, float twips) {
+  RequireInRange("纸张尺寸", twips, kMinPaperSide, kMaxPaperSide);
   side = twips;
   paperSize_ = kUserDefinedPaper;
 }
@@ -120,11 +193,17 @@ void PageDocument::PutDevice(const std::string& name) {
   device_ = name;
 }
 
+int PageDocument::DeviceCount() {
+  deviceNames_ = host_.Devices();
+  return static_cast<int>(deviceNames_.size());
+}
+
 std::string PageDocument::DeviceName(int index) {
-  if (index < 0 || index >= host_.DeviceCount()) {
+  if (deviceNames_.empty()) deviceNames_ = host_.Devices();
+  if (index < 0 || index >= static_cast<int>(deviceNames_.size())) {
     throw Failure(kInvalidCall, "没有序号为 " + std::to_string(index) + " 的打印机");
   }
-  return host_.DeviceName(index);
+  return deviceNames_[static_cast<std::size_t>(index)];
 }
 
 void PageDocument::PutPreviewPage(std::int16_t page) {
@@ -164,7 +243,7 @@ void PageDocument::Fire(Event event, const std::function<void()>& handler) {
     PageDocument& document;
     ~Scope() {
       document.firing_ = Event::kNone;
-      document.overlayPage_ = 0;  // a handler that failed may have left a page open
+      document.LeaveOverlay();  // a handler that failed may have left a page open
     }
   } const scope{*this};
   firing_ = event;
@@ -172,13 +251,17 @@ void PageDocument::Fire(Event event, const std::function<void()>& handler) {
 }
 
 void PageDocument::BeginPage() {
-  const bool landscape = orientation_ == 1;
-  pages_.push_back(
-      {landscape ? paperHeight_ : paperWidth_, landscape ? paperWidth_ : paperHeight_, {}});
+  EndOpenLine();
+  if (!pages_.empty()) pages_.back().commands.ShrinkToFit();
+  CompleteSheet();
+  Page page{*paperWidth_, *paperHeight_, {}, *paperSize_, orientation_ == kLandscape};
+  if (page.landscape) std::swap(page.width, page.height);
+  pages_.push_back(std::move(page));
 }
 
 void PageDocument::StartDoc() {
   RequireOutsideEvents("StartDoc");
+  EndOpenLine();
   pages_.clear();
   fonts_.clear();
   previewPage_ = 1;
@@ -205,6 +288,7 @@ void PageDocument::EndDoc() {
   Fire(Event::kEndPage, events_.OnEndPage);
   if (state_ == State::kOpen) Fire(Event::kEndDoc, events_.OnEndDoc);
   if (state_ != State::kOpen) return;
+  pages_.back().commands.ShrinkToFit();
   state_ = State::kClosed;
   previewPage_ = 1;
   host_.PreviewChanged(*this);
@@ -212,6 +296,7 @@ void PageDocument::EndDoc() {
 }
 
 void PageDocument::ClearDoc() {
+  EndOpenLine();
   pages_.clear();
   fonts_.clear();
   overlayPage_ = 0;
@@ -241,11 +326,19 @@ void PageDocument::StartOverlay(std::int16_t page) {
   if (page < 1 || page > PageCount()) {
     throw Failure(kInvalidCall, "文档没有第 " + std::to_string(page) + " 页");
   }
+  EndOpenLine();
   overlayPage_ = page;
 }
 
 void PageDocument::EndOverlay() {
   if (overlayPage_ == 0) throw Failure(kInvalidCall, "没有正在叠加的页，不能调用 EndOverlay");
+  LeaveOverlay();
+}
+
+void PageDocument::LeaveOverlay() {
+  if (overlayPage_ == 0) return;
+  EndOpenLine();
+  CurrentPage().commands.ShrinkToFit();
   overlayPage_ = 0;
 }
 
@@ -262,8 +355,8 @@ FontRef PageDocument::SharedFont(const TextFont& font) {
 }
 
 TextAlignment PageDocument::Alignment() const {
-  if (textAlign_ == 7) return TextAlignment::kCentre;
-  return textAlign_ == 8 ? TextAlignment::kRight : TextAlignment::kLeft;
+  if (textAlign_ == kAlignCentre) return TextAlignment::kCentre;
+  return textAlign_ == kAlignRight ? TextAlignment::kRight : TextAlignment::kLeft;
 }
 
 void PageDocument::AddBoxText(const std::string& text, double left, double top, double width,
@@ -284,36 +377,58 @@ void PageDocument::TextBox(const std::string& text, double left, double top, dou
 }
 
 void PageDocument::TextBox(const std::string& text, double left, double top, double width,
-                           double height, const Value& wordWrap) {
-  AddBoxText(text, left, top, width, height, !IsNull(wordWrap) && ToFlag(wordWrap));
+                           double height, const StoredFlag& wordWrap) {
+  AddBoxText(text, left, top, width, height, IsSet(wordWrap));
 }
 
-void PageDocument::AddPointText(std::vector<TextLine> lines) {
-  PointText command{std::move(lines), {}, currentX_, currentY_, Alignment()};
+void PageDocument::EndOpenLine() {
+  currentY_ = CurrentY();
+  openLine_.reset();
+}
+
+// Writes lines from the current point on, the first of them behind the line that is open there.
+void PageDocument::WriteLines(std::vector<TextLine> lines, bool endsLastLine) {
+  if (openLine_) lines.front() = Joined(OpenLine().lines.front(), lines.front());
+  PointText text{std::move(lines), {}, currentX_, currentY_, Alignment()};
   double bottom = currentY_;
-  for (const TextLine& line : command.lines) {
-    command.heights.push_back(host_.LineHeight(line));
-    bottom += command.heights.back();
+  for (const TextLine& line : text.lines) {
+    text.heights.push_back(host_.LineHeight(line));
+    bottom += text.heights.back();
   }
   RequireCoordinate("纵坐标", bottom);
-  CurrentPage().commands.emplace_back(std::move(command));
-  currentY_ = bottom;
+
+  if (openLine_) {
+    PointText longer = TakeLines(text, 1);
+    longer.alignment = OpenLine().alignment;
+    OpenLine() = std::move(longer);
+    if (text.lines.empty() && !endsLastLine) return;
+    openLine_.reset();
+  }
+  CommandList& commands = CurrentPage().commands;
+  PointText ended = TakeLines(text, text.lines.size() - (endsLastLine ? 0 : 1));
+  if (!ended.lines.empty()) commands.emplace_back(ended);
+  currentY_ = text.y;
+  if (text.lines.empty()) return;
+  openLine_ = commands.AddText(text);
 }
 
 void PageDocument::PutParagraph(const std::string& text) {
   RequireOpen("PutParagraph");
-  AddPointText(ReadPlainText(text, SharedFont(font_)));
+  WriteLines(ReadPlainText(text, SharedFont(font_)), true);
 }
 
 void PageDocument::PutText(const std::string& text) {
   RequireOpen("PutText");
-  if (!text.empty()) AddPointText(ReadPlainText(text, SharedFont(font_)));
+  if (text.empty()) return;
+  const bool endsLine = text.back() == '\r' || text.back() == '\n';
+  WriteLines(ReadPlainText(text, SharedFont(font_)), endsLine);
 }
 
 void PageDocument::PutRichText(const std::string& rtf) {
   RequireOpen("PutRichText");
   if (rtf.empty()) return;
-  AddPointText(ReadRichText(rtf, font_, [this](const TextFont& font) { return SharedFont(font); }));
+  WriteLines(ReadRichText(rtf, font_, [this](const TextFont& font) { return SharedFont(font); }),
+             true);
 }
 
 void PageDocument::DrawLine(double x1, double y1, double x2, double y2) {

@@ -13,6 +13,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,7 +27,8 @@ class PageDocument : public PrintSurface {
  public:
   enum class State { kEmpty, kOpen, kClosed };
 
-  // `host` outlives the document. The sheet is A4 portrait at the start.
+  // `host` outlives the document. The sheet is the host's DefaultSheet() at the start, A4 where
+  // there is none; the host is asked when the sheet is needed, and not if all of it was written.
   explicit PageDocument(DocumentHost& host);
   PageDocument(const PageDocument&) = delete;
   PageDocument& operator=(const PageDocument&) = delete;
@@ -50,20 +52,24 @@ class PageDocument : public PrintSurface {
   void PutTextAlign(int code) override { textAlign_ = code; }
   double PenWidth() override { return penWidth_; }
   void PutPenWidth(double width) override;
-  double CurrentX() override { return currentX_; }
+  // Behind a text that PutText wrote, CurrentX is the end of its last line and CurrentY the bottom
+  // of that line; yet what is written next goes on in the line. A new CurrentY ends it, a new
+  // CurrentX alone is a place in it.
+  double CurrentX() override;
   void PutCurrentX(double x) override;
-  double CurrentY() override { return currentY_; }
+  double CurrentY() override;
   void PutCurrentY(double y) override;
 
   // Paper and orientation hold for the pages that begin afterwards.
   std::int32_t Orientation() override { return orientation_; }
   void PutOrientation(std::int32_t orientation) override { orientation_ = orientation; }
-  std::int32_t PaperSize() override { return paperSize_; }
-  // 0 keeps the paper that is set.
+  std::int32_t PaperSize() override;
+  // 0 keeps the paper that is set. A code that is no standard number and not 256 keeps its size,
+  // and the host is told.
   void PutPaperSize(std::int32_t code) override;
-  float PaperWidth() override { return paperWidth_; }
+  float PaperWidth() override;
   void PutPaperWidth(float width) override;
-  float PaperHeight() override { return paperHeight_; }
+  float PaperHeight() override;
   void PutPaperHeight(float height) override;
   double MarginLeft() override { return marginLeft_; }
   void PutMarginLeft(double margin) override;
@@ -76,7 +82,8 @@ class PageDocument : public PrintSurface {
 
   std::string Device() override;
   void PutDevice(const std::string& name) override;
-  int DeviceCount() override { return host_.DeviceCount(); }
+  // A walk over the printers begins with their count, which is when the list is read.
+  int DeviceCount() override;
   std::string DeviceName(int index) override;
 
   std::int16_t PageCount() override { return static_cast<std::int16_t>(pages_.size()); }
@@ -105,10 +112,11 @@ class PageDocument : public PrintSurface {
   void TextBox(const std::string& text, double left, double top, double width,
                double height) override;
   void TextBox(const std::string& text, double left, double top, double width, double height,
-               const Value& wordWrap) override;
+               const StoredFlag& wordWrap) override;
   void PutParagraph(const std::string& text) override;
   // The empty text writes nothing and leaves the current point; a line break at the end of a text
-  // moves CurrentY down and begins no line of its own.
+  // ends its last line and begins none. The lines behind a break begin where the first one began,
+  // under the alignment of the moment.
   void PutText(const std::string& text) override;
   void PutRichText(const std::string& rtf) override;
   void DrawLine(double x1, double y1, double x2, double y2) override;
@@ -128,10 +136,14 @@ class PageDocument : public PrintSurface {
   void RequireOpen(const char* operation) const;
   void BeginPage();
   Page& CurrentPage();
-  void PutPaperSide(float& side, float twips);
+  void CompleteSheet();
+  void PutPaperSide(std::optional<float>& side, float twips);
   void AddBoxText(const std::string& text, double left, double top, double width, double height,
                   bool wordWrap);
-  void AddPointText(std::vector<TextLine> lines);
+  void WriteLines(std::vector<TextLine> lines, bool endsLastLine);
+  PointText& OpenLine() { return CurrentPage().commands.TextAt(*openLine_); }
+  void EndOpenLine();
+  void LeaveOverlay();
   FontRef SharedFont(const TextFont& font);
   [[nodiscard]] TextAlignment Alignment() const;
 
@@ -148,15 +160,19 @@ class PageDocument : public PrintSurface {
   double penWidth_ = 14;
   double currentX_ = 0;
   double currentY_ = 0;
+  // The command on the current page whose only line goes on; it begins at the current point.
+  std::optional<std::size_t> openLine_;
   std::int32_t orientation_ = 0;
-  std::int32_t paperSize_ = kPaperA4;
-  float paperWidth_ = 0;
-  float paperHeight_ = 0;
+  // What was not written yet, nor asked for, is empty.
+  std::optional<std::int32_t> paperSize_;
+  std::optional<float> paperWidth_;
+  std::optional<float> paperHeight_;
   double marginLeft_ = 1440;
   double marginTop_ = 1440;
   double marginRight_ = 1440;
   double marginBottom_ = 1440;
-  std::string device_;  // empty: the default printer
+  std::string device_;                    // empty: the default printer
+  std::vector<std::string> deviceNames_;  // as they were counted last
   std::int16_t previewPage_ = 1;
   double zoom_ = 100;
   std::int32_t mousePointer_ = 0;

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+
+#include "page_document/drawing.h"
 
 namespace td {
 namespace {
@@ -12,8 +15,7 @@ struct NumberedPaper {
   double height;
 };
 
-constexpr double kTwipsPerMillimetre = 1440 / 25.4;
-constexpr double kTwipsPerInchOfPaper = 1440;
+constexpr std::int32_t kLastStandardPaper = 118;
 
 // Sheets whose standard names them in millimetres.
 constexpr std::array kMetricPapers = {
@@ -52,20 +54,52 @@ constexpr std::array kMetricPapers = {
     NumberedPaper{68, 322, 445},      // A3 Extra Transverse
     NumberedPaper{69, 200, 148},      // Japanese double postcard
     NumberedPaper{70, 105, 148},      // A6
+    NumberedPaper{71, 240, 332},      // Japanese envelope Kaku 2
+    NumberedPaper{72, 216, 277},      // Japanese envelope Kaku 3
+    NumberedPaper{73, 120, 235},      // Japanese envelope Chou 3
+    NumberedPaper{74, 90, 205},       // Japanese envelope Chou 4
     NumberedPaper{76, 420, 297},      // A3 Rotated
     NumberedPaper{77, 297, 210},      // A4 Rotated
     NumberedPaper{78, 210, 148},      // A5 Rotated
     NumberedPaper{79, 364, 257},      // B4 (JIS) Rotated
     NumberedPaper{80, 257, 182},      // B5 (JIS) Rotated
+    NumberedPaper{81, 148, 100},      // Japanese postcard Rotated
+    NumberedPaper{82, 148, 200},      // Japanese double postcard Rotated
     NumberedPaper{83, 148, 105},      // A6 Rotated
+    NumberedPaper{84, 332, 240},      // Japanese envelope Kaku 2 Rotated
+    NumberedPaper{85, 277, 216},      // Japanese envelope Kaku 3 Rotated
+    NumberedPaper{86, 235, 120},      // Japanese envelope Chou 3 Rotated
+    NumberedPaper{87, 205, 90},       // Japanese envelope Chou 4 Rotated
     NumberedPaper{88, 128, 182},      // B6 (JIS)
     NumberedPaper{89, 182, 128},      // B6 (JIS) Rotated
+    NumberedPaper{91, 105, 235},      // Japanese envelope You 4
+    NumberedPaper{92, 235, 105},      // Japanese envelope You 4 Rotated
     NumberedPaper{93, 146, 215},      // 16K
     NumberedPaper{94, 97, 151},       // 32K
     NumberedPaper{95, 97, 151},       // Large 32K
+    NumberedPaper{96, 102, 165},      // Chinese envelope 1
+    NumberedPaper{97, 102, 176},      // Chinese envelope 2
+    NumberedPaper{98, 125, 176},      // Chinese envelope 3
+    NumberedPaper{99, 110, 208},      // Chinese envelope 4
+    NumberedPaper{100, 110, 220},     // Chinese envelope 5
+    NumberedPaper{101, 120, 230},     // Chinese envelope 6
+    NumberedPaper{102, 160, 230},     // Chinese envelope 7
+    NumberedPaper{103, 120, 309},     // Chinese envelope 8
+    NumberedPaper{104, 229, 324},     // Chinese envelope 9
+    NumberedPaper{105, 324, 458},     // Chinese envelope 10
     NumberedPaper{106, 215, 146},     // 16K Rotated
     NumberedPaper{107, 151, 97},      // 32K Rotated
     NumberedPaper{108, 151, 97},      // Large 32K Rotated
+    NumberedPaper{109, 165, 102},     // Chinese envelope 1 Rotated
+    NumberedPaper{110, 176, 102},     // Chinese envelope 2 Rotated
+    NumberedPaper{111, 176, 125},     // Chinese envelope 3 Rotated
+    NumberedPaper{112, 208, 110},     // Chinese envelope 4 Rotated
+    NumberedPaper{113, 220, 110},     // Chinese envelope 5 Rotated
+    NumberedPaper{114, 230, 120},     // Chinese envelope 6 Rotated
+    NumberedPaper{115, 230, 160},     // Chinese envelope 7 Rotated
+    NumberedPaper{116, 309, 120},     // Chinese envelope 8 Rotated
+    NumberedPaper{117, 324, 229},     // Chinese envelope 9 Rotated
+    NumberedPaper{118, 458, 324},     // Chinese envelope 10 Rotated
 };
 
 // Sheets whose standard names them in inches.
@@ -116,9 +150,23 @@ std::optional<PaperExtent> Find(const Papers& papers, std::int32_t code, double 
 
 }  // namespace
 
+bool IsSameSheet(const PaperExtent& one, const PaperExtent& other) {
+  constexpr double kTolerance = 0.2 * kTwipsPerMillimetre;
+  return std::abs(one.width - other.width) <= kTolerance &&
+         std::abs(one.height - other.height) <= kTolerance;
+}
+
 std::optional<PaperExtent> StandardPaper(std::int32_t code) {
   if (const auto metric = Find(kMetricPapers, code, kTwipsPerMillimetre)) return metric;
-  return Find(kInchPapers, code, kTwipsPerInchOfPaper);
+  return Find(kInchPapers, code, kTwipsPerInch);
+}
+
+std::int32_t PaperCodeOf(const PaperExtent& sheet) {
+  for (std::int32_t code = 1; code <= kLastStandardPaper; ++code) {
+    const auto paper = StandardPaper(code);
+    if (paper && IsSameSheet(*paper, sheet)) return code;
+  }
+  return kUserDefinedPaper;
 }
 
 }  // namespace td

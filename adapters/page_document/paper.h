@@ -6,8 +6,6 @@
 
 namespace td {
 
-inline constexpr std::int32_t kKeepPaper = 0;  // written as a paper code, it changes nothing
-inline constexpr std::int32_t kUserDefinedPaper = 256;
 inline constexpr std::int32_t kPaperA4 = 9;
 
 // Twips, of the sheet held upright as its maker names it (an envelope or a ledger may be wide).
@@ -17,8 +15,16 @@ struct PaperExtent {
   bool operator==(const PaperExtent&) const = default;
 };
 
-// The sheet of a standard number: 1 is Letter, 9 is A4, 11 is A5. Nothing for any other number, 0
-// and 256 included.
+// Sides that differ by up to 0.2 mm are the same size: a page is centred on its sheet, so that
+// nothing on it then lies more than 0.1 mm beside its place.
+[[nodiscard]] bool IsSameSheet(const PaperExtent& one, const PaperExtent& other);
+
+// The sheet of a standard number, 1 to 118: 1 is Letter, 9 is A4, 77 is A4 with its long side
+// across. Nothing for 48 and 49, which stand for no sheet, nor for any other number, 0 and 256
+// included.
 [[nodiscard]] std::optional<PaperExtent> StandardPaper(std::int32_t code);
+
+// The lowest standard number of a sheet of this size, kUserDefinedPaper if there is none.
+[[nodiscard]] std::int32_t PaperCodeOf(const PaperExtent& sheet);
 
 }  // namespace td

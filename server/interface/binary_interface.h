@@ -9,9 +9,9 @@
  * Each object answers calls by name (TdDispatch), and has an interface of its own whose operations
  * are called directly (TdPrinter, TdSettings). client/client.h makes the usual steps short.
  *
- * Tables, structures, numbers and result codes are those of the component standard of another
- * platform, so that the same source builds there. The memory of strings and arrays is not: there it
- * would come from that platform's own allocator.
+ * Tables, structures, numbers and result codes are laid out as late-binding languages expect them of
+ * a component. The memory of strings and arrays comes from the C library, which every language
+ * reaches.
  *
  * An object is a pointer to a structure whose first member points to a table of functions:
  *

@@ -9,7 +9,7 @@
 #include "interface/binary_interface.h"
 #include "module/module_file.h"
 #include "platform/failure.h"
-#include "service/print_context.h"
+#include "service/context.h"
 
 namespace td {
 namespace {

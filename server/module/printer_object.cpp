@@ -8,7 +8,7 @@
 #include "module/request.h"
 #include "objects/dispatch_object.h"
 #include "objects/variant_values.h"
-#include "service/print_context.h"
+#include "service/context.h"
 #include "service/printer.h"
 
 namespace td {

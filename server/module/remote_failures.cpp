@@ -7,6 +7,7 @@
 #include "objects/failures.h"
 #include "objects/owned.h"
 #include "objects/variant_values.h"
+#include "platform/standard_failures.h"
 
 namespace td {
 namespace {
@@ -38,11 +39,11 @@ std::string DescriptionOf(int number, const char* member) {
     case kNoSuchMember:
       return "数据对象没有" + name + "。";
     case kNoSuchColumn:
-      return "数据对象找不到该名称的列。";
+      return NoSuchColumnFailure().Description();
     case kInvalidUseOfNull:
-      return "无效使用 Null";
+      return NullFailure().Description();
     case kNoCurrentRow:
-      return "数据对象没有当前记录。";
+      return NoCurrentRowFailure().Description();
     default:
       break;
   }

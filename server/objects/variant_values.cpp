@@ -70,11 +70,6 @@ double RealOfDigits(const std::string& digits) {
   return number;
 }
 
-// Widened bits would show digits that the single never had.
-double RealOf(float number) {
-  return RealOfDigits(ToText(number));
-}
-
 Value ValueOfUnsigned(std::uint64_t number) {
   if (number > static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max())) {
     return static_cast<double>(number);
@@ -175,7 +170,7 @@ Value ValueOf(const TdVariant& original) {
     case TD_UINT64:
       return ValueOfUnsigned(value.unsigned64);
     case TD_FLOAT:
-      return RealOf(value.real32);
+      return WidenSingle(value.real32);
     case TD_DOUBLE:
       return value.real64;
     case TD_CURRENCY:

@@ -1,7 +1,8 @@
 #include "items/draw_blank_row_header.h"
 
-#include "items/header_band.h"
-#include "items/named_fields.h"
+#include "items/count_fields.h"
+#include "items/text_item.h"
+#include "items/total_page_stamp.h"
 #include "text/conversions.h"
 
 namespace td {
@@ -16,18 +17,9 @@ void DrawConstant(Band& band) {
   }
 }
 
-// The number prints only where the item stands free; a box stays empty.
-void DrawFreePageOfDocument(Band& band) {
-  if (IsAutoSize(band)) {
-    band.guard.Step([&] { band.vp.PutParagraph(ToText(band.vp.PageCount())); });
-  } else {
-    Box(band, [] { return std::string(); });
-  }
-}
-
 // The first page's head is on the sheet already: only later pages show values.
 void DrawDataField(Band& band) {
-  Recordset& data = *Context().PrintData;
+  Recordset& data = *band.request.PrintData;
   const bool isFirstPage = band.guard.Test([&] { return band.vp.PageCount() == 1; });
   const auto text = [&] {
     return isFirstPage ? std::string() : ToLoneText(data.Field(band.field));
@@ -43,11 +35,7 @@ void DrawDataField(Band& band) {
 void DrawTextItem(Band& band) {
   const Guard& guard = band.guard;
   PlaceTextItem(band);
-  const auto isConstant = [&] {
-    const Value& isVariant = band.Item("FIsVariant");
-    return IsNull(isVariant) || !ToFlag(isVariant);
-  };
-  if (guard.Test(isConstant)) {
+  if (guard.Test([&] { return !IsSet(band.Item("FIsVariant")); })) {
     DrawConstant(band);
     return;
   }
@@ -63,8 +51,8 @@ void DrawTextItem(Band& band) {
 
 }  // namespace
 
-void DrawBlankRowHeader(PrintWindow& window, std::int16_t site) {
-  DrawHeaderBand(window, site, DrawTextItem);
+void DrawBlankRowHeader(PrintWindow& window) {
+  DrawHeadBand(window, DrawTextItem);
 }
 
 }  // namespace td

@@ -1,9 +1,9 @@
 #include "items/draw_items.h"
 
-#include "items/band.h"
 #include "items/image_items.h"
 #include "items/named_fields.h"
 #include "items/plain_field.h"
+#include "items/text_item.h"
 #include "store/statements.h"
 
 namespace td {
@@ -23,7 +23,7 @@ void DrawTextItem(Band& band) {
   } else if (band.field.empty()) {
     Box(band, [&] { return band.caption; });
   } else if (const NamedField* named = FindNamedField(band.field, band.window.kind)) {
-    named->draw(band, *named);
+    DrawNamedField(band, *named);
   } else {
     DrawPlainField(band);
   }
@@ -31,8 +31,8 @@ void DrawTextItem(Band& band) {
 
 }  // namespace
 
-void DrawItems(PrintWindow& window, std::int16_t FSite, std::string_view Filter) {
-  DrawBand(window, ItemStatement(Context(), FSite, Filter), FSite, true, DrawTextItem);
+void DrawItems(PrintWindow& window, ItemSite FSite, std::string_view Filter) {
+  DrawBand(window, ItemStatement(window.request, FSite, Filter), FSite, DrawTextItem);
 }
 
 }  // namespace td

@@ -1,21 +1,17 @@
 #include "items/draw_page_header.h"
 
-#include "items/header_band.h"
+#include "items/count_fields.h"
 #include "items/image_items.h"
-#include "items/named_fields.h"
+#include "items/text_item.h"
+#include "items/total_page_stamp.h"
 #include "text/conversions.h"
 
 namespace td {
 namespace {
 
-// The head counts the pages of the document, the other bands those of the bill.
-void DrawPageOfDocument(Band& band) {
-  WriteFreeOrBoxed(band, [&] { return band.caption + ToText(band.vp.PageCount()); });
-}
-
 // A Null value prints the caption of a free-standing item and nothing at all of a boxed one.
 void DrawDataField(Band& band) {
-  Recordset& data = *Context().PrintData;
+  Recordset& data = *band.request.PrintData;
   const auto text = [&] { return band.caption + ToText(data.Field(band.field)); };
   if (IsAutoSize(band)) {
     band.guard.Step([&] { band.vp.PutParagraph(text()); });
@@ -58,8 +54,8 @@ void DrawTextItem(Band& band) {
 
 }  // namespace
 
-void DrawPageHeader(PrintWindow& window, std::int16_t site) {
-  DrawHeaderBand(window, site, DrawTextItem);
+void DrawPageHeader(PrintWindow& window) {
+  DrawHeadBand(window, DrawTextItem);
 }
 
 }  // namespace td

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-
 namespace td {
 
 struct PrintWindow;
@@ -9,6 +7,6 @@ struct PrintWindow;
 // Draws the head of the page: items stand at their stored position plus the format's adjustment,
 // whatever the row or page, and read the current row of the print data. Errors are shown and do not
 // reach the caller.
-void DrawPageHeader(PrintWindow& window, std::int16_t site);
+void DrawPageHeader(PrintWindow& window);
 
 }  // namespace td

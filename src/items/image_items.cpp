@@ -1,13 +1,14 @@
 #include "items/image_items.h"
 
-#include "items/load_goods_picture.h"
+#include "items/item_place.h"
+#include "store/statements.h"
 #include "text/conversions.h"
 
 namespace td {
 
 void DrawBarcode(Band& band, std::string_view column) {
   Barcode& barcode = band.window.frame->BarcodeMaker();
-  band.guard.Step([&] { barcode.PutData(ToLoneText(Context().PrintData->Field(column))); });
+  band.guard.Step([&] { barcode.PutData(ToLoneText(band.request.PrintData->Field(column))); });
   band.guard.Step([&] {
     const PictureRef picture = barcode.GetPicture();
     band.vp.DrawPicture(picture, ItemLeft(band), FixedItemTop(band), ToDouble(band.Item("FWidth")),
@@ -20,12 +21,29 @@ void DrawGoodsPicture(Band& band) {
   PictureHolder& holder = band.window.Image1;
   guard.Step([&] { holder.Width = ToSingle(band.Item("FWidth")); });
   guard.Step([&] { holder.Height = ToSingle(band.Item("FHeight")); });
-  guard.Step(
-      [&] { LoadGoodsPicture(band.window, ToInteger32(Context().PrintData->Field("FItemiD"))); });
+  guard.Step([&] {
+    LoadGoodsPicture(band.window, ToInteger32(band.request.PrintData->Field("FItemiD")));
+  });
   if (!holder.Picture) return;
   guard.Step([&] {
     band.vp.DrawPicture(holder.Picture, ItemLeft(band), ItemTop(band),
                         ToDouble(band.Item("FWidth")), ToDouble(band.Item("FHeight")));
+  });
+}
+
+void LoadGoodsPicture(PrintWindow& window, std::int32_t itemId) {
+  Pictures& pictures = window.platform.pictures;
+  RunRoutine(Guard(reactions::kMessageOnly), window.platform.messages, [&](const Guard& guard) {
+    guard.Step([&] {
+      window.Image1.Picture.reset();
+      const std::string path = pictures.ComponentFolder() + "/picture/" + ToText(itemId) + ".jpg";
+      if (pictures.FileExists(path)) pictures.DeleteFile(path);
+      Query goods(window.platform.database, window.request);
+      goods.Open(GoodsPictureStatement(itemId), CursorType::kKeyset, LockType::kPessimistic);
+      if (goods.Eof()) return;
+      pictures.SaveNewFile(path, goods.Field("FPicture"));
+      window.Image1.Picture = pictures.Load(path);
+    });
   });
 }
 

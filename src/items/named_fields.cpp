@@ -3,6 +3,8 @@
 #include <array>
 #include <unordered_map>
 
+#include "items/count_fields.h"
+#include "items/total_page_stamp.h"
 #include "text/conversions.h"
 
 namespace td {
@@ -11,16 +13,16 @@ namespace {
 using enum WithoutAllSums;
 
 NamedField Number(std::string_view name, SumSource source, WithoutAllSums without = kSame) {
-  return {name, DrawSum, source, without};
+  return {name, SumField{source, SumForm::kNumber, without}};
 }
 
 NamedField Words(std::string_view name, SumSource source, WithoutAllSums without = kSame) {
-  return {name, DrawSumInWords, source, without};
+  return {name, SumField{source, SumForm::kWords, without}};
 }
 
 const std::array kFields = {
     NamedField{kPageNumberField, DrawPageOfBill},
-    NamedField{kTotalPageNumberField, DrawTotalPageNumber},
+    NamedField{kTotalPageNumberField, StoreTotalPageStamp},
     Words("fsumamount_dx", "FSumAmount"),
     Words("fsumretailamount_dx", "FSumRetailAmount"),
     Words("fsumtax_dx", "FSumTax"),
@@ -54,31 +56,33 @@ const std::array kFields = {
     Number("ftotalpage_mainqty_1", &RunSums::RunMainQty, kNoValue),
     Number("FTotalPageFreight_Amount", &RunSums::RunFreightAmount, kNoValue),
     NamedField{"forderid", DrawOrderId},
-    NamedField{"fcomplexqty", DrawQuantity,
-               QuantityColumns{.main = "FMainQty",
-                               .testedForNull = {},
-                               .testedForZero = "FMainQty",
-                               .small = "FSlaveQty",
-                               .mainUnit = "FMUnit",
-                               .smallUnit = "FUnit",
-                               .fallback = "FQty"}},
-    NamedField{"fcomplexqty_in", DrawQuantity,
-               QuantityColumns{.main = "FMainQty_In",
-                               .testedForNull = "FMainQty_In",
-                               .testedForZero = "FQty_In",
-                               .small = "FSlaveQty_In",
-                               .mainUnit = "FMainUnit",
-                               .smallUnit = "FUnit",
-                               .fallback = "FSlaveQty_In"}},
-    NamedField{"fcomplexqty_out", DrawQuantity,
-               QuantityColumns{.main = "FMainQty_out",
-                               .testedForNull = "FQty_out",
-                               .testedForZero = "FMainQty_out",
-                               .small = "FSlaveQty_out",
-                               .mainUnit = "FMainUnit",
-                               .smallUnit = "FUnit",
-                               .fallback = "FSlaveQty_out"}},
+    NamedField{"fcomplexqty", QuantityColumns{.main = "FMainQty",
+                                              .testedForNull = {},
+                                              .testedForZero = "FMainQty",
+                                              .small = "FSlaveQty",
+                                              .mainUnit = "FMUnit",
+                                              .smallUnit = "FUnit",
+                                              .fallback = "FQty"}},
+    NamedField{"fcomplexqty_in", QuantityColumns{.main = "FMainQty_In",
+                                                 .testedForNull = "FMainQty_In",
+                                                 .testedForZero = "FQty_In",
+                                                 .small = "FSlaveQty_In",
+                                                 .mainUnit = "FMainUnit",
+                                                 .smallUnit = "FUnit",
+                                                 .fallback = "FSlaveQty_In"}},
+    NamedField{"fcomplexqty_out", QuantityColumns{.main = "FMainQty_out",
+                                                  .testedForNull = "FQty_out",
+                                                  .testedForZero = "FMainQty_out",
+                                                  .small = "FSlaveQty_out",
+                                                  .mainUnit = "FMainUnit",
+                                                  .smallUnit = "FUnit",
+                                                  .fallback = "FSlaveQty_out"}},
 };
+
+bool IsOrdinaryColumnWithoutAllSums(const NamedField& field) {
+  const auto* sum = std::get_if<SumField>(&field.drawing);
+  return sum != nullptr && sum->withoutAllSums == kOrdinaryColumn;
+}
 
 }  // namespace
 
@@ -91,7 +95,17 @@ const NamedField* FindNamedField(std::string_view name, const WindowKind& kind) 
   const auto found = byName.find(LowerCase(name));
   if (found == byName.end()) return nullptr;
   const NamedField* field = found->second;
-  return !kind.hasAllSums && field->withoutAllSums == kOrdinaryColumn ? nullptr : field;
+  return !kind.hasAllSums && IsOrdinaryColumnWithoutAllSums(*field) ? nullptr : field;
+}
+
+void DrawNamedField(Band& band, const NamedField& field) {
+  if (const auto* sum = std::get_if<SumField>(&field.drawing)) {
+    DrawSum(band, *sum);
+  } else if (const auto* columns = std::get_if<QuantityColumns>(&field.drawing)) {
+    DrawQuantity(band, *columns);
+  } else {
+    std::get<void (*)(Band&)>(field.drawing)(band);
+  }
 }
 
 }  // namespace td

@@ -3,14 +3,13 @@
 #include <cstddef>
 #include <string_view>
 
+#include "items/text_item.h"
 #include "text/characters.h"
 #include "text/conversions.h"
 #include "text/format_value.h"
 
 namespace td {
 namespace {
-
-constexpr std::int16_t kRowBand = 3;
 
 bool HasPicture(Band& band) {
   const Value& picture = band.Item("FFormatString");
@@ -46,8 +45,8 @@ std::string PriceRulePicture(const Value& value, const std::string& field,
 
 void DrawPlainField(Band& band) {
   const Guard& guard = band.guard;
-  Recordset& data = *Context().PrintData;
-  Recordset& clone = *Context().PrintDataClone;
+  Recordset& data = *band.request.PrintData;
+  Recordset& clone = *band.request.PrintDataClone;
   const auto isFormatted = [&](Recordset& rows) {
     return guard.Test([&] { return IsNumeric(rows.Field(band.field)) && HasPicture(band); });
   };
@@ -65,7 +64,7 @@ void DrawPlainField(Band& band) {
       return band.caption + FormatValue(value, PriceRulePicture(value, band.field, picture()));
     });
   } else {
-    Recordset& rows = band.site == kRowBand ? data : clone;
+    Recordset& rows = band.site == ItemSite::kRow ? data : clone;
     Box(band, [&] { return band.caption + PlainText(rows.Field(band.field)); });
   }
 }

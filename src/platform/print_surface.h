@@ -10,6 +10,25 @@
 
 namespace td {
 
+// `TextAlign`: where a text stands in its box or at the current point.
+enum TextAlignCode : int { kAlignLeft = 6, kAlignCentre = 7, kAlignRight = 8 };
+
+// `Orientation`: in landscape, width and height of the sheet swap when pages are drawn.
+enum OrientationCode : std::int32_t { kPortrait = 0, kLandscape = 1 };
+
+// `PaperSize`: codes of the printing system, and two of the surface's own.
+inline constexpr std::int32_t kUserDefinedPaper = 256;  // PaperWidth by PaperHeight
+inline constexpr std::int32_t kKeepPaper = 0;  // in a format: the surface's own paper stays
+
+// `MousePointer`: the pointer over the surface.
+enum MousePointerShape : std::int32_t { kArrowPointer = 1, kWaitingPointer = 11 };
+
+// `ExportFormat`: what the export file is written as.
+inline constexpr std::int32_t kExportHtml = 1;
+
+// The kind of ShowPageSetup's dialog; there is no other.
+inline constexpr std::int32_t kPageSetupDialog = 1;
+
 // What the surface calls while a document is built, on the same thread and inside the operation
 // that caused it. A failure that a handler lets through leaves that operation.
 struct SurfaceEvents {
@@ -40,7 +59,7 @@ class PrintSurface {
   virtual bool FontItalic() = 0;
   virtual void PutFontItalic(bool italic) = 0;
 
-  // 6 left, 7 centre, 8 right; each centred vertically in the box of TextBox.
+  // A TextAlignCode; each is centred vertically in the box of TextBox.
   virtual int TextAlign() = 0;
   virtual void PutTextAlign(int code) = 0;
 
@@ -49,18 +68,19 @@ class PrintSurface {
   virtual void PutPenWidth(double width) = 0;
 
   // The point at which PutParagraph and PutText write. After writing, CurrentY is the bottom of
-  // what was written.
+  // what was written; yet behind a PutText without a line end, what is written next stands in the
+  // same line until a new point is set.
   virtual double CurrentX() = 0;
   virtual void PutCurrentX(double x) = 0;
   virtual double CurrentY() = 0;
   virtual void PutCurrentY(double y) = 0;
 
-  // 0 portrait, 1 landscape: width and height swap when pages are drawn.
+  // An OrientationCode.
   virtual std::int32_t Orientation() = 0;
   virtual void PutOrientation(std::int32_t orientation) = 0;
 
-  // The paper code; 256 is a sheet of PaperWidth by PaperHeight. Writing a known code sets width
-  // and height; an unknown one leaves them. Writing a width or height makes the code 256.
+  // The paper code. Writing a known one sets width and height; an unknown one leaves them. Writing
+  // a width or height makes the code kUserDefinedPaper.
   virtual std::int32_t PaperSize() = 0;
   virtual void PutPaperSize(std::int32_t code) = 0;
   virtual float PaperWidth() = 0;
@@ -93,12 +113,12 @@ class PrintSurface {
   virtual double Zoom() = 0;
   virtual void PutZoom(double percent) = 0;
   virtual std::int32_t MousePointer() = 0;
-  virtual void PutMousePointer(std::int32_t shape) = 0;  // 11 waiting, 1 arrow
+  virtual void PutMousePointer(std::int32_t shape) = 0;  // a MousePointerShape
 
   virtual std::string TableSeparators() = 0;
   virtual void PutTableSeparators(const std::string& separators) = 0;
 
-  // The file that receives the finished document beside the printer; 1 is HTML.
+  // The file that receives the finished document beside the printer, and its kind.
   virtual std::string ExportFile() = 0;
   virtual void PutExportFile(const std::string& path) = 0;
   virtual std::int32_t ExportFormat() = 0;
@@ -121,11 +141,11 @@ class PrintSurface {
   // Non-zero if the user confirmed; the choices then stand in the properties.
   virtual std::int32_t ShowPageSetup(std::int32_t kind) = 0;
 
-  // Text in a rectangle; `wordWrap` is a flag in any form, Null for false.
+  // Text in a rectangle, in one line unless `wordWrap` is set.
   virtual void TextBox(const std::string& text, double left, double top, double width,
                        double height) = 0;
   virtual void TextBox(const std::string& text, double left, double top, double width,
-                       double height, const Value& wordWrap) = 0;
+                       double height, const StoredFlag& wordWrap) = 0;
   // Text at the current point: a paragraph, a run of text with no line end of its own, rich text.
   virtual void PutParagraph(const std::string& text) = 0;
   virtual void PutText(const std::string& text) = 0;

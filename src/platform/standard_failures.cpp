@@ -1,6 +1,7 @@
 #include "platform/standard_failures.h"
 
 #include <string>
+#include <utility>
 
 #include "platform/lock_character.h"
 
@@ -35,7 +36,9 @@ Failure ClosedFailure() {
 }
 
 Failure NoSuchColumnFailure(std::string_view column) {
-  return {kNoSuchColumn, WithoutLockCharacter("记录集中找不到该名称的列：" + std::string(column))};
+  std::string description = "记录集中找不到该名称的列";
+  if (!column.empty()) description.append("：").append(column);
+  return {kNoSuchColumn, WithoutLockCharacter(std::move(description))};
 }
 
 }  // namespace td

@@ -15,7 +15,7 @@ namespace td {
 [[nodiscard]] Failure NoCurrentRowFailure();    // kNoCurrentRow
 [[nodiscard]] Failure ClosedFailure();          // kObjectClosed
 
-// kNoSuchColumn. The description names the column.
-[[nodiscard]] Failure NoSuchColumnFailure(std::string_view column);
+// kNoSuchColumn. The description names the column if it is known.
+[[nodiscard]] Failure NoSuchColumnFailure(std::string_view column = {});
 
 }  // namespace td

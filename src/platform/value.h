@@ -29,4 +29,11 @@ using Value = std::variant<Null, bool, std::int64_t, double, std::string, Date, 
   return std::holds_alternative<Null>(value);
 }
 
+// A flag in the form in which a row holds it: a flag, a number, a text, or Null for one that is not
+// set. Whoever needs its truth asks IsSet (text/conversions.h), and meets the failure of a text
+// that is no flag there.
+struct StoredFlag {
+  const Value& value;
+};
+
 }  // namespace td

@@ -1,6 +1,9 @@
 #include "run/do_printing.h"
 
-#include "run/print_run.h"
+#include "run/document.h"
+#include "run/prepare_run.h"
+#include "run/print_rows.h"
+#include "run/run_window.h"
 #include "text/conversions.h"
 
 namespace td {
@@ -15,13 +18,17 @@ void ReportRefusedPrinter(PrintWindow& window, Query& paper) {
 
 void DoPrinting(PrintWindow& window) {
   LoadWindow(window);
-  Query paper;
+  Query paper(window.platform.database, window.request);
   const Guard guard(window.kind.runReactions, [&] { ReportRefusedPrinter(window, paper); });
   RunRoutine(guard, window.platform.messages, [&](const Guard&) {
     PrintRun run{.window = window, .guard = guard, .paper = paper};
     if (!PrepareRun(run)) return;
     OpenDocument(run);
-    window.kind.printRows(run);
+    if (window.kind.grouping == Grouping::kBill) {
+      PrintRowsByBill(run);
+    } else {
+      PrintRowsByStockArea(run);
+    }
     CloseDocument(run);
   });
 }

@@ -5,9 +5,10 @@
 #include "items/draw_blank_row_header.h"
 #include "items/draw_items.h"
 #include "items/draw_page_header.h"
+#include "items/total_page_stamp.h"
 #include "platform/checked_counters.h"
+#include "state/print_window.h"
 #include "text/conversions.h"
-#include "windows/print_window.h"
 
 namespace td {
 namespace {
@@ -22,34 +23,6 @@ void GrowRowsPerPage(RunState& state) {
   state.AdjustRowsOnce = false;
 }
 
-void PutStampFont(PrintSurface& vp, const TotalPageStamp& stamp) {
-  vp.PutFontName(stamp.StampFontName);
-  vp.PutFontSize(stamp.StampFontSize);
-  vp.PutFontBold(stamp.StampFontBold);
-}
-
-void StampColumnHead(PrintWindow& window, int page, const std::string& text) {
-  TotalPageStamp& slot = window.state.stamps[0];
-  if (slot.StampFontName.empty()) return;
-  PutStampFont(window.vp, slot);
-  // The slot itself moves, so the shift adds up from page to page.
-  if (page > 1) slot.StampTop += window.state.AdjuctHeader;
-  window.vp.TextBox(text, slot.StampLeft, slot.StampTop, slot.StampWidth, slot.StampHeight);
-}
-
-// A band behind the rows of a full middle page stands as high as on the first page; on the last
-// page, and on all later ones if every page is filled, it stands where the last page drew it.
-void StampOtherBand(PrintWindow& window, int page, int pageCount, const std::string& text) {
-  const TotalPageStamp& first = window.state.stamps[1];
-  const TotalPageStamp& later = window.state.stamps[2];
-  if (first.StampFontName.empty()) return;
-  PutStampFont(window.vp, first);
-  const bool isMiddle = page < pageCount && !window.state.IntegralPage;
-  const TotalPageStamp& place = page == 1 ? first : later;
-  const double top = page == 1 || isMiddle ? first.StampTop : later.StampTop;
-  window.vp.TextBox(text, place.StampLeft, top, place.StampWidth, place.StampHeight);
-}
-
 }  // namespace
 
 void OnNewPage(PrintWindow& window) {
@@ -57,15 +30,15 @@ void OnNewPage(PrintWindow& window) {
   AddChecked(state.PageOfBill, 1);
   AddChecked(state.BillPageCount, 1);
   if (state.BlankRowsAtStart >= 1) {
-    DrawBlankRowHeader(window, 1);
+    DrawBlankRowHeader(window);
   } else if (state.HeaderPerPage) {
-    DrawPageHeader(window, 1);
+    DrawPageHeader(window);
   }
   if (state.IsBodyStarted) {
     if (state.AdjustRowsOnce) GrowRowsPerPage(state);
     state.CurrentRowTop = 0;
     state.BandShift = state.AdjuctHeader;
-    DrawItems(window, 2, "");
+    DrawItems(window, ItemSite::kColumnHead);
     state.CurrentRowTop = 0;
   }
   state.page = {};
@@ -74,20 +47,11 @@ void OnNewPage(PrintWindow& window) {
 
 void OnEndPage(PrintWindow& window) {
   const RunState& state = window.state;
-  if (state.BlankRowsAtStart < 1 && state.FooterPerPage) DrawItems(window, 5, "");
+  if (state.BlankRowsAtStart < 1 && state.FooterPerPage) DrawItems(window, ItemSite::kFoot);
 }
 
 void OnEndDoc(PrintWindow& window) {
-  if (!window.state.HasTotalPageStamp) return;
-  const std::int16_t pageCount = window.vp.PageCount();
-  const std::string text = ToText(pageCount);
-  for (int page = 1; page <= pageCount; ++page) {
-    window.vp.PutTextAlign(7);
-    window.vp.StartOverlay(static_cast<std::int16_t>(page));
-    StampColumnHead(window, page, text);
-    StampOtherBand(window, page, pageCount, text);
-    window.vp.EndOverlay();
-  }
+  StampTotalPages(window);
 }
 
 }  // namespace td

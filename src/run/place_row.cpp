@@ -1,15 +1,16 @@
-// What the rows of both runs have in common.
+#include "run/place_row.h"
+
 #include "items/draw_items.h"
 #include "platform/checked_counters.h"
-#include "run/print_run.h"
+#include "run/row_sums.h"
 #include "text/conversions.h"
 
 namespace td {
 namespace {
 
 bool CloneStandsOnBill(const PrintRun& run) {
-  const Value& parked = run.context.PrintDataClone->Field("FInterID");
-  const Value& current = run.context.PrintData->Field("FInterID");
+  const Value& parked = run.request.PrintDataClone->Field("FInterID");
+  const Value& current = run.request.PrintData->Field("FInterID");
   return !IsNull(parked) && !IsNull(current) && ToText(parked) == ToText(current);
 }
 
@@ -17,30 +18,30 @@ bool CloneStandsOnBill(const PrintRun& run) {
 
 void MoveCloneToBill(PrintRun& run) {
   while (run.guard.Test([&] { return !CloneStandsOnBill(run); })) {
-    run.guard.Step([&] { run.context.PrintDataClone->MoveNext(); });
+    run.guard.Step([&] { run.request.PrintDataClone->MoveNext(); });
   }
 }
 
 void PlaceRow(PrintRun& run) {
   const Guard& guard = run.guard;
   RunState& state = run.state;
-  PrintContext& context = run.context;
+  PrintContext& request = run.request;
 
   state.CurrentRowTop += state.RowHeight;
   state.Site4Pending = true;
-  run.kind.addRowToSums(run);
-  guard.Step([&] { DrawItems(run.window, 3, ""); });
+  AddRowToSums(run);
+  guard.Step([&] { DrawItems(run.window, ItemSite::kRow); });
   guard.Step([&] { AddChecked(state.OrderId, 1); });
   guard.Step([&] { AddChecked(state.RowsOnPage, 1); });
   const bool isPageFull = state.RowsOnPage == state.RowsPerPage;
   if (isPageFull) {
-    guard.Step([&] { DrawItems(run.window, 4, ""); });
+    guard.Step([&] { DrawItems(run.window, ItemSite::kAfterRows); });
     state.Site4Pending = false;
   }
-  guard.Step([&] { context.PrintData->MoveNext(); });
+  guard.Step([&] { request.PrintData->MoveNext(); });
 
   // Asked before the new page is made, so that no empty last page arises.
-  if (!isPageFull || guard.Test([&] { return context.PrintData->Eof(); })) return;
+  if (!isPageFull || guard.Test([&] { return request.PrintData->Eof(); })) return;
   guard.Step([&] { run.vp.NewPage(); });
   state.CurrentRowTop = -state.RowHeight;
   state.RowsOnPage = 0;

@@ -1,18 +1,15 @@
-// The first half of a run: format, paper, layout and printer.
-#include "run/print_run.h"
+#include "run/prepare_run.h"
+
+#include "run/run_window.h"
 #include "store/statements.h"
 #include "text/conversions.h"
-#include "windows/page_text.h"
+#include "text/page_text.h"
 
 namespace td {
 namespace {
 
-constexpr std::int32_t kUserDefinedPaper = 256;
-constexpr std::int32_t kKeepPaper = 0;
-
-// 1 if the value is true, else 0; Null is not true.
-std::int32_t LandscapeCode(const Value& orientation) {
-  return !IsNull(orientation) && ToFlag(orientation) ? 1 : 0;
+OrientationCode OrientationOf(const Value& orientation) {
+  return IsSet(orientation) ? kLandscape : kPortrait;
 }
 
 std::int32_t PaperCodeOrZero(const Value& code) {
@@ -25,8 +22,8 @@ bool IsNumber(const Value& value, double number) {
 
 void BeginRun(PrintRun& run) {
   const Guard& guard = run.guard;
-  if (run.kind.knowsBlankRows) run.state.BlankRowsAtStart = run.context.PrintBlankRows;
-  guard.Step([&] { run.vp.PutMousePointer(11); });
+  if (run.kind.knowsBlankRows) run.state.BlankRowsAtStart = run.request.PrintBlankRows;
+  guard.Step([&] { run.vp.PutMousePointer(kWaitingPointer); });
   guard.Step([&] { run.window.frame->PutPageText(kReadingText); });
   guard.Step([&] { run.vp.PutTableSeparators("|_"); });
   guard.Step([&] { SetRunBusy(run.window, true); });
@@ -36,7 +33,7 @@ void BeginRun(PrintRun& run) {
 void ApplyFormatPaper(PrintRun& run, Query& format) {
   const Guard& guard = run.guard;
   if (guard.Test([&] { return !IsNull(format.Field("FOrientation")); })) {
-    guard.Step([&] { run.vp.PutOrientation(LandscapeCode(format.Field("FOrientation"))); });
+    guard.Step([&] { run.vp.PutOrientation(OrientationOf(format.Field("FOrientation"))); });
   }
   if (!guard.Test([&] { return !IsNull(format.Field("FPaperWidth")); })) return;
 
@@ -54,7 +51,7 @@ void ApplyMachinePaper(PrintRun& run) {
   Query& paper = run.paper;
   guard.Step([&] { run.vp.PutDevice(ToLoneText(paper.Field("FDevice"))); });
   const auto setOrientation = [&] {
-    guard.Step([&] { run.vp.PutOrientation(LandscapeCode(paper.Field("FOrientation"))); });
+    guard.Step([&] { run.vp.PutOrientation(OrientationOf(paper.Field("FOrientation"))); });
   };
   if (!run.kind.setsPaperBeforeOrientation) setOrientation();
   guard.Step([&] { run.vp.PutPaperSize(PaperCodeOrZero(paper.Field("FPaperSize"))); });
@@ -69,7 +66,7 @@ void ReadLayout(PrintRun& run, Query& format) {
   guard.Step([&] { state.RowHeight = ToDouble(format.Field("FRowHeight")); });
   guard.Step([&] { state.AdjuctLeft = ToSingle(format.Field("FAdjuctLeft")); });
   guard.Step([&] { state.AdjuctTop = ToSingle(format.Field("FAdjuctTop")); });
-  guard.Step([&] { run.context.TDBillName = ToLoneText(format.Field("FTDBillName")); });
+  guard.Step([&] { run.request.TDBillName = ToLoneText(format.Field("FTDBillName")); });
   guard.Step([&] { state.HeaderPerPage = ToFlag(format.Field("FHeaderPerPage")); });
   guard.Step([&] { state.FooterPerPage = ToFlag(format.Field("FFooterPerPage")); });
   guard.Step([&] { state.IntegralPage = ToFlag(format.Field("FIntegralPage")); });
@@ -96,8 +93,8 @@ bool PrepareRun(PrintRun& run) {
   Platform& platform = run.window.platform;
   BeginRun(run);
 
-  Query format;
-  guard.Step([&] { format.Open(platform, TemplateRowStatement(run.context)); });
+  Query format(platform.database, run.request);
+  guard.Step([&] { format.Open(TemplateRowStatement(run.request)); });
   if (guard.Test([&] { return format.Eof(); })) {
     guard.Step(
         [&] { platform.messages.ShowBox("未指定套打格式，打印被取消！", kInformationIcon); });
@@ -109,7 +106,7 @@ bool PrepareRun(PrintRun& run) {
   // nothing is found on a first run.
   guard.Step([&] {
     run.paper.Open(
-        platform, MachinePaperStatement(platform.machine.LocalMachineId(), run.context.TDBillName));
+        MachinePaperStatement(platform.machine.LocalMachineId(), run.request.TDBillName));
   });
   if (guard.Test([&] { return run.paper.Eof(); })) {
     ApplyFormatPaper(run, format);

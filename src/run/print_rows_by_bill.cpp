@@ -1,9 +1,7 @@
-// The walk over the rows of the plain run. A page holds a fixed number of equally high rows, so
-// rows are counted and one vertical offset moves; nothing is measured. The page events change the
-// state inside NewPage.
 #include "platform/checked_counters.h"
-#include "run/do_printing.h"
-#include "run/print_run.h"
+#include "run/finish_bill.h"
+#include "run/place_row.h"
+#include "run/print_rows.h"
 #include "text/conversions.h"
 
 namespace td {
@@ -12,11 +10,11 @@ namespace {
 void SkipBlankRows(PrintRun& run) {
   const Guard& guard = run.guard;
   RunState& state = run.state;
-  PrintContext& context = run.context;
-  while (context.PrintBlankRows != 0 && guard.Test([&] { return !context.PrintData->Eof(); })) {
+  PrintContext& request = run.request;
+  while (request.PrintBlankRows != 0 && guard.Test([&] { return !request.PrintData->Eof(); })) {
     state.CurrentRowTop += state.RowHeight;
-    guard.Step([&] { AddChecked(context.PrintBlankRows, -1); });
-    guard.Step([&] { context.PrintData->MoveNext(); });
+    guard.Step([&] { AddChecked(request.PrintBlankRows, -1); });
+    guard.Step([&] { request.PrintData->MoveNext(); });
     guard.Step([&] { AddChecked(state.OrderId, 1); });
     guard.Step([&] { AddChecked(state.RowsOnPage, 1); });
   }
@@ -31,7 +29,7 @@ bool BlankRowsFilledPage(const PrintRun& run) {
 }
 
 bool IsNewBill(const PrintRun& run) {
-  const Value& id = run.context.PrintData->Field("FInterID");
+  const Value& id = run.request.PrintData->Field("FInterID");
   return !IsNull(id) && ToText(id) != run.state.CurrentInterId && !run.state.CurrentInterId.empty();
 }
 
@@ -53,7 +51,7 @@ void BreakBill(PrintRun& run) {
 
 // A bill number of 0 belongs to no bill.
 void RememberBill(PrintRun& run) {
-  const auto id = [&] { return ToLoneText(run.context.PrintData->Field("FInterID")); };
+  const auto id = [&] { return ToLoneText(run.request.PrintData->Field("FInterID")); };
   if (run.guard.Test([&] { return id() == "0"; })) {
     run.state.CurrentInterId.clear();
   } else {
@@ -66,14 +64,14 @@ void RememberBill(PrintRun& run) {
 void PrintRowsByBill(PrintRun& run) {
   const Guard& guard = run.guard;
   RunState& state = run.state;
-  PrintContext& context = run.context;
+  PrintContext& request = run.request;
 
-  while (guard.Test([&] { return !context.PrintData->Eof(); })) {
+  while (guard.Test([&] { return !request.PrintData->Eof(); })) {
     SkipBlankRows(run);
     if (guard.Test([&] { return BlankRowsFilledPage(run); })) {
       state.CurrentRowTop = -state.RowHeight;
     }
-    if (guard.Test([&] { return context.PrintData->Eof(); })) return;
+    if (guard.Test([&] { return request.PrintData->Eof(); })) return;
     if (guard.Test([&] { return IsNewBill(run); })) BreakBill(run);
     RememberBill(run);
     PlaceRow(run);

@@ -1,11 +1,10 @@
-// The walk over the rows of the stock-area run. The rows come grouped by area; the first character
-// of the area decides where a new page begins, and the printer never changes.
 #include <cmath>
 #include <string>
 
 #include "platform/standard_failures.h"
-#include "run/do_printing.h"
-#include "run/print_run.h"
+#include "run/finish_bill.h"
+#include "run/place_row.h"
+#include "run/print_rows.h"
 #include "text/characters.h"
 #include "text/conversions.h"
 
@@ -17,7 +16,7 @@ std::string AreaOf(const std::string& stockArea) {
 }
 
 bool IsNewArea(const PrintRun& run) {
-  const Value& area = run.context.PrintData->Field("FStockArea");
+  const Value& area = run.request.PrintData->Field("FStockArea");
   const RunState& state = run.state;
   return !IsNull(area) && AreaOf(ToText(area)) != state.CurrentArea && state.CurrentArea != "-1" &&
          state.RowsOnPage != 0;
@@ -39,7 +38,7 @@ std::int32_t WholeNumber(const Value& value) {
 
 void RememberArea(PrintRun& run) {
   const Guard& guard = run.guard;
-  Recordset& row = *run.context.PrintData;
+  Recordset& row = *run.request.PrintData;
   guard.Step([&] { run.state.CurrentArea = AreaOf(ToLoneText(row.Field("FStockArea"))); });
   guard.Step([&] { run.state.RowInterId = WholeNumber(row.Field("FInterID")); });
 }
@@ -48,7 +47,7 @@ void RememberArea(PrintRun& run) {
 
 void PrintRowsByStockArea(PrintRun& run) {
   const Guard& guard = run.guard;
-  while (guard.Test([&] { return !run.context.PrintData->Eof(); })) {
+  while (guard.Test([&] { return !run.request.PrintData->Eof(); })) {
     if (guard.Test([&] { return IsNewArea(run); })) BreakArea(run);
     RememberArea(run);
     PlaceRow(run);

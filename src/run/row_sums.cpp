@@ -1,9 +1,10 @@
-// What one row adds to the sums.
+#include "run/row_sums.h"
+
 #include <cmath>
 #include <limits>
 #include <string_view>
 
-#include "run/print_run.h"
+#include "platform/standard_failures.h"
 #include "text/conversions.h"
 
 namespace td {
@@ -75,10 +76,9 @@ class RowAdder {
   Guard ignoring_{reactions::kIgnoreAll};
 };
 
-}  // namespace
-
-void AddRowToSums(PrintRun& run) {
-  const RowAdder row(*run.context.PrintData);
+// The tax is computed from price and quantity.
+void AddRowOfBill(PrintRun& run) {
+  const RowAdder row(*run.request.PrintData);
   RunSums& total = run.state.run;
   PageSums& page = run.state.page;
 
@@ -112,8 +112,9 @@ void AddRowToSums(PrintRun& run) {
   row.AddNumber(total.RunFreightAmount, "FFreight_Amount");
 }
 
-void AddStockAreaRowToSums(PrintRun& run) {
-  const RowAdder row(*run.context.PrintData);
+// The tax is taken from its column.
+void AddRowOfStockArea(PrintRun& run) {
+  const RowAdder row(*run.request.PrintData);
   RunSums& total = run.state.run;
   PageSums& page = run.state.page;
 
@@ -126,6 +127,16 @@ void AddStockAreaRowToSums(PrintRun& run) {
   row.AddLeading(page.PageNoTaxAmount, "FNoTaxAmount");
   row.AddLeading(total.RunTax, "FTax");
   row.AddLeading(total.RunNoTaxAmount, "FNoTaxAmount");
+}
+
+}  // namespace
+
+void AddRowToSums(PrintRun& run) {
+  if (run.kind.grouping == Grouping::kBill) {
+    AddRowOfBill(run);
+  } else {
+    AddRowOfStockArea(run);
+  }
 }
 
 }  // namespace td

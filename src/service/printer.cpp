@@ -2,10 +2,10 @@
 
 #include <memory>
 
+#include "policy/error_policy.h"
 #include "run/do_printing.h"
-#include "service/print_context.h"
-#include "store/error_policy.h"
-#include "windows/print_window.h"
+#include "service/context.h"
+#include "windows/open_window.h"
 
 namespace td {
 namespace {
@@ -18,7 +18,7 @@ void PrintOnWindow(Platform& platform, const WindowKind& kind) {
                     [&context] { context.PrintDataClone = context.PrintData; });
   guard.Step([&] { context.PrintDataClone = context.PrintData->Clone(); });
   std::unique_ptr<PrintWindow> window;
-  guard.Step([&] { window = std::make_unique<PrintWindow>(platform, kind); });
+  guard.Step([&] { window = OpenWindow(platform, context, kind); });
   guard.Step([&] {
     if (!window) throw Failure(kObjectNotSet, "对象变量未设置");
     if (context.New_DoPrint) {

@@ -1,6 +1,6 @@
 #include "service/td_set.h"
 
-#include "service/print_context.h"
+#include "service/context.h"
 #include "windows/frm_adjuct.h"
 
 namespace td {
@@ -8,7 +8,7 @@ namespace td {
 void TDSet::ShowSettings(const std::string& PromptString, std::int16_t TranType) {
   Context().New_PromptString = PromptString;
   Context().New_TranType = TranType;
-  frmAdjuct(platform_).ShowModal();
+  frmAdjuct(platform_, Context()).ShowModal();
 }
 
 }  // namespace td

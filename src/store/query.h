@@ -4,20 +4,22 @@
 #include <string>
 #include <string_view>
 
-#include "platform/platform.h"
+#include "platform/database.h"
 #include "platform/standard_failures.h"
-#include "service/print_context.h"
+#include "state/print_context.h"
 
 namespace td {
 
 // Closed until Open has succeeded: every other use of it then fails, as it does after Close. The
-// rows are released with the object at the latest.
+// rows are released with the object at the latest. Database and request are borrowed.
 class Query {
  public:
-  // Opens on the context's connection text, which makes a connection of its own.
-  void Open(Platform& platform, const std::string& sql,
-            CursorType cursor = CursorType::kUnspecified, LockType lock = LockType::kUnspecified) {
-    rows_ = platform.database.OpenQuery(Context().New_PromptString, sql, cursor, lock);
+  Query(Database& database, const PrintContext& request) : database_(database), request_(request) {}
+
+  // Opens on the request's connection text, which makes a connection of its own.
+  void Open(const std::string& sql, CursorType cursor = CursorType::kUnspecified,
+            LockType lock = LockType::kUnspecified) {
+    rows_ = database_.OpenQuery(request_.New_PromptString, sql, cursor, lock);
   }
 
   [[nodiscard]] bool Eof() { return Rows().Eof(); }
@@ -34,6 +36,8 @@ class Query {
     return *rows_;
   }
 
+  Database& database_;
+  const PrintContext& request_;
   RecordsetRef rows_;
 };
 

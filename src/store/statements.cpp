@@ -1,6 +1,5 @@
 #include "store/statements.h"
 
-#include "service/print_context.h"
 #include "text/conversions.h"
 
 namespace td {
@@ -18,6 +17,10 @@ std::string ItemsOfFormat(const PrintContext& context, std::string_view tranType
   sql.append("Left Join (select * from TDVariant where FTranType=").append(tranType);
   sql.append(") t3 ON t2.FObjectFieldName=t3.FVarCaption ");
   return sql;
+}
+
+std::string SiteText(ItemSite site) {
+  return ToText(static_cast<std::int16_t>(site));
 }
 
 // Two bill types that use the same format name share one row a machine.
@@ -40,9 +43,9 @@ std::string MachinePaperStatement(std::string_view machineId, std::string_view f
   return "select * from TDBill_PaperSize" + OfMachineAndFormat(machineId, formatName);
 }
 
-std::string ItemStatement(const PrintContext& context, std::int16_t site, std::string_view filter) {
+std::string ItemStatement(const PrintContext& context, ItemSite site, std::string_view filter) {
   std::string sql = ItemsOfFormat(context, "FtranType");
-  sql.append(" where t2.FTop>=0 and t2.FLeft>=0 and t2.FSite=").append(ToText(site));
+  sql.append(" where t2.FTop>=0 and t2.FLeft>=0 and t2.FSite=").append(SiteText(site));
   if (!filter.empty()) {
     sql.append(" and ").append(filter);
   } else if (context.New_OnlyPrintVariantItem) {
@@ -51,9 +54,9 @@ std::string ItemStatement(const PrintContext& context, std::int16_t site, std::s
   return sql;
 }
 
-std::string HeaderItemStatement(const PrintContext& context, std::int16_t site) {
+std::string HeaderItemStatement(const PrintContext& context) {
   std::string sql = ItemsOfFormat(context, "FTranType");
-  sql.append(" where t2.FSite=").append(ToText(site));
+  sql.append(" where t2.FSite=").append(SiteText(ItemSite::kHead));
   if (context.New_OnlyPrintVariantItem) sql.append(" and (FIsVariant=1 or FMustPrint=1) ");
   return sql;
 }

@@ -6,9 +6,10 @@
 #include <string>
 #include <string_view>
 
-namespace td {
+#include "state/print_context.h"
+#include "store/template_item.h"
 
-struct PrintContext;
+namespace td {
 
 // The format asked for by name, or the selected one when `context.TDBillName` is empty.
 [[nodiscard]] std::string TemplateRowStatement(const PrintContext& context);
@@ -18,11 +19,14 @@ struct PrintContext;
                                                 std::string_view formatName);
 
 // The items of a band for DrawItems. A filter takes the place of the variable-only restriction.
-[[nodiscard]] std::string ItemStatement(const PrintContext& context, std::int16_t site,
+[[nodiscard]] std::string ItemStatement(const PrintContext& context, ItemSite site,
                                         std::string_view filter);
 
-// The items of a band for the head routines, hidden positions included.
-[[nodiscard]] std::string HeaderItemStatement(const PrintContext& context, std::int16_t site);
+// A filter: the frame of a row without its data.
+inline constexpr std::string_view kOnlyLines = "t2.FTypeID=1";
+
+// The items of the head, hidden positions included.
+[[nodiscard]] std::string HeaderItemStatement(const PrintContext& context);
 
 [[nodiscard]] std::string ComplexQtySettingStatement();
 [[nodiscard]] std::string AdvertisingSettingStatement();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace td {
@@ -14,5 +15,11 @@ namespace td {
 std::string_view TakeCharacter(std::string_view& text);
 
 [[nodiscard]] std::size_t CharacterCount(std::string_view text);
+
+// `text` in small or capital letters: A to Z, those of Western Europe with their accents, the basic
+// Greek and Russian ones, and the full-width letters that stand among Chinese characters. All other
+// characters stay, ß among them. The same on every machine, whatever its language.
+[[nodiscard]] std::string InSmallLetters(std::string_view text);
+[[nodiscard]] std::string InCapitals(std::string_view text);
 
 }  // namespace td

@@ -157,6 +157,22 @@ bool ToFlag(const Value& value) {
   return ToDouble(value) != 0;
 }
 
+bool IsSet(const Value& value) {
+  return !IsNull(value) && ToFlag(value);
+}
+
+double WidenSingle(float number) {
+  if (!std::isfinite(number)) return number;
+  constexpr std::size_t kLongest = 32;
+  std::array<char, kLongest> text{};
+  char* const start = text.data();
+  const auto written =
+      std::to_chars(start, start + text.size(), number, std::chars_format::general, kFloatDigits);
+  double widened = 0;
+  std::from_chars(start, written.ptr, widened);
+  return widened;
+}
+
 std::string LowerCase(std::string_view text) {
   std::string lower(text);
   std::transform(lower.begin(), lower.end(), lower.begin(), [](char c) {

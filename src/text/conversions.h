@@ -1,4 +1,5 @@
-// Conversions between the kinds of column values, in the manner of the classic BASIC family.
+// Conversions between the kinds of column values. They never ask the machine's language, so that a
+// value prints and is stored alike everywhere.
 #pragma once
 
 #include <cstdint>
@@ -43,6 +44,16 @@ namespace td {
 
 // Zero is false, any other number true; text is a number, or True or False in any case.
 [[nodiscard]] bool ToFlag(const Value& value);
+
+// The same where Null means a flag that is not set.
+[[nodiscard]] bool IsSet(const Value& value);
+[[nodiscard]] inline bool IsSet(const StoredFlag& flag) {
+  return IsSet(flag.value);
+}
+
+// A single as a double that shows the same digits, at most 7: the widened bits alone would show
+// digits that the single never had. What is not finite stays.
+[[nodiscard]] double WidenSingle(float number);
 
 // The text in lower case; only the letters A to Z change.
 [[nodiscard]] std::string LowerCase(std::string_view text);

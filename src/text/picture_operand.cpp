@@ -8,6 +8,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "text/calendar.h"
 #include "text/conversions.h"
 
 namespace td {
@@ -46,7 +47,7 @@ std::optional<double> TakeDate(std::string_view& text) {
                             std::chrono::month{static_cast<unsigned>(*month)},
                             std::chrono::day{static_cast<unsigned>(*day)}};
   if (!date.ok()) return std::nullopt;
-  return static_cast<double>((sys_days{date} - sys_days{December / 30 / 1899}).count());
+  return DaySerial(date);
 }
 
 // The part of a day. A fraction of a second is read and left out.
@@ -61,7 +62,6 @@ std::optional<double> TakeTime(std::string_view& text) {
     if (!second || *second > 59) return std::nullopt;
     if (TakeMark(text, '.') && !TakeNumber(text)) return std::nullopt;
   }
-  constexpr double kSecondsPerDay = 86400;
   return ((*hour * 60 + *minute) * 60 + *second) / kSecondsPerDay;
 }
 
@@ -73,9 +73,7 @@ std::optional<double> DateInText(std::string_view text) {
   if (!date) rest = text;
   const std::optional<double> time = TakeTime(rest);
   if (!time || !rest.empty()) return std::nullopt;
-  // The time of a day before serial 0 counts away from zero, as its fraction has the day's sign.
-  const double day = date.value_or(0);
-  return day < 0 ? day - *time : day + *time;
+  return MomentSerial(date.value_or(0), *time);
 }
 
 std::optional<double> FiniteNumber(const Value& value) {

@@ -3,7 +3,6 @@
 #include <cstddef>
 
 #include "text/characters.h"
-#include "text/letter_case.h"
 
 namespace td {
 

@@ -1,7 +1,6 @@
 #include "windows/frm_adjuct.h"
 
-#include "service/print_context.h"
-#include "store/error_policy.h"
+#include "policy/error_policy.h"
 #include "store/query.h"
 #include "store/statements.h"
 #include "text/conversions.h"
@@ -10,27 +9,20 @@
 namespace td {
 namespace {
 
-constexpr const char* kFormatList = "cmbTdBillName";
-constexpr const char* kOrientation = "optOrientation";
-
 struct BoundControl {
   const char* control;
   const char* column;
 };
 
-constexpr BoundControl kLeftBox{"txtLeft", "FAdjuctLeft"};
-constexpr BoundControl kOtherBoxes[] = {{"txtTop", "FAdjuctTop"},
-                                        {"txtHeader", "FAdjuctHeader"},
-                                        {"txtRowHeight", "FRowHeight"},
-                                        {"txtRowsPerPage", "FRowsPerPage"},
-                                        {"txtQtysPerRow", "FQtysPerRow"}};
-constexpr BoundControl kHeaderCheck{"chkHeaderPerPage", "FHeaderPerPage"};
-constexpr BoundControl kFooterCheck{"chkFooterPerPage", "FFooterPerPage"};
-constexpr BoundControl kIntegralCheck{"chkIntegralPage", "FIntegralPage"};
-
-bool IsSet(const Value& flag) {
-  return !IsNull(flag) && ToFlag(flag);
-}
+constexpr BoundControl kLeftBox{controls::kLeft, "FAdjuctLeft"};
+constexpr BoundControl kOtherBoxes[] = {{controls::kTop, "FAdjuctTop"},
+                                        {controls::kHeader, "FAdjuctHeader"},
+                                        {controls::kRowHeight, "FRowHeight"},
+                                        {controls::kRowsPerPage, "FRowsPerPage"},
+                                        {controls::kQtysPerRow, "FQtysPerRow"}};
+constexpr BoundControl kHeaderCheck{controls::kHeaderPerPage, "FHeaderPerPage"};
+constexpr BoundControl kFooterCheck{controls::kFooterPerPage, "FFooterPerPage"};
+constexpr BoundControl kIntegralCheck{controls::kIntegralPage, "FIntegralPage"};
 
 // The controls of the dialog, filled from one format row. A Null leaves its text box as it was.
 struct FormatView {
@@ -47,11 +39,12 @@ struct FormatView {
   // The whole list is walked, so the last entry of that name stands.
   void ShowPrinter() const {
     if (!guard.Test([&] { return !IsNull(format.Field("FPrintDevice")); })) return;
-    for (int i = 0; i < dialog.ListCount(kPrinterList); ++i) {
+    for (int i = 0; i < dialog.ListCount(controls::kPrinterList); ++i) {
       const auto isPrinter = [&] {
-        return dialog.ListItem(kPrinterList, i) == ToText(format.Field("FPrintDevice"));
+        return dialog.ListItem(controls::kPrinterList, i) == ToText(format.Field("FPrintDevice"));
       };
-      if (guard.Test(isPrinter)) guard.Step([&] { dialog.PutListIndex(kPrinterList, i); });
+      if (guard.Test(isPrinter))
+        guard.Step([&] { dialog.PutListIndex(controls::kPrinterList, i); });
     }
   }
   void ShowShared() const {
@@ -67,7 +60,7 @@ void ShowFirstFormat(const FormatView& view) {
   Dialog& dialog = view.dialog;
   const Guard& guard = view.guard;
   Query& format = view.format;
-  guard.Step([&] { dialog.PutListIndex(kPrinterList, kDefaultPrinterIndex); });
+  guard.Step([&] { dialog.PutListIndex(controls::kPrinterList, kDefaultPrinterIndex); });
   guard.Step([&] {
     const Value& left = format.Field(kLeftBox.column);
     dialog.PutText(kLeftBox.control, IsNull(left) ? "0" : ToText(left));
@@ -81,12 +74,13 @@ void ShowFirstFormat(const FormatView& view) {
 
 // Selecting an entry shows its format. The selected format is remembered and shown at the end
 // unless the caller named one; a format without a name is not in the list, so it can't be.
-void FillFormatList(Dialog& dialog, const Guard& guard, Query& formats) {
+void FillFormatList(Dialog& dialog, const Guard& guard, const std::string& wantedName,
+                    Query& formats) {
   int remembered = 0;
   while (guard.Test([&] { return !formats.Eof(); })) {
     bool isListed = false;
     guard.Step([&] {
-      dialog.AddItem(kFormatList, ToLoneText(formats.Field("FTDBillName")));
+      dialog.AddItem(controls::kFormats, ToLoneText(formats.Field("FTDBillName")));
       isListed = true;
     });
     const auto isSelected = [&] {
@@ -94,19 +88,21 @@ void FillFormatList(Dialog& dialog, const Guard& guard, Query& formats) {
       return !IsNull(selected) && ToDouble(selected) == 1;
     };
     if (guard.Test(isSelected) && isListed) {
-      guard.Step([&] { remembered = dialog.ListCount(kFormatList) - 1; });
+      guard.Step([&] { remembered = dialog.ListCount(controls::kFormats) - 1; });
     }
     const auto isAskedFor = [&] {
       const Value& name = formats.Field("FTDBillName");
-      return !IsNull(name) && ToText(name) == Context().TDBillName;
+      return !IsNull(name) && ToText(name) == wantedName;
     };
     if (guard.Test(isAskedFor)) {
-      guard.Step([&] { dialog.PutListIndex(kFormatList, dialog.ListCount(kFormatList) - 1); });
+      guard.Step([&] {
+        dialog.PutListIndex(controls::kFormats, dialog.ListCount(controls::kFormats) - 1);
+      });
     }
     guard.Step([&] { formats.MoveNext(); });
   }
-  if (dialog.ListCount(kFormatList) > remembered && Context().TDBillName.empty()) {
-    guard.Step([&] { dialog.PutListIndex(kFormatList, remembered); });
+  if (dialog.ListCount(controls::kFormats) > remembered && wantedName.empty()) {
+    guard.Step([&] { dialog.PutListIndex(controls::kFormats, remembered); });
   }
 }
 
@@ -115,27 +111,28 @@ OverlaySettings ReadSettings(Dialog& dialog) {
   const auto check = [&](const BoundControl& box) {
     return dialog.CheckValue(box.control) == 1 ? 1 : 0;
   };
-  const bool isRealPrinter = dialog.ListIndex(kPrinterList) >= kFirstPrinterIndex;
-  return {.AdjuctLeft = number("txtLeft"),
-          .AdjuctTop = number("txtTop"),
-          .AdjuctHeader = number("txtHeader"),
-          .RowHeight = number("txtRowHeight"),
-          .RowsPerPage = number("txtRowsPerPage"),
-          .QtysPerRow = number("txtQtysPerRow"),
-          .Orientation = dialog.Option(kOrientation) == 0 ? 0 : 1,
-          .HeaderPerPage = check(kHeaderCheck),
-          .FooterPerPage = check(kFooterCheck),
-          .IntegralPage = check(kIntegralCheck),
-          .PrintDevice = isRealPrinter ? dialog.ListText(kPrinterList) : std::string()};
+  const bool isRealPrinter = dialog.ListIndex(controls::kPrinterList) >= kFirstPrinterIndex;
+  return {
+      .AdjuctLeft = number(controls::kLeft),
+      .AdjuctTop = number(controls::kTop),
+      .AdjuctHeader = number(controls::kHeader),
+      .RowHeight = number(controls::kRowHeight),
+      .RowsPerPage = number(controls::kRowsPerPage),
+      .QtysPerRow = number(controls::kQtysPerRow),
+      .Orientation = dialog.Option(controls::kOrientation) == kPortrait ? kPortrait : kLandscape,
+      .HeaderPerPage = check(kHeaderCheck),
+      .FooterPerPage = check(kFooterCheck),
+      .IntegralPage = check(kIntegralCheck),
+      .PrintDevice = isRealPrinter ? dialog.ListText(controls::kPrinterList) : std::string()};
 }
 
 }  // namespace
 
-frmAdjuct::frmAdjuct(Platform& platform)
-    : platform_(platform), dialog_(platform.windows.CreateDialog("frmAdjuct")) {
+frmAdjuct::frmAdjuct(Platform& platform, PrintContext& request)
+    : platform_(platform), request_(request), dialog_(platform.windows.CreateDialog("frmAdjuct")) {
   dialog_->Connect({.Load = [this] { Load(); },
                     .Click = [this](std::string_view control) { Click(control); },
-                    .Unload = [] { Context().TDBillName.clear(); }});
+                    .Unload = [this] { request_.TDBillName.clear(); }});
 }
 
 void frmAdjuct::ShowModal() {
@@ -145,34 +142,35 @@ void frmAdjuct::ShowModal() {
 void frmAdjuct::Load() {
   RunRoutine(Guard(reactions::kSettingsLoad), platform_.messages, [&](const Guard& guard) {
     FillPrinterList(*dialog_, guard);
-    Query formats;
-    guard.Step([&] { formats.Open(platform_, FormatsStatement(Context())); });
+    Query formats(platform_.database, request_);
+    guard.Step([&] { formats.Open(FormatsStatement(request_)); });
     if (guard.Test([&] { return !formats.Eof(); })) ShowFirstFormat({*dialog_, guard, formats});
-    FillFormatList(*dialog_, guard, formats);
+    FillFormatList(*dialog_, guard, request_.TDBillName, formats);
     guard.Step([&] { formats.Close(); });
   });
 }
 
 void frmAdjuct::Click(std::string_view control) {
-  if (control == kFormatList) ChangeFormat();
-  if (control == "cmdOk") Save();
-  if (control == "cmdExit") Cancel();
+  if (control == controls::kFormats) ChangeFormat();
+  if (control == controls::kConfirm) Save();
+  if (control == controls::kLeave) Cancel();
 }
 
 void frmAdjuct::ChangeFormat() {
   RunRoutine(Guard(reactions::kSettingsLoad), platform_.messages, [&](const Guard& guard) {
-    Query format;
+    Query format(platform_.database, request_);
     guard.Step([&] {
-      format.Open(platform_, FormatSettingsStatement(Context(), dialog_->ListText(kFormatList)));
+      format.Open(FormatSettingsStatement(request_, dialog_->ListText(controls::kFormats)));
     });
     if (guard.Test([&] { return !format.Eof(); })) {
       const FormatView view{*dialog_, guard, format};
-      guard.Step([&] { dialog_->PutListIndex(kPrinterList, kDefaultPrinterIndex); });
+      guard.Step([&] { dialog_->PutListIndex(controls::kPrinterList, kDefaultPrinterIndex); });
       view.ShowText(kLeftBox);
       view.ShowShared();
       view.ShowCheck(kIntegralCheck);
-      guard.Step(
-          [&] { dialog_->PutOption(kOrientation, ToInteger16(format.Field("FOrientation"))); });
+      guard.Step([&] {
+        dialog_->PutOption(controls::kOrientation, ToInteger16(format.Field("FOrientation")));
+      });
       view.ShowPrinter();
     }
     guard.Step([&] { format.Close(); });
@@ -182,17 +180,17 @@ void frmAdjuct::ChangeFormat() {
 void frmAdjuct::Save() {
   RunRoutine(Guard(reactions::kSettingsSave), platform_.messages, [&](const Guard& guard) {
     std::unique_ptr<Connection> connection;
-    guard.Step([&] { connection = platform_.database.Connect(Context().New_PromptString); });
-    guard.Step([&] { connection->Execute(ClearSelectionStatement(Context())); });
+    guard.Step([&] { connection = platform_.database.Connect(request_.New_PromptString); });
+    guard.Step([&] { connection->Execute(ClearSelectionStatement(request_)); });
     guard.Step([&] {
-      connection->Execute(SaveOverlaySettingsStatement(Context(), dialog_->ListText(kFormatList),
-                                                       ReadSettings(*dialog_)));
+      connection->Execute(SaveOverlaySettingsStatement(
+          request_, dialog_->ListText(controls::kFormats), ReadSettings(*dialog_)));
     });
     connection.reset();
     guard.Step([&] { dialog_->Unload(); });
     isOk_ = true;
-    if (dialog_->ListIndex(kFormatList) == -1) {
-      Context().TDBillName = dialog_->ListText(kFormatList);
+    if (dialog_->ListIndex(controls::kFormats) == -1) {
+      request_.TDBillName = dialog_->ListText(controls::kFormats);
     }
   });
 }

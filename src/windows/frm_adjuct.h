@@ -5,14 +5,16 @@
 #include <memory>
 
 #include "platform/platform.h"
+#include "state/print_context.h"
 
 namespace td {
 
 class frmAdjuct {
  public:
-  explicit frmAdjuct(Platform& platform);
+  // Platform and request are borrowed. The request says which bill type, in which database.
+  frmAdjuct(Platform& platform, PrintContext& request);
 
-  // Returns when the dialog was closed. The context's format name is empty afterwards, so that the
+  // Returns when the dialog was closed. The request's format name is empty afterwards, so that the
   // next run goes by the selected format.
   void ShowModal();
 
@@ -27,6 +29,7 @@ class frmAdjuct {
   void Cancel();
 
   Platform& platform_;
+  PrintContext& request_;
   std::unique_ptr<Dialog> dialog_;
   bool isOk_ = false;
 };

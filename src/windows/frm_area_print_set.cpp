@@ -1,17 +1,12 @@
 #include "windows/frm_area_print_set.h"
 
-#include "service/print_context.h"
-#include "store/error_policy.h"
+#include "policy/error_policy.h"
 #include "store/query.h"
 #include "text/conversions.h"
 #include "windows/printer_list.h"
 
 namespace td {
 namespace {
-
-constexpr const char* kBillTypeList = "cmbBillType";
-constexpr const char* kFormatList = "cmbPrintFmt";
-constexpr const char* kAreaList = "cmbStockArea";
 
 struct BillType {
   const char* name;
@@ -38,20 +33,20 @@ void FillAreaList(Dialog& dialog, const Guard& guard, Query& areas) {
     };
     if (guard.Test(isNext)) {
       guard.Step([&] { previous = ToLoneText(areas.Field("FStockArea")); });
-      guard.Step([&] { dialog.AddItem(kAreaList, previous); });
+      guard.Step([&] { dialog.AddItem(controls::kStockAreas, previous); });
     }
     guard.Step([&] { areas.MoveNext(); });
   }
 }
 
 void SelectPrinter(Dialog& dialog, const Guard& guard, Query& row) {
-  for (int i = kSeparatorIndex; i < dialog.ListCount(kPrinterList); ++i) {
+  for (int i = kSeparatorIndex; i < dialog.ListCount(controls::kPrinterList); ++i) {
     const auto isPrinter = [&] {
       const Value& printer = row.Field("FPrintDevice");
-      return !IsNull(printer) && dialog.ListItem(kPrinterList, i) == ToText(printer);
+      return !IsNull(printer) && dialog.ListItem(controls::kPrinterList, i) == ToText(printer);
     };
     if (guard.Test(isPrinter)) {
-      guard.Step([&] { dialog.PutListIndex(kPrinterList, i); });
+      guard.Step([&] { dialog.PutListIndex(controls::kPrinterList, i); });
       return;
     }
   }
@@ -59,8 +54,10 @@ void SelectPrinter(Dialog& dialog, const Guard& guard, Query& row) {
 
 }  // namespace
 
-frmAreaPrintSet::frmAreaPrintSet(Platform& platform)
-    : platform_(platform), dialog_(platform.windows.CreateDialog("frmAreaPrintSet")) {
+frmAreaPrintSet::frmAreaPrintSet(Platform& platform, const PrintContext& request)
+    : platform_(platform),
+      request_(request),
+      dialog_(platform.windows.CreateDialog("frmAreaPrintSet")) {
   dialog_->Connect({.Load = [this] { Load(); },
                     .Click = [this](std::string_view control) { Click(control); },
                     .Unload = [] {}});
@@ -73,51 +70,50 @@ void frmAreaPrintSet::ShowModal() {
 void frmAreaPrintSet::Load() {
   RunRoutine(Guard(reactions::kAreaPrinterLoad), platform_.messages, [&](const Guard& guard) {
     for (const BillType& type : kBillTypes) {
-      guard.Step([&] { dialog_->AddItem(kBillTypeList, type.name); });
+      guard.Step([&] { dialog_->AddItem(controls::kBillTypes, type.name); });
     }
-    guard.Step([&] { dialog_->PutListIndex(kBillTypeList, 0); });
+    guard.Step([&] { dialog_->PutListIndex(controls::kBillTypes, 0); });
     FillPrinterList(*dialog_, guard);
-    Query areas;
-    guard.Step([&] { areas.Open(platform_, StockAreasStatement()); });
+    Query areas(platform_.database, request_);
+    guard.Step([&] { areas.Open(StockAreasStatement()); });
     FillAreaList(*dialog_, guard, areas);
     guard.Step([&] { areas.Close(); });
   });
 }
 
 void frmAreaPrintSet::Click(std::string_view control) {
-  if (control == kBillTypeList) ChangeBillType();
-  if (control == kFormatList || control == kAreaList) ShowAreaPrinter();
-  if (control == "cmdOk") Save();
-  if (control == "cmdExit") dialog_->Unload();
+  if (control == controls::kBillTypes) ChangeBillType();
+  if (control == controls::kAreaFormats || control == controls::kStockAreas) ShowAreaPrinter();
+  if (control == controls::kConfirm) Save();
+  if (control == controls::kLeave) dialog_->Unload();
 }
 
 void frmAreaPrintSet::ChangeBillType() {
   RunRoutine(Guard(reactions::kMessageOnly), platform_.messages, [&](const Guard& guard) {
     guard.Step([&] {
-      const int tranType = TranTypeOf(dialog_->ListText(kBillTypeList));
-      dialog_->ClearList(kFormatList);
-      Query formats;
-      formats.Open(platform_, FormatNamesStatement(tranType));
+      const int tranType = TranTypeOf(dialog_->ListText(controls::kBillTypes));
+      dialog_->ClearList(controls::kAreaFormats);
+      Query formats(platform_.database, request_);
+      formats.Open(FormatNamesStatement(tranType));
       for (; !formats.Eof(); formats.MoveNext()) {
-        dialog_->AddItem(kFormatList, ToLoneText(formats.Field("FTDBillName")));
+        dialog_->AddItem(controls::kAreaFormats, ToLoneText(formats.Field("FTDBillName")));
       }
     });
   });
 }
 
 AreaPrinterKey frmAreaPrintSet::SelectedKey() {
-  return {.tranType = TranTypeOf(dialog_->ListText(kBillTypeList)),
-          .formatName = dialog_->ListText(kFormatList),
-          .stockArea = dialog_->ListText(kAreaList)};
+  return {.tranType = TranTypeOf(dialog_->ListText(controls::kBillTypes)),
+          .formatName = dialog_->ListText(controls::kAreaFormats),
+          .stockArea = dialog_->ListText(controls::kStockAreas)};
 }
 
 // An unknown combination leaves the selection of the printer as it was.
 void frmAreaPrintSet::ShowAreaPrinter() {
   RunRoutine(Guard(reactions::kMessageOnly), platform_.messages, [&](const Guard& guard) {
-    Query row;
-    guard.Step([&] {
-      row.Open(platform_, AreaPrinterStatement(platform_.machine.LocalMachineId(), SelectedKey()));
-    });
+    Query row(platform_.database, request_);
+    guard.Step(
+        [&] { row.Open(AreaPrinterStatement(platform_.machine.LocalMachineId(), SelectedKey())); });
     if (guard.Test([&] { return !row.Eof(); })) SelectPrinter(*dialog_, guard, row);
     guard.Step([&] { row.Close(); });
   });
@@ -129,13 +125,13 @@ void frmAreaPrintSet::Save() {
   RunRoutine(Guard(reactions::kMessageOnly), platform_.messages, [&](const Guard& guard) {
     guard.Step([&] {
       const AreaPrinterKey key = SelectedKey();
-      const auto connection = platform_.database.Connect(Context().New_PromptString);
+      const auto connection = platform_.database.Connect(request_.New_PromptString);
       Machine& machine = platform_.machine;
       connection->Execute(ClearAreaPrinterStatement(machine.LocalMachineId(), key));
-      const bool isDefault = dialog_->ListIndex(kPrinterList) == kDefaultPrinterIndex;
-      connection->Execute(
-          SaveAreaPrinterStatement(machine.LocalMachineId(), key,
-                                   isDefault ? std::string() : dialog_->ListText(kPrinterList)));
+      const bool isDefault = dialog_->ListIndex(controls::kPrinterList) == kDefaultPrinterIndex;
+      connection->Execute(SaveAreaPrinterStatement(
+          machine.LocalMachineId(), key,
+          isDefault ? std::string() : dialog_->ListText(controls::kPrinterList)));
     });
     guard.Step([&] { platform_.messages.ShowBox("保存成功！", kInformationIcon); });
   });

@@ -5,15 +5,17 @@
 #include <memory>
 
 #include "platform/platform.h"
+#include "state/print_context.h"
 #include "store/statements.h"
 
 namespace td {
 
 class frmAreaPrintSet {
  public:
-  explicit frmAreaPrintSet(Platform& platform);
+  // Platform and request are borrowed. Of the request only the connection text is read.
+  frmAreaPrintSet(Platform& platform, const PrintContext& request);
 
-  // Reads the connection text of the context; returns when the dialog was closed.
+  // Returns when the dialog was closed.
   void ShowModal();
 
  private:
@@ -25,6 +27,7 @@ class frmAreaPrintSet {
   [[nodiscard]] AreaPrinterKey SelectedKey();
 
   Platform& platform_;
+  const PrintContext& request_;
   std::unique_ptr<Dialog> dialog_;
 };
 

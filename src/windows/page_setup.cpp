@@ -1,9 +1,8 @@
 #include "windows/page_setup.h"
 
 #include "run/do_printing.h"
-#include "service/print_context.h"
+#include "state/print_window.h"
 #include "store/statements.h"
-#include "windows/print_window.h"
 
 namespace td {
 namespace {
@@ -20,21 +19,21 @@ PageSettings ReadPageSettings(PrintSurface& vp) {
           .Device = vp.Device()};
 }
 
-void SavePageSettings(Platform& platform, const PageSettings& settings) {
-  const PrintContext& context = Context();
-  const auto connection = platform.database.Connect(context.New_PromptString);
-  connection->Execute(SaveFormatPaperStatement(context, settings));
+void SavePageSettings(Platform& platform, const PrintContext& request,
+                      const PageSettings& settings) {
+  const auto connection = platform.database.Connect(request.New_PromptString);
+  Machine& machine = platform.machine;
+  connection->Execute(SaveFormatPaperStatement(request, settings));
+  connection->Execute(ClearMachinePaperStatement(machine.LocalMachineId(), request.TDBillName));
   connection->Execute(
-      ClearMachinePaperStatement(platform.machine.LocalMachineId(), context.TDBillName));
-  connection->Execute(
-      SaveMachinePaperStatement(platform.machine.LocalMachineId(), context.TDBillName, settings));
+      SaveMachinePaperStatement(machine.LocalMachineId(), request.TDBillName, settings));
 }
 
 }  // namespace
 
 void PageSetup(PrintWindow& window) {
-  if (window.vp.ShowPageSetup(1) == 0) return;
-  SavePageSettings(window.platform, ReadPageSettings(window.vp));
+  if (window.vp.ShowPageSetup(kPageSetupDialog) == 0) return;
+  SavePageSettings(window.platform, window.request, ReadPageSettings(window.vp));
   window.vp.ClearDoc();
   DoPrinting(window);
 }

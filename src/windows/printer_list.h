@@ -1,12 +1,12 @@
 // The list of printers that both settings dialogs offer.
 #pragma once
 
+#include "platform/control_names.h"
 #include "platform/dialog.h"
-#include "store/error_policy.h"
+#include "policy/error_policy.h"
 
 namespace td {
 
-inline constexpr const char* kPrinterList = "cmbPrintDevice";
 inline constexpr int kDefaultPrinterIndex = 0;
 inline constexpr int kSeparatorIndex = 1;
 inline constexpr int kFirstPrinterIndex = 2;

@@ -1,8 +1,9 @@
 #include "windows/toolbar.h"
 
+#include "policy/error_policy.h"
 #include "run/do_printing.h"
-#include "service/print_context.h"
-#include "store/error_policy.h"
+#include "run/run_window.h"
+#include "state/print_window.h"
 #include "windows/frm_adjuct.h"
 #include "windows/page_setup.h"
 
@@ -18,7 +19,7 @@ void SwitchZoom(PrintWindow& window) {
 // Counts as printed whatever the user answered in the printer dialog.
 void PrintWithDialog(PrintWindow& window) {
   window.vp.PrintDoc(true);
-  Context().PrintOk = true;
+  window.request.PrintOk = true;
 }
 
 void SetUpPage(PrintWindow& window) {
@@ -28,7 +29,7 @@ void SetUpPage(PrintWindow& window) {
 
 // The document is not cleared first: a new one replaces it.
 void FineTune(PrintWindow& window) {
-  frmAdjuct dialog(window.platform);
+  frmAdjuct dialog(window.platform, window.request);
   dialog.ShowModal();
   if (dialog.IsOk()) DoPrinting(window);
 }

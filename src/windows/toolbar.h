@@ -3,9 +3,9 @@
 
 #include <string_view>
 
-#include "windows/print_window.h"
-
 namespace td {
+
+struct PrintWindow;
 
 // A button was pressed, named by its key; an unknown key does nothing. An error of the action is
 // shown in a message box and the window stays.

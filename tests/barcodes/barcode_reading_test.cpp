@@ -103,6 +103,23 @@ TEST_F(BarcodeReading, OtherSymbologiesAreRead) {
             "订单 110101/6");
 }
 
+TEST_F(BarcodeReading, ATextOfChineseCharactersIsReadAsTheBytesOfUtf8) {
+  for (const char* text : {"订单", "订单2024-7/1"}) {
+    std::string read = text;  // this reader leaves out the bit that makes a byte higher than 127
+    for (char& unit : read) unit = static_cast<char>(unit & 0x7F);
+    EXPECT_EQ(ReadFromImage(PageWith(text, 120, 20), 300), read);
+    EXPECT_EQ(ReadFromPdf(PageWith(text, 120, 20), 300), read);
+  }
+}
+
+TEST_F(BarcodeReading, ATextThatNoCodeCarriesStandsInLettersOnThePage) {
+  const std::string text(70, 'W');
+  WritePdf({PageWith(text, 52.12, 12.96)}, InFolder("page.pdf").toStdString(), "");
+  QString letters = QString::fromStdString(Run("pdftotext", {InFolder("page.pdf"), "-"}));
+  EXPECT_EQ(letters.remove(QChar('\n')).toStdString(), text);
+  EXPECT_EQ(ReadFromImage(PageWith(text, 52.12, 12.96), 300), "") << "no bars";
+}
+
 TEST_F(BarcodeReading, WithoutBackgroundAndTextTheBarsAreStillRead) {
   const BarcodeSettings settings{.background = std::nullopt, .showText = false};
   EXPECT_EQ(ReadFromImage(PageWith("110101-234234-1/6", 52.12, 12.96, settings), 203),

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include <algorithm>
 #include <random>
 
 #include "expect_failure.h"
@@ -66,14 +67,93 @@ TEST(PictureDecoder, WhatIsNoPictureIsRefused) {
 }
 
 TEST(PictureDecoder, TruncatedPicturesAreRefused) {
-  for (const Bytes& file :
-       {SamplePicture("jpeg", 60, 60), SamplePicture("png", 60, 60), SamplePicture("bmp", 60, 60),
-        SamplePicture("tiff", 60, 60), SampleGif()}) {
+  for (const Bytes& file : {SamplePicture("png", 60, 60), SamplePicture("bmp", 60, 60),
+                            SamplePicture("tiff", 60, 60), SampleGif()}) {
     for (const std::size_t percent : {1U, 5U, 20U, 50U, 80U}) {
       ExpectFailure(kInvalidPicture,
                     [&] { (void)DecodePicture(Shortened(file, file.size() * percent / 100)); });
     }
   }
+}
+
+TEST(PictureDecoder, AJpegFileThatIsCutInItsHeadersIsRefused) {
+  for (const Scans scans : {Scans::kOne, Scans::kSeveral}) {
+    const Bytes file = DetailedJpeg(scans);
+    const auto size = static_cast<std::size_t>(
+        std::ranges::search(file, BytesOf("\xFF\xDA")).begin() - file.begin());
+    for (const std::size_t part : {10U, 100U, 200U}) {
+      ExpectFailure(kInvalidPicture, [&] { (void)DecodePicture(Shortened(file, part)); });
+    }
+    ExpectFailure(kInvalidPicture, [&] { (void)DecodePicture(Shortened(file, size + 2)); });
+  }
+}
+
+// Whether the upper part of a picture, in hundredths, is that of another.
+bool HasUpperPart(const QImage& image, const QImage& whole, int percent) {
+  const QRect part(0, 0, whole.width(), whole.height() * percent / 100);
+  return image.size() == whole.size() && image.copy(part) == whole.copy(part);
+}
+
+TEST(PictureDecoder, AJpegFileWithoutItsEndMarkerIsDrawnWhole) {
+  for (const Scans scans : {Scans::kOne, Scans::kSeveral}) {
+    const Bytes file = DetailedJpeg(scans);
+    const QImage whole = DecodePicture(file).image;
+    EXPECT_FALSE(DecodePicture(file).mended);
+    const DecodedPicture picture = DecodePicture(Shortened(file, file.size() - 2));
+    EXPECT_EQ(picture.image, whole);
+    EXPECT_TRUE(picture.mended);
+  }
+}
+
+TEST(PictureDecoder, AJpegFileThatEndsEarlyIsDrawnAsFarAsItGoes) {
+  const Bytes file = DetailedJpeg(Scans::kOne);
+  const QImage whole = DecodePicture(file).image;
+  for (const std::size_t percent : {30U, 50U, 90U}) {
+    const QImage image = DecodePicture(Shortened(file, file.size() * percent / 100)).image;
+    EXPECT_TRUE(HasUpperPart(image, whole, static_cast<int>(percent) - 20)) << percent;
+    EXPECT_FALSE(HasUpperPart(image, whole, 100)) << percent;
+  }
+  const Bytes several = DetailedJpeg(Scans::kSeveral);
+  const QImage coarse = DecodePicture(Shortened(several, JpegPartsOf(several).firstScanEnd)).image;
+  EXPECT_EQ(coarse.size(), whole.size());
+  EXPECT_NEAR(qGreen(coarse.pixel(128, 250)), 250, 40);
+}
+
+TEST(PictureDecoder, DamageBehindTheCodedDataOfAJpegFileDoesNotMatter) {
+  for (const Scans scans : {Scans::kOne, Scans::kSeveral}) {
+    const Bytes file = DetailedJpeg(scans);
+    const QImage whole = DecodePicture(file).image;
+    for (const char* damage : {"\xFF\x02\x10\x20", "\xFF\xD8\xFF\xE0", "\xFF\xC0\x01", "\xFF"}) {
+      Bytes damaged = Shortened(file, file.size() - 2);
+      const Bytes behind = BytesOf(damage);
+      damaged.insert(damaged.end(), behind.begin(), behind.end());
+      EXPECT_EQ(DecodePicture(damaged).image, whole);
+      damaged.insert(damaged.end(), {std::byte{0xFF}, std::byte{0xD9}});
+      EXPECT_EQ(DecodePicture(damaged).image, whole);
+    }
+    Bytes followed = file;
+    followed.resize(file.size() + 1000, std::byte{0x7F});
+    EXPECT_EQ(DecodePicture(followed).image, whole);
+  }
+}
+
+TEST(PictureDecoder, AMarkerInTheCodedDataEndsTheJpegPictureThere) {
+  Bytes file = DetailedJpeg(Scans::kOne);
+  const QImage whole = DecodePicture(file).image;
+  file.at(file.size() / 2) = std::byte{0xFF};
+  file.at(file.size() / 2 + 1) = std::byte{0x02};
+  const DecodedPicture picture = DecodePicture(file);
+  EXPECT_TRUE(HasUpperPart(picture.image, whole, 30));
+  EXPECT_TRUE(picture.mended);
+}
+
+TEST(PictureDecoder, ALaterScanThatIsDamagedLeavesTheCoarserPicture) {
+  Bytes file = DetailedJpeg(Scans::kSeveral);
+  const std::size_t second = JpegPartsOf(file).firstScanEnd;
+  for (std::size_t i = second + 4; i < second + 24; ++i) file.at(i) = std::byte{0xEE};
+  const DecodedPicture picture = DecodePicture(file);
+  EXPECT_EQ(picture.image.size(), QSize(256, 256));
+  EXPECT_NEAR(qRed(picture.image.pixel(200, 100)), 200, 60);
 }
 
 TEST(PictureDecoder, BombsAreRefusedWithTheirSizeBeforeTheyTakeMemory) {

@@ -13,6 +13,7 @@
 #include "expect_failure.h"
 #include "page_document/pictures.h"
 #include "pictures/component_folder.h"
+#include "pictures/picture_headers.h"
 #include "pictures/qt_picture_files.h"
 #include "sample_pictures.h"
 
@@ -133,6 +134,16 @@ TEST_F(PictureFiles, ATurnedPhotographDecodesUprightForReadersThatKnowNoOrientat
   EXPECT_EQ(image.size(), QSize(16, 48));
   EXPECT_GT(qRed(image.pixel(8, 3)), 200);
   EXPECT_GT(qBlue(image.pixel(8, 44)), 200);
+}
+
+TEST_F(PictureFiles, ADamagedPhotographIsKeptAsEveryReaderDecodesIt) {
+  const Bytes file = DetailedJpeg(Scans::kOne);
+  Write("photo.jpg", Shortened(file, file.size() / 2));
+  const auto picture = Loaded("photo.jpg");
+  EXPECT_EQ(picture->WidthPixels(), 256);
+  const JpegParts parts = JpegPartsOf(picture->Encoded());
+  EXPECT_TRUE(parts.isClosed);
+  EXPECT_EQ(parts.end, picture->Encoded().size() - 2);
 }
 
 TEST_F(PictureFiles, LoadingWhatIsMissingSaysWhatIsMissing) {

@@ -73,12 +73,34 @@ TEST(PictureHeaders, APhotographsResolutionFollowsItsTurn) {
 }
 
 TEST(PictureHeaders, AFileThatEndsEarlyIsIncomplete) {
-  for (const Bytes& file : {SamplePicture("jpeg", 40, 40), SamplePicture("bmp", 40, 40),
-                            SamplePicture("png", 40, 40), SampleGif()}) {
+  for (const Bytes& file :
+       {SamplePicture("bmp", 40, 40), SamplePicture("png", 40, 40), SampleGif()}) {
     EXPECT_TRUE(IsComplete(file));
     EXPECT_FALSE(IsComplete(Shortened(file, file.size() / 2)));
     EXPECT_FALSE(IsComplete(Shortened(file, file.size() - 3)));
   }
+}
+
+TEST(PictureHeaders, AJpegFileIsIncompleteUntilItsCodedDataBegin) {
+  const Bytes file = SamplePicture("jpeg", 40, 40);
+  EXPECT_TRUE(IsComplete(file));
+  EXPECT_TRUE(IsComplete(Shortened(file, file.size() - 3)));
+  EXPECT_FALSE(IsComplete(Shortened(file, file.size() / 2))) << "in its headers";
+  const JpegParts parts = JpegPartsOf(file);
+  EXPECT_TRUE(parts.isClosed);
+  EXPECT_EQ(parts.end, file.size() - 2);
+  EXPECT_EQ(parts.firstScanEnd, parts.end);
+}
+
+TEST(PictureHeaders, TheScansOfAJpegFileAreToldApart) {
+  const Bytes file = DetailedJpeg(Scans::kSeveral);
+  const JpegParts parts = JpegPartsOf(file);
+  EXPECT_TRUE(parts.isClosed);
+  EXPECT_EQ(parts.end, file.size() - 2);
+  EXPECT_LT(parts.firstScanEnd, file.size() / 2);
+  const JpegParts cut = JpegPartsOf(Shortened(file, parts.firstScanEnd + 10));
+  EXPECT_FALSE(cut.isClosed);
+  EXPECT_EQ(cut.end, parts.firstScanEnd) << "a header that is cut off belongs to nothing";
 }
 
 TEST(PictureHeaders, BytesBehindThePictureDoNoHarm) {

@@ -64,6 +64,20 @@ Bytes SamplePicture(const char* format, int width, int height, double dotsPerInc
   return {first, first + buffer.size()};
 }
 
+Bytes DetailedJpeg(Scans scans) {
+  QImage image(256, 256, QImage::Format_RGB32);
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      image.setPixel(x, y, qRgb(x, y, x * 40 % 256 ^ y * 24 % 256));
+    }
+  }
+  QBuffer buffer;
+  QImageWriter writer(&buffer, "jpeg");
+  writer.setProgressiveScanWrite(scans == Scans::kSeveral);
+  writer.write(image);
+  return BytesOf({buffer.data().constData(), static_cast<std::size_t>(buffer.data().size())});
+}
+
 Bytes SampleGif() {
   Bytes gif = BytesOf("GIF89a");
   Append(gif, {10, 0, 6, 0, 0x80, 0, 0});           // screen, with a table of two colours

@@ -14,6 +14,10 @@ namespace td {
 // resolution of 0 leaves the encoder's own.
 [[nodiscard]] Bytes SamplePicture(const char* format, int width, int height,
                                   double dotsPerInch = 0);
+// 256 by 256 pixels of which no two neighbours are equal, so that the coded data are much more than
+// the headers; `scans` are several where they make the picture finer one after the other.
+enum class Scans { kOne, kSeveral };
+[[nodiscard]] Bytes DetailedJpeg(Scans scans);
 // 10 by 6 pixels.
 [[nodiscard]] Bytes SampleGif();
 

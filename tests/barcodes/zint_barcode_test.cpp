@@ -106,14 +106,63 @@ TEST(ZintBarcode, ATwoDimensionalCodeIsASquare) {
   EXPECT_EQ(picture->NaturalSize().width, picture->NaturalSize().height);
 }
 
-TEST(ZintBarcode, ATextThatCannotBeCarriedFailsAtThePictureAndTheNextTextWorks) {
-  ZintBarcode barcode;
-  barcode.PutData("订单");
-  ExpectFailure(kInvalidPicture, [&] { barcode.GetPicture(); });
+// The lines of a picture that has no bars, joined.
+std::string LettersAlone(Barcode& barcode) {
+  const auto picture = Drawn(barcode);
+  EXPECT_LE(picture->Rectangles().size(), 1U) << "nothing but the background";
+  std::string letters;
+  for (const VectorPicture::Text& line : picture->Texts()) letters += line.text;
+  return letters;
+}
+
+TEST(ZintBarcode, ATextThatCannotBeCarriedIsDrawnInLettersAndTheReasonTold) {
+  std::vector<std::string> reasons;
+  ZintBarcode barcode({}, [&reasons](const std::string& reason) { reasons.push_back(reason); });
+  const std::string tooLong = std::string(61, 'A') + "订单";
+  barcode.PutData(tooLong);
+  EXPECT_EQ(LettersAlone(barcode), tooLong);
+  ASSERT_EQ(reasons.size(), 1U);
+  EXPECT_EQ(reasons[0].find("AAA"), std::string::npos);
   barcode.PutData("");
-  ExpectFailure(kInvalidPicture, [&] { barcode.GetPicture(); });
-  barcode.PutData("SO-3");
-  EXPECT_EQ(LineOf(barcode), "SO-3");
+  EXPECT_EQ(LettersAlone(barcode), "");
+  EXPECT_EQ(reasons.size(), 2U);
+  barcode.PutData("订单");
+  EXPECT_EQ(LineOf(barcode), "订单");
+  EXPECT_GT(Drawn(barcode)->Rectangles().size(), 10U);
+  EXPECT_EQ(reasons.size(), 2U);
+}
+
+TEST(ZintBarcode, LettersAloneFitIntoTheExtentAndStandAsLargeAsTheyCan) {
+  for (const std::size_t length : {1U, 30U, 61U, 200U, 1000U, 20000U}) {
+    ZintBarcode barcode({.symbology = "ean", .showText = false});
+    barcode.PutData(std::string(length, 'x'));
+    const auto picture = Drawn(barcode);
+    const PictureSize extent = picture->NaturalSize();
+    ASSERT_FALSE(picture->Texts().empty());
+    const double points = picture->Texts().front().font.points;
+    for (const VectorPicture::Text& line : picture->Texts()) {
+      EXPECT_GE(line.top, -0.01) << length;
+      EXPECT_LE(line.top + line.height, extent.height + 0.01) << length;
+      EXPECT_LE(static_cast<double>(line.text.size()) * 0.6 * points * kTwipsPerPoint,
+                extent.width + 0.01)
+          << length;
+    }
+    const double inked = static_cast<double>(length) * 0.6 * 1.2 * points * points * 400;
+    EXPECT_TRUE(points == 14.25 || inked > extent.width * extent.height * 0.5) << length;
+  }
+}
+
+TEST(ZintBarcode, LettersAloneBreakBetweenCharacters) {
+  std::string text;
+  for (int i = 0; i < 40; ++i) text += "订单";
+  ZintBarcode barcode;
+  barcode.PutData(text);
+  EXPECT_EQ(LettersAlone(barcode), text);
+  const auto picture = Drawn(barcode);
+  EXPECT_GT(picture->Texts().size(), 1U);
+  for (const VectorPicture::Text& line : picture->Texts()) {
+    EXPECT_EQ(line.text.size() % 3, 0U) << "whole characters of three bytes";
+  }
 }
 
 }  // namespace

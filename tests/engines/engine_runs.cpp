@@ -29,7 +29,7 @@ RecordsetRef RowsOf(const SamplePrint& print, SampleEngine engine) {
 
 recording::Scenario PrintOf(const SamplePrint& print, const RecordsetRef& rows) {
   recording::Print call;
-  call.by_area = print.byArea;
+  call.byArea = print.byArea;
   call.New_DoPrint = true;
   call.New_TranType = print.billType;
   call.New_OnlyPrintVariantItem = print.onlyVariant;

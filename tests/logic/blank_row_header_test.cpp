@@ -177,7 +177,7 @@ TEST(BlankRowHeader, SetsPointFontAndAlignmentAlsoOfWhatStaysEmpty) {
   Scenario scenario;
   scenario.Item({kHead, {"FLeft", -5}, {"FFontBold", 1}, {"FAlignMent", 2}});
   WindowOfScenario window(scenario);
-  DrawBlankRowHeader(window.Window(), 1);
+  DrawBlankRowHeader(window.Window());
   const Trace trace = window.Lines();
   EXPECT_EQ(trace.Puts("CurrentX"), Json::array({-5}));
   EXPECT_EQ(trace.Puts("FontBold"), Json::array({true}));
@@ -207,17 +207,17 @@ TEST(BlankRowHeader, DrawsNothingForATotalPageCountWhileThePageIsMade) {
   Scenario scenario;
   scenario.FieldItem("FTotalPageNo", {kHead, kFree});
   WindowOfScenario window(scenario);
-  DrawBlankRowHeader(window.Window(), 1);
+  DrawBlankRowHeader(window.Window());
   EXPECT_TRUE(window.Lines().Outline().empty());
   EXPECT_EQ(window.State().StampCount, 1);
-  EXPECT_EQ(window.State().stamps[1].StampTop, 1000);
+  EXPECT_EQ(window.State().Stamp(StampSlot::kFirstPage).StampTop, 1000);
 }
 
 TEST(BlankRowHeader, RecordsWhereTheBandEnds) {
   Scenario scenario;
   scenario.Item({kHead, {"FTop", 400}});
   WindowOfScenario window(scenario);
-  DrawBlankRowHeader(window.Window(), 1);
+  DrawBlankRowHeader(window.Window());
   EXPECT_EQ(window.State().HeaderEndY, 400);
 }
 
@@ -228,7 +228,7 @@ TEST(BlankRowHeader, WaitsForLocksAndEndsAtOtherFailures) {
     scenario.Fault({{"on", "TextBox"}, {"number", 5}, {"description", description}});
     scenario.Item({kHead}).Item({kHead});
     WindowOfScenario window(scenario);
-    DrawBlankRowHeader(window.Window(), 1);
+    DrawBlankRowHeader(window.Window());
     const Trace trace = window.Lines();
     EXPECT_EQ(trace.Texts().size(), boxes);
     EXPECT_EQ(trace.Messages().size(), boxes == 1 ? 1U : 0U);

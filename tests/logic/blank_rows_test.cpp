@@ -6,13 +6,13 @@
 namespace td {
 namespace {
 
-Scenario BlankRowScenario(int blank_rows, int rows) {
+Scenario BlankRowScenario(int blankRows, int rows) {
   Scenario scenario;
   scenario.Item({{"FSite", 2}, {"FObjectCaption", "列"}});
   scenario.FieldItem("FName");
   scenario.Item({{"FSite", 4}, {"FObjectCaption", "计"}});
   scenario.Item({{"FSite", 5}, {"FObjectCaption", "脚"}});
-  scenario.Bills({rows}).BlankRows(blank_rows).Print();
+  scenario.Bills({rows}).BlankRows(blankRows).Print();
   return scenario;
 }
 

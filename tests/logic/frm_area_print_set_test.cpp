@@ -148,14 +148,14 @@ TEST(StoredAreaPrinter, OfPrintersOfOneNameTheFirstIsSelected) {
 }
 
 TEST(StoredAreaPrinter, IsLookedForBehindTheDefaultEntry) {
-  const auto index_for = [](const char* stored) {
+  const auto indexFor = [](const char* stored) {
     Scenario scenario = TwoAreas(InAreaA({}));
     scenario.AreaPrinter({{"FPrintDevice", stored}});
     return PrinterIndex(scenario.Run(), kAtAreaA);
   };
-  EXPECT_EQ(index_for("--------------------"), 1);
-  EXPECT_EQ(index_for("windows默认打印机"), -1);
-  EXPECT_EQ(index_for("p2"), -1);
+  EXPECT_EQ(indexFor("--------------------"), 1);
+  EXPECT_EQ(indexFor("windows默认打印机"), -1);
+  EXPECT_EQ(indexFor("p2"), -1);
 }
 
 TEST(StoredAreaPrinter, OfACombinationWithoutOneTheFormerSelectionStays) {

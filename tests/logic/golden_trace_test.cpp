@@ -44,10 +44,10 @@ TEST_P(GoldenTrace, IsReplayed) {
   const auto recording = recording::Replay(recording::ParseScenario(ReadFile(scenario)));
   std::size_t number = 0;
   for (const recording::Json& line : recording.trace) {
-    std::string expected_line;
-    std::getline(expected, expected_line);
+    std::string expectedLine;
+    std::getline(expected, expectedLine);
     ++number;
-    ASSERT_EQ(recording::LineText(line), expected_line) << "line " << number;
+    ASSERT_EQ(recording::LineText(line), expectedLine) << "line " << number;
   }
   std::string further;
   EXPECT_FALSE(std::getline(expected, further)) << "not replayed: " << further;

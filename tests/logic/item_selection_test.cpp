@@ -27,21 +27,21 @@ const std::string kHeadItems =
 TEST(ItemSelection, TheStatementOfABandNamesFormatBillTypeAndBand) {
   const Scenario scenario;
   WindowOfScenario window(scenario);
-  DrawItems(window.Window(), 3, "");
+  DrawItems(window.Window(), ItemSite::kRow);
   EXPECT_EQ(window.Lines().Queries(), (Texts{kRowItems}));
 }
 
 TEST(ItemSelection, TheStatementOfTheHeadHasNoConditionOnThePosition) {
   const Scenario scenario;
   WindowOfScenario window(scenario);
-  DrawPageHeader(window.Window(), 1);
+  DrawPageHeader(window.Window());
   EXPECT_EQ(window.Lines().Queries(), (Texts{kHeadItems}));
 }
 
 TEST(ItemSelection, AFilterIsAddedAsAFurtherCondition) {
   const Scenario scenario;
   WindowOfScenario window(scenario);
-  DrawItems(window.Window(), 3, "t2.FTypeID=1");
+  DrawItems(window.Window(), ItemSite::kRow, "t2.FTypeID=1");
   EXPECT_EQ(window.Lines().Queries(), (Texts{kRowItems + " and t2.FTypeID=1"}));
 }
 
@@ -49,8 +49,8 @@ TEST(ItemSelection, APrePrintedSheetAddsItsConditionToBothStatements) {
   Scenario scenario;
   scenario.Print({{"New_OnlyPrintVariantItem", true}});
   WindowOfScenario window(scenario);
-  DrawItems(window.Window(), 3, "");
-  DrawPageHeader(window.Window(), 1);
+  DrawItems(window.Window(), ItemSite::kRow);
+  DrawPageHeader(window.Window());
   EXPECT_EQ(window.Lines().Queries(), (Texts{kRowItems + " and (FIsVariant=1 or FMustPrint=1)",
                                              kHeadItems + " and (FIsVariant=1 or FMustPrint=1) "}));
 }
@@ -60,7 +60,7 @@ TEST(ItemSelection, AFilterFetchesConstantItemsOfAPrePrintedSheet) {
   scenario.Line({{"FTop", 1100}}).FieldItem("FName");
   scenario.Print({{"New_OnlyPrintVariantItem", true}});
   WindowOfScenario window(scenario);
-  DrawItems(window.Window(), 3, "t2.FTypeID=1");
+  DrawItems(window.Window(), ItemSite::kRow, "t2.FTypeID=1");
   const Trace trace = window.Lines();
   EXPECT_EQ(trace.Queries(), (Texts{kRowItems + " and t2.FTypeID=1"}));
   EXPECT_EQ(trace.Outline(), (Texts{"DrawLine"}));
@@ -133,7 +133,7 @@ TEST(ItemSelection, OtherKindsAreFetchedAndSkipped) {
 TEST(ItemSelection, ABandWithoutItemsLeavesTheSurfaceUntouched) {
   const Scenario scenario;
   WindowOfScenario window(scenario);
-  DrawItems(window.Window(), 3, "");
+  DrawItems(window.Window(), ItemSite::kRow);
   const Trace trace = window.Lines();
   EXPECT_EQ(trace.Lines().size(), 1U) << "the query alone\n" << trace.Text();
 }

@@ -40,7 +40,7 @@ TEST(Lines, FollowAllOffsetsInABand) {
   window.State().AdjuctTop = 100;
   window.State().CurrentRowTop = 1000;
   window.State().BandShift = -50;
-  DrawItems(window.Window(), 3, "");
+  DrawItems(window.Window(), ItemSite::kRow);
   EXPECT_EQ(window.Lines().Calls("DrawLine"),
             (Json{{105, 1060, 605, 1060}, {105, 1070, 105, 1100}}));
 }
@@ -64,7 +64,7 @@ TEST(Lines, LeaveFontAlignmentAndCurrentPoint) {
   Scenario scenario;
   scenario.Line({});
   WindowOfScenario window(scenario);
-  DrawItems(window.Window(), 3, "");
+  DrawItems(window.Window(), ItemSite::kRow);
   const Trace trace = window.Lines();
   EXPECT_EQ(trace.Lines("put").size(), 1U) << trace.Text();
   EXPECT_EQ(trace.Puts("PenWidth").size(), 1U);

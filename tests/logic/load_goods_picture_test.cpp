@@ -1,11 +1,10 @@
 // How a goods picture is asked of the database and what a file that stays in the way does.
-#include "items/load_goods_picture.h"
-
 #include <gtest/gtest.h>
 
+#include "items/image_items.h"
 #include "recording/recording_platform.h"
 #include "scenario.h"
-#include "windows/print_window.h"
+#include "state/print_window.h"
 
 namespace td {
 namespace {
@@ -66,7 +65,8 @@ class LoadingGoodsPictures : public testing::Test {
   ProtectedPictures pictures_{recording_.Get().pictures};
   Platform platform_{database_, pictures_, recording_.Get().messages, recording_.Get().machine,
                      recording_.Get().windows};
-  PrintWindow window_{platform_, kPlainWindow};
+  PrintContext request_;
+  PrintWindow window_{platform_, request_, kPlainWindow};
 };
 
 TEST_F(LoadingGoodsPictures, AsksForAKeysetThatLocksItsRows) {

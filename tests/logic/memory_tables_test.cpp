@@ -70,6 +70,17 @@ TEST(MemoryTables, CompareANumberWithTheTextThatSpellsIt) {
   EXPECT_EQ(Query("select FTDBillName from TDBill where FTDBillName=21"), Json::array());
 }
 
+TEST(MemoryTables, ConvertNoStoredValueForAComparison) {
+  MemoryTables tables({{"T", {{"FTop"}, {{"0100"}, {"100"}, {"-100"}, {"abc"}, {Bytes{}}}}}});
+  EXPECT_EQ(Rows(tables.Query("select FTop from T where FTop=100")),
+            Json::parse(R"([["0100"],["100"]])"));
+  EXPECT_EQ(Rows(tables.Query("select FTop from T where FTop='100'")), Json::parse(R"([["100"]])"));
+  // What spells no number is neither above nor below one.
+  EXPECT_EQ(Rows(tables.Query("select FTop from T where FTop>=0")),
+            Json::parse(R"([["0100"],["100"]])"));
+  EXPECT_EQ(Rows(tables.Query("select FTop from T where FTop<=0")), Json::parse(R"([["-100"]])"));
+}
+
 TEST(MemoryTables, CompareTextsExactly) {
   EXPECT_EQ(Query("select FTDBillID from TDBill where FPrintDevice='p1'"), Json::array());
 }
@@ -108,6 +119,12 @@ TEST(MemoryTables, JoinDerivedTables) {
             "t1.FTDBillID=t2.FTDBillID) Left Join (select * from TDVariant where FTranType=21) "
             "t3 ON t2.FObjectFieldName=t3.FVarCaption  where t2.FSite=3"),
       Json::parse(R"([[2,3,"数量","FQty"],[2,3,null,null]])"));
+}
+
+TEST(MemoryTables, KeepTheStoredOrderOfAJoinWhicheverTableHasTheCondition) {
+  EXPECT_EQ(Query("select t1.FTDBillID,t2.FObjectFieldName from TDBill t1 Inner Join TDBillDetail "
+                  "t2 ON t1.FTDBillID=t2.FTDBillID where t2.FSite=3"),
+            Json::parse(R"([[1,"数量"],[2,"数量"],[2,null]])"));
 }
 
 TEST(MemoryTables, GiveTheColumnsOfAStarInTheirOrder) {
@@ -157,6 +174,9 @@ TEST(MemoryTables, RefuseAStatementAsADatabaseDoes) {
            "select * from TDBill where FTDBillName='甲'x'",
            "select * from TDBill where FTDBillName='甲' extra",
            "select * from TDBill; delete from TDBill",
+           "select * from TDBill where FTDBillName='甲';--'",
+           "select * from TDBill where FTDBillName='甲' /*'",
+           "select * from TDBill where FTDBillName='甲'||''",
            "select * from TDBill where FTDBillID=",
            "select * from TDBill where FTDBillID=1 and",
            "select * from TDBill where FTDBillID",

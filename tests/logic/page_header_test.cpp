@@ -1,6 +1,7 @@
 // The head of a page: where its items stand, and what each kind of item prints.
 #include <gtest/gtest.h>
 
+#include "items/draw_items.h"
 #include "items/draw_page_header.h"
 #include "scenario.h"
 #include "window_of_scenario.h"
@@ -41,7 +42,7 @@ TEST(PageHeader, IgnoresTheRowOffsetsForEverythingItDraws) {
   WindowOfScenario window(scenario);
   window.State().CurrentRowTop = 900;
   window.State().BandShift = 33;
-  DrawPageHeader(window.Window(), 1);
+  DrawPageHeader(window.Window());
   const Trace trace = window.Lines();
   EXPECT_EQ(trace.Puts("CurrentY"), Json::array({1000}));
   EXPECT_EQ(trace.BoxOf("文本").top, 1000);
@@ -189,8 +190,8 @@ TEST(PageHeader, KeepsThePlaceOfTheTotalPageCountOfTheFirstPage) {
   window.State().AdjuctTop = 40;
   window.State().CurrentRowTop = 900;
   window.State().BandShift = 33;
-  DrawPageHeader(window.Window(), 1);
-  const TotalPageStamp& stamp = window.State().stamps[1];
+  DrawPageHeader(window.Window());
+  const TotalPageStamp& stamp = window.State().Stamp(StampSlot::kFirstPage);
   EXPECT_EQ(stamp.StampTop, 50 + 40 + 900 + 33) << "as the page before left the offsets";
   EXPECT_EQ(stamp.StampLeft, 107);
   EXPECT_EQ(stamp.StampWidth, 500);
@@ -205,28 +206,29 @@ TEST(PageHeader, KeepsThePlaceOfLaterPagesApart) {
   WindowOfScenario window(StampScenario());
   window.Window().vp.NewPage();
   window.State().CurrentRowTop = 600;
-  DrawPageHeader(window.Window(), 1);
-  EXPECT_EQ(window.State().stamps[1].StampFontName, "") << "not in use";
-  EXPECT_EQ(window.State().stamps[2].StampTop, 650);
+  DrawPageHeader(window.Window());
+  EXPECT_EQ(window.State().Stamp(StampSlot::kFirstPage).StampFontName, "") << "not in use";
+  EXPECT_EQ(window.State().Stamp(StampSlot::kLaterPage).StampTop, 650);
 }
 
-TEST(PageHeader, OfTheColumnHeadsBandKeepsAPlaceWithoutOffsets) {
+TEST(PageHeader, AndColumnHeadKeepTheirPlacesApart) {
   WindowOfScenario window(StampScenario());
   window.State().CurrentRowTop = 900;
   window.State().BandShift = 33;
-  DrawPageHeader(window.Window(), 2);
-  EXPECT_EQ(window.State().stamps[0].StampTop, 60);
-  EXPECT_EQ(window.State().stamps[1].StampFontName, "");
+  DrawItems(window.Window(), ItemSite::kColumnHead);
+  EXPECT_EQ(window.State().Stamp(StampSlot::kColumnHead).StampTop, 60);
+  EXPECT_EQ(window.State().Stamp(StampSlot::kFirstPage).StampFontName, "");
 }
 
 TEST(PageHeader, CountsEachTotalPageItemAndKeepsTheLast) {
   Scenario scenario = StampScenario();
   scenario.FieldItem("ftotalpageno", {{"FSite", 1}, {"FTop", 70}, {"FFontName", nullptr}});
   WindowOfScenario window(scenario);
-  DrawPageHeader(window.Window(), 1);
+  DrawPageHeader(window.Window());
   EXPECT_EQ(window.State().StampCount, 2);
-  EXPECT_EQ(window.State().stamps[1].StampTop, 70);
-  EXPECT_EQ(window.State().stamps[1].StampFontName, "宋体") << "Null leaves the name";
+  EXPECT_EQ(window.State().Stamp(StampSlot::kFirstPage).StampTop, 70);
+  EXPECT_EQ(window.State().Stamp(StampSlot::kFirstPage).StampFontName, "宋体")
+      << "Null leaves the name";
 }
 
 // Where the band ends ---------------------------------------------------------------------------
@@ -236,7 +238,7 @@ TEST(PageHeader, WithoutItemsRecordsTheCurrentPointAndDrawsNothing) {
   WindowOfScenario window(scenario);
   window.Window().vp.PutCurrentY(777);
   (void)window.Lines();
-  DrawPageHeader(window.Window(), 1);
+  DrawPageHeader(window.Window());
   EXPECT_EQ(window.State().HeaderEndY, 777);
   EXPECT_EQ(window.Lines().Lines().size(), 1U) << "the query alone";
 }
@@ -245,7 +247,7 @@ TEST(PageHeader, RecordsWhereTheLastItemLeftTheCurrentPoint) {
   Scenario scenario;
   scenario.Item({{"FSite", 1}, {"FTop", 400}}).Item({{"FSite", 1}, {"FTop", 300}});
   WindowOfScenario window(scenario);
-  DrawPageHeader(window.Window(), 1);
+  DrawPageHeader(window.Window());
   EXPECT_EQ(window.State().HeaderEndY, 300);
 }
 
@@ -256,7 +258,7 @@ TEST(PageHeader, ThatFailsRecordsNoEnd) {
   scenario.Item({{"FSite", 1}, {"FObjectCaption", "后"}});
   WindowOfScenario window(scenario);
   window.State().HeaderEndY = 123;
-  DrawPageHeader(window.Window(), 1);
+  DrawPageHeader(window.Window());
   const Trace trace = window.Lines();
   EXPECT_EQ(window.State().HeaderEndY, 123);
   EXPECT_EQ(trace.Messages().size(), 1U);

@@ -7,7 +7,7 @@
 #include "recording/recording_database.h"
 #include "recording/recording_platform.h"
 #include "scenario.h"
-#include "service/print_context.h"
+#include "service/context.h"
 #include "service/printer.h"
 #include "text/conversions.h"
 

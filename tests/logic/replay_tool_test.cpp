@@ -13,7 +13,7 @@ namespace td {
 namespace {
 
 struct Outcome {
-  int exit_code = -1;
+  int exitCode = -1;
   std::string output;
   std::string complaint;
 };
@@ -56,7 +56,7 @@ class ReplayTool : public testing::Test {
 };
 
 void ExpectRefused(const Outcome& outcome) {
-  EXPECT_EQ(outcome.exit_code, 2);
+  EXPECT_EQ(outcome.exitCode, 2);
   EXPECT_EQ(outcome.output, "");
   EXPECT_GT(outcome.complaint.size(), 1U);
   EXPECT_EQ(outcome.complaint.find('\n'), outcome.complaint.size() - 1) << outcome.complaint;
@@ -66,7 +66,7 @@ TEST_F(ReplayTool, WritesOneLineOfJsonForEachRequest) {
   Scenario scenario;
   scenario.Item({{"FObjectCaption", "标签\n\"锁\""}});
   const Outcome outcome = Replay(scenario.Document().dump());
-  EXPECT_EQ(outcome.exit_code, 0);
+  EXPECT_EQ(outcome.exitCode, 0);
   EXPECT_EQ(outcome.complaint, "");
   EXPECT_EQ(outcome.output, scenario.Run().Text());
   EXPECT_NE(
@@ -77,13 +77,13 @@ TEST_F(ReplayTool, WritesOneLineOfJsonForEachRequest) {
 
 TEST_F(ReplayTool, SucceedsWhateverMessagesTheScenarioShows) {
   const Outcome outcome = Replay(Scenario().Format({{"FSelected", 0}}).Document().dump());
-  EXPECT_EQ(outcome.exit_code, 0);
+  EXPECT_EQ(outcome.exitCode, 0);
   EXPECT_NE(outcome.output.find("未指定套打格式，打印被取消！"), std::string::npos);
 }
 
 TEST_F(ReplayTool, RunsAScenarioWithoutCalls) {
   const Outcome outcome = Replay(R"({"calls":[]})");
-  EXPECT_EQ(outcome.exit_code, 0);
+  EXPECT_EQ(outcome.exitCode, 0);
   EXPECT_EQ(outcome.output, "");
 }
 
@@ -115,14 +115,14 @@ TEST_F(ReplayTool, PrintsTheExampleOfItsGuide) {
   const std::size_t start = guide.find(fence + "json") + fence.size() + 4;
   const std::string example = guide.substr(start, guide.find(fence, start) - start);
   const Outcome outcome = Replay(example);
-  EXPECT_EQ(outcome.exit_code, 0) << outcome.complaint;
+  EXPECT_EQ(outcome.exitCode, 0) << outcome.complaint;
   EXPECT_NE(outcome.output.find(R"("a":["螺丝",100,1000,500,200)"), std::string::npos);
   EXPECT_NE(outcome.output.find(R"("a":["螺母",100,1300,500,200)"), std::string::npos);
 }
 
 TEST_F(ReplayTool, TellsHowItIsUsed) {
   const Outcome outcome = Run("--help");
-  EXPECT_EQ(outcome.exit_code, 0);
+  EXPECT_EQ(outcome.exitCode, 0);
   EXPECT_NE(outcome.output.find("SCENARIO.json"), std::string::npos);
 }
 

@@ -63,12 +63,12 @@ TEST(RunStart, ASecondActivationStartsNoSecondRun) {
 TEST(RunStart, OnlyAShownWindowReadsTheAdvertisingSetting) {
   const std::string query = "Select Fvalue from t_systemprofile where fkey='PrintAdvertising'";
   Scenario silent;
-  const Texts silent_queries = silent.Run().Queries();
-  EXPECT_EQ(std::count(silent_queries.begin(), silent_queries.end(), query), 0);
+  const Texts silentQueries = silent.Run().Queries();
+  EXPECT_EQ(std::count(silentQueries.begin(), silentQueries.end(), query), 0);
   Scenario shown;
   shown.Preview();
-  const Texts shown_queries = shown.Run().Queries();
-  EXPECT_EQ(std::count(shown_queries.begin(), shown_queries.end(), query), 1);
+  const Texts shownQueries = shown.Run().Queries();
+  EXPECT_EQ(std::count(shownQueries.begin(), shownQueries.end(), query), 1);
 }
 
 TEST(RunStart, DisablesThreeButtonsAndEnablesThemAtTheEnd) {

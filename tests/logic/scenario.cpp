@@ -203,9 +203,9 @@ Scenario& Scenario::Setting(const std::string& key, const Json& value) {
   return AddRow("t_SystemProfile", Json{{"FKey", key}, {"FValue", value}}, {});
 }
 
-Scenario& Scenario::GoodsPicture(int item_id, const Json& picture) {
+Scenario& Scenario::GoodsPicture(int itemId, const Json& picture) {
   return AddRow("t_icitem_Picture",
-                Json{{"FItemID", item_id}, {"FPicture", picture}, {"FPicPath", ""}}, {});
+                Json{{"FItemID", itemId}, {"FPicture", picture}, {"FPicPath", ""}}, {});
 }
 
 Scenario& Scenario::StockArea(const Json& area) {
@@ -214,7 +214,7 @@ Scenario& Scenario::StockArea(const Json& area) {
 }
 
 Scenario& Scenario::DropColumn(const std::string& table, const std::string& column) {
-  dropped_columns_.emplace_back(table, column);
+  droppedColumns_.emplace_back(table, column);
   return *this;
 }
 
@@ -232,11 +232,11 @@ Scenario& Scenario::Data(std::vector<std::string> columns,
   return *this;
 }
 
-Scenario& Scenario::Bills(std::initializer_list<int> rows_of_bill) {
+Scenario& Scenario::Bills(std::initializer_list<int> rowsOfBill) {
   Data({"FInterID", "FName"}, {});
   int bill = 0;
   int number = 0;
-  for (const int rows : rows_of_bill) {
+  for (const int rows : rowsOfBill) {
     ++bill;
     for (int i = 0; i < rows; ++i) {
       data_["rows"].push_back(std::vector<Json>{bill, "行" + std::to_string(++number)});
@@ -255,9 +255,9 @@ Scenario& Scenario::BlankRows(int rows) {
   return *this;
 }
 
-Scenario& Scenario::AddPrint(const char* name, bool is_silent, Steps user, Fields fields) {
+Scenario& Scenario::AddPrint(const char* name, bool isSilent, Steps user, Fields fields) {
   const Json call = {{"do", name},
-                     {"New_DoPrint", is_silent},
+                     {"New_DoPrint", isSilent},
                      {"New_TranType", kTranType},
                      {"user", std::move(user)}};
   document_["calls"].push_back(Laid(call, fields));
@@ -316,7 +316,7 @@ Json Scenario::Document() const {
   for (const auto& [name, rows] : tables_.items()) {
     document["tables"][name] = TableOf(Columns().value(name, Json::object()), rows);
   }
-  for (const auto& [table, column] : dropped_columns_) {
+  for (const auto& [table, column] : droppedColumns_) {
     DropFrom(document["tables"][table], column);
   }
   return document;

@@ -51,8 +51,8 @@ class Scenario {
   // A printer of a stock area for "销售单".
   Scenario& AreaPrinter(Fields columns);
   Scenario& Setting(const std::string& key, const Json& value);
-  Scenario& GoodsPicture(int item_id, const Json& picture);  // picture: {{"base64", "…"}} or null
-  Scenario& StockArea(const Json& area);                     // a row of t_icitem
+  Scenario& GoodsPicture(int itemId, const Json& picture);  // picture: {{"base64", "…"}} or null
+  Scenario& StockArea(const Json& area);                    // a row of t_icitem
   Scenario& DropColumn(const std::string& table, const std::string& column);
   Scenario& DropTable(const std::string& table);
 
@@ -61,7 +61,7 @@ class Scenario {
                  std::initializer_list<std::initializer_list<Json>> rows);
   // Rows of bills: {3, 4} is a bill 1 of three rows and a bill 2 of four. Columns FInterID and
   // FName, which counts all rows: "行1", "行2", …
-  Scenario& Bills(std::initializer_list<int> rows_of_bill);
+  Scenario& Bills(std::initializer_list<int> rowsOfBill);
   Scenario& NoClone();  // cloning the data fails
 
   // Calls -------------------------------------------------------------------------------------
@@ -87,12 +87,12 @@ class Scenario {
 
  private:
   Scenario& AddRow(const std::string& table, Json row, Fields columns);
-  Scenario& AddPrint(const char* name, bool is_silent, Steps user, Fields fields);
+  Scenario& AddPrint(const char* name, bool isSilent, Steps user, Fields fields);
 
   Json document_ = Json::object();
   Json tables_ = Json::object();  // name → array of rows as objects
   Json data_;
-  std::vector<std::pair<std::string, std::string>> dropped_columns_;
+  std::vector<std::pair<std::string, std::string>> droppedColumns_;
 };
 
 }  // namespace td

@@ -21,7 +21,7 @@ TEST(TextItems, SetPointFontAndAlignmentInThisOrderAndThenDraw) {
   Scenario scenario;
   scenario.Item({{"FFontSize", 10.5}, {"FFontBold", 1}});
   WindowOfScenario window(scenario);
-  DrawItems(window.Window(), 3, "");
+  DrawItems(window.Window(), ItemSite::kRow);
   const Trace trace = window.Lines();
   Texts steps;
   for (const Json& line : trace.Lines()) {
@@ -40,9 +40,9 @@ TEST(TextItems, StandAtTheirPlacePlusAllOffsets) {
   window.State().AdjuctTop = 100;
   window.State().CurrentRowTop = 1000;
   window.State().BandShift = -50;
-  DrawItems(window.Window(), 4, "");
+  DrawItems(window.Window(), ItemSite::kAfterRows);
   EXPECT_TRUE(window.Lines().Boxes().empty()) << "another band";
-  DrawItems(window.Window(), 3, "");
+  DrawItems(window.Window(), ItemSite::kRow);
   const Trace trace = window.Lines();
   EXPECT_EQ(trace.BoxOf("文本"), (Drawn{0, "文本", 15, 1070, 30, 40})) << "the size as stored";
   EXPECT_EQ(trace.Puts("CurrentX"), Json::array({15}));

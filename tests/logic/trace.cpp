@@ -57,9 +57,9 @@ std::vector<Drawn> Trace::DrawnBy(std::string_view operation) const {
       continue;
     }
     const Json& a = (*line)["a"];
-    const bool has_size = a.size() > 3;
+    const bool hasSize = a.size() > 3;
     drawn.push_back({page, a[0].is_null() ? "" : a[0].get<std::string>(), a[1], a[2],
-                     has_size ? a[3].get<double>() : 0, has_size ? a[4].get<double>() : 0});
+                     hasSize ? a[3].get<double>() : 0, hasSize ? a[4].get<double>() : 0});
   }
   return drawn;
 }
@@ -94,9 +94,9 @@ Pages Trace::TextsByPage() const {
 
 Drawn Trace::BoxOf(std::string_view text) const {
   const std::vector<Drawn> boxes = Boxes();
-  const auto is_it = [&](const Drawn& box) { return box.text == text; };
-  EXPECT_EQ(std::count_if(boxes.begin(), boxes.end(), is_it), 1) << text << "\n" << Text();
-  const auto found = std::find_if(boxes.begin(), boxes.end(), is_it);
+  const auto isIt = [&](const Drawn& box) { return box.text == text; };
+  EXPECT_EQ(std::count_if(boxes.begin(), boxes.end(), isIt), 1) << text << "\n" << Text();
+  const auto found = std::find_if(boxes.begin(), boxes.end(), isIt);
   return found == boxes.end() ? Drawn{} : *found;
 }
 
@@ -154,8 +154,8 @@ std::vector<std::string> Trace::Outline(const std::vector<std::string>& only) co
         (!only.empty() && std::find(only.begin(), only.end(), word) == only.end())) {
       continue;
     }
-    const bool has_text = line["e"] == "call" && !line["a"].empty() && line["a"][0].is_string();
-    outline.push_back(has_text ? word + " " + line["a"][0].get<std::string>() : word);
+    const bool hasText = line["e"] == "call" && !line["a"].empty() && line["a"][0].is_string();
+    outline.push_back(hasText ? word + " " + line["a"][0].get<std::string>() : word);
   }
   return outline;
 }

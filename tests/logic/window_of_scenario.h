@@ -7,34 +7,30 @@
 #include "recording/recording_database.h"
 #include "recording/recording_platform.h"
 #include "scenario.h"
-#include "service/print_context.h"
-#include "windows/print_window.h"
+#include "windows/open_window.h"
 
 namespace td {
 
-// The cursor and the clone stand on the first row, and page 1 of the document has begun. While it
-// lives it is the request in progress, so a test has one at a time.
+// The cursor and the clone stand on the first row, and page 1 of the document has begun.
 class WindowOfScenario {
  public:
   explicit WindowOfScenario(const Scenario& scenario)
       : platform_(recording::ReadScenario(scenario.Document())) {
     const auto& call = std::get<recording::Print>(platform_.GetScenario().calls.front().action);
-    PrintContext& context = Context();
-    context = PrintContext{};
-    context.New_TranType = call.New_TranType;
-    context.New_OnlyPrintVariantItem = call.New_OnlyPrintVariantItem;
-    context.TDBillName = "销售单";
+    request_.New_TranType = call.New_TranType;
+    request_.New_OnlyPrintVariantItem = call.New_OnlyPrintVariantItem;
+    request_.TDBillName = "销售单";
     const auto& rows = std::get<recording::PrintRows>(call.data).table;
-    context.PrintData = std::make_shared<recording::RecordingRecordset>(
+    request_.PrintData = std::make_shared<recording::RecordingRecordset>(
         platform_.GetRecorder(), std::make_shared<recording::TableData>(rows), true);
-    context.PrintDataClone = context.PrintData->Clone();
-    window_ = std::make_unique<PrintWindow>(platform_.Get(), kPlainWindow);
+    request_.PrintDataClone = request_.PrintData->Clone();
+    window_ = OpenWindow(platform_.Get(), request_, kPlainWindow);
     window_->vp.StartDoc();
     (void)Lines();
   }
   WindowOfScenario(const WindowOfScenario&) = delete;
   WindowOfScenario& operator=(const WindowOfScenario&) = delete;
-  ~WindowOfScenario() { Context() = PrintContext{}; }
+  ~WindowOfScenario() = default;
 
   [[nodiscard]] PrintWindow& Window() { return *window_; }
   [[nodiscard]] RunState& State() { return window_->state; }
@@ -43,6 +39,7 @@ class WindowOfScenario {
 
  private:
   recording::RecordingPlatform platform_;
+  PrintContext request_;
   std::unique_ptr<PrintWindow> window_;
 };
 

@@ -27,7 +27,7 @@ TEST_F(DocumentDrawing, TextBoxesTakeTheFontAndAlignmentOfTheMoment) {
   document.PutFontSize(10.5);
   document.PutFontBold(true);
   document.PutTextAlign(8);
-  document.TextBox("金额", 100, 200, 300, 400, Value(true));
+  document.TextBox("金额", 100, 200, 300, 400, StoredFlag{Value(true)});
   document.PutFontName("黑体");
   document.PutTextAlign(6);
   const auto& box = Last<BoxText>();
@@ -43,7 +43,7 @@ TEST_F(DocumentDrawing, TextBoxesTakeTheFontAndAlignmentOfTheMoment) {
 
 TEST_F(DocumentDrawing, TheWordWrapFlagMayHaveAnyForm) {
   const auto wraps = [this](const Value& flag) {
-    document.TextBox("字", 0, 0, 10, 10, flag);
+    document.TextBox("字", 0, 0, 10, 10, StoredFlag{flag});
     return Last<BoxText>().wordWrap;
   };
   EXPECT_FALSE(wraps(Null()));
@@ -69,7 +69,7 @@ TEST_F(DocumentDrawing, CommandsWithTheSameFontShareIt) {
   document.PutFontName("Arial");
   document.NewPage();
   document.TextBox("三", 0, 0, 10, 10);
-  const auto& first = std::get<BoxText>(document.Pages()[0].commands[0]);
+  const auto first = std::get<BoxText>(document.Pages()[0].commands[0]);
   EXPECT_EQ(first.font, Last<BoxText>().font);
 }
 
@@ -98,6 +98,123 @@ TEST_F(DocumentDrawing, ALineBreakMovesDownALineAndTheEmptyTextDoesNot) {
   EXPECT_EQ(document.CurrentY(), 200);
   document.PutParagraph("");
   EXPECT_EQ(document.CurrentY(), 400);
+}
+
+TEST_F(DocumentDrawing, ATextGoesOnBehindTheTextBeforeIt) {
+  document.PutFontSize(10);
+  document.PutCurrentX(1000);
+  document.PutCurrentY(500);
+  document.PutText("ab");
+  EXPECT_EQ(document.CurrentX(), 1200);
+  document.PutText("cd");
+  ASSERT_EQ(Count(), 1U);
+  ASSERT_EQ(Last<PointText>().lines.front().size(), 1U) << "one run, since its font is one";
+  EXPECT_EQ(Last<PointText>().lines.front().front().text, "abcd");
+  EXPECT_EQ(document.CurrentX(), 1400);
+  EXPECT_EQ(document.CurrentY(), 700);
+  document.PutFontSize(20);
+  document.PutText("e");
+  const auto& line = Last<PointText>();
+  ASSERT_EQ(line.lines.front().size(), 2U);
+  EXPECT_EQ(line.lines.front()[1].text, "e");
+  EXPECT_EQ(line.y, 500);
+  EXPECT_EQ(document.CurrentY(), 900) << "as high as the largest font";
+}
+
+TEST_F(DocumentDrawing, ALineEndPutsTheNextTextBelowTheStartOfTheLine) {
+  document.PutFontSize(10);
+  document.PutCurrentX(1000);
+  document.PutText("ab");
+  document.PutText("\r\n");
+  EXPECT_EQ(document.CurrentX(), 1000);
+  EXPECT_EQ(document.CurrentY(), 200);
+  document.PutText("cd\nef");
+  document.PutText("gh\nij\n");
+  ASSERT_EQ(Count(), 4U);
+  const auto lineAt = [this](std::size_t command) {
+    const auto text = std::get<PointText>(document.Pages()[0].commands[command]);
+    EXPECT_EQ(text.lines.size(), 1U);
+    EXPECT_EQ(text.x, 1000);
+    return std::make_pair(text.lines.front().front().text, text.y);
+  };
+  EXPECT_EQ(lineAt(0), (std::make_pair(std::string("ab"), 0.0)));
+  EXPECT_EQ(lineAt(1), (std::make_pair(std::string("cd"), 200.0)));
+  EXPECT_EQ(lineAt(2), (std::make_pair(std::string("efgh"), 400.0)));
+  EXPECT_EQ(lineAt(3), (std::make_pair(std::string("ij"), 600.0)));
+  EXPECT_EQ(document.CurrentY(), 800);
+}
+
+TEST_F(DocumentDrawing, ANewPointLeavesTheLine) {
+  document.PutFontSize(10);
+  document.PutText("ab");
+  document.PutCurrentX(3000);
+  document.PutText("cd");
+  EXPECT_EQ(Last<PointText>().x, 3000);
+  EXPECT_EQ(Last<PointText>().y, 0) << "a place in the same line";
+  document.PutCurrentY(1000);
+  document.PutText("ef");
+  EXPECT_EQ(Last<PointText>().x, 3000);
+  EXPECT_EQ(Last<PointText>().y, 1000);
+  EXPECT_EQ(Count(), 3U);
+}
+
+TEST_F(DocumentDrawing, ParagraphsAndRichTextGoOnBehindATextAndEndItsLine) {
+  document.PutFontSize(10);
+  document.PutText("ab");
+  document.PutParagraph("cd");
+  EXPECT_EQ(Last<PointText>().lines.front().front().text, "abcd");
+  EXPECT_EQ(document.CurrentY(), 200);
+  EXPECT_EQ(document.CurrentX(), 0);
+  document.PutText("ef");
+  document.PutRichText("{\\rtf1 gh\\par ij}");
+  ASSERT_EQ(Count(), 3U);
+  EXPECT_EQ(std::get<PointText>(document.Pages()[0].commands[1]).lines.front().front().text,
+            "efgh");
+  EXPECT_EQ(Last<PointText>().lines.front().front().text, "ij");
+  EXPECT_EQ(Last<PointText>().y, 400);
+  EXPECT_EQ(document.CurrentY(), 600);
+  document.PutParagraph("kl");
+  EXPECT_EQ(Last<PointText>().y, 600);
+}
+
+TEST_F(DocumentDrawing, ATextThatIsCentredOrEndsAtThePointGoesOnToo) {
+  document.PutFontSize(10);
+  document.PutCurrentX(1000);
+  document.PutTextAlign(7);
+  document.PutText("ab");
+  EXPECT_EQ(document.CurrentX(), 1100);
+  document.PutTextAlign(8);
+  document.PutText("cd");
+  EXPECT_EQ(Last<PointText>().alignment, TextAlignment::kCentre) << "a line has one alignment";
+  document.PutText("\r\n");
+  document.PutText("ef");
+  EXPECT_EQ(Last<PointText>().alignment, TextAlignment::kRight);
+  EXPECT_EQ(document.CurrentX(), 1000);
+}
+
+TEST_F(DocumentDrawing, ANewPageAndAnOverlayBeginALineOfTheirOwn) {
+  document.Connect({{}, {}, [this] {
+                      document.PutText("x");
+                      document.StartOverlay(1);
+                      document.PutText("y");
+                      document.EndOverlay();
+                      document.PutText("z");
+                    }});
+  document.PutText("ab");
+  document.NewPage();
+  document.PutText("cd");
+  document.EndDoc();
+  ASSERT_EQ(document.Pages()[0].commands.size(), 2U);
+  const auto texts = [this](std::size_t page, std::size_t command) {
+    return std::get<PointText>(document.Pages()[page - 1].commands[command])
+        .lines.front()
+        .front()
+        .text;
+  };
+  EXPECT_EQ(texts(1, 1), "y");
+  ASSERT_EQ(document.Pages()[1].commands.size(), 2U);
+  EXPECT_EQ(texts(2, 0), "cdx");
+  EXPECT_EQ(texts(2, 1), "z");
 }
 
 TEST_F(DocumentDrawing, RichTextKeepsItsBoldAndItsSizes) {

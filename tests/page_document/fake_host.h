@@ -13,20 +13,30 @@ namespace td {
 
 class FakeHost : public DocumentHost {
  public:
-  int DeviceCount() override { return static_cast<int>(devices.size()); }
-  std::string DeviceName(int index) override { return devices[static_cast<std::size_t>(index)]; }
+  std::vector<std::string> Devices() override {
+    ++deviceReads;
+    return devices;
+  }
   std::string DefaultDevice() override { return devices.empty() ? "" : devices.front(); }
   bool HasDevice(const std::string& name) override {
     return std::ranges::find(devices, name) != devices.end();
   }
-  std::optional<PaperExtent> PaperOf(std::int32_t code, const std::string& device) override {
-    if (code == 500 && device == "针式打印机") return PaperExtent{13680, 7920};
-    return std::nullopt;
+  std::optional<PaperExtent> DefaultSheet() override {
+    ++sheetReads;
+    return defaultSheet;
   }
   double LineHeight(const TextLine& line) override {
     double height = 0;
     for (const TextRun& run : line) height = std::max(height, run.font->points * kTwipsPerPoint);
     return height;
+  }
+  // Letters are half as wide as their font is high.
+  double LineWidth(const TextLine& line) override {
+    double width = 0;
+    for (const TextRun& run : line) {
+      width += static_cast<double>(run.text.size()) * run.font->points * kTwipsPerPoint / 2;
+    }
+    return width;
   }
   void Print(PageDocument&, bool withDialog) override {
     calls.push_back(withDialog ? "print with dialog" : "print");
@@ -41,8 +51,13 @@ class FakeHost : public DocumentHost {
   }
   void PreviewChanged(PageDocument&) override { ++previewChanges; }
   void PointerChanged(std::int32_t shape) override { pointer = shape; }
+  void Complain(const std::string& text) override { complaints.push_back(text); }
 
   std::vector<std::string> devices = {"激光打印机", "针式打印机"};
+  int deviceReads = 0;
+  std::optional<PaperExtent> defaultSheet;
+  int sheetReads = 0;
+  std::vector<std::string> complaints;
   std::vector<std::string> calls;
   bool confirms = true;
   int previewChanges = 0;

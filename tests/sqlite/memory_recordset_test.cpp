@@ -65,7 +65,7 @@ TEST(MemoryRecordset, TellsAMissingColumnFromAMissingRow) {
 TEST(MemoryRecordset, NamesTheMissingColumnWithoutTheLockCharacter) {
   MemoryRecordset rows = TwoBills();
   const std::string description = FailureOf([&] { rows.Field("锁定"); }).Description();
-  EXPECT_EQ(description, "找不到列“鎖定”。");
+  EXPECT_EQ(description, "记录集中找不到该名称的列：鎖定");
 }
 
 TEST(MemoryRecordset, HasNoRowToMoveToBehindItsEnd) {

@@ -1,8 +1,8 @@
-#include "text/letter_case.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
+
+#include "text/characters.h"
 
 namespace td {
 namespace {

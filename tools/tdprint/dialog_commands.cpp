@@ -3,7 +3,6 @@
 #include "complaint.h"
 #include "desktop/desktop_platform.h"
 #include "platform/failure.h"
-#include "service/print_context.h"
 #include "service/td_set.h"
 #include "windows/frm_area_print_set.h"
 
@@ -43,8 +42,9 @@ ExitStatus ShowSettings(const SettingsArguments& arguments) {
 
 ExitStatus ShowAreaPrinters(const AreaPrintersArguments& arguments) {
   return ShowOn(arguments.database, [&](Platform& platform) {
-    Context().New_PromptString = arguments.database;
-    frmAreaPrintSet(platform).ShowModal();
+    PrintContext request;
+    request.New_PromptString = arguments.database;
+    frmAreaPrintSet(platform, request).ShowModal();
   });
 }
 

@@ -84,6 +84,7 @@ void WriteFiles(const PageDocument& document, const PrintArguments& arguments) {
 struct Outcome {
   bool hasPages = false;
   bool delivered = false;  // to the printer or into the files
+  bool isWhole = true;     // nothing of it was complained about
 };
 
 DesktopOptions OptionsFor(const PrintArguments& arguments, const ComponentFolder& folder,
@@ -97,6 +98,10 @@ DesktopOptions OptionsFor(const PrintArguments& arguments, const ComponentFolder
     outcome.hasPages = true;
   };
   options.onPrinted = [&outcome] { outcome.delivered = true; };
+  options.onComplaint = [&outcome](const std::string& text) {
+    outcome.isWhole = false;
+    Complain("the document is not as the format wants it", text);
+  };
   if (GoesToFiles(arguments)) {
     options.documentSink = [&](const PageDocument& document) { WriteFiles(document, arguments); };
   }
@@ -140,7 +145,8 @@ ExitStatus Print(const PrintArguments& arguments) {
     }
     return ExitStatus::kNotPrinted;
   }
-  return desktop.MessagesShown() == 0 ? ExitStatus::kPrinted : ExitStatus::kPrintedWithMessages;
+  return desktop.MessagesShown() == 0 && outcome.isWhole ? ExitStatus::kPrinted
+                                                         : ExitStatus::kPrintedWithMessages;
 }
 
 // Who opened a preview by a double click sees no standard error: a preview complains in a box too.

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/control_names.h"
 #include "qt/dialogs/field_grid.h"
 
 namespace td {
@@ -17,27 +18,27 @@ struct Caption {
   const char* text;
 };
 
-constexpr ListField kFormatList = {"cmbTdBillName", "已登记套打格式："};
+constexpr ListField kFormatList = {controls::kFormats, "已登记套打格式："};
 constexpr std::array kNumbers = {
-    NumberField{"txtLeft", "左右偏移量：", kTwipsUnit, "（越大越靠右）"},
-    NumberField{"txtTop", "上下偏移量：", kTwipsUnit, "（越大越靠下）"},
-    NumberField{"txtHeader", "第二页表头上下偏移量：", kTwipsUnit},
-    NumberField{"txtRowHeight", "每行高度：", kTwipsUnit},
-    NumberField{"txtRowsPerPage", "每页打印行数：", "行"},
-    NumberField{"txtQtysPerRow", "复合上次欠款每行打印条数：", "条"},
+    NumberField{controls::kLeft, "左右偏移量：", kTwipsUnit, "（越大越靠右）"},
+    NumberField{controls::kTop, "上下偏移量：", kTwipsUnit, "（越大越靠下）"},
+    NumberField{controls::kHeader, "第二页表头上下偏移量：", kTwipsUnit},
+    NumberField{controls::kRowHeight, "每行高度：", kTwipsUnit},
+    NumberField{controls::kRowsPerPage, "每页打印行数：", "行"},
+    NumberField{controls::kQtysPerRow, "复合上次欠款每行打印条数：", "条"},
 };
-constexpr ListField kPreferredPrinter = {"cmbPrintDevice", "首选打印机："};
+constexpr ListField kPreferredPrinter = {controls::kPrinterList, "首选打印机："};
 constexpr std::array kPageOptions = {
-    Caption{"chkHeaderPerPage", "每页打印完整页眉"},
-    Caption{"chkFooterPerPage", "每页打印完整页脚"},
-    Caption{"chkIntegralPage", "不足整页时打印空表格"},
+    Caption{controls::kHeaderPerPage, "每页打印完整页眉"},
+    Caption{controls::kFooterPerPage, "每页打印完整页脚"},
+    Caption{controls::kIntegralPage, "不足整页时打印空表格"},
 };
 
 constexpr std::array kAreaPrinterFields = {
-    ListField{"cmbBillType", "单据类型："},
-    ListField{"cmbPrintFmt", "套打格式："},
-    ListField{"cmbStockArea", "仓库库区："},
-    ListField{"cmbPrintDevice", "默认打印机："},
+    ListField{controls::kBillTypes, "单据类型："},
+    ListField{controls::kAreaFormats, "套打格式："},
+    ListField{controls::kStockAreas, "仓库库区："},
+    ListField{controls::kPrinterList, "默认打印机："},
 };
 
 QLayout* Buttons(DialogWindow& window, const Caption& confirm, const Caption& leave) {
@@ -56,7 +57,7 @@ QWidget* Orientation(DialogWindow& window) {
   auto* column = new QVBoxLayout(frame);
   const QStringList captions = {QStringLiteral("纵向"), QStringLiteral("横向")};
   for (QAbstractButton* option :
-       window.MakeOptions(QStringLiteral("optOrientation"), captions)->buttons()) {
+       window.MakeOptions(QString::fromUtf8(controls::kOrientation), captions)->buttons()) {
     column->addWidget(option);
   }
   column->addStretch();
@@ -93,7 +94,8 @@ void LayOutSettings(DialogWindow& window) {
   page->addLayout(PageOptions(window), 1);
   whole->addLayout(page);
   whole->addStretch();
-  whole->addLayout(Buttons(window, {"cmdOk", "确定(&O)"}, {"cmdExit", "取消(&C)"}));
+  whole->addLayout(
+      Buttons(window, {controls::kConfirm, "确定(&O)"}, {controls::kLeave, "取消(&C)"}));
 }
 
 void LayOutAreaPrinters(DialogWindow& window) {
@@ -102,7 +104,8 @@ void LayOutAreaPrinters(DialogWindow& window) {
   whole->addLayout(fields);
   for (const ListField& field : kAreaPrinterFields) fields->AddField(field);
   whole->addStretch();
-  whole->addLayout(Buttons(window, {"cmdOk", "保存(&S)"}, {"cmdExit", "关闭(&C)"}));
+  whole->addLayout(
+      Buttons(window, {controls::kConfirm, "保存(&S)"}, {controls::kLeave, "关闭(&C)"}));
 }
 
 constexpr std::array kLayouts = {

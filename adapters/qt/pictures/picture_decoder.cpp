@@ -63,6 +63,38 @@ int DecodedBits(const QImageReader& reader, PictureFormat format) {
   return std::max(kLeastBits, int{QImage::toPixelFormat(pixels).bitsPerPixel()});
 }
 
+// The image is null where the decoder gives up.
+DecodedPicture Decode(const Bytes& file, PictureFormat format) {
+  QByteArray bytes = QByteArray::fromRawData(reinterpret_cast<const char*>(file.data()),
+                                             static_cast<qsizetype>(file.size()));
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::ReadOnly);
+  QImageReader reader(&buffer, DecoderOf(format));
+  reader.setAutoDetectImageFormat(false);
+  reader.setAutoTransform(true);
+  if (!reader.canRead()) return {};
+  // Once more with what the decoder has understood, which needn't be what the header announced.
+  RefuseAbsurdSize({reader.size().width(), reader.size().height()}, DecodedBits(reader, format));
+  QImage image = reader.read();
+  return {std::move(image), reader.transformation() != QImageIOHandler::TransformationNone};
+}
+
+// As far as it goes: what the decoder takes for damage behind the picture is cut off. If it doesn't
+// like one of the later scans, which make the picture finer, the first one is left.
+DecodedPicture DecodeJpeg(const Bytes& file) {
+  const JpegParts parts = JpegPartsOf(file);
+  DecodedPicture picture;
+  if (parts.isClosed) picture = Decode(file, PictureFormat::kJpeg);
+  for (const std::size_t end : {parts.end, parts.firstScanEnd}) {
+    if (!picture.image.isNull()) break;
+    Bytes mended(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(end));
+    mended.insert(mended.end(), {std::byte{0xFF}, std::byte{0xD9}});
+    picture = Decode(mended, PictureFormat::kJpeg);
+    picture.mended = true;
+  }
+  return picture;
+}
+
 }  // namespace
 
 DecodedPicture DecodePicture(const Bytes& file) {
@@ -78,19 +110,9 @@ DecodedPicture DecodePicture(const Bytes& file) {
   RefuseAbsurdSize(SizeOf(file), kLeastBits);
   if (!IsComplete(file)) throw Failure(kInvalidPicture, "图片文件不完整。");
 
-  QByteArray bytes = QByteArray::fromRawData(reinterpret_cast<const char*>(file.data()),
-                                             static_cast<qsizetype>(file.size()));
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::ReadOnly);
-  QImageReader reader(&buffer, DecoderOf(format));
-  reader.setAutoDetectImageFormat(false);
-  reader.setAutoTransform(true);
-  if (!reader.canRead()) throw CannotDecode(format);
-  // Once more with what the decoder has understood, which needn't be what the header announced.
-  RefuseAbsurdSize({reader.size().width(), reader.size().height()}, DecodedBits(reader, format));
-  QImage image = reader.read();
-  if (image.isNull()) throw CannotDecode(format);
-  return {std::move(image), reader.transformation() != QImageIOHandler::TransformationNone};
+  DecodedPicture picture = format == PictureFormat::kJpeg ? DecodeJpeg(file) : Decode(file, format);
+  if (picture.image.isNull()) throw CannotDecode(format);
+  return picture;
 }
 
 Bytes EncodePicture(const QImage& image, PictureFormat origin) {

@@ -135,12 +135,19 @@ PictureResolution JpegResolution(const ByteView& jpeg) {
   return AsShown(stated.x > 0 ? stated : exif.resolution, exif.orientation);
 }
 
-bool JpegIsComplete(const ByteView& jpeg) {
-  std::size_t at = NextMarker(jpeg, 0);
-  while (at < jpeg.Size() && jpeg.U8(at) != kEndOfImage) {
-    at = NextMarker(jpeg, SegmentEnd(jpeg, at));
+bool MayFollowAScan(std::uint8_t marker) {  // and belong to the same picture
+  switch (marker) {
+    case 0xC4:  // tables
+    case 0xCC:
+    case 0xDB:
+    case 0xDC:  // number of lines
+    case 0xDD:  // restart interval
+    case 0xFE:  // comment
+    case kStartOfScan:
+      return true;
+    default:
+      return StandsAlone(marker) ? marker == 0x01 : marker >= 0xE0 && marker <= 0xEF;
   }
-  return at < jpeg.Size();
 }
 
 // --- PNG
@@ -269,10 +276,36 @@ PictureResolution ResolutionOf(const Bytes& file) {
   return {};
 }
 
+JpegParts JpegPartsOf(const Bytes& file) {
+  const ByteView jpeg(file);
+  JpegParts parts;
+  bool hasScan = false;
+  std::size_t at = NextMarker(jpeg, 0);
+  while (at < jpeg.Size()) {
+    const std::uint8_t marker = jpeg.U8(at);
+    const std::size_t markerStart = at - 1;
+    const std::size_t content = SegmentEnd(jpeg, at);
+    parts.isClosed = marker == kEndOfImage;
+    const bool isCut = content >= jpeg.Size();
+    if (parts.isClosed || (hasScan && (isCut || !MayFollowAScan(marker)))) {
+      parts.end = markerStart;
+      break;
+    }
+    if (isCut) break;  // without a scan there is no picture
+    at = NextMarker(jpeg, content);
+    if (marker != kStartOfScan) continue;
+    parts.end = at < jpeg.Size() ? at - 1 : jpeg.Size();
+    if (!hasScan) parts.firstScanEnd = parts.end;
+    hasScan = hasScan || parts.end > content;
+  }
+  if (!hasScan) parts.end = 0;
+  return parts;
+}
+
 bool IsComplete(const Bytes& file) {
   switch (FormatOf(file)) {
     case PictureFormat::kJpeg:
-      return JpegIsComplete(ByteView(file));
+      return JpegPartsOf(file).end > 0;
     case PictureFormat::kBmp:
       return BmpIsComplete(ByteView(file, Order::kLittleEndian));
     case PictureFormat::kGif:

@@ -3,6 +3,7 @@
 // "incomplete".
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "platform/value.h"
@@ -29,9 +30,20 @@ struct PictureResolution {
 };
 [[nodiscard]] PictureResolution ResolutionOf(const Bytes& file);
 
-// False when a file ends before its picture does. Most decoders fill the missing part with some
-// colour and report no error, and the PNG one first reserves what a cut part claims to hold. Always
-// true for TIFF files, whose parts stand in any order.
+// Where the picture of a JPEG file ends, however damaged the file is behind it: places in front of
+// which the bytes, closed by an end marker, are a file of their own. Both are 0 where the file
+// holds no coded data at all.
+struct JpegParts {
+  std::size_t end = 0;           // of all that belongs to the picture
+  std::size_t firstScanEnd = 0;  // of its first scan: a coarse picture, or all of it
+  bool isClosed = false;         // by an end marker at `end`
+};
+[[nodiscard]] JpegParts JpegPartsOf(const Bytes& file);
+
+// False when a file ends before its picture does, a JPEG file before its coded data begin. Most
+// decoders fill the missing part with some colour and report no error, and the PNG one first
+// reserves what a cut part claims to hold. Always true for TIFF files, whose parts stand in any
+// order.
 [[nodiscard]] bool IsComplete(const Bytes& file);
 
 }  // namespace td

@@ -135,10 +135,10 @@ std::string DigestOf(const Bytes& bytes) {
 }
 
 std::shared_ptr<const ImagePicture> MakePicture(Bytes bytes) {
-  const auto [image, turned] = DecodePicture(bytes);
+  const auto [image, turned, mended] = DecodePicture(bytes);
   const PictureResolution resolution = ResolutionOf(bytes);
   // Outputs don't look at orientations, and some put the bytes of the file into their own.
-  if (turned) bytes = EncodePicture(image, FormatOf(bytes));
+  if (turned || mended) bytes = EncodePicture(image, FormatOf(bytes));
   return std::make_shared<ImagePicture>(std::move(bytes), image.width(), image.height(),
                                         resolution.x, resolution.y);
 }

@@ -12,9 +12,10 @@
 namespace td {
 
 // Backslashes in paths count as separators. The pictures are ImagePictures: they keep the bytes of
-// the file (encoded anew when its orientation asks to turn it), and take the resolution that it
-// states, 96 dots per inch if it states none. Files of the same bytes give the same picture as long
-// as someone holds it, so that goods on a thousand rows are decoded and kept once.
+// the file (encoded anew when its orientation asks to turn it, or when it is damaged), and take the
+// resolution that it states, 96 dots per inch if it states none. Files of the same bytes give the
+// same picture as long as someone holds it, so that goods on a thousand rows are decoded and kept
+// once.
 //
 // Beside the failures of Pictures: kInvalidUseOfNull and kTypeMismatch for a value without bytes,
 // and the numbers below. A description names the file, but never shows the character 锁 of its

@@ -7,8 +7,6 @@
 
 namespace td {
 
-inline constexpr double kTwipsPerMillimetre = kTwipsPerInch / 25.4;
-
 // Shows millimetres and holds twips. A length that the user leaves alone keeps its exact value.
 class LengthField : public QDoubleSpinBox {
  public:

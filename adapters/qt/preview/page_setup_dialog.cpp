@@ -12,8 +12,6 @@
 namespace td {
 namespace {
 
-constexpr std::int32_t kLandscape = 1;
-
 struct OfferedPaper {
   std::int32_t code;
   const char* name;
@@ -216,7 +214,7 @@ void PageSetupDialog::Apply() {
   } else {
     document_.PutPaperSize(PaperCode());
   }
-  document_.PutOrientation(landscape_->isChecked() ? kLandscape : 0);
+  document_.PutOrientation(landscape_->isChecked() ? kLandscape : kPortrait);
   document_.PutMarginLeft(left_->Twips());
   document_.PutMarginTop(top_->Twips());
   document_.PutMarginRight(right_->Twips());

@@ -15,13 +15,11 @@
 #include "qt/preview/dropped_input.h"
 #include "qt/preview/toolbar_icons.h"
 #include "qt/preview/window_font.h"
+#include "text/page_text.h"
 #include "windows/frame_layout.h"
-#include "windows/page_text.h"
 
 namespace td {
 namespace {
-
-constexpr std::int32_t kWaitingPointer = 11;
 
 struct Button {
   const char* caption;

@@ -15,7 +15,6 @@
 namespace td {
 namespace {
 
-constexpr double kMillimetresPerTwip = 25.4 / 1440;
 constexpr std::size_t kPartSize = 65536;  // of the file: what is handed on at a time
 
 // A length in twips, to a hundredth: finer than any output can show. Halves are rounded up.
@@ -44,7 +43,7 @@ std::string Number(double number) {
 }
 
 std::string Millimetres(double twips) {
-  return QString::number(twips * kMillimetresPerTwip, 'f', 3).toStdString() + "mm";
+  return QString::number(twips / kTwipsPerMillimetre, 'f', 3).toStdString() + "mm";
 }
 
 // Only what must not stand in the file as it is costs more than a copy.

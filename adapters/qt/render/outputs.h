@@ -41,5 +41,7 @@ void WriteHtml(const std::vector<Page>& pages, const std::string& path, const st
 
 // Height of a line of text in twips, for DocumentHost::LineHeight.
 double LineHeight(const TextLine& line);
+// Its width in twips, for DocumentHost::LineWidth.
+double LineWidth(const TextLine& line);
 
 }  // namespace td

@@ -230,12 +230,22 @@ LaidLine OneLine(const std::string& text, FontFaces& faces) {
   return LayOutLine(Drawable(characters, faces), faces);
 }
 
-std::vector<LaidLine> WrappedLines(const std::string& text, double width, FontFaces& faces) {
-  QString whole = QString::fromStdString(text);
+// The lines between the line breaks, broken inside the width if the box asks for that.
+std::vector<LaidLine> LinesOf(const BoxText& box, FontFaces& faces) {
+  QString whole = QString::fromStdString(box.text);
+  if (!box.wordWrap) {
+    if (std::optional<LaidLine> plain = PlainLine(whole, faces)) return {*std::move(plain)};
+  }
   whole.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
+  if (whole.endsWith(u'\n')) whole.chop(1);
   std::vector<LaidLine> lines;
   for (const QString& paragraph : whole.split(u'\n')) {
-    BreakParagraph(Drawable(paragraph, faces), width, faces, lines);
+    const QString drawable = Drawable(paragraph, faces);
+    if (box.wordWrap) {
+      BreakParagraph(drawable, box.width, faces, lines);
+    } else {
+      lines.push_back(LayOutLine(drawable, faces));
+    }
   }
   return lines;
 }
@@ -244,14 +254,9 @@ std::vector<LaidLine> WrappedLines(const std::string& text, double width, FontFa
 
 std::vector<PlacedText> LayOut(const BoxText& command) {
   FontFaces& faces = FacesOf(*command.font);
-  std::vector<LaidLine> lines;
-  if (command.wordWrap) {
-    lines = WrappedLines(command.text, command.width, faces);
-  } else {
-    lines.push_back(OneLine(command.text, faces));
-  }
-  return PlaceInBox(std::move(lines), {command.left, command.top, command.width, command.height},
-                    command.alignment, faces);
+  return PlaceInBox(LinesOf(command, faces),
+                    {command.left, command.top, command.width, command.height}, command.alignment,
+                    faces);
 }
 
 std::vector<PlacedText> LayOut(const PointText& command) {
@@ -295,6 +300,12 @@ double LineHeight(const TextLine& line) {
     below = std::max(below, faces.LineHeight() - faces.Ascent());
   }
   return ascent + below;
+}
+
+double LineWidth(const TextLine& line) {
+  double width = 0;
+  for (const TextRun& run : line) width += OneLine(run.text, FacesOf(*run.font)).width;
+  return width;
 }
 
 }  // namespace td

@@ -1,6 +1,6 @@
 #include "qt/system/desktop_host.h"
 
-#include <QPageSize>
+#include <cstdio>
 
 #include "page_document/page_document.h"
 #include "qt/preview/page_setup_dialog.h"
@@ -18,13 +18,8 @@ constexpr std::int32_t kHtmlFormat = 1;
 
 }  // namespace
 
-int DesktopHost::DeviceCount() {
-  printers_ = PrinterNames();
-  return static_cast<int>(printers_.size());
-}
-
-std::string DesktopHost::DeviceName(int index) {
-  return printers_.at(static_cast<std::size_t>(index));
+std::vector<std::string> DesktopHost::Devices() {
+  return PrinterNames();
 }
 
 std::string DesktopHost::DefaultDevice() {
@@ -35,16 +30,16 @@ bool DesktopHost::HasDevice(const std::string& name) {
   return HasPrinter(name);
 }
 
-std::optional<PaperExtent> DesktopHost::PaperOf(std::int32_t code, const std::string& device) {
-  const QPageSize::PageSizeId id = QPageSize::id(code);
-  if (id == QPageSize::Custom) return std::nullopt;
-  const QSizeF inches = QPageSize::size(id, QPageSize::Inch);
-  const PaperExtent paper{inches.width() * kTwipsPerInch, inches.height() * kTwipsPerInch};
-  return SheetName(device, paper) ? std::optional(paper) : std::nullopt;
+std::optional<PaperExtent> DesktopHost::DefaultSheet() {
+  return OwnSheet(settings_.printer.empty() ? DefaultPrinter() : settings_.printer);
 }
 
 double DesktopHost::LineHeight(const TextLine& line) {
   return td::LineHeight(line);
+}
+
+double DesktopHost::LineWidth(const TextLine& line) {
+  return td::LineWidth(line);
 }
 
 std::string DesktopHost::PrinterOf(PageDocument& document) const {
@@ -113,6 +108,15 @@ void DesktopHost::PreviewChanged(PageDocument&) {
 
 void DesktopHost::PointerChanged(std::int32_t shape) {
   if (viewer_.pointerChanged) viewer_.pointerChanged(shape);
+}
+
+void DesktopHost::Complain(const std::string& text) {
+  if (!complaints_.insert(text).second) return;
+  if (settings_.onComplaint) {
+    settings_.onComplaint(text);
+  } else {
+    std::fprintf(stderr, "QbTdPrinter: %s\n", text.c_str());
+  }
 }
 
 }  // namespace td

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -27,17 +28,14 @@ class DesktopHost : public DocumentHost {
   };
   void PutViewer(Viewer viewer) { viewer_ = std::move(viewer); }
 
-  // A walk over the printers begins with the count, which is when the list is read.
-  int DeviceCount() override;
-  std::string DeviceName(int index) override;
+  std::vector<std::string> Devices() override;
   std::string DefaultDevice() override;
   bool HasDevice(const std::string& name) override;
-
-  // The printing system has no numbers of its own: the less common numbers stand for a sheet if the
-  // printer has that sheet.
-  std::optional<PaperExtent> PaperOf(std::int32_t code, const std::string& device) override;
+  // That of the printer in the settings, if they name one.
+  std::optional<PaperExtent> DefaultSheet() override;
 
   double LineHeight(const TextLine& line) override;
+  double LineWidth(const TextLine& line) override;
 
   // One job for each run of pages on the same sheet. Fails with kDeviceIo when the machine has no
   // printer, and with kInvalidCall when a dialog is asked for and none can be shown.
@@ -52,6 +50,8 @@ class DesktopHost : public DocumentHost {
   void PreviewChanged(PageDocument& document) override;
   void PointerChanged(std::int32_t shape) override;
 
+  void Complain(const std::string& text) override;
+
  private:
   [[nodiscard]] std::string PrinterOf(PageDocument& document) const;
   void TellPrinted() const;
@@ -60,7 +60,7 @@ class DesktopHost : public DocumentHost {
   Messages& messages_;
   std::string chosenPrinter_;  // in the page setup; empty: none
   Viewer viewer_;
-  std::vector<std::string> printers_;
+  std::set<std::string> complaints_;
 };
 
 }  // namespace td

@@ -39,22 +39,16 @@ void PrintPages(const std::vector<Page>& pages, const PaperExtent& sheet,
 
 }  // namespace
 
-PaperExtent SheetOf(const Page& page, PageDocument& document) {
-  const bool isTurned = document.Orientation() == 1 && page.width == document.PaperHeight() &&
-                        page.height == document.PaperWidth();
-  return isTurned ? PaperExtent{page.height, page.width} : PaperExtent{page.width, page.height};
-}
-
-void PrintDocument(PageDocument& document, const PrintChoice& choice) {
+void PrintDocument(const PageDocument& document, const PrintChoice& choice) {
   const std::vector<Page> pages = ChosenPages(document, choice.pages);
   if (!choice.pdfFile.empty()) {
     WritePdf(pages, choice.pdfFile, Title());
     return;
   }
   for (auto first = pages.begin(); first != pages.end();) {
-    const PaperExtent sheet = SheetOf(*first, document);
+    const PaperExtent sheet = first->Sheet();
     auto last = first;
-    while (last != pages.end() && SheetOf(*last, document) == sheet) ++last;
+    while (last != pages.end() && last->Sheet() == sheet) ++last;
     PrintPages({first, last}, sheet, choice);
     first = last;
   }

@@ -9,12 +9,9 @@
 
 namespace td {
 
-// Sends the chosen pages to the chosen printer or file. Pages on different sheets become jobs of
-// their own, in the document's order. Fails as WritePdf and SubmitPrintJob do.
-void PrintDocument(PageDocument& document, const PrintChoice& choice);
-
-// How the sheets of a page are fed: a page that is wide because the document's paper lies in
-// landscape is fed upright. Twips.
-[[nodiscard]] PaperExtent SheetOf(const Page& page, PageDocument& document);
+// Sends the chosen pages to the chosen printer or file. A job has one sheet: each run of pages on
+// the same sheet, lying along or across it, becomes a job of its own, in the document's order.
+// Fails as WritePdf and SubmitPrintJob do.
+void PrintDocument(const PageDocument& document, const PrintChoice& choice);
 
 }  // namespace td

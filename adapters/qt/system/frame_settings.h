@@ -19,6 +19,9 @@ struct FrameSettings {
   std::function<void(int page)> onPage;
   // Called when a document has gone to its printer, or to the sink, if it is set.
   std::function<void()> onPrinted;
+  // Takes what a document goes on without, once for each text and print window; a line on standard
+  // error if it is not set.
+  std::function<void(const std::string& text)> onComplaint;
 };
 
 }  // namespace td

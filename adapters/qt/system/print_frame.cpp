@@ -27,7 +27,7 @@ QtPrintFrame::QtPrintFrame(const FrameSettings& settings, Messages& messages,
     : messages_(messages),
       host_(settings, messages),
       document_(host_, settings),
-      barcode_(barcodeSettings) {}
+      barcode_(barcodeSettings, [this](const std::string& reason) { host_.Complain(reason); }) {}
 
 void QtPrintFrame::MakeWindow() {
   window_ = std::make_unique<PreviewWindow>(

@@ -114,7 +114,8 @@ int SubmitPrintJob(const PrintJob& job) {
   if (!file) throw DeviceFailure(kFileNotFound, "无法读取打印文件“" + job.pdfFile + "”。");
   const CupsPrinter queue(job.printer);
   if (queue.Destination() == nullptr) {
-    throw DeviceFailure(kInvalidProperty, "找不到打印机“" + job.printer + "”。");
+    throw DeviceFailure(kDeviceIo,
+                        "打印机“" + job.printer + "”已不存在，或者打印系统没有响应，未打印。");
   }
   if (!queue.IsReachable()) throw RefusedFailure(job);
 

@@ -22,9 +22,9 @@ struct PrintJob {
 
 // Hands a job to the printing system and returns its number there. The sheet is asked for by its
 // name if the printer has it (SheetName), otherwise by its exact size in points. The hardware's
-// margins neither move nor scale a page. Nobody is asked for a password. Fails with
-// kInvalidProperty for an unknown printer, with kFileNotFound for a file that can't be read and
-// with kDeviceIo when the printing system refuses the job.
+// margins neither move nor scale a page. Nobody is asked for a password. Fails with kFileNotFound
+// for a file that can't be read, and with kDeviceIo when the printer has gone or refuses the job:
+// never with kInvalidProperty, which a run takes for a choice of printer that it can do without.
 int SubmitPrintJob(const PrintJob& job);
 
 }  // namespace td

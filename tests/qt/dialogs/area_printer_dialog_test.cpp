@@ -1,6 +1,5 @@
 // The stock-area printer dialog, used with mouse and keyboard; the database is read back.
 #include "passing_database.h"
-#include "service/print_context.h"
 #include "shown_dialog.h"
 #include "windows/frm_area_print_set.h"
 
@@ -56,8 +55,9 @@ TEST_F(AreaPrinterDialog, ANullIsNoFurtherArea) {
   WhenDialogIsShown([](DialogWindow& window) {
     EXPECT_EQ(EntriesOf(window, "cmbStockArea"), (Texts{"A1", "A2", "B"}));
   });
-  Context().New_PromptString = database_.Connection();
-  frmAreaPrintSet(platform).ShowModal();
+  PrintContext request;
+  request.New_PromptString = database_.Connection();
+  frmAreaPrintSet(platform, request).ShowModal();
   EXPECT_EQ(boxes_, Texts());
 }
 

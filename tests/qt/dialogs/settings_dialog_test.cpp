@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "passing_database.h"
-#include "service/print_context.h"
+#include "service/context.h"
 #include "service/td_set.h"
 #include "shown_dialog.h"
 

@@ -5,7 +5,7 @@
 #include <QTest>
 #include <algorithm>
 
-#include "service/print_context.h"
+#include "service/context.h"
 #include "service/td_set.h"
 #include "windows/frm_area_print_set.h"
 
@@ -124,8 +124,9 @@ void ShownDialog::ShowSettings(Use use) {
 
 void ShownDialog::ShowAreaPrinters(Use use) {
   WhenDialogIsShown(std::move(use));
-  Context().New_PromptString = database_.Connection();
-  frmAreaPrintSet(desktop_.Get()).ShowModal();
+  PrintContext request;
+  request.New_PromptString = database_.Connection();
+  frmAreaPrintSet(desktop_.Get(), request).ShowModal();
 }
 
 std::string ShownDialog::Setting(const std::string& column, const std::string& format) {

@@ -35,6 +35,13 @@ TEST_F(HtmlOutput, ItemsLieWhereThePdfHasThem) {
   }
 }
 
+TEST_F(HtmlOutput, LinesCloseTheCornersOfATable) {
+  for (const double penWidth : {14.0, 54.0}) {
+    ExpectClosedCorners(ImageOf(Printed({TablePage(penWidth)}), kDotsPerInch), kDotsPerInch,
+                        penWidth);
+  }
+}
+
 TEST_F(HtmlOutput, PrintsEachPageOnASheetOfItsSize) {
   const std::vector<Sheet> sheets =
       SheetsOf(Printed({PageOf(241, 140), PageOf(148, 210), PageOf(241, 140), PageOf(210, 297)}));

@@ -43,6 +43,12 @@ TEST(ImageOutput, LinesAndPicturesLieAtTheirCoordinates) {
   EXPECT_NEAR(picture.bottom(), 90, kTolerance);
 }
 
+TEST(ImageOutput, LinesCloseTheCornersOfATable) {
+  for (const double penWidth : {14.0, 54.0}) {
+    ExpectClosedCorners(RenderPage(TablePage(penWidth), kDotsPerInch), kDotsPerInch, penWidth);
+  }
+}
+
 TEST(ImageOutput, LaterItemsLieOnTopOfEarlierOnes) {
   const auto white = std::make_shared<VectorPicture>(
       PictureSize{100, 100},

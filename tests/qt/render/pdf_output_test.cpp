@@ -65,6 +65,14 @@ TEST_F(PdfOutput, EachTextLiesAtItsPlace) {
   }
 }
 
+TEST_F(PdfOutput, LinesCloseTheCornersOfATable) {
+  constexpr double kDotsPerInch = 508;
+  for (const double penWidth : {14.0, 54.0}) {
+    ExpectClosedCorners(ImageOf(Write({TablePage(penWidth)}), kDotsPerInch), kDotsPerInch,
+                        penWidth);
+  }
+}
+
 TEST_F(PdfOutput, TextsAreExtractedAsTheyWereWritten) {
   for (const char* font :
        {"宋体", "黑体", "楷体", "仿宋", "Arial", "Times New Roman", "Courier New"}) {

@@ -2,6 +2,7 @@
 
 #include <QBuffer>
 #include <QPainter>
+#include <array>
 #include <cstring>
 
 #include "page_document/pictures.h"
@@ -84,6 +85,15 @@ PointText AtPoint(const std::string& text, double x, double y, TextAlignment ali
 }
 
 }  // namespace
+
+Page TablePage(double penWidth) {
+  const auto& [left, top, right, bottom] =
+      std::array{kTable.left(), kTable.top(), kTable.right(), kTable.bottom()};
+  return PageOf(
+      100, 80,
+      {LineOf(left, top, right, top, penWidth), LineOf(left, bottom, right, bottom, penWidth),
+       LineOf(left, top, left, bottom, penWidth), LineOf(right, top, right, bottom, penWidth)});
+}
 
 Page SamplePage() {
   BoxText wrapped = Box("自动换行的备注文字，包含 words 与数字 12345。", 12, 72, 30, 30);

@@ -21,6 +21,9 @@ BoxText Box(const std::string& text, double left, double top, double width, doub
 // A file of `width` by `height` pixels in the format, black with a white cross.
 PictureRef Image(int width, int height, const char* format = "PNG");
 
+// A page of 100 by 80 millimetres with the lines of kTable.
+Page TablePage(double penWidth);
+
 struct SampleItem {
   std::string name;
   QRectF region;  // millimetres

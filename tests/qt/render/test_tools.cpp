@@ -98,6 +98,26 @@ QRectF InkIn(const QImage& image, double dotsPerInch, const QRectF& region) {
   return {QPointF(ink.topLeft()) / pixels, QSizeF(ink.size()) / pixels};
 }
 
+void ExpectClosedCorners(const QImage& image, double dotsPerInch, double penWidth) {
+  const double pixels = dotsPerInch / 25.4;
+  const double pen = penWidth / kTwipsPerMillimetre;
+  const auto isDark = [&](QPointF millimetres) {
+    return qGray(image.pixel(static_cast<int>(millimetres.x() * pixels),
+                             static_cast<int>(millimetres.y() * pixels))) < 128;
+  };
+  for (const QPointF corner :
+       {kTable.topLeft(), kTable.topRight(), kTable.bottomLeft(), kTable.bottomRight()}) {
+    const double x = corner.x() < kTable.center().x() ? -1 : 1;  // outwards
+    const double y = corner.y() < kTable.center().y() ? -1 : 1;
+    const double inside = pen / 2 - 1 / pixels;
+    EXPECT_TRUE(isDark(corner + QPointF(x * inside, y * inside)))
+        << corner.x() << ',' << corner.y();
+    const double outside = pen / 2 + 1.5 / pixels;
+    EXPECT_FALSE(isDark(corner + QPointF(x * outside, 0))) << corner.x() << ',' << corner.y();
+    EXPECT_FALSE(isDark(corner + QPointF(0, y * outside))) << corner.x() << ',' << corner.y();
+  }
+}
+
 std::string ReadFile(const std::string& path) {
   QFile file(QString::fromStdString(path));
   EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path;

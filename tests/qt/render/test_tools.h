@@ -45,6 +45,11 @@ void PrintHtml(const std::string& html, const std::string& pdf);
 // there is nothing.
 QRectF InkIn(const QImage& image, double dotsPerInch, const QRectF& region);
 
+// Four lines of one pen's width that meet at the corners of a table, places in millimetres.
+constexpr QRectF kTable(20, 20, 60, 30);
+// Whether an image of a page shows the table's corners closed and no line beyond them.
+void ExpectClosedCorners(const QImage& image, double dotsPerInch, double penWidth);
+
 // A folder that lives as long as a test.
 class Folder {
  public:

@@ -55,8 +55,38 @@ TEST(TextLayout, TextIsCentredVerticallyEvenWhereItIsHigherThanItsBox) {
   EXPECT_NEAR(LayOut(box).front().y, box.top + (20 - lineHeight) / 2 + fromTop, 1e-6);
 }
 
-TEST(TextLayout, WithoutWordWrapLineBreaksAreBlanks) {
-  EXPECT_EQ(Lines(LayOut(InBox("a\r\nb\nc\td", 100, false))), (Texts{"a b c d"}));
+TEST(TextLayout, LineBreaksSurviveWithAndWithoutWordWrap) {
+  for (const bool wordWrap : {false, true}) {
+    const BoxText box = InBox("甲\r\n乙\n丙\r丁\t戊", 3000, wordWrap);
+    EXPECT_EQ(Lines(LayOut(box)), (Texts{"甲", "乙", "丙", "丁 戊"})) << wordWrap;
+  }
+  EXPECT_EQ(Lines(LayOut(InBox("一二三四五\n六", 100, false))), (Texts{"一二三四五", "六"}));
+}
+
+TEST(TextLayout, ALineBreakAtTheEndBeginsNoLine) {
+  for (const bool wordWrap : {false, true}) {
+    const double one = LayOut(InBox("甲", 3000, wordWrap)).front().y;
+    for (const char* text : {"甲\r\n", "甲\n", "甲\r"}) {
+      EXPECT_NEAR(LayOut(InBox(text, 3000, wordWrap)).front().y, one, 1e-6) << wordWrap;
+    }
+    const auto broken = LayOut(InBox("\n甲\n\n", 3000, wordWrap));
+    ASSERT_EQ(broken.size(), 1U);
+    EXPECT_NEAR(broken.front().y, one, 1e-6) << "the middle one of three lines";
+  }
+}
+
+TEST(TextLayout, TheLinesOfABoxAreCentredTogetherAndAlignedEachForItself) {
+  const auto placed = LayOut(InBox("一二三\n四", 3000, false, TextAlignment::kRight));
+  ASSERT_EQ(placed.size(), 2U);
+  for (const PlacedText& text : placed) EXPECT_NEAR(text.x + text.width, 4000, 0.5);
+  const double middle = LayOut(InBox("一", 3000, false)).front().y;
+  EXPECT_NEAR((placed[0].y + placed[1].y) / 2, middle, 1e-6);
+}
+
+TEST(TextLayout, ALineIsAsWideAsItsRuns) {
+  const TextLine line = {{"四个汉字", Font("宋体", 10)}, {"大", Font("黑体", 20)}};
+  EXPECT_NEAR(LineWidth(line), 4 * 200 + 400, 0.5);
+  EXPECT_EQ(LineWidth({{"", Font("宋体", 10)}}), 0);
 }
 
 TEST(TextLayout, WithWordWrapTextBreaksInsideTheWidth) {

@@ -17,10 +17,10 @@ class TwoPrinters : public DesktopHost {
  public:
   using DesktopHost::DesktopHost;
 
-  int DeviceCount() override { return 2; }
-  std::string DeviceName(int index) override { return index == 0 ? "前台" : "仓库"; }
+  std::vector<std::string> Devices() override { return {"前台", "仓库"}; }
   std::string DefaultDevice() override { return "前台"; }
   bool HasDevice(const std::string& name) override { return name == "前台" || name == "仓库"; }
+  std::optional<PaperExtent> DefaultSheet() override { return std::nullopt; }
 };
 
 class PageSetup : public testing::Test {

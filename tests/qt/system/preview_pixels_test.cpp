@@ -4,6 +4,7 @@
 
 #include "qt/render/outputs.h"
 #include "shown_preview.h"
+#include "test_tools.h"
 
 namespace td {
 namespace {
@@ -51,6 +52,30 @@ TEST_F(PreviewPixels, AreThoseOfTheImageOutputAtEveryZoom) {
            ExpectPixelsOfThePage(window, document.Pages()[0], zoom);
          }
        });
+}
+
+TEST_F(PreviewPixels, LinesCloseTheCornersOfATable) {
+  constexpr double kPenWidth = 90;
+  const auto drawTable = [this] {
+    PrintSurface& surface = frame_.Surface();
+    surface.PutPaperSize(11);
+    surface.PutPenWidth(kPenWidth);
+    surface.StartDoc();
+    const QRectF table(kTable.topLeft() * kTwipsPerMillimetre, kTable.size() * kTwipsPerMillimetre);
+    surface.DrawLine(table.left(), table.top(), table.right(), table.top());
+    surface.DrawLine(table.left(), table.bottom(), table.right(), table.bottom());
+    surface.DrawLine(table.left(), table.top(), table.left(), table.bottom());
+    surface.DrawLine(table.right(), table.top(), table.right(), table.bottom());
+    surface.EndDoc();
+  };
+  Show(drawTable, [](PreviewWindow& window) {
+    window.resize(1000, 850);
+    QTest::qWait(50);
+    PageView& view = ViewOf(window);
+    const double ratio = view.devicePixelRatioF();
+    const QImage sheet = view.viewport()->grab(view.SheetRect().toRect()).toImage();
+    ExpectClosedCorners(sheet, view.logicalDpiX() * ratio, kPenWidth);
+  });
 }
 
 }  // namespace

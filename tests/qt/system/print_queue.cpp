@@ -15,6 +15,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kResults = "/var/spool/cups-pdf/qbtd";
+const std::string kAsRoot =
+    "PATH=$PATH:/usr/sbin:/sbin; " + std::string(geteuid() == 0 ? "" : "sudo ");
 
 struct Job {
   int number;
@@ -38,6 +40,19 @@ bool IsActive(int job) {
 
 void PrintQueues::SetUp() {
   ASSERT_EQ(std::system(QBTD_SOURCE_DIR "/scripts/cups-for-tests.sh"), 0);
+}
+
+TemporaryQueue::TemporaryQueue() : name_(UniqueTitle("queue")) {
+  const std::string command = kAsRoot + "lpadmin -p " + name_ +
+                              " -E -v cups-pdf:/qbtd -o printer-is-shared=false"
+                              " -P /usr/share/ppd/cups-pdf/CUPS-PDF_noopt.ppd 2>/dev/null";
+  EXPECT_EQ(std::system(command.c_str()), 0);
+}
+
+void TemporaryQueue::Remove() {
+  if (!isThere_) return;
+  isThere_ = false;
+  EXPECT_EQ(std::system((kAsRoot + "lpadmin -x " + name_).c_str()), 0);
 }
 
 std::string ResultOf(int job) {

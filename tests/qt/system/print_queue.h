@@ -14,6 +14,22 @@ class PrintQueues : public testing::Environment {
   void SetUp() override;
 };
 
+// A queue like QbTd-PDF that is there until Remove(), or as long as this object.
+class TemporaryQueue {
+ public:
+  TemporaryQueue();
+  ~TemporaryQueue() { Remove(); }
+  TemporaryQueue(const TemporaryQueue&) = delete;
+  TemporaryQueue& operator=(const TemporaryQueue&) = delete;
+
+  [[nodiscard]] const std::string& Name() const { return name_; }
+  void Remove();
+
+ private:
+  std::string name_;
+  bool isThere_ = true;
+};
+
 // Waits until a job has left its queue and returns the PDF file that the queue made of it.
 std::string ResultOf(int job);
 

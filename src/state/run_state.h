@@ -2,11 +2,19 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <string>
 
 namespace td {
+
+// The places where the total page count can stand; each holds the last item that was drawn there.
+enum class StampSlot : std::size_t {
+  kColumnHead,  // an item of the column head: the same place on every page, but for AdjuctHeader
+  kFirstPage,   // an item of another band, where the first page drew it
+  kLaterPage,   // the same, where the latest page drew it; in the end that is the last page
+};
 
 // One place on the page where the total page count is written when the document ends.
 struct TotalPageStamp {
@@ -89,8 +97,11 @@ struct RunState {
   std::map<std::string, std::int16_t> BillPages;
 
   bool HasTotalPageStamp = false;
-  double StampCount = 0;  // items met in a run; a record that nothing reads
-  std::array<TotalPageStamp, 3> stamps;
+  double StampCount = 0;                 // items met in a run; a record that nothing reads
+  std::array<TotalPageStamp, 3> stamps;  // by StampSlot
+  [[nodiscard]] TotalPageStamp& Stamp(StampSlot slot) {
+    return stamps[static_cast<std::size_t>(slot)];
+  }
 };
 
 }  // namespace td

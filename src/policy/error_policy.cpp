@@ -1,4 +1,4 @@
-#include "store/error_policy.h"
+#include "policy/error_policy.h"
 
 #include <new>
 

@@ -1,4 +1,4 @@
-// The state that a print request leaves behind for the rest of the component.
+// The state of one request: what the caller asked for, and what the run leaves behind.
 #pragma once
 
 #include <cstdint>
@@ -8,8 +8,6 @@
 
 namespace td {
 
-// One process-wide set of variables: whichever call came last wins, and a later Printer sees what
-// an earlier one left.
 struct PrintContext {
   std::string New_PromptString;           // the database connection text of every query
   RecordsetRef PrintData;                 // the caller's rows; the run moves this cursor
@@ -22,7 +20,5 @@ struct PrintContext {
   bool PrintOk = false;                   // the document was sent to the printer
   std::int16_t PrintBlankRows = 0;        // rows to leave blank; counted down by the run
 };
-
-[[nodiscard]] PrintContext& Context();
 
 }  // namespace td

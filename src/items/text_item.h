@@ -1,0 +1,33 @@
+// The steps that the text items of all bands share.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "items/band.h"
+
+namespace td {
+
+// Current point, font and alignment of a text item.
+void PlaceTextItem(Band& band);
+
+// `caption` and `field` of the item. In the plain window a label that merely repeats the item's
+// name becomes empty.
+void ReadCaption(Band& band);
+void ReadField(Band& band);
+
+// Whether the item asks for an image: its FObjectFieldName is `token`, exactly.
+[[nodiscard]] bool HasToken(Band& band, std::string_view token);
+
+// Whether FAutoSize is set; Null counts as not.
+[[nodiscard]] bool IsAutoSize(Band& band);
+
+// One text box at the item's place; `makeText` and the place are one statement.
+void Box(Band& band, const std::function<std::string()>& makeText);
+
+// One text where the item wants it: a paragraph at the current point if it has FAutoSize, else in
+// its box.
+void WriteFreeOrBoxed(Band& band, const std::function<std::string()>& makeText);
+
+}  // namespace td
