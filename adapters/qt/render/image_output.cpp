@@ -36,12 +36,11 @@ void RemovePagesFrom(const QDir& folder, std::size_t number) {
 void MakeFolder(const std::string& path) {
   std::error_code error;
   std::filesystem::create_directory(path, error);
-  if (!error && !std::filesystem::is_directory(path, error)) {
-    error = std::make_error_code(std::errc::not_a_directory);
-  }
   if (!error) return;
-  throw Failure(kPathNotFound, WithoutLockCharacter("无法建立文件夹“" + path + "”：" +
-                                                    ReasonOf(error.value()) + "。"));
+  const std::string reason =
+      error == std::errc::file_exists ? "这不是一个文件夹" : ReasonOf(error.value());
+  throw Failure(kPathNotFound,
+                WithoutLockCharacter("无法建立文件夹“" + path + "”：" + reason + "。"));
 }
 
 }  // namespace

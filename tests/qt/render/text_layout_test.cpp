@@ -107,8 +107,9 @@ TEST(TextLayout, ALongTextWrapsInReasonableTime) {
   EXPECT_EQ(Lines(LayOut(InBox(text, 2010, true))).size(), 10'000U);
 }
 
-// Lines of a text without blanks, which are all of it, in its order and no wider than the box.
-void ExpectWholeWord(const std::string& word, double width) {
+// The lines of a word are all of it, in its order, and none is wider than the box. A shaped letter
+// may be wider at a line's end than inside the word.
+void ExpectWholeWord(const std::string& word, double width, double tolerance) {
   const auto placed = LayOut(InBox(word, width, true));
   std::string joined;
   double widest = 0;
@@ -117,7 +118,7 @@ void ExpectWholeWord(const std::string& word, double width) {
     widest = std::max(widest, line.width);
   }
   EXPECT_TRUE(joined == word);
-  EXPECT_LE(widest, width + 1);
+  EXPECT_LE(widest, width + tolerance);
   EXPECT_GT(widest, width / 2);
 }
 
@@ -129,11 +130,11 @@ std::string Repeated(const std::string& unit, int times) {
 
 // So long that a search through the whole word for each line would not come to its end.
 TEST(TextLayout, AWordOfMillionsOfLettersBreaksIntoLines) {
-  ExpectWholeWord(Repeated("abc", 800'000), 2010);
+  ExpectWholeWord(Repeated("abc", 800'000), 2010, 1);
 }
 
 TEST(TextLayout, AShapedWordOfManyLettersBreaksIntoLines) {
-  ExpectWholeWord(Repeated("ابت", 200'000), 2010);
+  ExpectWholeWord(Repeated("ابت", 200'000), 2010, 200);
 }
 
 TEST(TextLayout, AShapedTextBreaksInTheSamePlacesWhateverItsLengthIs) {
@@ -150,7 +151,7 @@ TEST(TextLayout, AShapedLineMayBeLongerThanAnyOtherText) {
 }
 
 TEST(TextLayout, BlanksThatDoNotBreakAreNoWorkForEachLetter) {
-  EXPECT_EQ(LayOut(InBox(Repeated("\u00A0", 600'000) + "x", 2010, true)).size(), 2U);
+  EXPECT_EQ(Lines(LayOut(InBox(Repeated("\u00A0", 600'000) + "x", 2010, true))), Texts{"x"});
 }
 
 TEST(TextLayout, TextAtAPointStartsThereIsCentredOnItOrEndsThere) {
