@@ -24,7 +24,7 @@ namespace td {
 class TestFolder {
  public:
   TestFolder() {
-    std::string pattern = testing::TempDir() + "qbtd-files-XXXXXX";
+    std::string pattern = (std::filesystem::path(testing::TempDir()) / "qbtd-files-XXXXXX").string();
     EXPECT_NE(mkdtemp(pattern.data()), nullptr);
     path_ = pattern;
   }
