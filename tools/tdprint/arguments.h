@@ -21,9 +21,9 @@ struct PrintArguments {
   bool preview = false;  // in a window; printed only if its user prints
   // Where the document goes. Without any of them: the printer that the format chooses.
   std::string printer;
-  std::string pdf;   // a file
+  std::string pdf;   // a file; standard output has its path, too
   std::string png;   // a folder
-  std::string html;  // a file
+  std::string html;  // as pdf
 
   bool operator==(const PrintArguments&) const = default;
 };

@@ -6,6 +6,7 @@
 #include "complaint.h"
 #include "component_folder.h"
 #include "desktop/desktop_platform.h"
+#include "document_bounds.h"
 #include "page_document/page_document.h"
 #include "platform/failure.h"
 #include "platform/lock_character.h"
@@ -131,6 +132,7 @@ ExitStatus Print(const PrintArguments& arguments) {
       [&] { return platform.database.Connect(arguments.database) != nullptr; });
   RequireFormat(platform.database, arguments);
   const RecordsetRef rows = OpenRows(platform.database, arguments);
+  RequireFewRows(*rows, arguments.blankRows);
 
   Printer printer(platform);
   printer.PrintBlankRows(arguments.blankRows);

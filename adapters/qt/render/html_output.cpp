@@ -203,7 +203,7 @@ std::string ToHtml(const std::vector<Page>& pages, const std::string& title) {
 }
 
 void WriteHtml(const std::vector<Page>& pages, const std::string& path, const std::string& title) {
-  WriteWholeFile(path, ToHtml(pages, title));
+  WriteFile(path, [&](const ByteSink& sink) { sink(ToHtml(pages, title)); });
 }
 
 }  // namespace td

@@ -4,7 +4,11 @@
 #include <QImage>
 #include <QPainter>
 #include <cmath>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
 
+#include "files/file_error.h"
 #include "platform/failure.h"
 #include "platform/lock_character.h"
 #include "render/outputs.h"
@@ -27,6 +31,16 @@ std::string PagePath(const QDir& folder, std::size_t number) {
 
 void RemovePagesFrom(const QDir& folder, std::size_t number) {
   while (QFile::remove(QString::fromStdString(PagePath(folder, number)))) ++number;
+}
+
+void MakeFolder(const std::string& path) {
+  std::error_code error;
+  std::filesystem::create_directory(path, error);
+  if (!error) return;
+  const std::string reason =
+      error == std::errc::file_exists ? "这不是一个文件夹" : ReasonOf(error.value());
+  throw Failure(kPathNotFound,
+                WithoutLockCharacter("无法建立文件夹“" + path + "”：" + reason + "。"));
 }
 
 }  // namespace
@@ -52,10 +66,7 @@ std::vector<std::string> WritePngPages(const std::vector<Page>& pages, const std
                                        double dotsPerInch) {
   RequirePages(pages);
   const QDir directory(QString::fromStdString(folder));
-  if (!directory.exists() && !QDir().mkdir(directory.path())) {
-    throw Failure(kPathNotFound,
-                  WithoutLockCharacter("文件夹不存在，也无法创建：“" + folder + "”"));
-  }
+  MakeFolder(directory.path().toStdString());
   std::vector<std::string> paths;
   for (const Page& page : pages) {
     QByteArray png;
@@ -63,7 +74,8 @@ std::vector<std::string> WritePngPages(const std::vector<Page>& pages, const std
     buffer.open(QIODevice::WriteOnly);
     RenderPage(page, dotsPerInch).save(&buffer, "PNG");
     paths.push_back(PagePath(directory, paths.size() + 1));
-    WriteWholeFile(paths.back(), png.toStdString());
+    WriteFile(paths.back(),
+              WriterOf(std::string_view(png.constData(), static_cast<std::size_t>(png.size()))));
   }
   RemovePagesFrom(directory, paths.size() + 1);
   return paths;

@@ -41,7 +41,7 @@ std::string ToPdf(const std::vector<Page>& pages, const std::string& title) {
 }
 
 void WritePdf(const std::vector<Page>& pages, const std::string& path, const std::string& title) {
-  WriteWholeFile(path, ToPdf(pages, title));
+  WriteFile(path, [&](const ByteSink& sink) { sink(ToPdf(pages, title)); });
 }
 
 }  // namespace td

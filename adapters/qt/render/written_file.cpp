@@ -1,19 +1,18 @@
 #include "render/written_file.h"
 
-#include <QSaveFile>
-
+#include "files/file_error.h"
+#include "files/output_file.h"
 #include "platform/failure.h"
 #include "platform/lock_character.h"
 
 namespace td {
 
-void WriteWholeFile(const std::string& path, const std::string& bytes) {
-  QSaveFile file(QString::fromStdString(path));
-  const auto size = static_cast<qint64>(bytes.size());
-  if (!file.open(QIODevice::WriteOnly) || file.write(bytes.data(), size) != size ||
-      !file.commit()) {
-    throw Failure(kDeviceIo, WithoutLockCharacter("无法写入文件“" + path + "”：" +
-                                                  file.errorString().toStdString()));
+void WriteFile(const std::string& path, const FileWriter& write) {
+  try {
+    WriteOutput(path, write);
+  } catch (const FileError& error) {
+    throw Failure(kDeviceIo,
+                  WithoutLockCharacter("无法写入文件“" + path + "”：" + error.what() + "。"));
   }
 }
 

@@ -4,12 +4,14 @@
 #include <string>
 #include <vector>
 
+#include "files/written_bytes.h"
 #include "page_document/drawing.h"
 
 namespace td {
 
-// Replaces a file whole or not at all. Fails with kDeviceIo.
-void WriteWholeFile(const std::string& path, const std::string& bytes);
+// Writes a document as WriteOutput does. Fails with kDeviceIo, naming the path and the reason; what
+// `write` throws goes through.
+void WriteFile(const std::string& path, const FileWriter& write);
 
 // Fails with kInvalidCall if there is no page.
 void RequirePages(const std::vector<Page>& pages);

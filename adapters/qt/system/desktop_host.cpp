@@ -95,7 +95,8 @@ void DesktopHost::Export(PageDocument& document, const std::string& file, std::i
     if (folder.empty())
       throw DeviceFailure(kPathNotFound, "找不到用户的文件夹，无法保存导出文件。");
     const std::string name = FileNameOf(file);
-    WritePrivateFile(folder, name, ToHtml(document.Pages(), name));
+    WritePrivateFile(folder, name,
+                     [&](const ByteSink& sink) { sink(ToHtml(document.Pages(), name)); });
   } catch (const Failure& failure) {
     messages_.ShowBox(failure.Description(), kInformationIcon);
   }

@@ -1,10 +1,8 @@
 #include "qt/system/document_printing.h"
 
 #include <QGuiApplication>
-#include <QTemporaryDir>
 
 #include "qt/render/outputs.h"
-#include "qt/system/device_failure.h"
 #include "qt/system/print_job.h"
 
 namespace td {
@@ -27,14 +25,7 @@ std::string Title() {
 
 void PrintPages(const std::vector<Page>& pages, const PaperExtent& sheet,
                 const PrintChoice& choice) {
-  const QTemporaryDir folder;
-  if (!folder.isValid()) {
-    throw DeviceFailure(kDeviceIo,
-                        "无法建立打印用的临时文件夹：" + folder.errorString().toStdString());
-  }
-  const std::string file = folder.filePath(QStringLiteral("job.pdf")).toStdString();
-  WritePdf(pages, file, Title());
-  SubmitPrintJob({choice.printer, Title(), file, sheet, choice.options});
+  SubmitPrintJob({choice.printer, Title(), ToPdf(pages, Title()), sheet, choice.options});
 }
 
 }  // namespace

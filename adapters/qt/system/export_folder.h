@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "files/written_bytes.h"
+
 namespace td {
 
 // Where the export file goes: $QBTDPRINTER_STATE_DIR, else the folder qbtdprinter in
@@ -16,8 +18,8 @@ namespace td {
 // Writes a file into a folder, both for the user alone. The folder is made if it is missing, its
 // parents too. An old file of that name is replaced whole or, when this fails, not at all; a link
 // in its place is replaced, never followed, and a folder that is a link is refused.
-// `name` holds no separator. Fails with kPathNotFound or kDeviceIo.
-void WritePrivateFile(const std::string& folder, const std::string& name,
-                      const std::string& content);
+// `name` holds no separator. Fails with kPathNotFound or kDeviceIo; what `write` throws goes
+// through.
+void WritePrivateFile(const std::string& folder, const std::string& name, const FileWriter& write);
 
 }  // namespace td

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -48,7 +49,7 @@ class Variable {
 TEST(PrivateFile, LiesInAFolderThatIsMadeForTheUserAlone) {
   const Folder folder;
   const std::string state = folder.Path("state/deep/qbtdprinter");
-  WritePrivateFile(state, "订单.html", "text");
+  WritePrivateFile(state, "订单.html", WriterOf("text"));
   EXPECT_EQ(ReadFile(state + "/订单.html"), "text");
   EXPECT_EQ(ModeOf(state), 0700);
   EXPECT_EQ(ModeOf(state + "/订单.html"), 0600);
@@ -59,7 +60,7 @@ TEST(PrivateFile, ReplacesAnOldFileAndTakesItsRightsAway) {
   const Folder folder;
   Write(folder.Path("订单.html"), "a much longer old text");
   fs::permissions(folder.Path("订单.html"), fs::perms(0666));
-  WritePrivateFile(folder.Path(""), "订单.html", "new");
+  WritePrivateFile(folder.Path(""), "订单.html", WriterOf("new"));
   EXPECT_EQ(ReadFile(folder.Path("订单.html")), "new");
   EXPECT_EQ(ModeOf(folder.Path("订单.html")), 0600);
 }
@@ -68,7 +69,7 @@ TEST(PrivateFile, ReplacesALinkAndLeavesItsTargetAlone) {
   const Folder folder;
   Write(folder.Path("precious"), "untouched");
   fs::create_symlink(folder.Path("precious"), folder.Path("订单.html"));
-  WritePrivateFile(folder.Path(""), "订单.html", "new");
+  WritePrivateFile(folder.Path(""), "订单.html", WriterOf("new"));
   EXPECT_EQ(ReadFile(folder.Path("precious")), "untouched");
   EXPECT_FALSE(fs::is_symlink(folder.Path("订单.html")));
   EXPECT_EQ(ReadFile(folder.Path("订单.html")), "new");
@@ -78,23 +79,45 @@ TEST(PrivateFile, RefusesAFolderThatIsALink) {
   const Folder folder;
   fs::create_directory(folder.Path("elsewhere"));
   fs::create_symlink(folder.Path("elsewhere"), folder.Path("state"));
-  EXPECT_EQ(NumberOf([&] { WritePrivateFile(folder.Path("state"), "订单.html", "x"); }),
+  EXPECT_EQ(NumberOf([&] { WritePrivateFile(folder.Path("state"), "订单.html", WriterOf("x")); }),
             kPathNotFound);
   EXPECT_TRUE(fs::is_empty(folder.Path("elsewhere")));
+}
+
+TEST(PrivateFile, LeavesTheFileOfAProcessWithTheSameNumberAlone) {
+  const Folder folder;
+  const std::string other = folder.Path(".订单.html." + std::to_string(getpid()));
+  Write(other, "still being written");
+  WritePrivateFile(folder.Path(""), "订单.html", WriterOf("x"));
+  EXPECT_EQ(ReadFile(other), "still being written");
+}
+
+TEST(PrivateFile, LeavesTheOldFileWhenTheNewOneCannotBeMade) {
+  const Folder folder;
+  Write(folder.Path("订单.html"), "old");
+  const auto half = [](const ByteSink& sink) {
+    sink("half of a page");
+    throw Failure(kOutOfMemory, "no more");
+  };
+  EXPECT_EQ(NumberOf([&] { WritePrivateFile(folder.Path(""), "订单.html", half); }), kOutOfMemory);
+  EXPECT_EQ(ReadFile(folder.Path("订单.html")), "old");
+  EXPECT_EQ(EntriesIn(folder.Path("")), 1U);
 }
 
 TEST(PrivateFile, LeavesNothingBehindWhenItCannotTakeItsName) {
   const Folder folder;
   fs::create_directories(folder.Path("订单.html/full"));
-  EXPECT_EQ(NumberOf([&] { WritePrivateFile(folder.Path(""), "订单.html", "x"); }), kDeviceIo);
+  EXPECT_EQ(NumberOf([&] { WritePrivateFile(folder.Path(""), "订单.html", WriterOf("x")); }),
+            kDeviceIo);
   EXPECT_EQ(EntriesIn(folder.Path("")), 1U);
 }
 
 TEST(PrivateFile, FailsBelowAFile) {
   const Folder folder;
   Write(folder.Path("file"), "x");
-  EXPECT_EQ(NumberOf([&] { WritePrivateFile(folder.Path("file/state"), "订单.html", "x"); }),
-            kPathNotFound);
+  EXPECT_EQ(
+      NumberOf([&] { WritePrivateFile(folder.Path("file/state"), "订单.html", WriterOf("x")); }),
+      kPathNotFound);
 }
 
 TEST(ExportName, IsTheLastPartOfAPathOfAnySystem) {
