@@ -53,6 +53,10 @@ Platform& DesktopPlatform::Get() {
   return parts_->platform;
 }
 
+RecordsetRef DesktopPlatform::OpenReadOnly(const std::string& connection, const std::string& sql) {
+  return parts_->databases.OpenReadOnly(connection, sql);
+}
+
 bool DesktopPlatform::HasDisplay() const {
   return HasWindowSystem();
 }

@@ -68,6 +68,11 @@ class DesktopPlatform {
   // Good as long as this object lives.
   [[nodiscard]] Platform& Get();
 
+  // The rows of a query that somebody else wrote, to be printed. A statement that would change
+  // anything, or that is no query, fails with kDatabaseFailed and has changed nothing. On SQL
+  // Server and engines other than SQLite, PostgreSQL and MariaDB the words of the statement decide.
+  [[nodiscard]] RecordsetRef OpenReadOnly(const std::string& connection, const std::string& sql);
+
   // Whether windows can be shown: previews and dialogs fail without a display.
   [[nodiscard]] bool HasDisplay() const;
 

@@ -65,6 +65,20 @@ void RequireFormat(Database& database, const PrintArguments& arguments) {
                                                     arguments.format));
 }
 
+// What has become of the bills when a step fails.
+std::string NothingDone(const PrintArguments& arguments) {
+  return arguments.preview ? "not shown" : "not printed";
+}
+
+bool HasColumn(Recordset& rows, std::string_view column) {
+  try {
+    (void)rows.Field(column);
+    return true;
+  } catch (const Failure& failure) {
+    return failure.Number() != kNoSuchColumn;
+  }
+}
+
 bool GoesToFiles(const PrintArguments& arguments) {
   return !arguments.pdf.empty() || !arguments.png.empty() || !arguments.html.empty();
 }
@@ -103,13 +117,18 @@ DesktopOptions OptionsFor(const PrintArguments& arguments, const ComponentFolder
   return options;
 }
 
-// The rows that the data statement delivers.
-RecordsetRef OpenRows(Database& database, const PrintArguments& arguments) {
-  return Try("the rows can't be read", [&] {
-    RecordsetRef opened = database.OpenQuery(arguments.database, arguments.data);
-    (void)opened->Eof();  // fails for a statement that delivers no rows at all
-    return opened;
-  });
+// The rows that the data statement delivers, of which there is one at least.
+RecordsetRef OpenRows(DesktopPlatform& desktop, const PrintArguments& arguments) {
+  RecordsetRef rows = Try("the rows can't be read",
+                          [&] { return desktop.OpenReadOnly(arguments.database, arguments.data); });
+  if (!HasColumn(*rows, "FInterID")) {
+    throw StepFailure(NothingDone(arguments),
+                      Failure(kNoSuchColumn, "the rows have no column FInterID"));
+  }
+  if (rows->Eof()) {
+    throw StepFailure(NothingDone(arguments), Failure(kNothingToPrint, "the query gave no row"));
+  }
+  return rows;
 }
 
 ExitStatus Print(const PrintArguments& arguments) {
@@ -125,7 +144,7 @@ ExitStatus Print(const PrintArguments& arguments) {
   Try("the database can't be opened",
       [&] { return platform.database.Connect(arguments.database) != nullptr; });
   RequireFormat(platform.database, arguments);
-  const RecordsetRef rows = OpenRows(platform.database, arguments);
+  const RecordsetRef rows = OpenRows(desktop, arguments);
 
   Printer printer(platform);
   printer.PrintBlankRows(arguments.blankRows);
@@ -136,7 +155,7 @@ ExitStatus Print(const PrintArguments& arguments) {
   const bool isDone = arguments.preview ? outcome.hasPages : printer.PrintOk() && outcome.delivered;
   if (!isDone) {
     if (desktop.MessagesShown() == 0) {
-      Complain(arguments.preview ? "not shown" : "not printed", "the run ended without a message");
+      Complain(NothingDone(arguments), "the run ended without a message");
     }
     return ExitStatus::kNotPrinted;
   }
