@@ -25,8 +25,9 @@ std::string Title() {
   return name.isEmpty() ? "QbTdPrinter" : name.toStdString();
 }
 
-void PrintPages(const std::vector<Page>& pages, const PaperExtent& sheet,
-                const PrintChoice& choice) {
+// Returns the job's number.
+int PrintPages(const std::vector<Page>& pages, const PaperExtent& sheet,
+               const PrintChoice& choice) {
   const QTemporaryDir folder;
   if (!folder.isValid()) {
     throw DeviceFailure(kDeviceIo,
@@ -34,7 +35,7 @@ void PrintPages(const std::vector<Page>& pages, const PaperExtent& sheet,
   }
   const std::string file = folder.filePath(QStringLiteral("job.pdf")).toStdString();
   WritePdf(pages, file, Title());
-  SubmitPrintJob({choice.printer, Title(), file, sheet, choice.options});
+  return SubmitPrintJob({choice.printer, Title(), file, sheet, choice.options});
 }
 
 }  // namespace
@@ -45,7 +46,7 @@ PaperExtent SheetOf(const Page& page, PageDocument& document) {
   return isTurned ? PaperExtent{page.height, page.width} : PaperExtent{page.width, page.height};
 }
 
-void PrintDocument(PageDocument& document, const PrintChoice& choice) {
+void PrintDocument(PageDocument& document, const PrintChoice& choice, std::vector<int>* jobs) {
   const std::vector<Page> pages = ChosenPages(document, choice.pages);
   if (!choice.pdfFile.empty()) {
     WritePdf(pages, choice.pdfFile, Title());
@@ -55,7 +56,8 @@ void PrintDocument(PageDocument& document, const PrintChoice& choice) {
     const PaperExtent sheet = SheetOf(*first, document);
     auto last = first;
     while (last != pages.end() && SheetOf(*last, document) == sheet) ++last;
-    PrintPages({first, last}, sheet, choice);
+    const int job = PrintPages({first, last}, sheet, choice);
+    if (jobs != nullptr) jobs->push_back(job);
     first = last;
   }
 }

@@ -10,8 +10,10 @@
 namespace td {
 
 // Sends the chosen pages to the chosen printer or file. Pages on different sheets become jobs of
-// their own, in the document's order. Fails as WritePdf and SubmitPrintJob do.
-void PrintDocument(PageDocument& document, const PrintChoice& choice);
+// their own, in the document's order, whose numbers are added to `jobs`, if there is one, as each
+// is taken. Fails as WritePdf and SubmitPrintJob do.
+void PrintDocument(PageDocument& document, const PrintChoice& choice,
+                   std::vector<int>* jobs = nullptr);
 
 // How the sheets of a page are fed: a page that is wide because the document's paper lies in
 // landscape is fed upright. Twips.

@@ -4,6 +4,8 @@
 #include <functional>
 #include <string>
 
+#include "qt/system/document_outcome.h"
+
 namespace td {
 
 class PageDocument;
@@ -19,6 +21,8 @@ struct FrameSettings {
   std::function<void(int page)> onPage;
   // Called when a document has gone to its printer, or to the sink, if it is set.
   std::function<void()> onPrinted;
+  // Told what becomes of each document, if there is one; outlives the frames.
+  DocumentOutcome* outcome = nullptr;
 };
 
 }  // namespace td
