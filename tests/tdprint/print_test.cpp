@@ -299,6 +299,7 @@ TEST_F(TdprintProgram, TheDemoPrintsEveryBillOfTheSample) {
   EXPECT_EQ(result.status, 0) << result.err;
   EXPECT_TRUE(fs::exists(out / "sample.db"));
   EXPECT_NE(result.out.find(out.string() + ":"), std::string::npos) << "says where it all is";
+  EXPECT_EQ(result.out.find("rinter"), std::string::npos) << "no printer was asked for";
   int documents = 0;
   for (const fs::directory_entry& entry : fs::directory_iterator(out)) {
     if (entry.path().extension() != ".pdf") continue;
@@ -309,6 +310,13 @@ TEST_F(TdprintProgram, TheDemoPrintsEveryBillOfTheSample) {
     EXPECT_TRUE(fs::exists(file.replace_extension() / "page-001.png")) << file;
   }
   EXPECT_GE(documents, 3);
+}
+
+TEST_F(TdprintProgram, TheDemoPrintsOnAPrinterOnlyWhenItIsNamed) {
+  const ProgramResult result = Run({TDPRINT_PROGRAM, "demo", "--out", (folder_ / "demo").string(),
+                                    "--samples", QBTD_SOURCE_DIR "/examples", "--printer", "Dot"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_NE(result.err.find("Dot"), std::string::npos) << result.err;
 }
 
 TEST_F(TdprintProgram, ADialogThatCannotBeShownIsRefusedInOneLine) {

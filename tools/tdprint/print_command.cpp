@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <variant>
 
 #include "complaint.h"
 #include "component_folder.h"
@@ -47,24 +48,6 @@ std::string QuotedText(const std::string& text) {
   return quoted + "'";
 }
 
-void RequireFormat(Database& database, const PrintArguments& arguments) {
-  const std::string condition =
-      arguments.format.empty() ? "FSelected=1" : "FTDBillName=" + QuotedText(arguments.format);
-  const std::string billType = std::to_string(arguments.billType);
-  const bool registered = Try("the registered formats can't be read", [&] {
-    return !database
-                .OpenQuery(arguments.database, "select FTDBillName from TDBill where FTranType=" +
-                                                   billType + " and " + condition)
-                ->Eof();
-  });
-  if (registered) return;
-  throw StepFailure("not printed",
-                    Failure(kInvalidCall, arguments.format.empty()
-                                              ? "bill type " + billType + " has no selected format"
-                                              : "bill type " + billType + " has no format named " +
-                                                    arguments.format));
-}
-
 // What has become of the bills when a step fails.
 std::string NothingDone(const PrintArguments& arguments) {
   return arguments.preview ? "not shown" : "not printed";
@@ -77,6 +60,30 @@ bool HasColumn(Recordset& rows, std::string_view column) {
   } catch (const Failure& failure) {
     return failure.Number() != kNoSuchColumn;
   }
+}
+
+// The text of a column, empty if it is Null or missing.
+std::string TextOrNothing(Recordset& rows, std::string_view column) {
+  if (!HasColumn(rows, column)) return {};
+  const auto* text = std::get_if<std::string>(&rows.Field(column));
+  return text == nullptr ? std::string() : *text;
+}
+
+// Fails if there is no such format. Returns the printer that it prefers, or nothing.
+std::string RequireFormat(Database& database, const PrintArguments& arguments) {
+  const std::string condition =
+      arguments.format.empty() ? "FSelected=1" : "FTDBillName=" + QuotedText(arguments.format);
+  const std::string billType = std::to_string(arguments.billType);
+  const RecordsetRef format = Try("the registered formats can't be read", [&] {
+    return database.OpenQuery(arguments.database, "select * from TDBill where " + condition +
+                                                      " and FTranType=" + billType);
+  });
+  if (!format->Eof()) return TextOrNothing(*format, "FPrintDevice");
+  throw StepFailure("not printed",
+                    Failure(kInvalidCall, arguments.format.empty()
+                                              ? "bill type " + billType + " has no selected format"
+                                              : "bill type " + billType + " has no format named " +
+                                                    arguments.format));
 }
 
 bool GoesToFiles(const PrintArguments& arguments) {
@@ -94,23 +101,13 @@ void WriteFiles(const PageDocument& document, const PrintArguments& arguments) {
   if (!arguments.html.empty()) WriteHtml(pages, arguments.html, Title(arguments));
 }
 
-// What became of the document, as the platform tells it.
-struct Outcome {
-  bool hasPages = false;
-  bool delivered = false;  // to the printer or into the files
-};
-
 DesktopOptions OptionsFor(const PrintArguments& arguments, const ComponentFolder& folder,
-                          Progress& progress, Outcome& outcome) {
+                          Progress& progress) {
   DesktopOptions options;
   options.printer = arguments.printer;
   if (!arguments.preview) options.messages = MessageMode::kStandardError;
   options.componentFolder = folder.Path();
-  options.onPage = [&](int page) {
-    progress.PageFinished(page);
-    outcome.hasPages = true;
-  };
-  options.onPrinted = [&outcome] { outcome.delivered = true; };
+  options.onPage = [&](int page) { progress.PageFinished(page); };
   if (GoesToFiles(arguments)) {
     options.documentSink = [&](const PageDocument& document) { WriteFiles(document, arguments); };
   }
@@ -131,11 +128,19 @@ RecordsetRef OpenRows(DesktopPlatform& desktop, const PrintArguments& arguments)
   return rows;
 }
 
+// The run passes over a preferred printer that isn't installed without a word.
+void TellOfAnotherPrinter(const DesktopPlatform& desktop, const PrintArguments& arguments,
+                          const std::string& preferred) {
+  const std::string used = desktop.LastDocument().printer;
+  if (preferred.empty() || used.empty() || used == preferred || !arguments.printer.empty()) return;
+  if (desktop.HasPrinter(preferred)) return;
+  Complain("printed on " + used, "the format asks for " + preferred + ", which isn't installed");
+}
+
 ExitStatus Print(const PrintArguments& arguments) {
   const ComponentFolder folder;
   Progress progress;
-  Outcome outcome;
-  DesktopPlatform desktop(OptionsFor(arguments, folder, progress, outcome));
+  DesktopPlatform desktop(OptionsFor(arguments, folder, progress));
   if (arguments.preview && !desktop.HasDisplay()) {
     Complain("not shown", "there is no display");
     return ExitStatus::kNotPrinted;
@@ -143,7 +148,7 @@ ExitStatus Print(const PrintArguments& arguments) {
   Platform& platform = desktop.Get();
   Try("the database can't be opened",
       [&] { return platform.database.Connect(arguments.database) != nullptr; });
-  RequireFormat(platform.database, arguments);
+  const std::string preferredPrinter = RequireFormat(platform.database, arguments);
   const RecordsetRef rows = OpenRows(desktop, arguments);
 
   Printer printer(platform);
@@ -152,13 +157,16 @@ ExitStatus Print(const PrintArguments& arguments) {
   (printer.*print)(!arguments.preview, arguments.database, arguments.billType,
                    arguments.onlyVariant, false, progress.Watch(rows), arguments.format, nullptr);
 
-  const bool isDone = arguments.preview ? outcome.hasPages : printer.PrintOk() && outcome.delivered;
+  const DocumentOutcome outcome = desktop.LastDocument();
+  const bool isDone =
+      arguments.preview ? outcome.pages > 0 : printer.PrintOk() && outcome.IsDelivered();
   if (!isDone) {
     if (desktop.MessagesShown() == 0) {
       Complain(NothingDone(arguments), "the run ended without a message");
     }
     return ExitStatus::kNotPrinted;
   }
+  TellOfAnotherPrinter(desktop, arguments, preferredPrinter);
   return desktop.MessagesShown() == 0 ? ExitStatus::kPrinted : ExitStatus::kPrintedWithMessages;
 }
 
