@@ -33,7 +33,7 @@ Databases::Databases() {
 
 Databases::~Databases() = default;
 
-Database& Databases::EngineFor(const std::string& connection) {
+ReadOnlyDatabase& Databases::EngineFor(const std::string& connection) {
   const auto engine = std::ranges::find_if(
       engines_, [&](const Engine& candidate) { return candidate.serves(connection); });
   return *engine->database;
@@ -42,6 +42,10 @@ Database& Databases::EngineFor(const std::string& connection) {
 RecordsetRef Databases::OpenQuery(const std::string& connection, const std::string& sql,
                                   CursorType cursor, LockType lock) {
   return EngineFor(connection).OpenQuery(connection, sql, cursor, lock);
+}
+
+RecordsetRef Databases::OpenReadOnly(const std::string& connection, const std::string& sql) {
+  return EngineFor(connection).OpenReadOnly(connection, sql);
 }
 
 std::unique_ptr<Connection> Databases::Connect(const std::string& connection) {

@@ -118,6 +118,12 @@ TEST(TdprintArguments, AskingForHelpIsNoError) {
   EXPECT_NE(help.find("Exit status:"), std::string::npos);
 }
 
+TEST(TdprintArguments, TheVersionIsThatOfTheProject) {
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(Parse({"--version"}), Command(ExitStatus::kPrinted));
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "tdprint " QBTD_VERSION "\n");
+}
+
 TEST(TdprintArguments, DemoWritesIntoOutUnlessToldOtherwise) {
   EXPECT_EQ(std::get<DemoArguments>(Parse({"demo"})).out, "out");
   EXPECT_EQ(std::get<DemoArguments>(Parse({"demo", "--out", "there"})).out, "there");

@@ -142,7 +142,7 @@ void DescribeDemo(CLI::App& command, DemoArguments& arguments) {
   DescribeSamples(command, arguments.samples);
   command
       .add_option("--printer", arguments.printer,
-                  "Printer for one job (without it: the default printer, or the first one)")
+                  "Printer to send one of the bills to, too (without it: files only)")
       ->check(RefuseEmpty)
       ->type_name("NAME");
   command.footer(kExitStatusText);
@@ -154,7 +154,7 @@ void DescribeSampleSql(CLI::App& command, SampleSqlArguments& arguments) {
       ->check(CLI::IsMember({"sqlite", "postgresql", "mariadb", "sqlserver"}))
       ->type_name("NAME");
   command.add_flag("--only-schema", arguments.onlySchema,
-                   "Only the tables, indexes and views, without rows");
+                   "Only the tables that the component uses, and their indexes, without rows");
   DescribeSamples(command, arguments.samples);
   command.add_option("--out", arguments.out, "A file (without it: standard output)")
       ->check(RefuseEmpty)
@@ -190,6 +190,7 @@ Command ParseArguments(int argc, const char* const* argv) {
       "Prints bills through the overlay formats that a database holds, and sets the formats up.",
       "tdprint");
   app.require_subcommand(1);
+  app.set_version_flag("--version", "tdprint " TDPRINT_VERSION);
   app.footer(std::string(kExamples) + "\n" + kExitStatusText);
 
   PrintArguments print;

@@ -31,7 +31,7 @@ struct PrintArguments {
 struct DemoArguments {
   std::string out = "out";
   std::string samples;  // folder of the sample's SQL files; empty: where they were installed
-  std::string printer;  // empty: the default printer, or the first one
+  std::string printer;  // for one job more; empty: none is sent
 
   bool operator==(const DemoArguments&) const = default;
 };

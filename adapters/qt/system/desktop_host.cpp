@@ -48,9 +48,23 @@ std::string DesktopHost::PrinterOf(PageDocument& document) const {
 }
 
 void DesktopHost::Print(PageDocument& document, bool withDialog) {
+  DocumentOutcome untold;
+  DocumentOutcome& outcome = settings_.outcome != nullptr ? *settings_.outcome : untold;
+  BeginOutcome(outcome, document.PageCount());
+  try {
+    Deliver(document, withDialog, outcome);
+  } catch (const std::exception& failure) {
+    outcome.delivery = Delivery::kRefused;
+    outcome.reason = failure.what();
+    throw;
+  }
+  if (outcome.IsDelivered() && settings_.onPrinted) settings_.onPrinted();
+}
+
+void DesktopHost::Deliver(PageDocument& document, bool withDialog, DocumentOutcome& outcome) {
   if (settings_.documentSink) {
     settings_.documentSink(document);
-    TellPrinted();
+    outcome.delivery = Delivery::kSink;
     return;
   }
   PrintChoice choice;
@@ -63,15 +77,16 @@ void DesktopHost::Print(PageDocument& document, bool withDialog) {
       throw DeviceFailure(kInvalidCall, "没有可用的显示，无法打开打印对话框。");
     }
     const auto answer = AskForPrinter(choice.printer, document.PageCount(), viewer_.window);
-    if (!answer) return;
+    if (!answer) {
+      outcome.delivery = Delivery::kCancelled;
+      return;
+    }
     choice = *answer;
   }
-  PrintDocument(document, choice);
-  TellPrinted();
-}
-
-void DesktopHost::TellPrinted() const {
-  if (settings_.onPrinted) settings_.onPrinted();
+  const bool isForFile = !choice.pdfFile.empty();
+  if (!isForFile) outcome.printer = choice.printer;
+  PrintDocument(document, choice, &outcome.jobs);
+  outcome.delivery = isForFile ? Delivery::kFile : Delivery::kPrinter;
 }
 
 bool DesktopHost::ShowPageSetup(PageDocument& document) {

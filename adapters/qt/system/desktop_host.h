@@ -54,7 +54,7 @@ class DesktopHost : public DocumentHost {
 
  private:
   [[nodiscard]] std::string PrinterOf(PageDocument& document) const;
-  void TellPrinted() const;
+  void Deliver(PageDocument& document, bool withDialog, DocumentOutcome& outcome);
 
   const FrameSettings& settings_;
   Messages& messages_;

@@ -23,14 +23,17 @@ std::string Title() {
   return name.isEmpty() ? "QbTdPrinter" : name.toStdString();
 }
 
-void PrintPages(const std::vector<Page>& pages, const PaperExtent& sheet,
-                const PrintChoice& choice) {
-  SubmitPrintJob({choice.printer, Title(), ToPdf(pages, Title()), sheet, choice.options});
+// Returns the job's number.
+int PrintPages(const std::vector<Page>& pages, const PaperExtent& sheet,
+               const PrintChoice& choice) {
+  return SubmitPrintJob(
+      {choice.printer, Title(), ToPdf(pages, Title()), sheet, choice.options});
 }
 
 }  // namespace
 
-void PrintDocument(const PageDocument& document, const PrintChoice& choice) {
+void PrintDocument(const PageDocument& document, const PrintChoice& choice,
+                   std::vector<int>* jobs) {
   const std::vector<Page> pages = ChosenPages(document, choice.pages);
   if (!choice.pdfFile.empty()) {
     WritePdf(pages, choice.pdfFile, Title());
@@ -40,7 +43,8 @@ void PrintDocument(const PageDocument& document, const PrintChoice& choice) {
     const PaperExtent sheet = first->Sheet();
     auto last = first;
     while (last != pages.end() && last->Sheet() == sheet) ++last;
-    PrintPages({first, last}, sheet, choice);
+    const int job = PrintPages({first, last}, sheet, choice);
+    if (jobs != nullptr) jobs->push_back(job);
     first = last;
   }
 }

@@ -65,8 +65,12 @@ class PrintDialog : public testing::Test {
 };
 
 TEST_F(PrintDialog, PrintsOnTheExactSheetWhenItIsConfirmed) {
+  DocumentOutcome outcome;
+  settings_.outcome = &outcome;
   PrintAndAnswer(QDialogButtonBox::Ok);
   ASSERT_EQ(Jobs().size(), 1U);
+  EXPECT_EQ(outcome.jobs, Jobs());
+  EXPECT_EQ(outcome.printer, "QbTd-PDF");
   const std::vector<Sheet> sheets = SheetsOf(ResultOf(Jobs()[0]));
   ASSERT_EQ(sheets.size(), 2U);
   EXPECT_NEAR(sheets[0].width, 241, kTolerance);
@@ -74,8 +78,12 @@ TEST_F(PrintDialog, PrintsOnTheExactSheetWhenItIsConfirmed) {
 }
 
 TEST_F(PrintDialog, PrintsNothingAndFailsNothingWhenItIsCancelled) {
+  DocumentOutcome outcome;
+  settings_.outcome = &outcome;
   PrintAndAnswer(QDialogButtonBox::Cancel);
   EXPECT_TRUE(Jobs().empty());
+  EXPECT_EQ(outcome.delivery, Delivery::kCancelled);
+  EXPECT_EQ(outcome.pages, 2);
 }
 
 // Opens the page setup, and confirms it after `change` of the list of printers.
