@@ -29,7 +29,7 @@ class PageSetup : public testing::Test {
 
   void Open() { Open(document_.Device()); }
   void Open(const std::string& printer) {
-    dialog_ = std::make_unique<PageSetupDialog>(document_, printer, nullptr);
+    dialog_ = std::make_unique<PageSetupDialog>(document_, printer, ownSheets_, nullptr);
   }
   QComboBox& Printers() { return *dialog_->findChildren<QComboBox*>()[0]; }
   QComboBox& Papers() { return *dialog_->findChildren<QComboBox*>()[1]; }
@@ -48,6 +48,7 @@ class PageSetup : public testing::Test {
   MessageBoxes messages_{false};
   TwoPrinters host_{settings_, messages_};
   PageDocument document_{host_};
+  OwnSheets ownSheets_;
   std::unique_ptr<PageSetupDialog> dialog_;
 };
 
@@ -173,7 +174,7 @@ TEST_F(PageSetup, DoesNotChooseAPrinterInThePlaceOfOneThatHasGone) {
 TEST_F(PageSetup, WithoutPrintersOffersNone) {
   DesktopHost host(settings_, messages_);  // the tests' printing system can't be reached
   PageDocument document(host);
-  PageSetupDialog dialog(document, document.Device(), nullptr);
+  PageSetupDialog dialog(document, document.Device(), {}, nullptr);
   const auto* printers = dialog.findChildren<QComboBox*>()[0];
   EXPECT_FALSE(printers->isEnabled());
   EXPECT_EQ(printers->count(), 0);
