@@ -3,7 +3,6 @@
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QEvent>
-#include <QTimer>
 #include <QWidget>
 #include <utility>
 
@@ -40,6 +39,8 @@ const QWidget* WidgetOf(const QObject* object) {
 // learns of buttons that are let go.
 HeldInput::HeldInput(QWidget& window) : QObject(&window), window_(window) {
   qApp->installEventFilter(this);
+  delivery_.setSingleShot(true);
+  connect(&delivery_, &QTimer::timeout, this, [this] { DeliverNext(); });
 }
 
 void HeldInput::TakePending() {
@@ -76,7 +77,7 @@ bool HeldInput::IsForNothing(const QObject* receiver) const {
 }
 
 void HeldInput::Hold(QObject* receiver, const QEvent& event) {
-  if (held_.empty()) QTimer::singleShot(0, this, [this] { DeliverNext(); });
+  if (held_.empty()) delivery_.start(0);
   held_.push_back({receiver, std::unique_ptr<QEvent>(event.clone())});
 }
 
@@ -88,7 +89,7 @@ void HeldInput::DeliverNext() {
   if (held_.empty()) return;
   const Input next = std::move(held_.front());
   held_.pop_front();
-  if (!held_.empty()) QTimer::singleShot(0, this, [this] { DeliverNext(); });
+  if (!held_.empty()) delivery_.start(0);
   if (next.receiver.isNull()) return;
   const bool wasDelivering = std::exchange(isDelivering_, true);
   QCoreApplication::sendEvent(next.receiver, next.event.get());

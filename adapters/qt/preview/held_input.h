@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 #include <deque>
 #include <memory>
 
@@ -42,6 +43,7 @@ class HeldInput : public QObject {
   const QWidget& window_;
   const QObject* dropped_ = nullptr;
   std::deque<Input> held_;
+  QTimer delivery_;  // when the event loop has control
   bool isTaking_ = false;
   bool isDelivering_ = false;
 };

@@ -241,7 +241,7 @@ bool PreviewWindow::eventFilter(QObject* receiver, QEvent* event) {
 
 // What the part with the focus has no use for.
 void PreviewWindow::keyPressEvent(QKeyEvent* event) {
-  if (PageView::Knows(*event) && !view_->hasFocus()) {
+  if (PageView::Knows(*event)) {
     QCoreApplication::sendEvent(view_, event);
   } else {
     QWidget::keyPressEvent(event);
