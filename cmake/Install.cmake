@@ -1,4 +1,4 @@
-# Installs the libraries, the module, the public headers, the tools' sample and a package that
+# Installs the libraries, the module, the public headers, the tools' sample, the docs and a package that
 # another project finds with find_package(QbTdPrinter) and links as QbTdPrinter::desktop or ::logic,
 # or, if it loads the module, as QbTdPrinter::client or ::recordsets.
 include(CMakePackageConfigHelpers)
@@ -41,7 +41,24 @@ endforeach()
 install(DIRECTORY server/python/ DESTINATION ${CMAKE_INSTALL_DATADIR}/qbtdprinter/python
   FILES_MATCHING PATTERN "*.py")
 install(DIRECTORY examples/ USE_SOURCE_PERMISSIONS DESTINATION ${CMAKE_INSTALL_DATADIR}/qbtdprinter/examples)
+
+# The docs keep the places that they have here, so that their links hold; what lies elsewhere after
+# the installation is reached by links of the file system.
 install(FILES LICENSE README.md README.zh-CN.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(PROGRAMS scripts/install-packages.sh DESTINATION ${CMAKE_INSTALL_DOCDIR}/scripts)
+function(qbtd_link_in_docs link target)
+  get_filename_component(folder ${CMAKE_INSTALL_FULL_DOCDIR}/${link} DIRECTORY)
+  file(RELATIVE_PATH way ${folder} ${target})
+  install(CODE "
+    set(link \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_DOCDIR}/${link}\")
+    get_filename_component(folder \"\${link}\" DIRECTORY)
+    file(MAKE_DIRECTORY \"\${folder}\")
+    file(CREATE_LINK \"${way}\" \"\${link}\" SYMBOLIC)")
+endfunction()
+qbtd_link_in_docs(examples ${CMAKE_INSTALL_FULL_DATADIR}/qbtdprinter/examples)
+qbtd_link_in_docs(server/python ${CMAKE_INSTALL_FULL_DATADIR}/qbtdprinter/python)
+qbtd_link_in_docs(server/interface ${CMAKE_INSTALL_FULL_INCLUDEDIR}/qbtdprinter/interface)
 
 configure_package_config_file(cmake/QbTdPrinterConfig.cmake.in
   ${PROJECT_BINARY_DIR}/QbTdPrinterConfig.cmake INSTALL_DESTINATION ${package_folder})

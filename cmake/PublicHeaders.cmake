@@ -9,6 +9,7 @@ set(qbtd_public_headers
   adapters/page_document/page_document.h
   adapters/page_document/paper.h
   adapters/qt/render/outputs.h
+  adapters/qt/system/document_outcome.h
   server/client/client.h
   server/client/recordsets.h
   server/interface/binary_interface.h

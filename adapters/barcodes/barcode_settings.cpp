@@ -1,16 +1,25 @@
 #include "barcodes/barcode_settings.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
 #include <cstdlib>
-#include <fstream>
+#include <sstream>
 #include <string_view>
 
 #include "barcodes/code_symbol.h"
+#include "files/descriptor.h"
+#include "files/file_error.h"
+#include "files/read_file.h"
 #include "platform/failure.h"
+#include "platform/lock_character.h"
 
 namespace td {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r";
+constexpr std::size_t kLargestFile = 65536;
 
 std::string_view Trimmed(std::string_view text) {
   const std::size_t first = text.find_first_not_of(kBlanks);
@@ -59,6 +68,20 @@ bool ApplyLine(std::string_view line, BarcodeSettings& settings) {
          Apply(Trimmed(content.substr(0, sign)), Trimmed(content.substr(sign + 1)), settings);
 }
 
+// Empty where there is no file, or none that could be seen.
+std::string ContentOf(const std::filesystem::path& file) {
+  try {
+    const Descriptor opened(open(file.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (opened.IsOpen()) return ReadRegularFile(opened, kLargestFile);
+    const int error = errno;
+    if (access(file.c_str(), F_OK) != 0) return {};
+    throw FileError(error);
+  } catch (const FileError& error) {
+    throw Failure(kInvalidCall, WithoutLockCharacter("无法读取条码设置文件“" + file.string() +
+                                                     "”：" + error.what() + "。"));
+  }
+}
+
 }  // namespace
 
 std::filesystem::path BarcodeSettingsFile() {
@@ -77,9 +100,9 @@ std::filesystem::path BarcodeSettingsFile() {
 
 BarcodeSettings ReadBarcodeSettings(const std::filesystem::path& file) {
   BarcodeSettings settings;
-  std::ifstream stream(file);
+  std::istringstream lines(ContentOf(file));
   std::string line;
-  for (int number = 1; std::getline(stream, line); ++number) {
+  for (int number = 1; std::getline(lines, line); ++number) {
     if (!ApplyLine(line, settings)) {
       throw Failure(kInvalidCall,
                     "条码设置文件 barcode.conf 第 " + std::to_string(number) + " 行有误。");

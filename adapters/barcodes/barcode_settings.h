@@ -24,7 +24,8 @@ struct BarcodeSettings {
 // Reads lines "name = value" of the names symbology, bars, background (both "#rrggbb"; background
 // also "none") and text (yes or no); '#' at the beginning of a line opens a comment. A name that is
 // left out keeps its default, and so does everything when the file is missing. Fails with
-// kInvalidCall, naming the line, on anything else.
+// kInvalidCall, naming the line, on anything else, and for what can't be read, is no regular file
+// or has more than 64 KB.
 [[nodiscard]] BarcodeSettings ReadBarcodeSettings(const std::filesystem::path& file);
 
 }  // namespace td

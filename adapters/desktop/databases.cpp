@@ -33,7 +33,7 @@ Databases::Databases() {
 
 Databases::~Databases() = default;
 
-Database& Databases::EngineFor(const std::string& connection) {
+ReadOnlyDatabase& Databases::EngineFor(const std::string& connection) {
   const std::scoped_lock guard(mutex_);
   if (lastDatabase_ != nullptr && connection == lastConnection_) return *lastDatabase_;
   const auto engine = std::ranges::find_if(
@@ -46,6 +46,10 @@ Database& Databases::EngineFor(const std::string& connection) {
 RecordsetRef Databases::OpenQuery(const std::string& connection, const std::string& sql,
                                   CursorType cursor, LockType lock) {
   return EngineFor(connection).OpenQuery(connection, sql, cursor, lock);
+}
+
+RecordsetRef Databases::OpenReadOnly(const std::string& connection, const std::string& sql) {
+  return EngineFor(connection).OpenReadOnly(connection, sql);
 }
 
 std::unique_ptr<Connection> Databases::Connect(const std::string& connection) {

@@ -6,34 +6,35 @@
 #include <string>
 #include <vector>
 
-#include "platform/database.h"
+#include "sql_support/read_only.h"
 
 namespace td {
 
 // Chooses the engine by the connection text. SQLite serves each text that no other engine does, so
 // that its failure tells which texts are right.
-class Databases : public Database {
+class Databases : public ReadOnlyDatabase {
  public:
   Databases();
   ~Databases() override;
 
   RecordsetRef OpenQuery(const std::string& connection, const std::string& sql, CursorType cursor,
                          LockType lock) override;
+  RecordsetRef OpenReadOnly(const std::string& connection, const std::string& sql) override;
   std::unique_ptr<Connection> Connect(const std::string& connection) override;
 
  private:
   struct Engine {
     bool (*serves)(const std::string& connection);
-    std::unique_ptr<Database> database;
+    std::unique_ptr<ReadOnlyDatabase> database;
   };
 
-  [[nodiscard]] Database& EngineFor(const std::string& connection);
+  [[nodiscard]] ReadOnlyDatabase& EngineFor(const std::string& connection);
 
   std::vector<Engine> engines_;  // the first that serves a text is taken; the last serves any
   // The text of the last call and its engine: a run asks with one text all the time.
   std::mutex mutex_;
   std::string lastConnection_;
-  Database* lastDatabase_ = nullptr;
+  ReadOnlyDatabase* lastDatabase_ = nullptr;
 };
 
 }  // namespace td

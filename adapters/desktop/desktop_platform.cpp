@@ -30,13 +30,14 @@ DesktopOptions Checked(DesktopOptions options) {
 struct DesktopPlatform::Parts {
   explicit Parts(DesktopOptions options)
       : pictures(options.componentFolder),
-        messages(options.messages == MessageMode::kAutomatic),
+        messages(options.messages == MessageMode::kAutomatic, &outcome),
         windows({std::move(options.printer), std::move(options.stateDirectory),
                  std::move(options.documentSink), std::move(options.onPage),
-                 std::move(options.onPrinted), std::move(options.onComplaint)},
+                 std::move(options.onPrinted), std::move(options.onComplaint), &outcome},
                 ReadBarcodeSettings(BarcodeSettingsFile()), messages) {}
 
   Databases databases;
+  DocumentOutcome outcome;
   QtPictureFiles pictures;
   MessageBoxes messages;
   LocalMachine machine;
@@ -53,8 +54,20 @@ Platform& DesktopPlatform::Get() {
   return parts_->platform;
 }
 
+RecordsetRef DesktopPlatform::OpenReadOnly(const std::string& connection, const std::string& sql) {
+  return parts_->databases.OpenReadOnly(connection, sql);
+}
+
 bool DesktopPlatform::HasDisplay() const {
   return HasWindowSystem();
+}
+
+bool DesktopPlatform::HasPrinter(const std::string& name) const {
+  return td::HasPrinter(name);
+}
+
+DocumentOutcome DesktopPlatform::LastDocument() const {
+  return parts_->outcome;
 }
 
 int DesktopPlatform::MessagesShown() const {

@@ -7,8 +7,8 @@
 //
 // The program may have a Qt application of its own, which is then used and kept. If it has none,
 // one is made when the first DesktopPlatform is constructed, and lives until the program ends; it
-// needs no display. Everything runs on the thread that constructs the object, which must be the
-// thread of the Qt application.
+// needs no display. Everything but the databases runs on the thread that constructs the object,
+// which must be the thread of the Qt application; a print call on another one is refused.
 #pragma once
 
 #include <functional>
@@ -16,6 +16,7 @@
 #include <string>
 
 #include "platform/platform.h"
+#include "qt/system/document_outcome.h"
 
 namespace td {
 
@@ -73,8 +74,21 @@ class DesktopPlatform {
   // Good as long as this object lives.
   [[nodiscard]] Platform& Get();
 
+  // The rows of a query that somebody else wrote, to be printed. A statement that would change
+  // anything, or that is no query, fails with kDatabaseFailed and has changed nothing. On SQL
+  // Server and engines other than SQLite, PostgreSQL and MariaDB the words of the statement decide.
+  [[nodiscard]] RecordsetRef OpenReadOnly(const std::string& connection, const std::string& sql);
+
   // Whether windows can be shown: previews and dialogs fail without a display.
   [[nodiscard]] bool HasDisplay() const;
+
+  // Names are compared exactly.
+  [[nodiscard]] bool HasPrinter(const std::string& name) const;
+
+  // What became of the last print call's document, also while the call runs. A call that makes no
+  // document has none: no pages, not delivered. PrintOk says less: it is set before a document is
+  // sent, and stays when that fails.
+  [[nodiscard]] DocumentOutcome LastDocument() const;
 
   // How many messages were shown so far, as a box or as a line.
   [[nodiscard]] int MessagesShown() const;

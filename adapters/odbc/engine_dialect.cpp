@@ -66,6 +66,12 @@ std::string_view JoinSetting(Engine engine, bool mayShuffle) {
   return "";
 }
 
+ReadOnlyTransaction ReadOnlyTransactionOf(Engine engine) {
+  if (engine == Engine::kPostgreSql) return {"begin read only", "rollback"};
+  if (engine == Engine::kMariaDb) return {"start transaction read only", "rollback"};
+  return {};
+}
+
 std::string_view TableNames::Find(std::string_view word) const {
   std::string_view found;
   std::size_t count = 0;

@@ -25,6 +25,14 @@ enum class Engine { kPostgreSql, kMariaDb, kSqlServer, kOther };
 // table; empty where the engine has none.
 [[nodiscard]] std::string_view JoinSetting(Engine engine, bool mayShuffle);
 
+// The statements around one that must change nothing: between them the engine refuses to write.
+// Both are empty where the engine has no such transaction.
+struct ReadOnlyTransaction {
+  std::string_view begin;
+  std::string_view end;
+};
+[[nodiscard]] ReadOnlyTransaction ReadOnlyTransactionOf(Engine engine);
+
 // The names of a database's tables; of use where the engine tells upper from lower case in them.
 class TableNames {
  public:

@@ -48,8 +48,17 @@ OdbcDatabase::~OdbcDatabase() = default;
 
 RecordsetRef OdbcDatabase::OpenQuery(const std::string& connection, const std::string& sql,
                                      CursorType /*cursor*/, LockType /*lock*/) {
+  return Open(connection, sql, Access::kReadWrite);
+}
+
+RecordsetRef OdbcDatabase::OpenReadOnly(const std::string& connection, const std::string& sql) {
+  return Open(connection, sql, Access::kReadOnly);
+}
+
+RecordsetRef OdbcDatabase::Open(const std::string& connection, const std::string& sql,
+                                Access access) {
   const auto runOn = [&](std::unique_ptr<OdbcSession>& session) -> RecordsetRef {
-    auto rows = session->Run(sql);
+    auto rows = session->Run(sql, access);
     pool_->GiveBack(connection, std::move(session));
     return std::make_shared<MemoryRecordset>(std::move(rows));
   };
@@ -58,7 +67,8 @@ RecordsetRef OdbcDatabase::OpenQuery(const std::string& connection, const std::s
       try {
         return runOn(session);
       } catch (const Failure&) {
-        if (!session->Lost() || !session->IsQuery(sql)) throw;
+        const bool mayRunTwice = access == Access::kReadOnly || session->IsQuery(sql);
+        if (!session->Lost() || !mayRunTwice) throw;
       }
     }
     auto session = std::make_unique<OdbcSession>(connection);

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/database.h"
+#include "sql_support/read_only.h"
 
 namespace td {
 
@@ -29,7 +29,7 @@ class SessionPool;
 //
 // Connections and prepared statements are kept and used again. When the server went away in
 // between, a query connects anew by itself. Calls may come from several threads.
-class OdbcDatabase final : public Database {
+class OdbcDatabase final : public ReadOnlyDatabase {
  public:
   OdbcDatabase();
   ~OdbcDatabase() override;
@@ -37,9 +37,14 @@ class OdbcDatabase final : public Database {
   RecordsetRef OpenQuery(const std::string& connection, const std::string& sql,
                          CursorType cursor = CursorType::kUnspecified,
                          LockType lock = LockType::kUnspecified) override;
+  // On SQL Server and engines that are not known by name, which have no transaction that refuses to
+  // write, the words of the statement decide.
+  RecordsetRef OpenReadOnly(const std::string& connection, const std::string& sql) override;
   std::unique_ptr<Connection> Connect(const std::string& connection) override;
 
  private:
+  RecordsetRef Open(const std::string& connection, const std::string& sql, Access access);
+
   std::shared_ptr<SessionPool<OdbcSession>> pool_;
 };
 

@@ -84,24 +84,38 @@ bool OdbcSession::IsQuery(const std::string& sql) const {
   return EqualWords(FirstWord(sql, LexiconOf(engine_)), "select");
 }
 
-std::shared_ptr<const MemoryRows> OdbcSession::Run(const std::string& sql) {
+std::shared_ptr<const MemoryRows> OdbcSession::Run(const std::string& sql, Access access) {
   const bool wasReusable = std::exchange(reusable_, false);  // stays so when a failure leaves
   ArrangeJoins(sql);
-  auto rows = RunKept(sql);
+  auto rows = access == Access::kReadOnly ? RunReadOnly(sql) : RunKept(sql);
   if (!rows) rows = Execute(prepared_.Add(sql, Prepare(sql)));
   reusable_ = wasReusable && LeavesNothingBehind(sql, LexiconOf(engine_));
   return *std::move(rows);
+}
+
+// A failure ends the connection, and the transaction with it.
+std::optional<OdbcSession::Rows> OdbcSession::RunReadOnly(const std::string& sql) {
+  CheckIsQuery(sql, LexiconOf(engine_));
+  const ReadOnlyTransaction transaction = ReadOnlyTransactionOf(engine_);
+  if (transaction.begin.empty()) CheckHoldsNoCommand(sql, LexiconOf(engine_));
+  RunOnce(transaction.begin);
+  Prepared prepared = Prepare(sql);
+  Rows rows = Execute(prepared);
+  RunOnce(transaction.end);
+  return rows;
+}
+
+void OdbcSession::RunOnce(std::string_view sql) {
+  if (sql.empty()) return;
+  Prepared prepared = Prepare(std::string(sql));
+  Execute(prepared);
 }
 
 // Without an order of its own a query gets the rows of its first table as they lie there.
 void OdbcSession::ArrangeJoins(const std::string& sql) {
   const bool mayShuffle = AsksForOrder(sql, LexiconOf(engine_));
   if (mayShuffle == joinsShuffle_) return;
-  const std::string setting(JoinSetting(engine_, mayShuffle));
-  if (!setting.empty()) {
-    Prepared prepared = Prepare(setting);
-    Execute(prepared);
-  }
+  RunOnce(JoinSetting(engine_, mayShuffle));
   joinsShuffle_ = mayShuffle;
 }
 

@@ -9,6 +9,7 @@
 #include "odbc/engine_dialect.h"
 #include "odbc/odbc_failure.h"
 #include "odbc/odbc_handles.h"
+#include "sql_support/read_only.h"
 #include "sql_support/statement_cache.h"
 
 namespace td {
@@ -19,8 +20,9 @@ class OdbcSession {
   explicit OdbcSession(const std::string& connection);
 
   // Runs one statement to its end, waiting a second for a lock. Returns its rows, or nothing for a
-  // statement that delivers none.
-  std::shared_ptr<const MemoryRows> Run(const std::string& sql);
+  // statement that delivers none. A statement that is not allowed to write and would fails with
+  // nothing changed.
+  std::shared_ptr<const MemoryRows> Run(const std::string& sql, Access access = Access::kReadWrite);
 
   // Whether the connection is not known to be gone. Asks nobody, which would cost each query a
   // second trip to the server: a server that went away shows in the next statement.
@@ -44,6 +46,8 @@ class OdbcSession {
   using Rows = std::shared_ptr<const MemoryRows>;
 
   void ArrangeJoins(const std::string& sql);
+  [[nodiscard]] std::optional<Rows> RunReadOnly(const std::string& sql);
+  void RunOnce(std::string_view sql);
   [[nodiscard]] std::optional<Rows> RunKept(const std::string& sql);
   [[nodiscard]] Prepared Prepare(const std::string& sql);
   Rows Execute(Prepared& prepared);

@@ -43,9 +43,18 @@ SqliteDatabase::~SqliteDatabase() = default;
 
 RecordsetRef SqliteDatabase::OpenQuery(const std::string& connection, const std::string& sql,
                                        CursorType /*cursor*/, LockType /*lock*/) {
+  return Open(connection, sql, Access::kReadWrite);
+}
+
+RecordsetRef SqliteDatabase::OpenReadOnly(const std::string& connection, const std::string& sql) {
+  return Open(connection, sql, Access::kReadOnly);
+}
+
+RecordsetRef SqliteDatabase::Open(const std::string& connection, const std::string& sql,
+                                  Access access) {
   return WithEnoughMemory([&]() -> RecordsetRef {
     auto session = pool_->Take(connection);
-    auto rows = session->Run(sql);
+    auto rows = session->Run(sql, access);
     pool_->GiveBack(connection, std::move(session));
     return std::make_shared<MemoryRecordset>(std::move(rows));
   });

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/database.h"
+#include "sql_support/read_only.h"
 
 namespace td {
 
@@ -35,7 +35,7 @@ class SessionPool;
 // Connections and prepared statements are kept and used again, unless the file was changed by
 // others, replaced or deleted in between. Calls may come from several threads. A process that forks
 // makes a new SqliteDatabase in the child.
-class SqliteDatabase final : public Database {
+class SqliteDatabase final : public ReadOnlyDatabase {
  public:
   SqliteDatabase();
   ~SqliteDatabase() override;
@@ -43,10 +43,13 @@ class SqliteDatabase final : public Database {
   RecordsetRef OpenQuery(const std::string& connection, const std::string& sql,
                          CursorType cursor = CursorType::kUnspecified,
                          LockType lock = LockType::kUnspecified) override;
+  RecordsetRef OpenReadOnly(const std::string& connection, const std::string& sql) override;
   // A file that is deleted or replaced afterwards makes Execute fail.
   std::unique_ptr<Connection> Connect(const std::string& connection) override;
 
  private:
+  RecordsetRef Open(const std::string& connection, const std::string& sql, Access access);
+
   std::shared_ptr<SessionPool<SqliteSession>> pool_;
 };
 

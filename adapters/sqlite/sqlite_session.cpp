@@ -127,11 +127,16 @@ bool SqliteSession::FileInPlace() const {
   return stamp && stamp->SameFile(stamp_);
 }
 
-std::shared_ptr<const MemoryRows> SqliteSession::Run(const std::string& sql) {
+std::shared_ptr<const MemoryRows> SqliteSession::Run(const std::string& sql, Access access) {
+  // Some statements that are no queries take effect while they are prepared.
+  if (access == Access::kReadOnly) CheckIsQuery(sql, kSqliteLexicon);
   const bool wasReusable = std::exchange(reusable_, false);  // stays so when a failure leaves
   Prepared* const kept = prepared_.Find(sql);
   ArrangeJoins(kept != nullptr ? kept->mayShuffle : AsksForOrder(sql, kSqliteLexicon));
   Prepared& prepared = kept != nullptr ? *kept : prepared_.Add(sql, Prepare(sql));
+  if (access == Access::kReadOnly && sqlite3_stmt_readonly(prepared.handle.get()) == 0) {
+    throw WouldChangeFailure();
+  }
   const auto reset = [](sqlite3_stmt* statement) { sqlite3_reset(statement); };
   const std::unique_ptr<sqlite3_stmt, decltype(reset)> resetAtEnd(prepared.handle.get(), reset);
   auto rows = Step(prepared);

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "memory_rows/memory_rows.h"
+#include "sql_support/read_only.h"
 #include "sql_support/statement_cache.h"
 #include "sqlite/file_stamp.h"
 
@@ -24,8 +25,9 @@ class SqliteSession {
   SqliteSession& operator=(const SqliteSession&) = delete;
 
   // Runs one statement to its end, waiting a short while for a lock. Returns its rows, or nothing
-  // for a statement that delivers none. No lock is held afterwards.
-  std::shared_ptr<const MemoryRows> Run(const std::string& sql);
+  // for a statement that delivers none. No lock is held afterwards. A statement that is not allowed
+  // to write and would fails before it runs.
+  std::shared_ptr<const MemoryRows> Run(const std::string& sql, Access access = Access::kReadWrite);
 
   // Whether the path still leads to the file that was opened, and that file is as this session
   // last saw it.

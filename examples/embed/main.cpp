@@ -28,6 +28,21 @@ td::DesktopOptions IntoPdf(const std::string& path) {
   return options;
 }
 
+// Whether the document was delivered. What went wrong inside the print was shown as a message, and
+// part of a bill may be missing then.
+bool Report(const td::DocumentOutcome& outcome) {
+  if (!outcome.IsDelivered()) {
+    std::cerr << "The bills were not printed. " << outcome.reason << "\n";
+    return false;
+  }
+  std::cout << outcome.pages << " pages";
+  if (!outcome.printer.empty()) std::cout << " on " << outcome.printer;
+  for (const int job : outcome.jobs) std::cout << ", job " << job;
+  if (outcome.messages > 0) std::cout << ", look at the messages";
+  std::cout << "\n";
+  return true;
+}
+
 bool Print(const std::string& connection, std::int16_t billType, const std::string& sql,
            const std::string& path) {
   // Databases, printers, windows, messages: one object, which outlives everything that uses it.
@@ -46,8 +61,9 @@ bool Print(const std::string& connection, std::int16_t billType, const std::stri
   const bool border = false;             // has no effect
   printer.DoPrint(printAtOnce, connection, billType, onlyVariableItems, border, rows);
 
-  // What went wrong inside the print was shown as a message; the document may still be printed.
-  return printer.PrintOk();
+  // PrintOk says that a print was asked for, and stays true when the document couldn't be handed
+  // over. The platform knows what became of it.
+  return Report(desktop.LastDocument());
 }
 
 }  // namespace
@@ -60,7 +76,6 @@ int main(int argc, char** argv) {
   try {
     const auto billType = static_cast<std::int16_t>(std::stoi(argv[2]));
     if (Print(std::string("sqlite:") + argv[1], billType, argv[3], argv[4])) return 0;
-    std::cerr << "The bills were not printed.\n";
   } catch (const td::Failure& failure) {
     std::cerr << "error " << failure.Number() << ": " << failure.Description() << "\n";
   } catch (const std::exception& error) {

@@ -63,7 +63,8 @@ void TdClearException(TdExceptionInfo* info);
  * or as the module does. */
 TdResult TdCreateObject(const char* className, TdDispatch** object, TdExceptionInfo* info);
 
-/* The same from a module's file, with no registration: the caller vouches for the file. */
+/* The same from a module's file, with no registration: the caller vouches for the file. An empty
+ * path is TD_FILE_NOT_FOUND. */
 TdResult TdCreateObjectFromModule(const char* path, const TdGuid* classId, TdDispatch** object,
                                   TdExceptionInfo* info);
 

@@ -43,6 +43,8 @@ bool IsListed(void* handle) {
 }
 
 LoadedModule Load(const fs::path& path) {
+  // The loader would take the empty name for the program itself.
+  if (path.empty()) throw ResultFailure(TD_FILE_NOT_FOUND, "没有给出模块的文件名。");
   void* handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
   if (handle == nullptr) throw ResultFailure(TD_FAILURE, "无法装载模块：" + std::string(dlerror()));
   for (const LoadedModule& module : Modules()) {

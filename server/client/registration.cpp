@@ -5,7 +5,9 @@
 #include <stdlib.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
+#include <cctype>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -14,6 +16,8 @@
 
 #include "client/result_failure.h"
 #include "client/trusted_files.h"
+#include "files/file_error.h"
+#include "files/read_file.h"
 
 namespace td {
 namespace {
@@ -37,30 +41,29 @@ fs::path CheckedRegistrationFile() {
   return file;
 }
 
-std::string ReadWhole(const Descriptor& file) {
-  std::string content(kLargestFile + 1, '\0');
-  std::size_t size = 0;
-  while (size < content.size()) {
-    const ssize_t count = read(file.Number(), content.data() + size, content.size() - size);
-    if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) break;
-    size += static_cast<std::size_t>(count);
+std::string ReadWhole(const fs::path& file) {
+  const Descriptor opened = OpenTrustedFile(file);
+  try {
+    return ReadRegularFile(opened, kLargestFile);
+  } catch (const FileError& error) {
+    throw ResultFailure(TD_FAILURE, "组件的登记文件无法读取：" + std::string(error.what()) + "。");
   }
-  if (size > kLargestFile) throw ResultFailure(TD_FAILURE, "组件的登记文件过大。");
-  content.resize(size);
-  return content;
+}
+
+bool HasFormOfGuid(std::string_view text) {
+  constexpr std::string_view kForm = "{00000000-0000-0000-0000-000000000000}";
+  return std::ranges::equal(text, kForm, [](char given, char expected) {
+    return expected == '0' ? std::isxdigit(static_cast<unsigned char>(given)) != 0
+                           : given == expected;
+  });
 }
 
 std::optional<TdGuid> GuidOfText(const std::string& text) {
+  if (!HasFormOfGuid(text)) return std::nullopt;
   TdGuid id{};
-  int length = 0;
-  const int count =
-      std::sscanf(text.c_str(), "{%8x-%4hx-%4hx-%2hhx%2hhx-%2hhx%2hhx%2hhx%2hhx%2hhx%2hhx}%n",
-                  &id.first, &id.second, &id.third, &id.rest[0], &id.rest[1], &id.rest[2],
-                  &id.rest[3], &id.rest[4], &id.rest[5], &id.rest[6], &id.rest[7], &length);
-  if (count != 11 || length != static_cast<int>(kGuidLength) || text.size() != kGuidLength) {
-    return std::nullopt;
-  }
+  std::sscanf(text.c_str(), "{%8x-%4hx-%4hx-%2hhx%2hhx-%2hhx%2hhx%2hhx%2hhx%2hhx%2hhx}", &id.first,
+              &id.second, &id.third, &id.rest[0], &id.rest[1], &id.rest[2], &id.rest[3],
+              &id.rest[4], &id.rest[5], &id.rest[6], &id.rest[7]);
   return id;
 }
 
@@ -73,7 +76,8 @@ RegisteredClass ReadLine(const std::string& line) {
   std::getline(parts, id, '\t');
   std::getline(parts, module);
   const std::optional<TdGuid> guid = GuidOfText(id);
-  if (name.empty() || !guid || !fs::path(module).is_absolute()) {
+  const bool hasPath = fs::path(module).is_absolute() && module.find('\0') == module.npos;
+  if (name.empty() || !guid || !hasPath) {
     throw ResultFailure(TD_FAILURE, "组件的登记文件已损坏，请重新登记。");
   }
   return {name, *guid, module};
@@ -96,7 +100,7 @@ fs::path RegistrationFile() {
 std::vector<RegisteredClass> ReadRegistration() {
   std::vector<RegisteredClass> classes;
   try {
-    std::istringstream lines(ReadWhole(OpenTrustedFile(CheckedRegistrationFile())));
+    std::istringstream lines(ReadWhole(CheckedRegistrationFile()));
     for (std::string line; std::getline(lines, line);) {
       if (!line.empty() && line[0] != '#') classes.push_back(ReadLine(line));
     }

@@ -5,10 +5,11 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
 #include <utility>
 
 #include "client/result_failure.h"
+#include "files/file_error.h"
+#include "files/whole_file.h"
 
 namespace td {
 namespace {
@@ -21,7 +22,7 @@ namespace fs = std::filesystem;
   TdResult result = TD_FAILURE;
   if (error == ENOENT) result = TD_FILE_NOT_FOUND;
   if (error == EACCES || isLink) result = TD_NO_ACCESS;
-  const std::string reason = isLink ? "不能是链接" : std::strerror(error);
+  const std::string reason = isLink ? "不能是链接" : ReasonOf(error);
   throw ResultFailure(result, "“" + path.string() + "”：" + reason + "。");
 }
 
@@ -57,27 +58,7 @@ Descriptor OpenFolder(int parent, const std::string& name) {
   return Descriptor(openat(parent, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
 }
 
-void WriteWhole(const Descriptor& file, const std::string& content, const fs::path& path) {
-  for (std::size_t done = 0; done < content.size();) {
-    const ssize_t written = write(file.Number(), content.data() + done, content.size() - done);
-    if (written < 0 && errno != EINTR) Fail(path, errno);
-    if (written > 0) done += static_cast<std::size_t>(written);
-  }
-  if (fsync(file.Number()) != 0) Fail(path, errno);
-}
-
 }  // namespace
-
-Descriptor::~Descriptor() {
-  if (number_ >= 0) close(number_);
-}
-
-Descriptor::Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
-
-Descriptor& Descriptor::operator=(Descriptor&& other) noexcept {
-  std::swap(number_, other.number_);
-  return *this;
-}
 
 Descriptor OpenTrustedFolder(const fs::path& folder, MissingFolders missing) {
   const fs::path resolved = Resolved(folder);
@@ -112,20 +93,10 @@ Descriptor OpenTrustedFile(const fs::path& file) {
 
 void ReplaceTrustedFile(const fs::path& file, const std::string& content) {
   const Descriptor folder = OpenTrustedFolder(file.parent_path(), MissingFolders::kCreate);
-  const std::string name = file.filename();
-  const std::string draft = name + "." + std::to_string(getpid());
-  unlinkat(folder.Number(), draft.c_str(), 0);  // what an earlier process left behind
-  {
-    const Descriptor written(openat(folder.Number(), draft.c_str(),
-                                    O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
-                                    S_IRUSR | S_IWUSR));
-    if (written.Number() < 0) Fail(file, errno);
-    WriteWhole(written, content, file);
-  }
-  if (renameat(folder.Number(), draft.c_str(), folder.Number(), name.c_str()) != 0) {
-    const int error = errno;
-    unlinkat(folder.Number(), draft.c_str(), 0);
-    Fail(file, error);
+  try {
+    ReplaceFile(folder, file.filename(), {.mode = S_IRUSR | S_IWUSR}, WriterOf(content));
+  } catch (const FileError& error) {
+    Fail(file, error.Number());
   }
 }
 

@@ -9,21 +9,9 @@
 #include <filesystem>
 #include <string>
 
+#include "files/descriptor.h"
+
 namespace td {
-
-// An open file or folder; it is closed with this object.
-class Descriptor {
- public:
-  explicit Descriptor(int number) : number_(number) {}
-  ~Descriptor();
-  Descriptor(Descriptor&& other) noexcept;
-  Descriptor& operator=(Descriptor&& other) noexcept;
-
-  [[nodiscard]] int Number() const { return number_; }
-
- private:
-  int number_;  // negative: none
-};
 
 enum class MissingFolders { kFail, kCreate };
 

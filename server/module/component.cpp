@@ -8,15 +8,11 @@
 #include "desktop/desktop_platform.h"
 #include "interface/binary_interface.h"
 #include "module/module_file.h"
-#include "platform/failure.h"
+#include "platform/standard_failures.h"
 #include "service/context.h"
 
 namespace td {
 namespace {
-
-Failure WrongThread() {
-  return {TD_WRONG_THREAD, "打印组件正被另一个线程使用，只能由首先使用它的线程调用。"};
-}
 
 // Record sets that the program hasn't got back when the process ends are not released: their code
 // may be gone by then.
@@ -35,6 +31,8 @@ class KeepDataAtTheEnd {
 
 }  // namespace
 
+static_assert(kWrongThread == TD_WRONG_THREAD, "the module and the C++ classes refuse alike");
+
 Component::Component() = default;
 
 // In static memory and never destroyed: at the end of the process the objects that its program
@@ -51,14 +49,14 @@ bool Component::IsForeignThread() const {
 
 void Component::Claim() {
   const std::lock_guard lock(mutex_);
-  if (IsForeignThread()) throw WrongThread();
+  if (IsForeignThread()) throw WrongThreadFailure();
   owner_ = std::this_thread::get_id();
   ++uses_;
 }
 
 void Component::CheckThread() {
   const std::lock_guard lock(mutex_);
-  if (IsForeignThread()) throw WrongThread();
+  if (IsForeignThread()) throw WrongThreadFailure();
 }
 
 void Component::AddUse() {
@@ -117,11 +115,6 @@ Platform& Component::ThePlatform() {
     desktop_ = std::move(desktop);
   }
   return desktop_->Get();
-}
-
-void Component::BeginRequest() {
-  if (isBusy_) throw Failure(kInvalidCall, "打印、预览或设置尚未结束，不能再次调用。");
-  isBusy_ = true;
 }
 
 }  // namespace td

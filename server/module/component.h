@@ -40,10 +40,6 @@ class Component {
   // this module in its caches, and can't be unloaded itself while its application lives.
   [[nodiscard]] Platform& ThePlatform();
 
-  // Begins and ends a print or a dialog. Fails with kInvalidCall while another one runs.
-  void BeginRequest();
-  void EndRequest() { isBusy_ = false; }
-
   Component(const Component&) = delete;
   Component& operator=(const Component&) = delete;
 
@@ -59,8 +55,6 @@ class Component {
   std::uint32_t uses_ = 0;
   std::uint32_t locks_ = 0;
   std::unique_ptr<DesktopPlatform> desktop_;  // written by the owner's thread alone
-
-  bool isBusy_ = false;  // of the owner's thread
 };
 
 // One use for the length of its life.

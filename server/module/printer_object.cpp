@@ -5,7 +5,6 @@
 
 #include "module/component.h"
 #include "module/remote_recordset.h"
-#include "module/request.h"
 #include "objects/dispatch_object.h"
 #include "objects/variant_values.h"
 #include "service/context.h"
@@ -32,8 +31,7 @@ using PrintMethod = decltype(&Printer::DoPrint);
 void Print(PrintMethod method, PrintArguments arguments) {
   // Before the platform is made, which reads files and can fail.
   if (arguments.PrintData.Get() == nullptr) throw NothingToPrintFailure();
-  const Request request;
-  Printer printer(request.ThePlatform());
+  Printer printer(Component::Get().ThePlatform());
   (printer.*method)(arguments.New_DoPrint, arguments.New_PromptString, arguments.New_TranType,
                     arguments.New_OnlyPrintVariantItem, arguments.New_PrintBorder,
                     RecordsetOf(std::move(arguments.PrintData)), arguments.TDBillName, nullptr);

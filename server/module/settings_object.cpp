@@ -3,7 +3,6 @@
 #include <string>
 
 #include "module/component.h"
-#include "module/request.h"
 #include "objects/dispatch_object.h"
 #include "objects/variant_values.h"
 #include "service/td_set.h"
@@ -14,8 +13,7 @@ namespace {
 enum MemberId : std::int32_t { kTdSet = 1 };
 
 void ShowSettings(const std::string& PromptString, std::int16_t TranType) {
-  const Request request;
-  td::TDSet(request.ThePlatform()).ShowSettings(PromptString, TranType);
+  td::TDSet(Component::Get().ThePlatform()).ShowSettings(PromptString, TranType);
 }
 
 class SettingsObject final : public DispatchObject<SettingsObject, TdSettings> {

@@ -24,6 +24,7 @@ enum FailureNumber : int {
   kNoCurrentRow = 3021,           // a column is read while the record set stands at its end
   kNoSuchColumn = 3265,           // no column of that name in the record set
   kObjectClosed = 3704,           // a record set that is not open is used
+  kWrongThread = -2147417842,     // the platform belongs to another thread
   kDatabaseFailed = -2147467259,  // a statement or a connection failed; the description says why
 };
 

@@ -35,6 +35,14 @@ Failure ClosedFailure() {
   return {kObjectClosed, "对象已关闭，不允许此操作"};
 }
 
+Failure WrongThreadFailure() {
+  return {kWrongThread, "打印组件正被另一个线程使用，只能由首先使用它的线程调用。"};
+}
+
+Failure RequestRunsFailure() {
+  return {kInvalidCall, "打印、预览或设置尚未结束，不能再次调用。"};
+}
+
 Failure NoSuchColumnFailure(std::string_view column) {
   std::string description = "记录集中找不到该名称的列";
   if (!column.empty()) description.append("：").append(column);

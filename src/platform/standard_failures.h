@@ -15,6 +15,10 @@ namespace td {
 [[nodiscard]] Failure NoCurrentRowFailure();    // kNoCurrentRow
 [[nodiscard]] Failure ClosedFailure();          // kObjectClosed
 
+// kWrongThread, and kInvalidCall: a call that may not begin.
+[[nodiscard]] Failure WrongThreadFailure();
+[[nodiscard]] Failure RequestRunsFailure();
+
 // kNoSuchColumn. The description names the column if it is known.
 [[nodiscard]] Failure NoSuchColumnFailure(std::string_view column = {});
 

@@ -46,6 +46,9 @@ class PrintFrame {
 class Windows {
  public:
   virtual ~Windows() = default;
+  // Fails with kWrongThread on a thread where no window can be made; asked before a request changes
+  // anything.
+  virtual void CheckThread() const {}
   virtual std::unique_ptr<PrintFrame> CreatePrintFrame(std::string_view name) = 0;
   virtual std::unique_ptr<Dialog> CreateDialog(std::string_view name) = 0;
 };

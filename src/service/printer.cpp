@@ -5,6 +5,7 @@
 #include "policy/error_policy.h"
 #include "run/do_printing.h"
 #include "service/context.h"
+#include "service/request.h"
 #include "windows/open_window.h"
 
 namespace td {
@@ -29,11 +30,15 @@ void PrintOnWindow(Platform& platform, const WindowKind& kind) {
   });
 }
 
+// That there is nothing to print is told before anything else.
+Request BeginPrint(const Platform& platform, const RecordsetRef& PrintData) {
+  if (!PrintData) throw NothingToPrintFailure();
+  return Request(platform);
+}
+
 void StoreRequest(bool New_DoPrint, const std::string& New_PromptString, std::int16_t New_TranType,
                   bool New_OnlyPrintVariantItem, bool New_PrintBorder,
                   const RecordsetRef& PrintData, const std::string& TDBillName) {
-  if (!PrintData) throw NothingToPrintFailure();
-
   PrintContext& context = Context();
   context.New_DoPrint = New_DoPrint;
   context.New_PromptString = New_PromptString;
@@ -55,6 +60,7 @@ void Printer::DoPrint(bool New_DoPrint, const std::string& New_PromptString,
                       std::int16_t New_TranType, bool New_OnlyPrintVariantItem,
                       bool New_PrintBorder, const RecordsetRef& PrintData,
                       const std::string& TDBillName, Value* /*PrintDevice*/) {
+  const Request request = BeginPrint(platform_, PrintData);
   StoreRequest(New_DoPrint, New_PromptString, New_TranType, New_OnlyPrintVariantItem,
                New_PrintBorder, PrintData, TDBillName);
   PrintOnWindow(platform_, kPlainWindow);
@@ -64,16 +70,19 @@ void Printer::DoPrint_GroupByArea(bool New_DoPrint, const std::string& New_Promp
                                   std::int16_t New_TranType, bool New_OnlyPrintVariantItem,
                                   bool New_PrintBorder, const RecordsetRef& PrintData,
                                   const std::string& TDBillName, Value* /*PrintDevice*/) {
+  const Request request = BeginPrint(platform_, PrintData);
   StoreRequest(New_DoPrint, New_PromptString, New_TranType, New_OnlyPrintVariantItem,
                New_PrintBorder, PrintData, TDBillName);
   PrintOnWindow(platform_, kStockAreaWindow);
 }
 
 bool Printer::PrintOk() const {
+  platform_.windows.CheckThread();
   return Context().PrintOk;
 }
 
 void Printer::PrintBlankRows(std::int16_t NewValue) {
+  platform_.windows.CheckThread();
   Context().PrintBlankRows = NewValue;
 }
 

@@ -15,7 +15,10 @@ inline constexpr int kNothingToPrint = static_cast<int>(0x800403e9);
 [[nodiscard]] Failure NothingToPrintFailure();
 
 // Prints bills through overlay formats that are registered in the caller's database. All instances
-// share one request state: whichever call came last wins. One thread only.
+// share one request state: whichever call came last wins.
+//
+// Every operation fails with kWrongThread on another thread than the platform's, and a print call
+// with kInvalidCall while another one, a preview or a dialog runs; nothing has changed then.
 class Printer {
  public:
   // The platform is borrowed and must outlive the printer.

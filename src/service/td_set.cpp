@@ -1,11 +1,13 @@
 #include "service/td_set.h"
 
 #include "service/context.h"
+#include "service/request.h"
 #include "windows/frm_adjuct.h"
 
 namespace td {
 
 void TDSet::ShowSettings(const std::string& PromptString, std::int16_t TranType) {
+  const Request request(platform_);
   Context().New_PromptString = PromptString;
   Context().New_TranType = TranType;
   frmAdjuct(platform_, Context()).ShowModal();

@@ -13,7 +13,8 @@ class TDSet {
   // The platform is borrowed and must outlive this object.
   explicit TDSet(Platform& platform) : platform_(platform) {}
 
-  // Shows the overlay settings of a bill type and returns when the dialog was closed.
+  // Shows the overlay settings of a bill type and returns when the dialog was closed. Fails on a
+  // wrong thread, and while a print, a preview or a dialog runs, as Printer does.
   void ShowSettings(const std::string& PromptString, std::int16_t TranType);
 
  private:

@@ -1,6 +1,7 @@
 #include "barcodes/barcode_settings.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -55,6 +56,29 @@ TEST_F(BarcodeSettingsTest, AWrongLineIsNamed) {
         kInvalidCall, [&] { Read(std::string("# first\n") + line + "\ntext = no\n"); });
     EXPECT_NE(description.find("第 2 行"), std::string::npos) << line << ": " << description;
   }
+}
+
+TEST_F(BarcodeSettingsTest, OnlyARegularFileOfAModestSizeIsRead) {
+  const auto refused = [](const std::filesystem::path& file) {
+    const std::string description =
+        ExpectFailure(kInvalidCall, [&] { (void)ReadBarcodeSettings(file); });
+    EXPECT_NE(description.find(file.string()), std::string::npos) << description;
+    return description;
+  };
+  ASSERT_EQ(mkfifo(file_.c_str(), 0600), 0);
+  EXPECT_NE(refused(file_).find("不是普通文件"), std::string::npos) << "and nobody waits for it";
+  EXPECT_NE(refused("/dev/zero").find("不是普通文件"), std::string::npos);
+  EXPECT_NE(refused(testing::TempDir()).find("文件夹"), std::string::npos);
+  std::filesystem::remove(file_);
+  EXPECT_NE((std::ofstream(file_) << std::string(70'000, '#'), refused(file_)).find("太大"),
+            std::string::npos);
+}
+
+TEST_F(BarcodeSettingsTest, AFileThatCannotBeOpenedIsNoMissingOne) {
+  std::filesystem::create_symlink(file_, file_);
+  EXPECT_EQ(ReadBarcodeSettings(file_), BarcodeSettings{}) << "it leads to no file";
+  std::filesystem::remove(file_);
+  EXPECT_EQ(ReadBarcodeSettings(file_ / "below"), BarcodeSettings{});
 }
 
 TEST_F(BarcodeSettingsTest, TheFileLiesInTheUsersConfigurationFolder) {

@@ -200,6 +200,46 @@ class Registration(unittest.TestCase):
         copy.parent.chmod(0o1777)
         self.expect_refused(0x80070005)
 
+    def test_that_is_damaged_is_an_error_of_the_component(self):
+        copy = self.copy_registration()
+        whole = copy.read_bytes()
+        name, class_id, module = whole.splitlines()[1].split(b"\t")
+        for content in (
+                name, name + b"\t" + class_id, b"\0\xff\xfe", b"\t\t\t",
+                b"\t".join((name, class_id, b"relative.so")),
+                b"\t".join((name, b"{no identifier}", module)),
+                b"\t".join((name, class_id[:-1], module)),
+                whole + b"x" * 70000):
+            copy.write_bytes(content + b"\n")
+            self.expect_refused(0x80004005)
+
+    def test_that_is_no_file_is_an_error_of_the_component(self):
+        copy = self.copy_registration()
+        copy.unlink()
+        os.mkfifo(copy, 0o600)
+        self.expect_refused(0x80004005)
+        copy.unlink()
+        copy.mkdir(mode=0o700)
+        self.expect_refused(0x80004005)
+
+    def test_whose_module_is_gone_or_none_is_an_error_of_the_component(self):
+        copy = self.copy_registration()
+        name, class_id, _ = copy.read_text(encoding="utf-8").splitlines()[1].split("\t")
+        module = pathlib.Path(self.folder.name) / "module.so"
+        copy.write_text(f"{name}\t{class_id}\t{module}\n", encoding="utf-8")
+        self.expect_refused(0x80070002)
+        module.write_text("no module", encoding="utf-8")
+        module.chmod(0o600)
+        self.expect_refused(0x80004005)
+        module.unlink()
+        module.mkdir(mode=0o700)
+        self.expect_refused(0x80004005)
+
+    def test_a_module_without_a_name_is_refused(self):
+        with self.assertRaises(qbtdprinter.Error) as raised:
+            qbtdprinter.create_from_module("", "{2389511E-AE07-4A8F-BF68-F2D15542C87E}")
+        self.assertEqual(raised.exception.number, 0x80070002)
+
     def test_that_is_a_link_is_not_used(self):
         copy = self.copy_registration()
         copy.rename(copy.with_name("elsewhere"))

@@ -75,6 +75,22 @@ TEST_P(ProgramOnEngine, RefusesAStatementThatFails) {
   EXPECT_EQ(Print(SampleOn(GetParam()), rows_).status, 0) << "the formats are still there";
 }
 
+TEST_P(ProgramOnEngine, RefusesDataThatWouldChangeTheDatabase) {
+  Databases databases;
+  const auto countOfVariables = [&] {
+    return databases
+        .OpenQuery(SampleOn(GetParam()), "select count(*) as a from TDVariant",
+                   CursorType::kUnspecified, LockType::kUnspecified)
+        ->Field("a");
+  };
+  const Value before = countOfVariables();
+  ExpectRefused(Print(SampleOn(GetParam()), "delete from TDVariant returning *"));
+  ExpectRefused(Print(SampleOn(GetParam()), "update TDVariant set FVarName=''"));
+  ExpectRefused(Print(SampleOn(GetParam()), "drop view v_stock_out"));
+  EXPECT_EQ(countOfVariables(), before);
+  EXPECT_EQ(Print(SampleOn(GetParam()), rows_).status, 0) << "the variables still have their names";
+}
+
 TEST_P(ProgramOnEngine, RefusesADatabaseThatDoesNotOpenAndShowsNoPassword) {
   std::string wrong = SampleOn(GetParam());
   const std::string right = "PWD={geheim;}}1}";

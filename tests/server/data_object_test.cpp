@@ -165,6 +165,56 @@ TEST_F(DataObject, WithoutBillNumbersEndsTheSearchForABillAtItsEnd) {
   EXPECT_FALSE(PrintOk(printer_.Get()));
 }
 
+TEST_F(DataObject, ThatNeverLeavesARowEndsThePrintInsteadOfFillingIt) {
+  for (const int number : {kInvalidUseOfNull, kNoSuchColumn}) {
+    const auto data = NamedRows({"大米", "绿豆"});
+    int moves = 0;
+    data->onMoveNext = [&] {
+      ++moves;
+      throw Failure(number, "游标坏了");
+    };
+    ExpectOk(Print(printer_.Get(), TestRows::Make(data).Get()));
+    EXPECT_EQ(moves, 100);
+    EXPECT_NE(Messages().find("“MoveNext”在同一行上失败了 100 次，打印中止：游标坏了"),
+              std::string::npos);
+    EXPECT_FALSE(PrintOk(printer_.Get()));
+  }
+}
+
+TEST_F(DataObject, WhoseCloneNeverLeavesARowEndsThePrintToo) {
+  const auto data = NamedRows({"大米", "绿豆"});
+  data->rows[1]["FInterID"] = Number(8);
+  int moves = 0;
+  data->onMoveNext = [&] {
+    if (++moves > 1) throw Failure(kInvalidUseOfNull, "游标坏了");
+  };
+  ExpectOk(Print(printer_.Get(), TestRows::Make(data).Get()));
+  EXPECT_EQ(moves, 101);
+  EXPECT_FALSE(PrintOk(printer_.Get()));
+}
+
+TEST_F(DataObject, MayFailToLeaveEachRowForAWhile) {
+  const auto data = NamedRows({"大米", "绿豆", "花生"});
+  int moves = 0;
+  data->onMoveNext = [&] {
+    if (++moves % 80 != 0) throw Failure(kInvalidUseOfNull, "稍后");
+  };
+  ExpectOk(Print(printer_.Get(), TestRows::Make(data).Get()));
+  EXPECT_EQ(moves, 240);
+  EXPECT_TRUE(HasPrinted("花生"));
+}
+
+TEST_F(DataObject, MayBeLockedAsLongAsItLikes) {
+  const auto data = NamedRows({"大米", "绿豆"});
+  int moves = 0;
+  data->onMoveNext = [&] {
+    if (++moves < 1000) throw Failure(kInvalidUseOfNull, "记录被锁定");
+  };
+  ExpectOk(Print(printer_.Get(), TestRows::Make(data).Get()));
+  EXPECT_TRUE(HasPrinted("绿豆"));
+  EXPECT_TRUE(PrintOk(printer_.Get()));
+}
+
 TEST_F(DataObject, IsAskedForItsEndOnceARow) {
   const auto few = NamedRows({"大米", "绿豆"});
   const auto more = NamedRows({"大米", "绿豆", "花生", "红枣", "黄豆"});

@@ -194,13 +194,48 @@ TEST_F(Registration, AModuleThatIsGoneOrNoModuleIsAClearError) {
   EXPECT_NE(description.find("无法装载模块"), std::string::npos) << description;
 }
 
+TEST_F(Registration, LeavesTheFileOfAProcessWithTheSameNumberAlone) {
+  ASSERT_EQ(module_->registerServer(), TD_OK);
+  const fs::path other = Classes().string() + "." + std::to_string(getpid());
+  std::ofstream(other) << "still being written";
+  ASSERT_EQ(module_->registerServer(), TD_OK);
+  EXPECT_EQ(Content(other), "still being written");
+}
+
+TEST_F(Registration, IsARegularFileOfAModestSize) {
+  fs::create_directories(Classes().parent_path());
+  chmod(Classes().parent_path().c_str(), 0700);
+  chmod(Data().c_str(), 0700);
+  ASSERT_EQ(mkfifo(Classes().c_str(), 0600), 0);
+  std::string description;
+  EXPECT_EQ(Create(TD_PRINTER_CLASS_NAME, &description), TD_FAILURE) << "nobody waits for a pipe";
+  EXPECT_NE(description.find("不是普通文件"), std::string::npos) << description;
+  fs::remove(Classes());
+  std::ofstream(Classes()) << std::string(70000, '#');
+  EXPECT_EQ(Create(TD_PRINTER_CLASS_NAME, &description), TD_FAILURE);
+  EXPECT_NE(description.find("文件太大"), std::string::npos) << description;
+}
+
+TEST_F(Registration, AnEmptyModulePathIsRefused) {
+  TdDispatch* object = nullptr;
+  TdExceptionInfo info{};
+  EXPECT_EQ(TdCreateObjectFromModule("", &kTdPrinterClass, &object, &info), TD_FILE_NOT_FOUND);
+  EXPECT_EQ(TextOf(info.description), "没有给出模块的文件名。");
+  EXPECT_EQ(object, nullptr);
+  TdClearException(&info);
+}
+
 TEST_F(Registration, ADamagedFileIsAClearError) {
   ASSERT_EQ(module_->registerServer(), TD_OK);
   for (const std::string content :
        {"QbTdPrinter.Printer\n", "QbTdPrinter.Printer\t{2389511E}\t/x.so\n", "\t\t\t\n",
-        "QbTdPrinter.Printer\t{2389511E-AE07-4A8F-BF68-F2D15542C87E}\trelative.so\n"}) {
+        "QbTdPrinter.Printer\t{2389511E-AE07-4A8F-BF68-F2D15542C87E}\trelative.so\n",
+        "QbTdPrinter.Printer\t{ 389511E-AE07-4A8F-BF68-F2D15542C87E}\t/x.so\n",
+        "QbTdPrinter.Printer\t{0x89511E-AE07-4A8F-BF68-F2D15542C87E}\t/x.so\n"}) {
     std::ofstream(Classes()) << content;
-    EXPECT_EQ(Create(TD_PRINTER_CLASS_NAME), TD_FAILURE) << content;
+    std::string description;
+    EXPECT_EQ(Create(TD_PRINTER_CLASS_NAME, &description), TD_FAILURE) << content;
+    EXPECT_EQ(description, "组件的登记文件已损坏，请重新登记。") << content;
   }
   std::ofstream(Classes()) << std::string(70000, 'x');
   EXPECT_EQ(Create(TD_PRINTER_CLASS_NAME), TD_FAILURE);

@@ -2,6 +2,7 @@
 
 #include "failure_of.h"
 #include "sql_support/connection_entries.h"
+#include "sql_support/read_only.h"
 #include "sql_support/statement_text.h"
 
 namespace td {
@@ -88,6 +89,29 @@ TEST(StatementText, TellsStatementsThatLeaveNothingBehind) {
   EXPECT_FALSE(LeavesNothingBehind("begin", kPlain));
   EXPECT_FALSE(LeavesNothingBehind("create temp table t(a)", kPlain));
   EXPECT_FALSE(LeavesNothingBehind("(select 1)", kPlain));
+}
+
+// Engines that can't be told to refuse writing: the words decide.
+TEST(ReadOnlyWords, RefuseEachCommandBehindAQuery) {
+  const SqlLexicon sqlServer{.brackets = true, .doubledBrackets = true, .nestedComments = true};
+  for (const char* sql :
+       {"select * from v", "with n as (select 1 as a) select a from n", "(select 1) union select 2",
+        "select [update], \"delete\" from t -- insert",
+        "select 'drop' as a, updated, t.setting from t",
+        "select max(FInterID) over (partition by FBillNo) from v"}) {
+    EXPECT_NO_THROW(CheckIsQuery(sql, sqlServer)) << sql;
+    EXPECT_NO_THROW(CheckHoldsNoCommand(sql, sqlServer)) << sql;
+  }
+  for (const char* sql : {"select 1 delete from t", "select 1 DELETE t", "select 1update t set a=2",
+                          "select 1 exec p", "with n as (select 1 as a) insert t select a from n",
+                          "select 1 set rowcount 1", "select 1/**/drop table t"}) {
+    EXPECT_NO_THROW(CheckIsQuery(sql, sqlServer)) << sql;
+    EXPECT_THROW(CheckHoldsNoCommand(sql, sqlServer), Failure) << sql;
+  }
+  for (const char* sql : {"select * into t2 from t", "select 1into t2", "exec p",
+                          "update t set a=1", "((delete from t))", "", " -- select"}) {
+    EXPECT_THROW(CheckIsQuery(sql, sqlServer), Failure) << sql;
+  }
 }
 
 TEST(ConnectionEntries, ReadValuesInQuotesAndBraces) {

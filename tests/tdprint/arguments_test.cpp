@@ -64,6 +64,36 @@ TEST(TdprintArguments, ADocumentGoesToOnePlaceOnly) {
   EXPECT_EQ(ParsePrint({"--printer", "Dot", "--png", "x"}), Command(ExitStatus::kWrongUsage));
 }
 
+TEST(TdprintArguments, AnEmptyNameOfAPlaceIsWrongUsage) {
+  for (const char* option : {"--pdf", "--png", "--html", "--printer"}) {
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(ParsePrint({option, ""}), Command(ExitStatus::kWrongUsage)) << option;
+    const std::string error = testing::internal::GetCapturedStderr();
+    EXPECT_NE(error.find(option), std::string::npos) << error;
+    EXPECT_EQ(ParsePrint({(option + std::string("=")).c_str()}), Command(ExitStatus::kWrongUsage));
+  }
+  EXPECT_EQ(Parse({"register", "--module", ""}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"unregister", "--module", ""}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"demo", "--out", ""}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"demo", "--printer", ""}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"demo", "--samples", ""}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"sample-sql", "--engine", "mariadb", "--out", ""}),
+            Command(ExitStatus::kWrongUsage));
+}
+
+TEST(TdprintArguments, ADashIsStandardOutputForAFileAndNoFolder) {
+  EXPECT_EQ(std::get<PrintArguments>(ParsePrint({"--pdf", "-"})).pdf, "/dev/stdout");
+  EXPECT_EQ(std::get<PrintArguments>(ParsePrint({"--html", "-"})).html, "/dev/stdout");
+  EXPECT_EQ(std::get<PrintArguments>(ParsePrint({"--pdf", "./-"})).pdf, "./-");
+  EXPECT_EQ(Parse({"sample-sql", "--engine", "mariadb", "--out", "-"}),
+            Command(SampleSqlArguments{"mariadb", false, "", "/dev/stdout"}));
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(ParsePrint({"--png", "-"}), Command(ExitStatus::kWrongUsage));
+  const std::string error = testing::internal::GetCapturedStderr();
+  EXPECT_NE(error.find("--png"), std::string::npos) << error;
+  EXPECT_NE(error.find("--pdf -"), std::string::npos) << error;
+}
+
 TEST(TdprintArguments, NumbersOutsideSixteenBitsAreWrongUsage) {
   const Command largest = Parse({"print", "--db", "x", "--type", "32767", "--data", "x"});
   EXPECT_EQ(std::get<PrintArguments>(largest).billType, 32767);
@@ -86,6 +116,12 @@ TEST(TdprintArguments, AskingForHelpIsNoError) {
   const std::string help = testing::internal::GetCapturedStdout();
   EXPECT_NE(help.find("Examples:"), std::string::npos);
   EXPECT_NE(help.find("Exit status:"), std::string::npos);
+}
+
+TEST(TdprintArguments, TheVersionIsThatOfTheProject) {
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(Parse({"--version"}), Command(ExitStatus::kPrinted));
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "tdprint " QBTD_VERSION "\n");
 }
 
 TEST(TdprintArguments, DemoWritesIntoOutUnlessToldOtherwise) {

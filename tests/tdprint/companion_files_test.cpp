@@ -107,9 +107,16 @@ TEST_F(TdprintCompanions, TheManPageHasEachCommandAndOption) {
   }
 }
 
+TEST_F(TdprintCompanions, TheManPageTellsOfTheVersion) {
+  EXPECT_TRUE(Run({TDPRINT_PROGRAM, "--help"}).out.find("--version") != std::string::npos);
+  EXPECT_TRUE(std::regex_search(ContentOf(kFiles / "tdprint.1"),
+                                std::regex("\\.Fl -version\n[^.]*\\.Sh DESCRIPTION")));
+}
+
 TEST_F(TdprintCompanions, TheManPageNamesNothingThatTheProgramDoesNotKnow) {
   Words known;
   for (const std::string& command : Commands()) known.merge(OptionsOf(command));
+  known.insert("--version");
   for (const std::string& option :
        FirstGroups(ContentOf(kFiles / "tdprint.1"), "Fl -([a-z]+(?:-[a-z]+)*)")) {
     EXPECT_TRUE(known.contains("--" + option)) << option;
@@ -129,7 +136,7 @@ TEST_F(TdprintCompanions, CommandsAndOptionsAreCompleted) {
   for (const std::string& command : commands) {
     EXPECT_EQ(Completed({command, ""}), OptionsOf(command)) << command;
   }
-  commands.insert("--help");
+  commands.insert({"--help", "--version"});
   EXPECT_EQ(Completed({""}), commands);
   EXPECT_EQ(Completed({"pr"}), (Words{"print", "preview"}));
   EXPECT_EQ(Completed({"print", "--p"}), (Words{"--printer", "--pdf", "--png"}));

@@ -62,6 +62,10 @@ TEST_F(OptionsFile, GivesEachOptionOfThePrint) {
   EXPECT_EQ(command, Command(expected));
 }
 
+TEST_F(OptionsFile, NamesNoEmptyPrinter) {
+  EXPECT_NE(Complaint("printer =").find("printer"), std::string::npos);
+}
+
 TEST_F(OptionsFile, GivesWayToTheCommandLine) {
   const Command command = Parse("db = sqlite:a.db\ntype = 21\ndata = select 1\n",
                                 {"--type", "22", "--data", "select 2", "--pdf", "a.pdf"});

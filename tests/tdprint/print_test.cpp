@@ -198,6 +198,51 @@ TEST_F(TdprintProgram, AStatementThatFailsIsOneLineAndNothingIsPrinted) {
   }
 }
 
+TEST_F(TdprintProgram, DataOnlyReads) {
+  const fs::path pdf = folder_ / "order.pdf";
+  const std::string deletion = "delete from TDVariant where FTranType=21 returning 7 as FInterID";
+  const fs::path options = folder_.Write(
+      "order.tdprint", "db = " + Connection() + "\ntype = 21\ndata = " + deletion + "\n");
+  for (const ProgramResult& result :
+       {Run({TDPRINT_PROGRAM, "print", "--db", Connection(), "--type", "21", "--data", deletion,
+             "--pdf", pdf.string()}),
+        Run({TDPRINT_PROGRAM, "print", "--config", options.string(), "--pdf", pdf.string()})}) {
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(IsOneLine(result.err)) << result.err;
+    EXPECT_EQ(result.err.rfind("tdprint: the rows can't be read: ", 0), 0U) << result.err;
+    EXPECT_FALSE(fs::exists(pdf));
+  }
+  EXPECT_EQ(Print({"--pdf", pdf.string()}).status, 0);
+  EXPECT_NE(Texts(pdf).find("花生油"), std::string::npos) << "the variable is still there";
+}
+
+TEST_F(TdprintProgram, AQueryWithoutRowsSaysSoAndNothingIsPrinted) {
+  const fs::path pdf = folder_ / "order.pdf";
+  const std::string none = std::string("select * from (") + kRows + ") where FInterID=8";
+  const ProgramResult result = Run({TDPRINT_PROGRAM, "print", "--db", Connection(), "--type", "21",
+                                    "--data", none, "--pdf", pdf.string()});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.err, "tdprint: not printed: the query gave no row\n");
+  EXPECT_FALSE(fs::exists(pdf));
+}
+
+TEST_F(TdprintProgram, RowsWithoutTheBillsNumberAreToldByTheColumnsName) {
+  for (const char* sql : {"select 7 as FBillID, '大米' as FItemName",
+                          "select FTranType from TDBill where FTranType=0"}) {
+    const ProgramResult result =
+        Run({TDPRINT_PROGRAM, "print", "--db", Connection(), "--type", "21", "--data", sql, "--pdf",
+             (folder_ / "order.pdf").string()});
+    EXPECT_EQ(result.status, 1) << sql;
+    EXPECT_EQ(result.err, "tdprint: not printed: the rows have no column FInterID\n");
+  }
+  EXPECT_EQ(
+      Run({TDPRINT_PROGRAM, "print", "--db", Connection(), "--type", "21", "--data",
+           "select 7 as finterid, '大米' as FItemName", "--pdf", (folder_ / "order.pdf").string()})
+          .status,
+      0)
+      << "columns are found without regard to case";
+}
+
 TEST_F(TdprintProgram, AFormatThatIsNotRegisteredIsOneLineAndNothingIsPrinted) {
   const ProgramResult named = Print({"--format", "没有'的", "--pdf", folder_ / "order.pdf"});
   EXPECT_EQ(named.status, 1);
@@ -254,6 +299,7 @@ TEST_F(TdprintProgram, TheDemoPrintsEveryBillOfTheSample) {
   EXPECT_EQ(result.status, 0) << result.err;
   EXPECT_TRUE(fs::exists(out / "sample.db"));
   EXPECT_NE(result.out.find(out.string() + ":"), std::string::npos) << "says where it all is";
+  EXPECT_EQ(result.out.find("rinter"), std::string::npos) << "no printer was asked for";
   int documents = 0;
   for (const fs::directory_entry& entry : fs::directory_iterator(out)) {
     if (entry.path().extension() != ".pdf") continue;
@@ -264,6 +310,13 @@ TEST_F(TdprintProgram, TheDemoPrintsEveryBillOfTheSample) {
     EXPECT_TRUE(fs::exists(file.replace_extension() / "page-001.png")) << file;
   }
   EXPECT_GE(documents, 3);
+}
+
+TEST_F(TdprintProgram, TheDemoPrintsOnAPrinterOnlyWhenItIsNamed) {
+  const ProgramResult result = Run({TDPRINT_PROGRAM, "demo", "--out", (folder_ / "demo").string(),
+                                    "--samples", QBTD_SOURCE_DIR "/examples", "--printer", "Dot"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_NE(result.err.find("Dot"), std::string::npos) << result.err;
 }
 
 TEST_F(TdprintProgram, ADialogThatCannotBeShownIsRefusedInOneLine) {

@@ -4,6 +4,7 @@
 #include <sqlite3.h>
 
 #include <regex>
+#include <set>
 #include <sstream>
 
 #include "platform/failure.h"
@@ -15,19 +16,19 @@
 namespace td {
 namespace {
 
-std::string ScriptOf(const ScratchFolder& samples, ScriptEngine engine, bool onlySchema = false) {
+std::string ScriptOf(const ScratchFolder& samples, ScriptEngine engine) {
   samples.Write("prints.tsv", "");
   const SampleDatabase database = OpenSampleDatabase(samples.Path());
   std::ostringstream script;
-  WriteSampleScript(database.get(), engine, onlySchema, script);
+  WriteSampleScript(database.get(), engine, false, script);
   return script.str();
 }
 
-std::string ScriptOfSample(ScriptEngine engine) {
+std::string ScriptOfSample(ScriptEngine engine, bool onlySchema = false) {
   const SampleDatabase database =
       OpenSampleDatabase(std::filesystem::path(QBTD_SOURCE_DIR) / "examples");
   std::ostringstream script;
-  WriteSampleScript(database.get(), engine, false, script);
+  WriteSampleScript(database.get(), engine, onlySchema, script);
   return script.str();
 }
 
@@ -88,12 +89,24 @@ TEST(SampleScript, HoldsTheRowsInTheirOrder) {
                 "create table T (a integer, b real, c text);\n"
                 "create index IX_T on T (a);\n"
                 "insert into T values (2, 0.1, 'x'), (1, -3, null);\n");
-  const std::string schema =
-      "CREATE TABLE T (a integer, b real, c text);\n\nCREATE INDEX IX_T on T (a);\n";
-  EXPECT_EQ(
-      ScriptOf(samples, ScriptEngine::kSqlite),
-      "\n" + schema + "\ninsert into T (a, b, c) values\n  (2, 0.1, 'x'),\n  (1, -3, null);\n");
-  EXPECT_EQ(ScriptOf(samples, ScriptEngine::kSqlite, true), "\n" + schema);
+  EXPECT_EQ(ScriptOf(samples, ScriptEngine::kSqlite),
+            "\nCREATE TABLE T (a integer, b real, c text);\n\nCREATE INDEX IX_T on T (a);\n"
+            "\ninsert into T (a, b, c) values\n  (2, 0.1, 'x'),\n  (1, -3, null);\n");
+}
+
+TEST(SampleScript, OfTheSchemaAloneHasTheComponentsTablesAndNothingOfTheSamples) {
+  const std::string script = ScriptOfSample(ScriptEngine::kSqlite, true);
+  const std::regex create("\nCREATE (TABLE|INDEX|VIEW) (\\w+)");
+  std::set<std::string> made;
+  for (std::sregex_iterator found(script.begin(), script.end(), create), end; found != end;
+       ++found) {
+    made.insert((*found)[2]);
+  }
+  EXPECT_EQ(made, (std::set<std::string>{"TDBill", "TDBillDetail", "IX_TDBillDetail", "TDVariant",
+                                         "TDBill_PaperSize", "TDBill_AreaPrinterDevice",
+                                         "t_SystemProfile", "t_icitem", "IX_t_icitem",
+                                         "t_icitem_Picture"}));
+  EXPECT_EQ(script.find("insert into"), std::string::npos);
 }
 
 // No server of this kind is at hand, so its script is held to what such servers refuse.

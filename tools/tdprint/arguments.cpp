@@ -46,6 +46,20 @@ constexpr const char* kRegistrationExitStatusText =
     "  1  it was not: the module isn't there, or others could change it or the registration\n"
     "  2  wrong usage\n";
 
+// An empty name is mostly a shell's variable that isn't set: without this the document would go to
+// the printer that the format chooses.
+std::string RefuseEmpty(const std::string& name) {
+  return name.empty() ? "the name is empty" : "";
+}
+
+std::string RefuseStandardOutput(const std::string& folder) {
+  return folder == "-" ? "standard output is no folder; --pdf - and --html - go there" : "";
+}
+
+std::string StandardOutputForDash(std::string file) {
+  return file == "-" ? "/dev/stdout" : file;
+}
+
 constexpr int kLargest = std::numeric_limits<std::int16_t>::max();
 
 void DescribeDatabase(CLI::App& command, std::string& database) {
@@ -88,14 +102,24 @@ void DescribePrint(CLI::App& command, PrintArguments& arguments) {
 
   CLI::Option_group* output = command.add_option_group(
       "Output", "Where the document goes (without it: to the printer that the format chooses)");
-  output->add_option("--printer", arguments.printer, "A printer by its name")->type_name("NAME");
+  output->add_option("--printer", arguments.printer, "A printer by its name")
+      ->check(RefuseEmpty)
+      ->type_name("NAME");
   // A file of options that somebody sent must not overwrite anything.
-  output->add_option("--pdf", arguments.pdf, "A PDF file")->configurable(false)->type_name("FILE");
+  output->add_option("--pdf", arguments.pdf, "A PDF file (-: standard output)")
+      ->configurable(false)
+      ->check(RefuseEmpty)
+      ->transform(StandardOutputForDash)
+      ->type_name("FILE");
   output->add_option("--png", arguments.png, "A folder for one PNG file per page")
       ->configurable(false)
+      ->check(RefuseEmpty)
+      ->check(RefuseStandardOutput)
       ->type_name("FOLDER");
-  output->add_option("--html", arguments.html, "A self-contained HTML file")
+  output->add_option("--html", arguments.html, "A self-contained HTML file (-: standard output)")
       ->configurable(false)
+      ->check(RefuseEmpty)
+      ->transform(StandardOutputForDash)
       ->type_name("FILE");
   output->require_option(0, 1);
 
@@ -106,17 +130,20 @@ void DescribeSamples(CLI::App& command, std::string& samples) {
   command
       .add_option("--samples", samples,
                   "Folder of the sample's SQL files (without it: where they were installed)")
+      ->check(RefuseEmpty)
       ->type_name("FOLDER");
 }
 
 void DescribeDemo(CLI::App& command, DemoArguments& arguments) {
   command.add_option("--out", arguments.out, "Folder for the database and the printed bills")
       ->capture_default_str()
+      ->check(RefuseEmpty)
       ->type_name("FOLDER");
   DescribeSamples(command, arguments.samples);
   command
       .add_option("--printer", arguments.printer,
-                  "Printer for one job (without it: the default printer, or the first one)")
+                  "Printer to send one of the bills to, too (without it: files only)")
+      ->check(RefuseEmpty)
       ->type_name("NAME");
   command.footer(kExitStatusText);
 }
@@ -127,9 +154,11 @@ void DescribeSampleSql(CLI::App& command, SampleSqlArguments& arguments) {
       ->check(CLI::IsMember({"sqlite", "postgresql", "mariadb", "sqlserver"}))
       ->type_name("NAME");
   command.add_flag("--only-schema", arguments.onlySchema,
-                   "Only the tables, indexes and views, without rows");
+                   "Only the tables that the component uses, and their indexes, without rows");
   DescribeSamples(command, arguments.samples);
   command.add_option("--out", arguments.out, "A file (without it: standard output)")
+      ->check(RefuseEmpty)
+      ->transform(StandardOutputForDash)
       ->type_name("FILE");
   command.footer(kSampleSqlExamples);
 }
@@ -149,6 +178,7 @@ void DescribeRegistration(CLI::App& command, std::string& module) {
   command
       .add_option("--module", module,
                   "File of the module QbTdPrinter (without it: where it was installed)")
+      ->check(RefuseEmpty)
       ->type_name("FILE");
   command.footer(kRegistrationExitStatusText);
 }
@@ -160,6 +190,7 @@ Command ParseArguments(int argc, const char* const* argv) {
       "Prints bills through the overlay formats that a database holds, and sets the formats up.",
       "tdprint");
   app.require_subcommand(1);
+  app.set_version_flag("--version", "tdprint " TDPRINT_VERSION);
   app.footer(std::string(kExamples) + "\n" + kExitStatusText);
 
   PrintArguments print;

@@ -21,9 +21,9 @@ struct PrintArguments {
   bool preview = false;  // in a window; printed only if its user prints
   // Where the document goes. Without any of them: the printer that the format chooses.
   std::string printer;
-  std::string pdf;   // a file
+  std::string pdf;   // a file; standard output has its path, too
   std::string png;   // a folder
-  std::string html;  // a file
+  std::string html;  // as pdf
 
   bool operator==(const PrintArguments&) const = default;
 };
@@ -31,7 +31,7 @@ struct PrintArguments {
 struct DemoArguments {
   std::string out = "out";
   std::string samples;  // folder of the sample's SQL files; empty: where they were installed
-  std::string printer;  // empty: the default printer, or the first one
+  std::string printer;  // for one job more; empty: none is sent
 
   bool operator==(const DemoArguments&) const = default;
 };

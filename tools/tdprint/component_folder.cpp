@@ -1,24 +1,56 @@
 #include "component_folder.h"
 
-#include <stdlib.h>
+#include <fcntl.h>
+#include <sys/stat.h>
 
+#include <cerrno>
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 
+#include "files/file_error.h"
+#include "files/leftovers.h"
 #include "platform/failure.h"
 
 namespace td {
+namespace {
 
 namespace fs = std::filesystem;
 
-ComponentFolder::ComponentFolder() {
-  std::error_code error;
-  std::string pattern = (fs::temp_directory_path(error) / "tdprint-XXXXXX").string();
-  if (error || mkdtemp(pattern.data()) == nullptr) {
-    throw Failure(kPathNotFound, "no folder for temporary files can be made: " + pattern);
+constexpr std::string_view kPrefix = "tdprint-";
+
+// A folder for the user alone, under a name that nothing had.
+fs::path MakeFolder(const fs::path& parent) {
+  for (;;) {
+    fs::path folder = parent / RandomName(kPrefix);
+    if (mkdir(folder.c_str(), S_IRWXU) == 0) return folder;
+    if (errno != EEXIST) throw FileError(errno);
   }
-  path_ = pattern;
-  fs::create_directory(fs::path(path_) / "picture", error);
+}
+
+Descriptor OpenFolder(const fs::path& folder) {
+  return Descriptor(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+}
+
+}  // namespace
+
+ComponentFolder::ComponentFolder() : inUse_(-1) {
+  std::error_code error;
+  const fs::path parent = fs::temp_directory_path(error);
+  try {
+    if (error) throw FileError(error.value());
+    SweepLeftovers(OpenFolder(parent), kPrefix, [&](const std::string& leftover) {
+      std::error_code ignored;
+      fs::remove_all(parent / leftover, ignored);
+    });
+    path_ = MakeFolder(parent);
+    inUse_ = OpenFolder(path_);
+    HoldInUse(inUse_);
+    fs::create_directory(fs::path(path_) / "picture");
+  } catch (const std::runtime_error& failure) {
+    throw Failure(kPathNotFound,
+                  "no folder for temporary files can be made: " + std::string(failure.what()));
+  }
 }
 
 ComponentFolder::~ComponentFolder() {

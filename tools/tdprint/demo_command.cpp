@@ -6,7 +6,6 @@
 #include <string>
 
 #include "complaint.h"
-#include "desktop/desktop_platform.h"
 #include "platform/failure.h"
 #include "print_command.h"
 #include "sample_files.h"
@@ -49,23 +48,8 @@ ExitStatus PrintToFiles(const SamplePrint& sample, const fs::path& out, const fs
   return status;
 }
 
-// The default printer, or the first one; empty when none is installed.
-std::string InstalledPrinter() {
-  DesktopPlatform desktop;
-  const auto frame = desktop.Get().windows.CreatePrintFrame("frmTdPrint");
-  PrintSurface& surface = frame->Surface();
-  if (surface.DeviceCount() == 0) return {};
-  const std::string chosen = surface.Device();
-  return chosen.empty() ? surface.DeviceName(0) : chosen;
-}
-
 ExitStatus PrintToPrinter(const SamplePrint& sample, const fs::path& database,
-                          const std::string& wanted) {
-  const std::string printer = wanted.empty() ? InstalledPrinter() : wanted;
-  if (printer.empty()) {
-    std::cout << "No printer is installed, so no job was sent to one." << std::endl;
-    return ExitStatus::kPrinted;
-  }
+                          const std::string& printer) {
   PrintArguments arguments = ArgumentsFor(sample, database);
   arguments.printer = printer;
   const ExitStatus status = PrintBills(arguments);
@@ -91,7 +75,7 @@ ExitStatus Demonstrate(const DemoArguments& arguments) {
   for (const SamplePrint& sample : prints) {
     status = Worse(status, PrintToFiles(sample, out, database));
   }
-  if (!prints.empty()) {
+  if (!prints.empty() && !arguments.printer.empty()) {
     status = Worse(status, PrintToPrinter(prints.front(), database, arguments.printer));
   }
   return status;

@@ -1,3 +1,6 @@
+#include <fcntl.h>
+#include <unistd.h>
+
 #include "arguments.h"
 #include "demo_command.h"
 #include "dialog_commands.h"
@@ -32,8 +35,18 @@ struct Runner {
   td::ExitStatus operator()(td::ExitStatus status) const { return status; }
 };
 
+// What is closed of the standard input and outputs is opened the wrong way round: nothing else,
+// such as the database, gets its number, and who reads or writes there is told that it can't be.
+void KeepStandardDescriptors() {
+  for (const int number : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (fcntl(number, F_GETFD) >= 0) continue;
+    if (open("/dev/null", number == STDIN_FILENO ? O_WRONLY : O_RDONLY) < 0) return;
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  KeepStandardDescriptors();
   return static_cast<int>(std::visit(Runner{}, td::ParseArguments(argc, argv)));
 }

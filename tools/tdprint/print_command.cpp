@@ -2,10 +2,12 @@
 
 #include <filesystem>
 #include <string>
+#include <variant>
 
 #include "complaint.h"
 #include "component_folder.h"
 #include "desktop/desktop_platform.h"
+#include "document_bounds.h"
 #include "page_document/page_document.h"
 #include "platform/failure.h"
 #include "platform/lock_character.h"
@@ -47,17 +49,37 @@ std::string QuotedText(const std::string& text) {
   return quoted + "'";
 }
 
-void RequireFormat(Database& database, const PrintArguments& arguments) {
+// What has become of the bills when a step fails.
+std::string NothingDone(const PrintArguments& arguments) {
+  return arguments.preview ? "not shown" : "not printed";
+}
+
+bool HasColumn(Recordset& rows, std::string_view column) {
+  try {
+    (void)rows.Field(column);
+    return true;
+  } catch (const Failure& failure) {
+    return failure.Number() != kNoSuchColumn;
+  }
+}
+
+// The text of a column, empty if it is Null or missing.
+std::string TextOrNothing(Recordset& rows, std::string_view column) {
+  if (!HasColumn(rows, column)) return {};
+  const auto* text = std::get_if<std::string>(&rows.Field(column));
+  return text == nullptr ? std::string() : *text;
+}
+
+// Fails if there is no such format. Returns the printer that it prefers, or nothing.
+std::string RequireFormat(Database& database, const PrintArguments& arguments) {
   const std::string condition =
       arguments.format.empty() ? "FSelected=1" : "FTDBillName=" + QuotedText(arguments.format);
   const std::string billType = std::to_string(arguments.billType);
-  const bool registered = Try("the registered formats can't be read", [&] {
-    return !database
-                .OpenQuery(arguments.database, "select FTDBillName from TDBill where FTranType=" +
-                                                   billType + " and " + condition)
-                ->Eof();
+  const RecordsetRef format = Try("the registered formats can't be read", [&] {
+    return database.OpenQuery(arguments.database, "select * from TDBill where " + condition +
+                                                      " and FTranType=" + billType);
   });
-  if (registered) return;
+  if (!format->Eof()) return TextOrNothing(*format, "FPrintDevice");
   throw StepFailure("not printed",
                     Failure(kInvalidCall, arguments.format.empty()
                                               ? "bill type " + billType + " has no selected format"
@@ -80,26 +102,15 @@ void WriteFiles(const PageDocument& document, const PrintArguments& arguments) {
   if (!arguments.html.empty()) WriteHtml(pages, arguments.html, Title(arguments));
 }
 
-// What became of the document, as the platform tells it.
-struct Outcome {
-  bool hasPages = false;
-  bool delivered = false;  // to the printer or into the files
-  bool isWhole = true;     // nothing of it was complained about
-};
-
 DesktopOptions OptionsFor(const PrintArguments& arguments, const ComponentFolder& folder,
-                          Progress& progress, Outcome& outcome) {
+                          Progress& progress, bool& isWhole) {
   DesktopOptions options;
   options.printer = arguments.printer;
   if (!arguments.preview) options.messages = MessageMode::kStandardError;
   options.componentFolder = folder.Path();
-  options.onPage = [&](int page) {
-    progress.PageFinished(page);
-    outcome.hasPages = true;
-  };
-  options.onPrinted = [&outcome] { outcome.delivered = true; };
-  options.onComplaint = [&outcome](const std::string& text) {
-    outcome.isWhole = false;
+  options.onPage = [&](int page) { progress.PageFinished(page); };
+  options.onComplaint = [&isWhole](const std::string& text) {
+    isWhole = false;
     Complain("the document is not as the format wants it", text);
   };
   if (GoesToFiles(arguments)) {
@@ -108,20 +119,34 @@ DesktopOptions OptionsFor(const PrintArguments& arguments, const ComponentFolder
   return options;
 }
 
-// The rows that the data statement delivers.
-RecordsetRef OpenRows(Database& database, const PrintArguments& arguments) {
-  return Try("the rows can't be read", [&] {
-    RecordsetRef opened = database.OpenQuery(arguments.database, arguments.data);
-    (void)opened->Eof();  // fails for a statement that delivers no rows at all
-    return opened;
-  });
+// The rows that the data statement delivers, of which there is one at least.
+RecordsetRef OpenRows(DesktopPlatform& desktop, const PrintArguments& arguments) {
+  RecordsetRef rows = Try("the rows can't be read",
+                          [&] { return desktop.OpenReadOnly(arguments.database, arguments.data); });
+  if (!HasColumn(*rows, "FInterID")) {
+    throw StepFailure(NothingDone(arguments),
+                      Failure(kNoSuchColumn, "the rows have no column FInterID"));
+  }
+  if (rows->Eof()) {
+    throw StepFailure(NothingDone(arguments), Failure(kNothingToPrint, "the query gave no row"));
+  }
+  return rows;
+}
+
+// The run passes over a preferred printer that isn't installed without a word.
+void TellOfAnotherPrinter(const DesktopPlatform& desktop, const PrintArguments& arguments,
+                          const std::string& preferred) {
+  const std::string used = desktop.LastDocument().printer;
+  if (preferred.empty() || used.empty() || used == preferred || !arguments.printer.empty()) return;
+  if (desktop.HasPrinter(preferred)) return;
+  Complain("printed on " + used, "the format asks for " + preferred + ", which isn't installed");
 }
 
 ExitStatus Print(const PrintArguments& arguments) {
   const ComponentFolder folder;
   Progress progress;
-  Outcome outcome;
-  DesktopPlatform desktop(OptionsFor(arguments, folder, progress, outcome));
+  bool isWhole = true;  // nothing of the document was complained about
+  DesktopPlatform desktop(OptionsFor(arguments, folder, progress, isWhole));
   if (arguments.preview && !desktop.HasDisplay()) {
     Complain("not shown", "there is no display");
     return ExitStatus::kNotPrinted;
@@ -129,8 +154,9 @@ ExitStatus Print(const PrintArguments& arguments) {
   Platform& platform = desktop.Get();
   Try("the database can't be opened",
       [&] { return platform.database.Connect(arguments.database) != nullptr; });
-  RequireFormat(platform.database, arguments);
-  const RecordsetRef rows = OpenRows(platform.database, arguments);
+  const std::string preferredPrinter = RequireFormat(platform.database, arguments);
+  const RecordsetRef rows = OpenRows(desktop, arguments);
+  RequireFewRows(*rows, arguments.blankRows);
 
   Printer printer(platform);
   printer.PrintBlankRows(arguments.blankRows);
@@ -138,15 +164,18 @@ ExitStatus Print(const PrintArguments& arguments) {
   (printer.*print)(!arguments.preview, arguments.database, arguments.billType,
                    arguments.onlyVariant, false, progress.Watch(rows), arguments.format, nullptr);
 
-  const bool isDone = arguments.preview ? outcome.hasPages : printer.PrintOk() && outcome.delivered;
+  const DocumentOutcome outcome = desktop.LastDocument();
+  const bool isDone =
+      arguments.preview ? outcome.pages > 0 : printer.PrintOk() && outcome.IsDelivered();
   if (!isDone) {
     if (desktop.MessagesShown() == 0) {
-      Complain(arguments.preview ? "not shown" : "not printed", "the run ended without a message");
+      Complain(NothingDone(arguments), "the run ended without a message");
     }
     return ExitStatus::kNotPrinted;
   }
-  return desktop.MessagesShown() == 0 && outcome.isWhole ? ExitStatus::kPrinted
-                                                         : ExitStatus::kPrintedWithMessages;
+  TellOfAnotherPrinter(desktop, arguments, preferredPrinter);
+  return desktop.MessagesShown() == 0 && isWhole ? ExitStatus::kPrinted
+                                                 : ExitStatus::kPrintedWithMessages;
 }
 
 // Who opened a preview by a double click sees no standard error: a preview complains in a box too.

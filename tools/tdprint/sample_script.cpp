@@ -18,6 +18,11 @@ namespace {
 // As many rows as every engine takes in one insert.
 constexpr int kRowsOfAnInsert = 500;
 
+// The tables of the component; the others are those of the application that the sample plays.
+constexpr const char* kComponentTables =
+    "('TDBill','TDBillDetail','TDVariant','TDBill_PaperSize','TDBill_AreaPrinterDevice',"
+    "'t_SystemProfile','t_icitem','t_icitem_Picture')";
+
 struct FinishStatement {
   void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 };
@@ -113,8 +118,11 @@ std::optional<ScriptEngine> ScriptEngineNamed(std::string_view name) {
 
 void WriteSampleScript(sqlite3* sample, ScriptEngine engine, bool onlySchema, std::ostream& out) {
   out << ScriptHead(engine);
+  const std::string which =
+      onlySchema ? std::string(" and tbl_name in ") + kComponentTables : std::string();
   for (const std::string& create :
-       Texts(sample, "select sql from sqlite_master where sql is not null order by rowid")) {
+       Texts(sample,
+             "select sql from sqlite_master where sql is not null" + which + " order by rowid")) {
     out << "\n" << ToScriptDialect(create, engine) << StatementEnd(engine);
   }
   if (onlySchema) return;

@@ -14,8 +14,9 @@ enum class ScriptEngine { kSqlite, kPostgreSql, kMariaDb, kSqlServer };
 // sqlite, postgresql, mariadb or sqlserver, in lower case; nothing for any other name.
 [[nodiscard]] std::optional<ScriptEngine> ScriptEngineNamed(std::string_view name);
 
-// Writes the tables, indexes and views of a database and, unless only the schema is wanted, its
-// rows: a script in UTF-8 for the engine's own client, to be run once in an empty database.
+// Writes a script in UTF-8 for the engine's own client, to be run once in a database that has none
+// of the tables: the tables, indexes, views and rows of the sample or, if only the schema is
+// wanted, the tables that the component reads and writes, with their indexes.
 //
 //   in the sample               PostgreSQL         MariaDB            SQL Server
 //   real                        double precision   double             float

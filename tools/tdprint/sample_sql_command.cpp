@@ -1,9 +1,10 @@
 #include "sample_sql_command.h"
 
-#include <fstream>
-#include <iostream>
+#include <sstream>
 
 #include "complaint.h"
+#include "files/file_error.h"
+#include "files/output_file.h"
 #include "platform/failure.h"
 #include "sample_files.h"
 #include "sample_script.h"
@@ -11,23 +12,24 @@
 namespace td {
 namespace {
 
-void Write(const SampleSqlArguments& arguments) {
+std::string ScriptFor(const SampleSqlArguments& arguments) {
   const SampleDatabase sample = OpenSampleDatabase(FindSamples(arguments.samples));
-  std::ofstream file;
-  if (!arguments.out.empty()) file.open(arguments.out, std::ios::binary);
-  std::ostream& out = arguments.out.empty() ? std::cout : file;
+  std::ostringstream script;
   WriteSampleScript(sample.get(), ScriptEngineNamed(arguments.engine).value(), arguments.onlySchema,
-                    out);
-  out.flush();
-  if (!out) throw Failure(kPathNotFound, arguments.out + " can't be written");
+                    script);
+  return script.str();
 }
 
 }  // namespace
 
 ExitStatus WriteSampleSql(const SampleSqlArguments& arguments) {
+  const std::string out = arguments.out.empty() ? "/dev/stdout" : arguments.out;
   try {
-    Write(arguments);
+    WriteOutput(out, WriterOf(ScriptFor(arguments)));
     return ExitStatus::kPrinted;
+  } catch (const FileError& error) {
+    Complain("the script wasn't written", out + ": " + error.what());
+    return ExitStatus::kNotPrinted;
   } catch (const Failure& failure) {
     Complain("the script wasn't written", failure.Description());
     return ExitStatus::kNotPrinted;

@@ -46,7 +46,8 @@ _tdprint() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} options
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
-    _tdprint_words "print preview demo settings area-printers sample-sql register unregister --help" \
+    _tdprint_words "print preview demo settings area-printers sample-sql register unregister --help \
+      --version" \
       "$current"
     return
   fi

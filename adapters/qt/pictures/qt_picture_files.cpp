@@ -11,6 +11,9 @@
 #include <string_view>
 #include <system_error>
 
+#include "files/descriptor.h"
+#include "files/file_error.h"
+#include "files/whole_file.h"
 #include "page_document/pictures.h"
 #include "pictures/picture_decoder.h"
 #include "pictures/picture_headers.h"
@@ -19,27 +22,6 @@
 
 namespace td {
 namespace {
-
-class OpenFile {
- public:
-  explicit OpenFile(int descriptor) : descriptor_(descriptor) {}
-  ~OpenFile() { Close(); }
-  OpenFile(const OpenFile&) = delete;
-  OpenFile& operator=(const OpenFile&) = delete;
-
-  [[nodiscard]] int Descriptor() const { return descriptor_; }
-  [[nodiscard]] bool IsOpen() const { return descriptor_ >= 0; }
-  // False when the system reports only now that a write has failed.
-  bool Close() {
-    if (descriptor_ < 0) return true;
-    const int result = close(descriptor_);
-    descriptor_ = -1;
-    return result == 0;
-  }
-
- private:
-  int descriptor_;
-};
 
 std::string NativePath(const std::string& path) {
   std::string native = path;
@@ -86,18 +68,6 @@ void RequireWholePath(const std::string& path) {
   if (path.find('\0') != path.npos) throw Failure(kPathNotFound, "路径无效。");
 }
 
-// 0, or the system's error.
-int WriteAll(int descriptor, const Bytes& bytes) {
-  std::size_t written = 0;
-  while (written < bytes.size()) {
-    const ssize_t step = write(descriptor, bytes.data() + written, bytes.size() - written);
-    if (step < 0 && errno == EINTR) continue;
-    if (step < 0) return errno;
-    written += static_cast<std::size_t>(step);
-  }
-  return 0;
-}
-
 const Bytes& BytesOf(const Value& value, const std::string& path) {
   if (IsNull(value)) throw FileFailure(kInvalidUseOfNull, "没有图片数据（Null），未保存", path);
   const Bytes* bytes = std::get_if<Bytes>(&value);
@@ -109,17 +79,17 @@ const Bytes& BytesOf(const Value& value, const std::string& path) {
 // Reads a regular file up to one byte beyond the bound, which the decoder then refuses.
 Bytes ReadPictureFile(const std::string& path) {
   // Without O_NONBLOCK, a pipe in the file's place would hold the program up.
-  const OpenFile file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+  const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
   if (!file.IsOpen()) throw SystemFailure(errno, path);
   struct stat status = {};
-  if (fstat(file.Descriptor(), &status) != 0) throw SystemFailure(errno, path);
+  if (fstat(file.Number(), &status) != 0) throw SystemFailure(errno, path);
   if (!S_ISREG(status.st_mode)) throw FileFailure(kInvalidPicture, "不是图片文件", path);
 
   const auto size = std::min(static_cast<std::size_t>(status.st_size), kLargestFileBytes + 1);
   Bytes bytes(size);
   std::size_t filled = 0;
   while (filled < size) {
-    const ssize_t step = read(file.Descriptor(), bytes.data() + filled, size - filled);
+    const ssize_t step = read(file.Number(), bytes.data() + filled, size - filled);
     if (step < 0 && errno == EINTR) continue;
     if (step < 0) throw SystemFailure(errno, path);
     if (step == 0) break;
@@ -167,15 +137,15 @@ void QtPictureFiles::SaveNewFile(const std::string& path, const Value& value) {
   RequireWholePath(path);
   const std::string native = NativePath(path);
   const Bytes& bytes = BytesOf(value, native);
-  constexpr mode_t kModeBeforeUmask = 0666;
-  OpenFile file(
-      open(native.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, kModeBeforeUmask));
-  if (!file.IsOpen()) throw SystemFailure(errno, native);
-  int error = WriteAll(file.Descriptor(), bytes);
-  if (!file.Close() && error == 0) error = EIO;
-  if (error != 0) {
-    unlink(native.c_str());
-    throw SystemFailure(error, native);
+  const std::filesystem::path file = native;
+  const Descriptor folder(open(file.has_parent_path() ? file.parent_path().c_str() : ".",
+                               O_PATH | O_DIRECTORY | O_CLOEXEC));
+  if (!folder.IsOpen()) throw SystemFailure(errno, native);
+  try {
+    CreateNewFile(folder, file.filename(), {},
+                  WriterOf({reinterpret_cast<const char*>(bytes.data()), bytes.size()}));
+  } catch (const FileError& error) {
+    throw SystemFailure(error.Number(), native);
   }
 }
 

@@ -4,7 +4,11 @@
 #include <QImage>
 #include <QPainter>
 #include <cmath>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
 
+#include "files/file_error.h"
 #include "platform/failure.h"
 #include "platform/lock_character.h"
 #include "render/outputs.h"
@@ -29,6 +33,16 @@ void RemovePagesFrom(const QDir& folder, std::size_t number) {
   while (QFile::remove(QString::fromStdString(PagePath(folder, number)))) ++number;
 }
 
+void MakeFolder(const std::string& path) {
+  std::error_code error;
+  std::filesystem::create_directory(path, error);
+  if (!error) return;
+  const std::string reason =
+      error == std::errc::file_exists ? "这不是一个文件夹" : ReasonOf(error.value());
+  throw Failure(kPathNotFound,
+                WithoutLockCharacter("无法建立文件夹“" + path + "”：" + reason + "。"));
+}
+
 }  // namespace
 
 QImage RenderPage(const Page& page, double dotsPerInch) {
@@ -50,12 +64,9 @@ QImage RenderPage(const Page& page, double dotsPerInch) {
 
 std::vector<std::string> WritePngPages(const std::vector<Page>& pages, const std::string& folder,
                                        double dotsPerInch) {
-  RequirePages(pages);
+  RequirePages(pages.size());
   const QDir directory(QString::fromStdString(folder));
-  if (!directory.exists() && !QDir().mkdir(directory.path())) {
-    throw Failure(kPathNotFound,
-                  WithoutLockCharacter("文件夹不存在，也无法创建：“" + folder + "”"));
-  }
+  MakeFolder(directory.path().toStdString());
   std::vector<std::string> paths;
   for (const Page& page : pages) {
     QByteArray png;

@@ -99,14 +99,25 @@ std::vector<double> Positions(const QString& text, FontFaces& faces) {
   return positions;
 }
 
+// For each UTF-16 unit of a text, and for its end: where the text before it ends without blanks.
+std::vector<qsizetype> InkEnds(const QString& text) {
+  std::vector<qsizetype> ends = {0};
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    ends.push_back(text.at(i).isSpace() ? ends.back() : i + 1);
+  }
+  return ends;
+}
+
 // Breaks an unshaped paragraph into parts of a text, [begin, end) each, whose widths without the
 // blanks at their ends are within `width`: where lines may break, and inside words that are wider.
 std::vector<std::pair<qsizetype, qsizetype>> Parts(const QString& text, double width,
                                                    FontFaces& faces) {
   const std::vector<double> positions = Positions(text, faces);
+  const std::vector<qsizetype> inkEnds = InkEnds(text);
   const auto fits = [&](qsizetype begin, qsizetype end) {
-    while (end > begin && text.at(end - 1).isSpace()) --end;
-    return positions[static_cast<std::size_t>(end)] - positions[static_cast<std::size_t>(begin)] <=
+    const qsizetype inkEnd = std::max(begin, inkEnds[static_cast<std::size_t>(end)]);
+    return positions[static_cast<std::size_t>(inkEnd)] -
+               positions[static_cast<std::size_t>(begin)] <=
            width;
   };
   std::vector<std::pair<qsizetype, qsizetype>> parts;
@@ -116,14 +127,15 @@ std::vector<std::pair<qsizetype, qsizetype>> Parts(const QString& text, double w
     parts.emplace_back(begin, end);
     begin = fitting = end;
   };
+  // Made once: each of them looks at the whole text.
   QTextBoundaryFinder breaks(QTextBoundaryFinder::Line, text);
+  QTextBoundaryFinder letters(QTextBoundaryFinder::Grapheme, text);
   for (qsizetype end = breaks.toNextBoundary(); end > 0; end = breaks.toNextBoundary()) {
     while (!fits(begin, end)) {
       if (fitting > begin) {
         cut(fitting);
         continue;
       }
-      QTextBoundaryFinder letters(QTextBoundaryFinder::Grapheme, text);
       letters.setPosition(begin);
       qsizetype letterEnd = letters.toNextBoundary();
       while (letterEnd > 0 && letterEnd < end && fits(begin, letterEnd)) {
@@ -140,20 +152,45 @@ std::vector<std::pair<qsizetype, qsizetype>> Parts(const QString& text, double w
   return parts;
 }
 
-void BreakShapedParagraph(const QString& text, double width, FontFaces& faces,
-                          std::vector<LaidLine>& lines) {
-  QTextLayout layout(text, faces.Primary()->font);
+// The parts, [begin, end) each, that a shaped text breaks into.
+std::vector<std::pair<qsizetype, qsizetype>> ShapedParts(const QString& text, double width,
+                                                         const QFont& font) {
+  QTextLayout layout(text, font);
   layout.setTextOption([] {
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     return option;
   }());
+  std::vector<std::pair<qsizetype, qsizetype>> parts;
   layout.beginLayout();
   for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
     line.setLineWidth(std::max(width, 1.0));
-    lines.push_back(ShapedLine(TrimmedEnd(text.mid(line.textStart(), line.textLength())), faces));
+    parts.emplace_back(line.textStart(), line.textStart() + line.textLength());
   }
   layout.endLayout();
+  return parts;
+}
+
+// A layout's time grows with the square of a word's length. So a long text is laid out in stretches
+// of several lines; the last line of a stretch, which its end cuts off, begins the next one.
+void BreakShapedParagraph(const QString& text, double width, FontFaces& faces,
+                          std::vector<LaidLine>& lines) {
+  qsizetype stretch = 2048;
+  for (qsizetype begin = 0;;) {
+    const QString laid = text.mid(begin, stretch);
+    const bool reachesEnd = begin + laid.size() == text.size();
+    auto parts = ShapedParts(laid, width, faces.Primary()->font);
+    if (!reachesEnd && parts.size() < 2) {
+      stretch *= 2;
+      continue;
+    }
+    if (!reachesEnd) parts.pop_back();
+    for (const auto& [first, last] : parts) {
+      lines.push_back(ShapedLine(TrimmedEnd(laid.mid(first, last - first)), faces));
+    }
+    if (reachesEnd) return;
+    begin += parts.back().second;
+  }
 }
 
 void BreakParagraph(const QString& text, double width, FontFaces& faces,

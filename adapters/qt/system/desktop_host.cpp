@@ -12,11 +12,6 @@
 #include "qt/system/printers.h"
 
 namespace td {
-namespace {
-
-constexpr std::int32_t kHtmlFormat = 1;
-
-}  // namespace
 
 std::vector<std::string> DesktopHost::Devices() {
   return PrinterNames();
@@ -48,37 +43,57 @@ std::string DesktopHost::PrinterOf(PageDocument& document) const {
 }
 
 void DesktopHost::Print(PageDocument& document, bool withDialog) {
+  DocumentOutcome untold;
+  DocumentOutcome& outcome = settings_.outcome != nullptr ? *settings_.outcome : untold;
+  BeginOutcome(outcome, document.PageCount());
+  try {
+    Deliver(document, withDialog, outcome);
+  } catch (const std::exception& failure) {
+    outcome.delivery = Delivery::kRefused;
+    outcome.reason = failure.what();
+    throw;
+  }
+  if (outcome.IsDelivered() && settings_.onPrinted) settings_.onPrinted();
+}
+
+void DesktopHost::Deliver(PageDocument& document, bool withDialog, DocumentOutcome& outcome) {
   if (settings_.documentSink) {
     settings_.documentSink(document);
-    TellPrinted();
+    outcome.delivery = Delivery::kSink;
     return;
   }
   PrintChoice choice;
   choice.printer = PrinterOf(document);
-  if (choice.printer.empty()) {
-    throw DeviceFailure(kDeviceIo, "本机没有安装打印机，无法打印。");
-  }
   if (withDialog) {
     if (!HasWindowSystem()) {
       throw DeviceFailure(kInvalidCall, "没有可用的显示，无法打开打印对话框。");
     }
     const auto answer = AskForPrinter(choice.printer, document.PageCount(), viewer_.window);
-    if (!answer) return;
+    if (!answer) {
+      outcome.delivery = Delivery::kCancelled;
+      return;
+    }
     choice = *answer;
   }
-  PrintDocument(document, choice);
-  TellPrinted();
-}
-
-void DesktopHost::TellPrinted() const {
-  if (settings_.onPrinted) settings_.onPrinted();
+  if (choice.printer.empty() && choice.pdfFile.empty()) {
+    throw DeviceFailure(kDeviceIo, "本机没有安装打印机，无法打印。");
+  }
+  if (choice.pages && choice.pages->empty()) {
+    throw DeviceFailure(kInvalidCall, "所选的范围里没有要打印的页。");
+  }
+  const bool isForFile = !choice.pdfFile.empty();
+  if (!isForFile) outcome.printer = choice.printer;
+  PrintDocument(document, choice, &outcome.jobs);
+  outcome.delivery = isForFile ? Delivery::kFile : Delivery::kPrinter;
 }
 
 bool DesktopHost::ShowPageSetup(PageDocument& document) {
   if (!HasWindowSystem()) {
     throw DeviceFailure(kInvalidCall, "没有可用的显示，无法打开页面设置。");
   }
-  PageSetupDialog dialog(document, PrinterOf(document), viewer_.window);
+  PageSetupDialog dialog(
+      document, PrinterOf(document),
+      {.ofNewDocument = [this] { return DefaultSheet(); }, .ofPrinter = OwnSheet}, viewer_.window);
   if (dialog.exec() != QDialog::Accepted) return false;
   dialog.Apply();
   if (!dialog.ChosenPrinter().empty()) chosenPrinter_ = dialog.ChosenPrinter();
@@ -87,7 +102,7 @@ bool DesktopHost::ShowPageSetup(PageDocument& document) {
 
 void DesktopHost::Export(PageDocument& document, const std::string& file, std::int32_t format) {
   try {
-    if (format != kHtmlFormat) {
+    if (format != kExportHtml) {
       throw DeviceFailure(kInvalidCall, "不支持的导出格式：" + std::to_string(format));
     }
     const std::string folder =

@@ -34,6 +34,9 @@ class DesktopHost : public DocumentHost {
   // That of the printer in the settings, if they name one.
   std::optional<PaperExtent> DefaultSheet() override;
 
+  // That of the printer in the settings, if they name one, else of the default printer.
+  [[nodiscard]] std::optional<PaperExtent> DefaultSheet();
+
   double LineHeight(const TextLine& line) override;
   double LineWidth(const TextLine& line) override;
 
@@ -54,7 +57,7 @@ class DesktopHost : public DocumentHost {
 
  private:
   [[nodiscard]] std::string PrinterOf(PageDocument& document) const;
-  void TellPrinted() const;
+  void Deliver(PageDocument& document, bool withDialog, DocumentOutcome& outcome);
 
   const FrameSettings& settings_;
   Messages& messages_;

@@ -1,21 +1,20 @@
 #include "qt/system/document_printing.h"
 
 #include <QGuiApplication>
-#include <QTemporaryDir>
 
 #include "qt/render/outputs.h"
-#include "qt/system/device_failure.h"
 #include "qt/system/print_job.h"
 
 namespace td {
 namespace {
 
-std::vector<Page> ChosenPages(const PageDocument& document, const std::vector<int>& numbers) {
-  if (numbers.empty()) return document.Pages();
-  std::vector<Page> chosen;
-  chosen.reserve(numbers.size());
-  for (const int number : numbers)
-    chosen.push_back(document.Pages().at(static_cast<std::size_t>(number) - 1));
+PageRefs ChosenPages(const PageDocument& document, const std::optional<std::vector<int>>& numbers) {
+  if (!numbers) return RefsTo(document.Pages());
+  PageRefs chosen;
+  chosen.reserve(numbers->size());
+  for (const int number : *numbers) {
+    chosen.push_back(&document.Pages().at(static_cast<std::size_t>(number) - 1));
+  }
   return chosen;
 }
 
@@ -25,31 +24,27 @@ std::string Title() {
   return name.isEmpty() ? "QbTdPrinter" : name.toStdString();
 }
 
-void PrintPages(const std::vector<Page>& pages, const PaperExtent& sheet,
-                const PrintChoice& choice) {
-  const QTemporaryDir folder;
-  if (!folder.isValid()) {
-    throw DeviceFailure(kDeviceIo,
-                        "无法建立打印用的临时文件夹：" + folder.errorString().toStdString());
-  }
-  const std::string file = folder.filePath(QStringLiteral("job.pdf")).toStdString();
-  WritePdf(pages, file, Title());
-  SubmitPrintJob({choice.printer, Title(), file, sheet, choice.options});
+// Returns the job's number.
+int PrintPages(const PageRefs& pages, const PaperExtent& sheet, const PrintChoice& choice) {
+  const FileWriter pdf = [&pages](const ByteSink& sink) { StreamPdf(pages, Title(), sink); };
+  return SubmitPrintJob({choice.printer, Title(), pdf, sheet, choice.options});
 }
 
 }  // namespace
 
-void PrintDocument(const PageDocument& document, const PrintChoice& choice) {
-  const std::vector<Page> pages = ChosenPages(document, choice.pages);
+void PrintDocument(const PageDocument& document, const PrintChoice& choice,
+                   std::vector<int>* jobs) {
+  const PageRefs pages = ChosenPages(document, choice.pages);
   if (!choice.pdfFile.empty()) {
     WritePdf(pages, choice.pdfFile, Title());
     return;
   }
   for (auto first = pages.begin(); first != pages.end();) {
-    const PaperExtent sheet = first->Sheet();
+    const PaperExtent sheet = (*first)->Sheet();
     auto last = first;
-    while (last != pages.end() && last->Sheet() == sheet) ++last;
-    PrintPages({first, last}, sheet, choice);
+    while (last != pages.end() && (*last)->Sheet() == sheet) ++last;
+    const int job = PrintPages({first, last}, sheet, choice);
+    if (jobs != nullptr) jobs->push_back(job);
     first = last;
   }
 }

@@ -6,13 +6,13 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
-#include <string_view>
 #include <system_error>
 
+#include "files/descriptor.h"
+#include "files/file_error.h"
+#include "files/whole_file.h"
 #include "qt/system/device_failure.h"
 
 namespace td {
@@ -20,56 +20,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// An open file descriptor, closed when it goes out of scope.
-class Descriptor {
- public:
-  explicit Descriptor(int number) : number_(number) {}
-  ~Descriptor() {
-    if (number_ >= 0) close(number_);
-  }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  [[nodiscard]] int Number() const { return number_; }
-  [[nodiscard]] bool IsOpen() const { return number_ >= 0; }
-
- private:
-  int number_;
-};
-
-// A file of the folder that is removed again unless it is given its name.
-class TemporaryName {
- public:
-  TemporaryName(int folder, const std::string& name)
-      : folder_(folder), name_("." + name + "." + std::to_string(getpid())) {}
-  ~TemporaryName() {
-    if (isOwned_) unlinkat(folder_, name_.c_str(), 0);
-  }
-  TemporaryName(const TemporaryName&) = delete;
-  TemporaryName& operator=(const TemporaryName&) = delete;
-
-  // A new file, or -1 with errno. A leftover of a process that died with the same number goes.
-  int Create() {
-    constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
-    unlinkat(folder_, name_.c_str(), 0);
-    const int file = openat(folder_, name_.c_str(), kFlags, S_IRUSR | S_IWUSR);
-    isOwned_ = file >= 0;
-    return file;
-  }
-
-  bool RenameTo(const std::string& name) {
-    if (renameat(folder_, name_.c_str(), folder_, name.c_str()) != 0) return false;
-    isOwned_ = false;
-    return true;
-  }
-
- private:
-  int folder_;
-  std::string name_;
-  bool isOwned_ = false;
-};
-
-[[noreturn]] void FailOn(int number, const std::string& path) {
-  throw DeviceFailure(number, "无法保存文件“" + path + "”：" + std::strerror(errno));
+Failure SavingFailure(int number, const std::string& path, const std::string& reason) {
+  return DeviceFailure(number, "无法保存文件“" + path + "”：" + reason + "。");
 }
 
 std::string AbsolutePathFrom(const char* variable) {
@@ -89,18 +41,8 @@ void MakePrivateFolders(const fs::path& folder) {
     if (!fs::is_directory(folder.parent_path(), error)) MakePrivateFolders(folder.parent_path());
   }
   if (mkdir(folder.c_str(), S_IRWXU) != 0 && errno != EEXIST) {
-    FailOn(kPathNotFound, folder.string());
+    throw SavingFailure(kPathNotFound, folder.string(), ReasonOf(errno));
   }
-}
-
-bool WriteAll(int file, std::string_view content) {
-  while (!content.empty()) {
-    const ssize_t written = write(file, content.data(), content.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return false;
-    content.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
 }
 
 }  // namespace
@@ -122,22 +64,16 @@ std::string FileNameOf(const std::string& path) {
 }
 
 void WritePrivateFile(const std::string& folder, const std::string& name, const FileWriter& write) {
-  const std::string path = folder + "/" + name;
   const fs::path withoutSlash = fs::path(folder + "/").parent_path();
   MakePrivateFolders(withoutSlash);
   const Descriptor directory(
       open(withoutSlash.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-  if (!directory.IsOpen()) FailOn(kPathNotFound, folder);
-
-  TemporaryName temporary(directory.Number(), name);
-  const Descriptor file(temporary.Create());
-  if (!file.IsOpen()) FailOn(kDeviceIo, path);
-  write([&](std::string_view part) {
-    if (!WriteAll(file.Number(), part)) FailOn(kDeviceIo, path);
-  });
-  if (fsync(file.Number()) != 0 || !temporary.RenameTo(name)) FailOn(kDeviceIo, path);
-  // Without this the new name could be lost by a power cut; the file is whole either way.
-  fsync(directory.Number());
+  if (!directory.IsOpen()) throw SavingFailure(kPathNotFound, folder, ReasonOf(errno));
+  try {
+    ReplaceFile(directory, name, {.mode = S_IRUSR | S_IWUSR}, write);
+  } catch (const FileError& error) {
+    throw SavingFailure(kDeviceIo, folder + "/" + name, error.what());
+  }
 }
 
 }  // namespace td

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "qt/render/written_file.h"
+#include "files/written_bytes.h"
 
 namespace td {
 

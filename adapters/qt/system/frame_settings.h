@@ -4,6 +4,8 @@
 #include <functional>
 #include <string>
 
+#include "qt/system/document_outcome.h"
+
 namespace td {
 
 class PageDocument;
@@ -22,6 +24,8 @@ struct FrameSettings {
   // Takes what a document goes on without, once for each text and print window; a line on standard
   // error if it is not set.
   std::function<void(const std::string& text)> onComplaint;
+  // Told what becomes of each document, if there is one; outlives the frames.
+  DocumentOutcome* outcome = nullptr;
 };
 
 }  // namespace td

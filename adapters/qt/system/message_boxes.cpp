@@ -29,6 +29,7 @@ QMessageBox::Icon IconOf(int style) {
 
 void MessageBoxes::ShowBox(const std::string& text, int style) {
   ++shown_;
+  if (outcome_ != nullptr) ++outcome_->messages;
   const QString words = QString::fromStdString(text);
   if (!boxesAllowed_ || !HasWindowSystem()) {
     std::fprintf(stderr, "%s\n", words.simplified().toUtf8().constData());

@@ -8,7 +8,13 @@
 namespace td {
 
 void ReportingDocument::Report(int page) {
+  if (settings_.outcome != nullptr) settings_.outcome->pages = page;
   if (settings_.onPage) settings_.onPage(page);
+}
+
+void ReportingDocument::StartDoc() {
+  if (settings_.outcome != nullptr) BeginOutcome(*settings_.outcome, 0);
+  PageDocument::StartDoc();
 }
 
 void ReportingDocument::NewPage() {
@@ -27,7 +33,9 @@ QtPrintFrame::QtPrintFrame(const FrameSettings& settings, Messages& messages,
     : messages_(messages),
       host_(settings, messages),
       document_(host_, settings),
-      barcode_(barcodeSettings, [this](const std::string& reason) { host_.Complain(reason); }) {}
+      barcode_(barcodeSettings, [this](const std::string& reason) { host_.Complain(reason); }) {
+  if (settings.outcome != nullptr) *settings.outcome = {};
+}
 
 void QtPrintFrame::MakeWindow() {
   window_ = std::make_unique<PreviewWindow>(
@@ -45,7 +53,10 @@ void QtPrintFrame::MakeWindow() {
 
 void QtPrintFrame::ShowModal() {
   if (!HasWindowSystem()) {
-    throw Failure(kInvalidCall, "没有可用的显示，无法打开预览窗口。");
+    // The print call goes on after any failure and tells nobody.
+    const Failure failure(kInvalidCall, "没有可用的显示，无法打开预览窗口。");
+    messages_.ShowBox(failure.Description(), kInformationIcon);
+    throw failure;
   }
   isUnloaded_ = false;
   wasActivated_ = false;
@@ -76,7 +87,8 @@ void QtPrintFrame::Unload() {
   if (loop_ != nullptr) loop_->quit();
 }
 
-// No exception may pass through the event loop.
+// No exception may pass through the event loop. A run that has stopped halfway has not told of what
+// it has drawn last, so that the window looks at the document itself afterwards.
 void QtPrintFrame::Activate() {
   const bool isFirst = !wasActivated_;
   wasActivated_ = true;
@@ -90,6 +102,7 @@ void QtPrintFrame::Activate() {
       ShowFailure(std::current_exception());
     }
   }
+  window_->ShowDocumentChanges();
 }
 
 void QtPrintFrame::PressButton(std::string_view key) {
@@ -98,6 +111,7 @@ void QtPrintFrame::PressButton(std::string_view key) {
   } catch (...) {
     ShowFailure(std::current_exception());
   }
+  window_->ShowDocumentChanges();
 }
 
 void QtPrintFrame::ShowFailure(const std::exception_ptr& failure) {

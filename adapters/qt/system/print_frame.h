@@ -17,12 +17,13 @@ class QEventLoop;
 
 namespace td {
 
-// A document that tells of each page that the run has finished.
+// A document that tells of its beginning and of each page that the run has finished.
 class ReportingDocument : public PageDocument {
  public:
   ReportingDocument(DocumentHost& host, const FrameSettings& settings)
       : PageDocument(host), settings_(settings) {}
 
+  void StartDoc() override;
   void NewPage() override;
   void EndDoc() override;
 

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <string_view>
 
 #include "page_document/drawing.h"
@@ -81,23 +80,30 @@ Failure RefusedFailure(const PrintJob& job) {
                        "打印机“" + job.printer + "”不接受打印任务：" + cupsLastErrorString());
 }
 
-// Sends the file as the job's only document. Returns False when the printing system stops taking
+// Sends the job's only document as it is made. Returns False when the printing system stops taking
 // it.
-bool SendDocument(const PrintJob& job, const CupsPrinter& queue, int number, std::ifstream& file) {
+bool SendDocument(const PrintJob& job, const CupsPrinter& queue, int number) {
   if (cupsStartDestDocument(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details(), number,
                             job.title.c_str(), CUPS_FORMAT_PDF, 0, nullptr,
                             1) != HTTP_STATUS_CONTINUE) {
     return false;
   }
-  std::array<char, 65536> part{};
-  while (file.read(part.data(), part.size()), file.gcount() > 0) {
-    if (cupsWriteRequestData(CUPS_HTTP_DEFAULT, part.data(),
-                             static_cast<std::size_t>(file.gcount())) != HTTP_STATUS_CONTINUE) {
-      break;
-    }
+  bool isTaken = true;
+  const auto finish = [&] {
+    return cupsFinishDestDocument(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details()) <=
+           IPP_STATUS_OK_EVENTS_COMPLETE;
+  };
+  try {
+    job.pdf([&isTaken](std::string_view part) {
+      isTaken = isTaken && cupsWriteRequestData(CUPS_HTTP_DEFAULT, part.data(), part.size()) ==
+                               HTTP_STATUS_CONTINUE;
+    });
+  } catch (...) {
+    finish();
+    cupsCancelDestJob(CUPS_HTTP_DEFAULT, queue.Destination(), number);
+    throw;
   }
-  return cupsFinishDestDocument(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details()) <=
-         IPP_STATUS_OK_EVENTS_COMPLETE;
+  return finish() && isTaken;
 }
 
 const char* NoPassword(const char* /*prompt*/, http_t* /*http*/, const char* /*method*/,
@@ -110,8 +116,6 @@ const char* NoPassword(const char* /*prompt*/, http_t* /*http*/, const char* /*m
 int SubmitPrintJob(const PrintJob& job) {
   // The printing system's library would ask on the terminal and wait there.
   cupsSetPasswordCB2(NoPassword, nullptr);
-  std::ifstream file(job.pdfFile, std::ios::binary);
-  if (!file) throw DeviceFailure(kFileNotFound, "无法读取打印文件“" + job.pdfFile + "”。");
   const CupsPrinter queue(job.printer);
   if (queue.Destination() == nullptr) {
     throw DeviceFailure(kDeviceIo,
@@ -127,7 +131,7 @@ int SubmitPrintJob(const PrintJob& job) {
                         options.List()) > IPP_STATUS_OK_EVENTS_COMPLETE) {
     throw RefusedFailure(job);
   }
-  if (!SendDocument(job, queue, number, file)) {
+  if (!SendDocument(job, queue, number)) {
     const Failure failure = RefusedFailure(job);
     cupsCancelDestJob(CUPS_HTTP_DEFAULT, queue.Destination(), number);
     throw failure;

@@ -1,6 +1,6 @@
 #include "qt/system/qt_windows.h"
 
-#include "platform/failure.h"
+#include "platform/standard_failures.h"
 #include "qt/system/print_frame.h"
 #include "qt/system/qt_dialog.h"
 
@@ -12,6 +12,10 @@ Failure NoSuchWindow(std::string_view name) {
 }
 
 }  // namespace
+
+void QtWindows::CheckThread() const {
+  if (std::this_thread::get_id() != thread_) throw WrongThreadFailure();
+}
 
 std::unique_ptr<PrintFrame> QtWindows::CreatePrintFrame(std::string_view name) {
   if (name != "frmTdPrint" && name != "frmTdPrint_GroupByStockArea") {

@@ -1,6 +1,8 @@
 // Makes the component's windows.
 #pragma once
 
+#include <thread>
+
 #include "barcodes/barcode_settings.h"
 #include "platform/windows.h"
 #include "qt/system/frame_settings.h"
@@ -17,6 +19,9 @@ class QtWindows : public Windows {
         barcodeSettings_(std::move(barcodeSettings)),
         messages_(messages) {}
 
+  // All windows live on the thread that made this object.
+  void CheckThread() const override;
+
   // "frmTdPrint" and "frmTdPrint_GroupByStockArea", which look alike. Fails with kInvalidCall for
   // any other name.
   std::unique_ptr<PrintFrame> CreatePrintFrame(std::string_view name) override;
@@ -25,6 +30,7 @@ class QtWindows : public Windows {
   std::unique_ptr<Dialog> CreateDialog(std::string_view name) override;
 
  private:
+  const std::thread::id thread_ = std::this_thread::get_id();
   FrameSettings settings_;
   BarcodeSettings barcodeSettings_;
   Messages& messages_;

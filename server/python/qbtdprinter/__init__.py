@@ -20,9 +20,9 @@ import ctypes
 import os
 import pathlib
 
-from ._registration import check_trusted, read_trusted, registration_file
+from ._registration import check_trusted, registered_classes, registration_file
 from ._structures import (
-    CREATE_INSTANCE, DISPATCH_ID, EXCEPTION, FACTORY_ID, GET, GET_IDS_OF_NAMES, INVOKE, METHOD,
+    CREATE_INSTANCE, DISPATCH_ID, EXCEPTION, FACTORY_ID, FAILURE, FILE_NOT_FOUND, GET, GET_IDS_OF_NAMES, INVOKE, METHOD,
     NAME_NOT_REGISTERED, NO_CURRENT_ROW, NO_SUCH_COLUMN, NOTHING_TO_PRINT, OF_CREATE_INSTANCE,
     OF_GET_IDS_OF_NAMES, OF_INVOKE, PUT, PUT_NAME, UTF16, Arguments, Error, ExceptionInfo, Variant,
     free_string, guid, operation, read_string, release, signed)
@@ -105,8 +105,7 @@ def _error_of(outcome, info):
 
 def create(class_name):
     """An object of a class that `tdprint register` has made known."""
-    for line in read_trusted(registration_file()).splitlines():
-        name, class_id, module = (line.split("\t", 2) + ["", ""])[:3]
+    for name, class_id, module in registered_classes():
         if name.lower() == class_name.lower():
             check_trusted(pathlib.Path(module))
             return create_from_module(module, class_id)
@@ -116,13 +115,24 @@ def create(class_name):
 def create_from_module(module, class_id):
     """The same from a module's file; the program vouches for the file."""
     factory, created = ctypes.c_void_p(), ctypes.c_void_p()
-    library = ctypes.CDLL(os.path.abspath(module))
-    _check(library.DllGetClassObject(guid(class_id), FACTORY_ID, ctypes.byref(factory)))
+    get_class_object = _load(module)
+    _check(get_class_object(guid(class_id), FACTORY_ID, ctypes.byref(factory)))
     create_instance = operation(factory.value, CREATE_INSTANCE, *OF_CREATE_INSTANCE)
     result = create_instance(None, DISPATCH_ID, created)
     release(factory.value)
     _check(result)
     return Object(created.value)
+
+
+def _load(module):
+    if not module:
+        raise Error(FILE_NOT_FOUND, "no module is named")
+    try:
+        return ctypes.CDLL(os.path.abspath(module)).DllGetClassObject
+    except OSError as error:
+        raise Error(FAILURE, f"the module can't be loaded: {error}") from error
+    except AttributeError as error:
+        raise Error(FAILURE, f"{module} isn't the module QbTdPrinter") from error
 
 
 def _check(result):

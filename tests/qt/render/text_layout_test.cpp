@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <set>
+
 #include "render/outputs.h"
 #include "sample_page.h"
 
@@ -132,6 +135,53 @@ TEST(TextLayout, ALongTextWrapsInReasonableTime) {
   std::string text;
   for (int i = 0; i < 100'000; ++i) text += "字";
   EXPECT_EQ(Lines(LayOut(InBox(text, 2010, true))).size(), 10'000U);
+}
+
+// The lines of a word are all of it, in its order, and none is wider than the box. A shaped letter
+// may be wider at a line's end than inside the word.
+void ExpectWholeWord(const std::string& word, double width, double tolerance) {
+  const auto placed = LayOut(InBox(word, width, true));
+  std::string joined;
+  double widest = 0;
+  for (const PlacedText& line : placed) {
+    joined += line.text.toStdString();
+    widest = std::max(widest, line.width);
+  }
+  EXPECT_TRUE(joined == word);
+  EXPECT_LE(widest, width + tolerance);
+  EXPECT_GT(widest, width / 2);
+}
+
+std::string Repeated(const std::string& unit, int times) {
+  std::string text;
+  for (int i = 0; i < times; ++i) text += unit;
+  return text;
+}
+
+// So long that a search through the whole word for each line would not come to its end.
+TEST(TextLayout, AWordOfMillionsOfLettersBreaksIntoLines) {
+  ExpectWholeWord(Repeated("abc", 800'000), 2010, 1);
+}
+
+TEST(TextLayout, AShapedWordOfManyLettersBreaksIntoLines) {
+  ExpectWholeWord(Repeated("ابت", 200'000), 2010, 200);
+}
+
+TEST(TextLayout, AShapedTextBreaksInTheSamePlacesWhateverItsLengthIs) {
+  const std::string unit = "مرحبا بالعالم ";
+  const auto few = Lines(LayOut(InBox(Repeated(unit, 50), 1000, true)));
+  const auto many = Lines(LayOut(InBox(Repeated(unit, 1000), 1000, true)));
+  EXPECT_EQ(many.size(), 20 * few.size());
+  EXPECT_EQ(std::set<std::string>(many.begin(), many.end()),
+            std::set<std::string>(few.begin(), few.end()));
+}
+
+TEST(TextLayout, AShapedLineMayBeLongerThanAnyOtherText) {
+  EXPECT_EQ(LayOut(InBox(Repeated("ابت", 3000), 9'000'000, true)).size(), 1U);
+}
+
+TEST(TextLayout, BlanksThatDoNotBreakAreNoWorkForEachLetter) {
+  EXPECT_EQ(Lines(LayOut(InBox(Repeated("\u00A0", 600'000) + "x", 2010, true))), Texts{"x"});
 }
 
 TEST(TextLayout, TextAtAPointStartsThereIsCentredOnItOrEndsThere) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -81,6 +82,26 @@ TEST(PrivateFile, RefusesAFolderThatIsALink) {
   EXPECT_EQ(NumberOf([&] { WritePrivateFile(folder.Path("state"), "订单.html", WriterOf("x")); }),
             kPathNotFound);
   EXPECT_TRUE(fs::is_empty(folder.Path("elsewhere")));
+}
+
+TEST(PrivateFile, LeavesTheFileOfAProcessWithTheSameNumberAlone) {
+  const Folder folder;
+  const std::string other = folder.Path(".订单.html." + std::to_string(getpid()));
+  Write(other, "still being written");
+  WritePrivateFile(folder.Path(""), "订单.html", WriterOf("x"));
+  EXPECT_EQ(ReadFile(other), "still being written");
+}
+
+TEST(PrivateFile, LeavesTheOldFileWhenTheNewOneCannotBeMade) {
+  const Folder folder;
+  Write(folder.Path("订单.html"), "old");
+  const auto half = [](const ByteSink& sink) {
+    sink("half of a page");
+    throw Failure(kOutOfMemory, "no more");
+  };
+  EXPECT_EQ(NumberOf([&] { WritePrivateFile(folder.Path(""), "订单.html", half); }), kOutOfMemory);
+  EXPECT_EQ(ReadFile(folder.Path("订单.html")), "old");
+  EXPECT_EQ(EntriesIn(folder.Path("")), 1U);
 }
 
 TEST(PrivateFile, LeavesNothingBehindWhenItCannotTakeItsName) {

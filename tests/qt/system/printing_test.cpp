@@ -37,10 +37,8 @@ Page PageWithBars(double width, double height) {
 
 std::string Print(const Page& page, const std::string& printer, const PaperExtent& sheet,
                   std::vector<std::pair<std::string, std::string>> options = {}) {
-  const Folder folder;
-  WritePdf({page}, folder.Path("job.pdf"), "test");
-  return ResultOf(
-      SubmitPrintJob({printer, "qbtd-test", folder.Path("job.pdf"), sheet, std::move(options)}));
+  return ResultOf(SubmitPrintJob(
+      {printer, "qbtd-test", WriterOf(ToPdf({page}, "test")), sheet, std::move(options)}));
 }
 
 void ExpectSheet(const std::string& pdf, double width, double height, double tolerance = 0.1) {
@@ -134,14 +132,12 @@ TEST(PrintJob, StaysInItsPlaceWhateverTheUsersSettingsAre) {
 }
 
 TEST(PrintJob, FailsInWordsWhenItCannotBeSent) {
-  const Folder folder;
-  WritePdf({PageWithBars(210, 297)}, folder.Path("job.pdf"), "test");
-  const auto submit = [&](const char* printer, const char* file) {
-    return NumberOf([&] { SubmitPrintJob({printer, "qbtd-test", folder.Path(file), kA4, {}}); });
+  const std::string pdf = ToPdf({PageWithBars(210, 297)}, "test");
+  const auto submit = [&](const char* printer) {
+    return NumberOf([&] { SubmitPrintJob({printer, "qbtd-test", WriterOf(pdf), kA4, {}}); });
   };
-  EXPECT_EQ(submit("nowhere", "job.pdf"), kDeviceIo);
-  EXPECT_EQ(submit("QbTd-Refusing", "job.pdf"), kDeviceIo);
-  EXPECT_EQ(submit("QbTd-PDF", "missing.pdf"), kFileNotFound);
+  EXPECT_EQ(submit("nowhere"), kDeviceIo);
+  EXPECT_EQ(submit("QbTd-Refusing"), kDeviceIo);
 }
 
 // A document as the run makes it, with a title that no other job has.
