@@ -34,9 +34,13 @@ Databases::Databases() {
 Databases::~Databases() = default;
 
 ReadOnlyDatabase& Databases::EngineFor(const std::string& connection) {
+  const std::scoped_lock guard(mutex_);
+  if (lastDatabase_ != nullptr && connection == lastConnection_) return *lastDatabase_;
   const auto engine = std::ranges::find_if(
       engines_, [&](const Engine& candidate) { return candidate.serves(connection); });
-  return *engine->database;
+  lastConnection_ = connection;
+  lastDatabase_ = engine->database.get();
+  return *lastDatabase_;
 }
 
 RecordsetRef Databases::OpenQuery(const std::string& connection, const std::string& sql,

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,10 @@ class Databases : public ReadOnlyDatabase {
   [[nodiscard]] ReadOnlyDatabase& EngineFor(const std::string& connection);
 
   std::vector<Engine> engines_;  // the first that serves a text is taken; the last serves any
+  // The text of the last call and its engine: a run asks with one text all the time.
+  std::mutex mutex_;
+  std::string lastConnection_;
+  ReadOnlyDatabase* lastDatabase_ = nullptr;
 };
 
 }  // namespace td

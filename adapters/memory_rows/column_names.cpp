@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstring>
 #include <utility>
 
 namespace td {
@@ -12,16 +13,26 @@ unsigned char Lower(char c) {
   return byte >= 'A' && byte <= 'Z' ? static_cast<unsigned char>(byte + ('a' - 'A')) : byte;
 }
 
-// FNV-1a over the lower-case letters.
+// Of the length and of the first and last eight bytes, in which capitals and small letters have one
+// value: what tells the columns of a table apart, at the cost of a few instructions.
 std::size_t Hash(std::string_view name) {
-  std::uint64_t hash = 14695981039346656037U;
-  for (const char c : name) hash = (hash ^ Lower(c)) * 1099511628211U;
+  constexpr std::uint64_t kWithoutCase = 0x2020202020202020U;
+  constexpr std::size_t kPart = sizeof(std::uint64_t);
+  std::uint64_t first = 0;
+  std::uint64_t last = 0;
+  const std::size_t length = std::min(name.size(), kPart);
+  if (length > 0) {
+    std::memcpy(&first, name.data(), length);
+    std::memcpy(&last, name.data() + name.size() - length, length);
+  }
+  std::uint64_t hash = (first | kWithoutCase) * 0x9E3779B97F4A7C15U;
+  hash = (hash ^ (last | kWithoutCase) ^ name.size()) * 0xC2B2AE3D27D4EB4FU;
   return static_cast<std::size_t>(hash ^ (hash >> 32U));
 }
 
 bool SameName(std::string_view left, std::string_view right) {
-  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                    [](char a, char b) { return Lower(a) == Lower(b); });
+  return left == right || std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                                     [](char a, char b) { return Lower(a) == Lower(b); });
 }
 
 }  // namespace

@@ -9,24 +9,29 @@
 namespace td {
 namespace {
 
-std::shared_ptr<const MemoryRows> CheckedRows(std::vector<std::string> columns,
-                                              std::vector<std::vector<Value>> rows) {
+std::shared_ptr<const MemoryRows> PackedRows(std::vector<std::string> columns,
+                                             const std::vector<std::vector<Value>>& rows) {
+  auto packed = std::make_shared<MemoryRows>(
+      std::make_shared<const ColumnNames>(std::move(columns)), rows.size());
   for (const auto& row : rows) {
-    if (row.size() != columns.size()) {
+    if (row.size() != packed->Columns().Size()) {
       throw Failure(kInvalidCall, "记录的值的个数与列数不同。");
     }
+    for (const Value& value : row) packed->Add(value);
   }
-  auto names = std::make_shared<const ColumnNames>(std::move(columns));
-  return std::make_shared<const MemoryRows>(MemoryRows{std::move(names), std::move(rows)});
+  return packed;
 }
 
 }  // namespace
 
 MemoryRecordset::MemoryRecordset(std::vector<std::string> columns,
-                                 std::vector<std::vector<Value>> rows)
-    : MemoryRecordset(CheckedRows(std::move(columns), std::move(rows))) {}
+                                 const std::vector<std::vector<Value>>& rows)
+    : MemoryRecordset(PackedRows(std::move(columns), rows)) {}
 
-MemoryRecordset::MemoryRecordset(std::shared_ptr<const MemoryRows> rows) : rows_(std::move(rows)) {}
+MemoryRecordset::MemoryRecordset(std::shared_ptr<const MemoryRows> rows)
+    : rows_(std::move(rows)), rowCount_(rows_ ? rows_->RowCount() : 0) {
+  if (rows_) unpacked_.resize(rows_->Columns().Size());
+}
 
 const MemoryRows& MemoryRecordset::OpenRows() const {
   if (!rows_) throw ClosedFailure();
@@ -34,15 +39,27 @@ const MemoryRows& MemoryRecordset::OpenRows() const {
 }
 
 bool MemoryRecordset::Eof() {
-  return position_ >= OpenRows().rows.size();
+  OpenRows();
+  return position_ >= rowCount_;
 }
 
 const Value& MemoryRecordset::Field(std::string_view column) {
+  const Value* value = Find(column);
+  if (value == nullptr) throw NoSuchColumnFailure(ValidUtf8(column));
+  return *value;
+}
+
+const Value* MemoryRecordset::Find(std::string_view column) {
   const MemoryRows& rows = OpenRows();
-  const auto index = rows.columns->Find(column);
-  if (!index) throw NoSuchColumnFailure(ValidUtf8(column));
-  if (position_ >= rows.rows.size()) throw NoCurrentRowFailure();
-  return rows.rows[position_][*index];
+  const auto index = rows.Columns().Find(column);
+  if (!index) return nullptr;
+  if (position_ >= rowCount_) throw NoCurrentRowFailure();
+  Unpacked& unpacked = unpacked_[*index];
+  if (unpacked.row != position_) {
+    rows.Read(position_, *index, unpacked.value);
+    unpacked.row = position_;
+  }
+  return &unpacked.value;
 }
 
 void MemoryRecordset::MoveNext() {
@@ -51,7 +68,8 @@ void MemoryRecordset::MoveNext() {
 }
 
 void MemoryRecordset::MoveFirst() {
-  if (OpenRows().rows.empty()) throw NoCurrentRowFailure();
+  OpenRows();
+  if (rowCount_ == 0) throw NoCurrentRowFailure();
   position_ = 0;
 }
 

@@ -62,8 +62,12 @@ void OdbcSession::ReadTableNames() {
       Run("select table_name from information_schema.tables where table_schema=database() and "
           "@@lower_case_table_names=0");
   std::vector<std::string> names;
-  names.reserve(rows->rows.size());
-  for (const auto& row : rows->rows) names.push_back(std::get<std::string>(row.front()));
+  names.reserve(rows->RowCount());
+  Value name;
+  for (std::size_t row = 0; row < rows->RowCount(); ++row) {
+    rows->Read(row, 0, name);
+    names.push_back(std::get<std::string>(name));
+  }
   tables_ = TableNames(std::move(names));
 }
 
@@ -160,16 +164,13 @@ OdbcSession::Rows OdbcSession::Fetch(Prepared& prepared) const {
     prepared.columns = NamesOf(columns);
   }
   const TextForm texts = TextsOf(engine_);
-  auto result = std::make_shared<MemoryRows>();
-  result->columns = prepared.columns;
+  auto result = std::make_shared<MemoryRows>(prepared.columns);
   for (;;) {
     const SQLRETURN code = SQLFetch(statement);
     if (code == SQL_NO_DATA) return result;
     if (!SQL_SUCCEEDED(code)) throw OdbcReadError();
-    std::vector<Value>& row = result->rows.emplace_back();
-    row.reserve(columns.size());
     for (std::size_t i = 0; i < columns.size(); ++i) {
-      row.push_back(ReadValue(statement, static_cast<SQLUSMALLINT>(i + 1), columns[i].type, texts));
+      result->Add(ReadValue(statement, static_cast<SQLUSMALLINT>(i + 1), columns[i].type, texts));
     }
   }
 }

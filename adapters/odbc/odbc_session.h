@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "memory_rows/memory_recordset.h"
+#include "memory_rows/memory_rows.h"
 #include "odbc/engine_dialect.h"
 #include "odbc/odbc_failure.h"
 #include "odbc/odbc_handles.h"

@@ -34,26 +34,30 @@ Failure OpenFailure(const std::string& path, int systemError, const std::string&
   return DatabaseFailure("打不开数据库文件" + name + "（" + engineWords + "）");
 }
 
-Value ReadValue(sqlite3_stmt* statement, int column) {
+void AddValue(MemoryRows& rows, sqlite3_stmt* statement, int column) {
   const auto size = [&] {
     return static_cast<std::size_t>(sqlite3_column_bytes(statement, column));
   };
   switch (sqlite3_column_type(statement, column)) {
     case SQLITE_INTEGER:
-      return std::int64_t{sqlite3_column_int64(statement, column)};
+      rows.AddInteger(sqlite3_column_int64(statement, column));
+      return;
     case SQLITE_FLOAT:
-      return sqlite3_column_double(statement, column);
+      rows.AddReal(sqlite3_column_double(statement, column));
+      return;
     case SQLITE_TEXT: {
       const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
       if (text == nullptr) throw std::bad_alloc();
-      return ValidUtf8(std::string_view(text, size()));
+      rows.AddText(std::string_view(text, size()));
+      return;
     }
     case SQLITE_BLOB: {
-      const auto* bytes = static_cast<const std::byte*>(sqlite3_column_blob(statement, column));
-      return bytes == nullptr ? Bytes() : Bytes(bytes, bytes + size());
+      const void* bytes = sqlite3_column_blob(statement, column);
+      rows.AddBytes(bytes, bytes == nullptr ? 0 : size());
+      return;
     }
     default:
-      return Null{};
+      rows.AddNull();
   }
 }
 
@@ -127,8 +131,8 @@ std::shared_ptr<const MemoryRows> SqliteSession::Run(const std::string& sql, Acc
   // Some statements that are no queries take effect while they are prepared.
   if (access == Access::kReadOnly) CheckIsQuery(sql, kSqliteLexicon);
   const bool wasReusable = std::exchange(reusable_, false);  // stays so when a failure leaves
-  ArrangeJoins(sql);
   Prepared* const kept = prepared_.Find(sql);
+  ArrangeJoins(kept != nullptr ? kept->mayShuffle : AsksForOrder(sql, kSqliteLexicon));
   Prepared& prepared = kept != nullptr ? *kept : prepared_.Add(sql, Prepare(sql));
   if (access == Access::kReadOnly && sqlite3_stmt_readonly(prepared.handle.get()) == 0) {
     throw WouldChangeFailure();
@@ -143,8 +147,7 @@ std::shared_ptr<const MemoryRows> SqliteSession::Run(const std::string& sql, Acc
 
 // Without an order of its own a query gets the rows of its first table as they lie there; an index
 // that the engine makes for one query would sort them.
-void SqliteSession::ArrangeJoins(const std::string& sql) {
-  const bool mayShuffle = AsksForOrder(sql, kSqliteLexicon);
+void SqliteSession::ArrangeJoins(bool mayShuffle) {
   if (mayShuffle == joinsShuffle_) return;
   sqlite3_exec(engine_.get(),
                mayShuffle ? "pragma automatic_index=on" : "pragma automatic_index=off", nullptr,
@@ -168,6 +171,7 @@ SqliteSession::Prepared SqliteSession::Prepare(const std::string& sql) const {
   if (statement == nullptr) throw NoStatement();
   if (!IsBlankSql(tail, kSqliteLexicon)) throw TextBehindStatement();
   prepared.leavesNothingBehind = LeavesNothingBehind(sql, kSqliteLexicon);
+  prepared.mayShuffle = joinsShuffle_;
   return prepared;
 }
 
@@ -184,14 +188,14 @@ std::shared_ptr<const MemoryRows> SqliteSession::Step(Prepared& prepared) const 
     prepared.columns = ReadColumns(statement);
     prepared.preparations = preparations;
   }
-  auto result = std::make_shared<MemoryRows>();
-  result->columns = prepared.columns;
+  auto result =
+      std::make_shared<MemoryRows>(prepared.columns, prepared.lastRows, prepared.lastBytes);
   for (; code == SQLITE_ROW; code = sqlite3_step(statement)) {
-    std::vector<Value>& row = result->rows.emplace_back();
-    row.reserve(static_cast<std::size_t>(count));
-    for (int column = 0; column < count; ++column) row.push_back(ReadValue(statement, column));
+    for (int column = 0; column < count; ++column) AddValue(*result, statement, column);
   }
   if (code != SQLITE_DONE) throw EngineFailure(engine_.get());
+  prepared.lastRows = result->RowCount();
+  prepared.lastBytes = result->ByteCount();
   return result;
 }
 

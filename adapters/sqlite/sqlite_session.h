@@ -1,10 +1,11 @@
 // One open connection of the engine with its prepared statements.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 
-#include "memory_rows/memory_recordset.h"
+#include "memory_rows/memory_rows.h"
 #include "sql_support/read_only.h"
 #include "sql_support/statement_cache.h"
 #include "sqlite/file_stamp.h"
@@ -50,10 +51,14 @@ class SqliteSession {
     ColumnNamesRef columns;
     int preparations = 0;  // how often the engine had prepared it anew when `columns` was read
     bool leavesNothingBehind = false;
+    bool mayShuffle = false;  // it asks for an order
+    // The size of the last result: a run asks the same again and again.
+    std::size_t lastRows = 0;
+    std::size_t lastBytes = 0;
   };
 
   void Open();
-  void ArrangeJoins(const std::string& sql);
+  void ArrangeJoins(bool mayShuffle);
   [[nodiscard]] Prepared Prepare(const std::string& sql) const;
   std::shared_ptr<const MemoryRows> Step(Prepared& prepared) const;
 

@@ -23,17 +23,27 @@ std::size_t CharacterLength(std::string_view text) {
   return length;
 }
 
+// Bytes at the start of a text that are valid.
+std::size_t ValidLength(std::string_view text) {
+  std::size_t valid = 0;
+  while (valid < text.size()) {
+    const std::size_t length = CharacterLength(text.substr(valid));
+    if (length == 0) break;
+    valid += length;
+  }
+  return valid;
+}
+
 }  // namespace
+
+bool IsValidUtf8(std::string_view text) {
+  return ValidLength(text) == text.size();
+}
 
 std::string ValidUtf8(std::string_view text) {
   std::string result;
   for (;;) {
-    std::size_t valid = 0;
-    while (valid < text.size()) {
-      const std::size_t length = CharacterLength(text.substr(valid));
-      if (length == 0) break;
-      valid += length;
-    }
+    const std::size_t valid = ValidLength(text);
     result += text.substr(0, valid);
     if (valid == text.size()) return result;
     result += "\uFFFD";

@@ -6,6 +6,8 @@
 
 namespace td {
 
+[[nodiscard]] bool IsValidUtf8(std::string_view text);
+
 // The text with U+FFFD in place of each byte that is no part of valid UTF-8. A NUL stays.
 [[nodiscard]] std::string ValidUtf8(std::string_view text);
 

@@ -26,6 +26,10 @@ class Recordset {
   // column; with kNoCurrentRow when the column exists and the cursor stands at the end.
   virtual const Value& Field(std::string_view column) = 0;
 
+  // The same for a column that may be absent, which is no failure: nothing then. A record set that
+  // doesn't say otherwise asks Field.
+  virtual const Value* Find(std::string_view column);
+
   // Fail with kNoCurrentRow: MoveNext at the end, MoveFirst when there is no row.
   virtual void MoveNext() = 0;
   virtual void MoveFirst() = 0;

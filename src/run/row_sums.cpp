@@ -1,6 +1,7 @@
 #include "run/row_sums.h"
 
 #include <cmath>
+#include <limits>
 #include <string_view>
 
 #include "platform/standard_failures.h"
@@ -11,14 +12,18 @@ namespace {
 
 constexpr double kMarkerQty = -999.99;  // FMainQty of a row that stands outside the sums
 
-double Checked(double result) {
-  if (!std::isfinite(result)) throw OverflowFailure();
-  return result;
-}
+// What a column is that the row lacks or that is Null in it, and what a division by zero gives: no
+// sum takes a result that such a number is part of. Most data lack many of the columns that are
+// asked for here, in each row, which is no failure therefore.
+constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 
 double Quotient(double dividend, double divisor) {
-  if (divisor == 0) throw DivisionByZeroFailure();
-  return Checked(dividend / divisor);
+  return divisor == 0 ? kNoNumber : dividend / divisor;
+}
+
+// A result that is no number, or too large to be one, leaves its target as it was.
+void Take(double& target, double result) {
+  if (std::isfinite(result)) target = result;
 }
 
 // Reads the current row and adds to sums; a failing statement is skipped without a message.
@@ -28,36 +33,40 @@ class RowAdder {
 
   // The leading number of a column's text, or the column's value as it stands.
   void AddLeading(double& sum, std::string_view column) const {
-    ignoring_.Step([&] { sum = Checked(sum + Leading(column)); });
+    ignoring_.Step([&] { Take(sum, sum + Leading(column)); });
   }
   void AddNumber(double& sum, std::string_view column) const {
-    ignoring_.Step([&] { sum = Checked(sum + Number(column)); });
+    ignoring_.Step([&] { Take(sum, sum + Number(column)); });
   }
   void Add(double& sum, double value) const {
-    ignoring_.Step([&] { sum = Checked(sum + value); });
+    ignoring_.Step([&] { Take(sum, sum + value); });
   }
 
   // Without the column FMainQty the test fails and thus holds: all rows are marker rows.
   [[nodiscard]] bool IsMarker() const {
     return ignoring_.Test([&] {
-      const Value& qty = row_.Field("FMainQty");
-      return !IsNull(qty) && ToDouble(qty) == kMarkerQty;
+      const Value* qty = row_.Find("FMainQty");
+      return qty == nullptr || (!IsNull(*qty) && ToDouble(*qty) == kMarkerQty);
     });
   }
 
   // The row's split into amount without tax and tax; a failing one leaves its target as it was.
   void ComputeNoTax(double& noTax) const {
-    ignoring_.Step([&] { noTax = Checked(Number("FQty") * PriceWithoutTax()); });
+    ignoring_.Step([&] { Take(noTax, Number("FQty") * PriceWithoutTax()); });
   }
   void ComputeTax(double& tax) const {
     ignoring_.Step(
-        [&] { tax = Checked(Leading("FTaxRate") / 100 * Number("FQty") * PriceWithoutTax()); });
+        [&] { Take(tax, Leading("FTaxRate") / 100 * Number("FQty") * PriceWithoutTax()); });
   }
 
  private:
-  [[nodiscard]] double Leading(std::string_view column) const { return Val(row_.Field(column)); }
+  [[nodiscard]] double Leading(std::string_view column) const {
+    const Value* value = row_.Find(column);
+    return value == nullptr || IsNull(*value) ? kNoNumber : Val(*value);
+  }
   [[nodiscard]] double Number(std::string_view column) const {
-    return ToDouble(row_.Field(column));
+    const Value* value = row_.Find(column);
+    return value == nullptr || IsNull(*value) ? kNoNumber : ToDouble(*value);
   }
   [[nodiscard]] double PriceWithoutTax() const {
     return Quotient(Number("FPrice"), 1 + Leading("FTaxRate") / 100);

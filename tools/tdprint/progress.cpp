@@ -17,6 +17,7 @@ class WatchedRows : public Recordset {
 
   bool Eof() override { return rows_->Eof(); }
   const Value& Field(std::string_view column) override { return rows_->Field(column); }
+  const Value* Find(std::string_view column) override { return rows_->Find(column); }
   void MoveNext() override {
     rows_->MoveNext();
     progress_.RowReached(++row_);

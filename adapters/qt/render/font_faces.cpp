@@ -23,6 +23,46 @@ FaceCache& Cache() {
   return cache;
 }
 
+// Characters that show nothing: left out of a text that is not shaped.
+bool IsInvisible(char32_t character) {
+  const QChar::Category category = QChar::category(character);
+  return category == QChar::Other_Control || category == QChar::Other_Format;
+}
+
+bool EndsLine(char32_t character) {
+  const QChar::Category category = QChar::category(character);
+  return category == QChar::Separator_Line || category == QChar::Separator_Paragraph;
+}
+
+// Whether the glyphs of a character depend on its neighbours.
+bool NeedsShaping(char32_t character) {
+  constexpr char32_t kZeroWidthJoiner = 0x200D;
+  if (character == kZeroWidthJoiner || QChar::isSurrogate(character)) return true;
+  switch (QChar::category(character)) {
+    case QChar::Mark_NonSpacing:
+    case QChar::Mark_SpacingCombining:
+    case QChar::Mark_Enclosing:
+      return true;
+    default:
+      break;
+  }
+  switch (QChar::script(character)) {
+    case QChar::Script_Common:
+    case QChar::Script_Latin:
+    case QChar::Script_Greek:
+    case QChar::Script_Cyrillic:
+    case QChar::Script_Han:
+    case QChar::Script_Hiragana:
+    case QChar::Script_Katakana:
+    case QChar::Script_Bopomofo:
+      return false;
+    case QChar::Script_Hangul:
+      return character < 0xAC00 || character > 0xD7A3;  // all but whole syllables
+    default:
+      return true;
+  }
+}
+
 bool HasBoldFace(const QString& family) {
   const QStringList styles = QFontDatabase::styles(family);
   return std::ranges::any_of(
@@ -87,7 +127,7 @@ double FontFaces::LineHeight() {
 FaceGlyph FontFaces::GlyphIn(const FaceRef& face, char32_t character) const {
   const QList<quint32> indexes = face->raw.glyphIndexesForString(QString::fromUcs4(&character, 1));
   if (indexes.size() != 1 || indexes[0] == 0) return {};
-  return {face, indexes[0], face->raw.advancesForGlyphIndexes(indexes).at(0).x(), false};
+  return {face, indexes[0], face->raw.advancesForGlyphIndexes(indexes).at(0).x()};
 }
 
 bool FontFaces::HasEvenDigits(const FaceRef& face) const {
@@ -110,10 +150,12 @@ FaceRef FontFaces::AsciiFace() {
   return asciiFace_;
 }
 
-const FaceGlyph& FontFaces::Glyph(char32_t character) {
+const FaceGlyph& FontFaces::Find(char32_t character) {
   const auto [found, isNew] = glyphs_.try_emplace(character);
   FaceGlyph& glyph = found->second;
   if (!isNew) return glyph;
+  glyph.invisible = IsInvisible(character);
+  if (glyph.invisible) return glyph;
   if (character >= U' ' && character <= U'~') glyph = GlyphIn(AsciiFace(), character);
   for (std::size_t i = 0; !glyph.face; ++i) {
     const FaceRef face = FaceAt(i);
@@ -122,8 +164,10 @@ const FaceGlyph& FontFaces::Glyph(char32_t character) {
   }
   if (!glyph.face) {
     const ShapedLine shaped = Shape(QString::fromUcs4(&character, 1), Primary()->font);
-    glyph = {nullptr, 0, shaped.width, !shaped.isComplete};
+    glyph = {.face = nullptr, .advance = shaped.width, .missing = !shaped.isComplete};
   }
+  glyph.needsShaping = NeedsShaping(character);
+  glyph.isPlain = !glyph.missing && !glyph.needsShaping && !EndsLine(character);
   return glyph;
 }
 

@@ -3,6 +3,7 @@
 
 #include <QFont>
 #include <QRawFont>
+#include <array>
 #include <map>
 #include <memory>
 #include <set>
@@ -32,6 +33,9 @@ struct FaceGlyph {
   quint32 index = 0;
   double advance = 0;  // twips
   bool missing = false;
+  bool invisible = false;     // a control or format character: it is left out of texts
+  bool needsShaping = false;  // the glyphs of a text with it depend on each other
+  bool isPlain = false;       // it is drawn as it stands, whatever stands beside it
 };
 
 // The faces that serve one font of a text: the most wanted one, then those that help it out.
@@ -43,7 +47,13 @@ class FontFaces {
   // The glyph of a character in the first face that has it. Where the digits of the first face
   // differ in width, so that columns of numbers would not line up, the characters of ASCII come
   // from the first other face whose digits don't.
-  [[nodiscard]] const FaceGlyph& Glyph(char32_t character);
+  // Good as long as the faces are.
+  [[nodiscard]] const FaceGlyph& Glyph(char32_t character) {
+    Known& known = known_[character % known_.size()];
+    if (known.glyph == nullptr || known.character != character)
+      known = {character, &Find(character)};
+    return *known.glyph;
+  }
 
   // All characters that were looked up, with their glyphs.
   [[nodiscard]] const std::unordered_map<char32_t, FaceGlyph>& Glyphs() const { return glyphs_; }
@@ -54,6 +64,14 @@ class FontFaces {
   [[nodiscard]] double LineHeight();
 
  private:
+  // The glyph that was found last among the characters that share a place: texts have few different
+  // ones.
+  struct Known {
+    char32_t character = 0;
+    const FaceGlyph* glyph = nullptr;
+  };
+
+  const FaceGlyph& Find(char32_t character);
   // The face of the n-th family; empty behind the last.
   FaceRef FaceAt(std::size_t index);
   [[nodiscard]] FaceGlyph GlyphIn(const FaceRef& face, char32_t character) const;
@@ -66,6 +84,7 @@ class FontFaces {
   std::vector<FaceRef> faces_;  // loaded one by one, when a character asks for them
   FaceRef asciiFace_;
   std::unordered_map<char32_t, FaceGlyph> glyphs_;
+  std::array<Known, 256> known_{};
 };
 
 // Width in twips of a text that Qt shapes, with characters from any font of the machine.

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "page_document/drawing.h"
+#include "render/written_file.h"
 
 class QImage;
 
@@ -14,6 +15,9 @@ namespace td {
 // One PDF page per page, each of its own exact size, fonts embedded as subsets, text extractable.
 // This is what printers get, too: a print job made by Qt would have sheets of whole points.
 std::string ToPdf(const std::vector<Page>& pages, const std::string& title);
+// The same page by page: no more of the file is held than one page needs. What `sink` throws goes
+// through.
+void StreamPdf(const std::vector<Page>& pages, const std::string& title, const ByteSink& sink);
 // The file is replaced whole or not at all; fails with kDeviceIo.
 void WritePdf(const std::vector<Page>& pages, const std::string& path, const std::string& title);
 
@@ -30,6 +34,8 @@ std::vector<std::string> WritePngPages(const std::vector<Page>& pages, const std
 // One self-contained file: each page an inline SVG at its true size, on a sheet of its own when
 // printed; texts are texts, pictures are inside.
 std::string ToHtml(const std::vector<Page>& pages, const std::string& title);
+// The same page by page.
+void StreamHtml(const std::vector<Page>& pages, const std::string& title, const ByteSink& sink);
 // The file is replaced whole or not at all; fails with kDeviceIo.
 void WriteHtml(const std::vector<Page>& pages, const std::string& path, const std::string& title);
 

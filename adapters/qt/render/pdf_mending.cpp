@@ -11,58 +11,11 @@ namespace {
 
 constexpr qsizetype kCrossReferenceEntry = 20;  // bytes, as the format demands
 
-// An object's number, and its bytes from "N 0 obj" to the next object.
-struct PdfObject {
-  qsizetype number = 0;
-  qsizetype offset = 0;
-  QByteArray bytes;
-};
-
-struct PdfFile {
-  QByteArray head;
-  std::vector<PdfObject> objects;  // in the file's order
-  QByteArray crossReference;       // from "xref" to before "trailer"
-  QByteArray trailer;              // to before "startxref"
-};
-
-// False if the file does not have one plain cross-reference table over all of its objects.
-bool Split(const QByteArray& pdf, PdfFile& file) {
-  const qsizetype start = pdf.lastIndexOf("startxref");
-  if (start < 0) return false;
-  const qsizetype table = pdf.mid(start + 9, 20).trimmed().split('\n').first().toLongLong();
-  const qsizetype trailer = pdf.indexOf("trailer", table);
-  const qsizetype entries = table + pdf.mid(table, 64).indexOf('\n', 5) + 1;
-  if (!pdf.mid(table, 64).startsWith("xref\n0 ") || trailer < entries) return false;
-  file.crossReference = pdf.mid(table, trailer - table);
-  file.trailer = pdf.mid(trailer, start - trailer);
-  for (qsizetype at = entries; at + kCrossReferenceEntry <= trailer; at += kCrossReferenceEntry) {
-    if (pdf.at(at + 17) != 'n') continue;
-    file.objects.push_back({(at - entries) / kCrossReferenceEntry,
-                            static_cast<qsizetype>(pdf.mid(at, 10).toLongLong()),
-                            {}});
-  }
-  std::ranges::sort(file.objects, {}, &PdfObject::offset);
-  if (file.objects.empty()) return false;
-  file.head = pdf.left(file.objects.front().offset);
-  for (std::size_t i = 0; i < file.objects.size(); ++i) {
-    PdfObject& object = file.objects[i];
-    const qsizetype end = i + 1 < file.objects.size() ? file.objects[i + 1].offset : table;
-    object.bytes = pdf.mid(object.offset, end - object.offset);
-    if (!object.bytes.startsWith(QByteArray::number(object.number) + " 0 obj")) return false;
-  }
-  return true;
-}
-
-QByteArray Join(PdfFile file) {
-  QByteArray pdf = file.head;
-  const qsizetype entries = file.crossReference.indexOf('\n', 5) + 1;
-  for (const PdfObject& object : file.objects) {
-    file.crossReference.replace(entries + object.number * kCrossReferenceEntry, 10,
-                                QByteArray::number(pdf.size()).rightJustified(10, '0'));
-    pdf += object.bytes;
-  }
-  const QByteArray table = QByteArray::number(pdf.size());
-  return pdf + file.crossReference + file.trailer + "startxref\n" + table + "\n%%EOF\n";
+// The number of the object that a part begins, or 0.
+std::size_t ObjectBegunBy(QByteArrayView part) {
+  const qsizetype blank = part.indexOf(' ');
+  if (blank <= 0 || !part.sliced(blank).startsWith(" 0 obj\n")) return 0;
+  return part.first(blank).toULongLong();
 }
 
 // The writer puts the content's top at the top of whole points, so the sheet ends there and its
@@ -106,19 +59,72 @@ int PointsToHold(double twips) {
   return std::max(1, static_cast<int>(std::ceil(twips / kTwipsPerPoint - kTolerance)));
 }
 
-QByteArray MendPdf(const QByteArray& pdf, const std::vector<Page>& pages) {
-  PdfFile file;
-  if (!Split(pdf, file)) return pdf;
-  const DrawnCharacters drawn;
-  auto page = pages.begin();
-  for (PdfObject& object : file.objects) {
-    if (object.bytes.contains("/Type /Page\n") && page != pages.end()) {
-      SetSize(object.bytes, *page++);
-    } else if (object.bytes.contains("begincmap")) {
-      NameCharacters(object.bytes, drawn);
-    }
+MendedPdf::MendedPdf(const std::vector<Page>& pages, const ByteSink& sink)
+    : pages_(pages), sink_(sink) {
+  open(QIODevice::WriteOnly);
+}
+
+MendedPdf::~MendedPdf() = default;
+
+// The writer hands over the beginning of each object as a part of its own, and the cross-reference
+// table in parts from "xref" on.
+qint64 MendedPdf::writeData(const char* data, qint64 size) {
+  if (failure_) return -1;
+  const QByteArrayView part(data, size);
+  const bool isBetweenObjects = object_.isEmpty() || object_.endsWith("endobj\n");
+  if (tail_.isEmpty() && isBetweenObjects && part.startsWith("xref\n0 ")) {
+    EndObject();
+    tailOffset_ = written_;
   }
-  return Join(std::move(file));
+  if (tailOffset_ >= 0) {
+    tail_.append(part);
+    return size;
+  }
+  const std::size_t number = ObjectBegunBy(part);
+  if (number > 0 && (isBetweenObjects || offsets_.empty())) {
+    EndObject();
+    if (offsets_.size() <= number) offsets_.resize(number + 1);
+    offsets_[number] = written_;
+  }
+  object_.append(part);
+  return size;
+}
+
+void MendedPdf::EndObject() {
+  if (object_.contains("/Type /Page\n") && page_ < pages_.size()) {
+    SetSize(object_, pages_[page_++]);
+  } else if (object_.contains("begincmap")) {
+    if (!drawn_) drawn_ = std::make_unique<DrawnCharacters>();
+    NameCharacters(object_, *drawn_);
+  }
+  HandOn(object_);
+  object_.clear();
+}
+
+void MendedPdf::HandOn(const QByteArray& bytes) {
+  if (failure_) return;
+  try {
+    sink_({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    written_ += bytes.size();
+  } catch (...) {
+    failure_ = std::current_exception();  // no exception may pass through the writer
+  }
+}
+
+void MendedPdf::Finish() {
+  HandOn(object_);
+  const qsizetype entries = tail_.indexOf('\n', 5) + 1;
+  for (std::size_t number = 1; number < offsets_.size(); ++number) {
+    const qsizetype entry = entries + static_cast<qsizetype>(number) * kCrossReferenceEntry;
+    if (entry + kCrossReferenceEntry > tail_.size() || tail_.at(entry + 17) != 'n') continue;
+    tail_.replace(entry, 10, QByteArray::number(offsets_[number]).rightJustified(10, '0'));
+  }
+  const qsizetype start = tail_.lastIndexOf("startxref");
+  if (start >= 0) {
+    tail_ = tail_.first(start) + "startxref\n" + QByteArray::number(tailOffset_) + "\n%%EOF\n";
+  }
+  HandOn(tail_);
+  if (failure_) std::rethrow_exception(failure_);
 }
 
 }  // namespace td

@@ -1,4 +1,3 @@
-#include <QBuffer>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
@@ -19,29 +18,35 @@ QPageLayout LayoutOf(const Page& page) {
 
 }  // namespace
 
-std::string ToPdf(const std::vector<Page>& pages, const std::string& title) {
+void StreamPdf(const std::vector<Page>& pages, const std::string& title, const ByteSink& sink) {
   RequirePages(pages);
-  QByteArray pdf;
-  QBuffer buffer(&pdf);
-  buffer.open(QIODevice::WriteOnly);
-  QPdfWriter writer(&buffer);
-  writer.setResolution(static_cast<int>(kTwipsPerInch));
-  writer.setTitle(QString::fromStdString(title));
-  writer.setPageLayout(LayoutOf(pages.front()));
-  QPainter painter(&writer);
-  for (const Page& page : pages) {
-    if (&page != &pages.front()) {
-      writer.setPageLayout(LayoutOf(page));
-      writer.newPage();
+  MendedPdf file(pages, sink);
+  {
+    QPdfWriter writer(&file);
+    writer.setResolution(static_cast<int>(kTwipsPerInch));
+    writer.setTitle(QString::fromStdString(title));
+    writer.setPageLayout(LayoutOf(pages.front()));
+    QPainter painter(&writer);
+    for (const Page& page : pages) {
+      if (&page != &pages.front()) {
+        writer.setPageLayout(LayoutOf(page));
+        writer.newPage();
+      }
+      DrawPage(painter, page);
+      if (file.HasFailed()) break;
     }
-    DrawPage(painter, page);
   }
-  painter.end();
-  return MendPdf(pdf, pages).toStdString();
+  file.Finish();
+}
+
+std::string ToPdf(const std::vector<Page>& pages, const std::string& title) {
+  std::string pdf;
+  StreamPdf(pages, title, [&pdf](std::string_view part) { pdf += part; });
+  return pdf;
 }
 
 void WritePdf(const std::vector<Page>& pages, const std::string& path, const std::string& title) {
-  WriteFile(path, [&](const ByteSink& sink) { sink(ToPdf(pages, title)); });
+  WriteFile(path, [&](const ByteSink& sink) { StreamPdf(pages, title, sink); });
 }
 
 }  // namespace td

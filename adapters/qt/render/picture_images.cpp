@@ -30,12 +30,15 @@ std::string Uri(const char* type, const QByteArray& bytes) {
 
 }  // namespace
 
+QByteArray ContentKey(const ImagePicture& picture) {
+  return QCryptographicHash::hash(Decodable(picture), QCryptographicHash::Sha256);
+}
+
 QImage DecodedImage(const ImagePicture& picture) {
   static QCache<QByteArray, QImage> cache(kCacheKilobytes);
-  const QByteArray encoded = Decodable(picture);
-  const QByteArray key = QCryptographicHash::hash(encoded, QCryptographicHash::Sha256);
+  const QByteArray key = ContentKey(picture);
   if (const QImage* known = cache.object(key)) return *known;
-  const QImage image = QImage::fromData(encoded);
+  const QImage image = QImage::fromData(Decodable(picture));
   cache.insert(key, new QImage(image), static_cast<qsizetype>(image.sizeInBytes() / 1024 + 1));
   return image;
 }

@@ -1,6 +1,7 @@
 // The pixels of picture files.
 #pragma once
 
+#include <QByteArray>
 #include <QImage>
 #include <string>
 
@@ -12,6 +13,9 @@ namespace td {
 // latest ones staying in memory up to 64 megabytes, so that an output can store a repeated picture
 // once.
 [[nodiscard]] QImage DecodedImage(const ImagePicture& picture);
+
+// Equal for pictures with the same bytes, and for no others.
+[[nodiscard]] QByteArray ContentKey(const ImagePicture& picture);
 
 [[nodiscard]] bool IsJpeg(const ImagePicture& picture);
 

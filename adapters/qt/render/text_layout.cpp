@@ -3,51 +3,17 @@
 #include <QTextBoundaryFinder>
 #include <QTextLayout>
 #include <algorithm>
+#include <optional>
 
 #include "render/outputs.h"
 
 namespace td {
 namespace {
 
-// Characters that show nothing: left out of a text that is not shaped.
-bool IsInvisible(char32_t character) {
-  const QChar::Category category = QChar::category(character);
-  return category == QChar::Other_Control || category == QChar::Other_Format;
-}
-
-// Whether the glyphs of a character depend on its neighbours.
-bool NeedsShaping(char32_t character) {
-  constexpr char32_t kZeroWidthJoiner = 0x200D;
-  if (character == kZeroWidthJoiner || QChar::isSurrogate(character)) return true;
-  switch (QChar::category(character)) {
-    case QChar::Mark_NonSpacing:
-    case QChar::Mark_SpacingCombining:
-    case QChar::Mark_Enclosing:
-      return true;
-    default:
-      break;
-  }
-  switch (QChar::script(character)) {
-    case QChar::Script_Common:
-    case QChar::Script_Latin:
-    case QChar::Script_Greek:
-    case QChar::Script_Cyrillic:
-    case QChar::Script_Han:
-    case QChar::Script_Hiragana:
-    case QChar::Script_Katakana:
-    case QChar::Script_Bopomofo:
-      return false;
-    case QChar::Script_Hangul:
-      return character < 0xAC00 || character > 0xD7A3;  // all but whole syllables
-    default:
-      return true;
-  }
-}
-
-bool NeedsShaping(const QString& text) {
+bool NeedsShaping(const QString& text, FontFaces& faces) {
   const QList<uint> characters = text.toUcs4();
-  return std::ranges::any_of(characters,
-                             [](char32_t character) { return NeedsShaping(character); });
+  return std::ranges::any_of(
+      characters, [&faces](char32_t character) { return faces.Glyph(character).needsShaping; });
 }
 
 // One line of text from x = 0 on the base line 0, in pieces of one face each.
@@ -63,12 +29,12 @@ LaidLine ShapedLine(const QString& text, FontFaces& faces) {
 }
 
 LaidLine LayOutLine(const QString& text, FontFaces& faces) {
-  if (NeedsShaping(text)) return ShapedLine(text, faces);
+  if (NeedsShaping(text, faces)) return ShapedLine(text, faces);
   LaidLine line;
   FaceRef face;  // of the last piece; empty if another font has its characters
   for (const char32_t character : text.toUcs4()) {
-    if (IsInvisible(character)) continue;
     const FaceGlyph& glyph = faces.Glyph(character);
+    if (glyph.invisible) continue;
     if (line.pieces.empty() || face != glyph.face) {
       face = glyph.face;
       line.pieces.push_back({face ? face : faces.Primary(), {}, line.width, 0, 0, {}, {}});
@@ -84,6 +50,37 @@ LaidLine LayOutLine(const QString& text, FontFaces& faces) {
   return line;
 }
 
+// The line of a text whose characters are all drawn as they stand: nearly every one of a form.
+// Nothing for any other text.
+std::optional<LaidLine> PlainLine(const QString& text, FontFaces& faces) {
+  LaidLine line;
+  qsizetype begin = 0;  // of the last piece
+  const auto endPiece = [&](qsizetype end) {
+    if (line.pieces.empty()) return;
+    PlacedText& piece = line.pieces.back();
+    piece.text = begin == 0 && end == text.size() ? text : text.mid(begin, end - begin);
+  };
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    if (text.at(i).isSurrogate()) return std::nullopt;
+    const FaceGlyph& glyph = faces.Glyph(text.at(i).unicode());
+    if (!glyph.isPlain || !glyph.face) return std::nullopt;
+    if (line.pieces.empty() || line.pieces.back().face != glyph.face) {
+      endPiece(i);
+      begin = i;
+      line.pieces.push_back({glyph.face, {}, line.width, 0, 0, {}, {}});
+      line.pieces.back().glyphs.reserve(static_cast<std::size_t>(text.size() - i));
+      line.pieces.back().advances.reserve(static_cast<std::size_t>(text.size() - i));
+    }
+    PlacedText& piece = line.pieces.back();
+    piece.glyphs.push_back(glyph.index);
+    piece.advances.push_back(glyph.advance);
+    piece.width += glyph.advance;
+    line.width += glyph.advance;
+  }
+  endPiece(text.size());
+  return line;
+}
+
 QString TrimmedEnd(const QString& text) {
   qsizetype length = text.size();
   while (length > 0 && text.at(length - 1).isSpace()) --length;
@@ -94,7 +91,8 @@ QString TrimmedEnd(const QString& text) {
 std::vector<double> Positions(const QString& text, FontFaces& faces) {
   std::vector<double> positions = {0};
   for (const char32_t character : text.toUcs4()) {
-    const double advance = IsInvisible(character) ? 0 : faces.Glyph(character).advance;
+    const FaceGlyph& glyph = faces.Glyph(character);
+    const double advance = glyph.invisible ? 0 : glyph.advance;
     if (QChar::requiresSurrogates(character)) positions.push_back(positions.back());
     positions.push_back(positions.back() + advance);
   }
@@ -198,7 +196,7 @@ void BreakShapedParagraph(const QString& text, double width, FontFaces& faces,
 void BreakParagraph(const QString& text, double width, FontFaces& faces,
                     std::vector<LaidLine>& lines) {
   constexpr double kTolerance = 0.5;  // twips: rounding of advances makes no line break
-  if (NeedsShaping(text)) {
+  if (NeedsShaping(text, faces)) {
     BreakShapedParagraph(text, width + kTolerance, faces, lines);
     return;
   }
@@ -254,7 +252,7 @@ QString Drawable(QString text, FontFaces& faces) {
                          character == QChar::ParagraphSeparator;
     if (isBlank) {
       drawable += u' ';
-    } else if (!IsInvisible(character) && faces.Glyph(character).missing) {
+    } else if (!faces.Glyph(character).invisible && faces.Glyph(character).missing) {
       drawable += u'?';
     } else {
       drawable += QString::fromUcs4(&character, 1);
@@ -264,7 +262,9 @@ QString Drawable(QString text, FontFaces& faces) {
 }
 
 LaidLine OneLine(const std::string& text, FontFaces& faces) {
-  return LayOutLine(Drawable(QString::fromStdString(text), faces), faces);
+  const QString characters = QString::fromStdString(text);
+  if (std::optional<LaidLine> plain = PlainLine(characters, faces)) return *std::move(plain);
+  return LayOutLine(Drawable(characters, faces), faces);
 }
 
 // The lines between the line breaks, broken inside the width if the box asks for that.

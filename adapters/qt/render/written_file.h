@@ -1,7 +1,9 @@
 // Files that outputs write.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "files/written_bytes.h"

@@ -111,7 +111,7 @@ void DesktopHost::Export(PageDocument& document, const std::string& file, std::i
       throw DeviceFailure(kPathNotFound, "找不到用户的文件夹，无法保存导出文件。");
     const std::string name = FileNameOf(file);
     WritePrivateFile(folder, name,
-                     [&](const ByteSink& sink) { sink(ToHtml(document.Pages(), name)); });
+                     [&](const ByteSink& sink) { StreamHtml(document.Pages(), name, sink); });
   } catch (const Failure& failure) {
     messages_.ShowBox(failure.Description(), kInformationIcon);
   }

@@ -1,0 +1,16 @@
+#include "platform/database.h"
+
+#include "platform/failure.h"
+
+namespace td {
+
+const Value* Recordset::Find(std::string_view column) {
+  try {
+    return &Field(column);
+  } catch (const Failure& failure) {
+    if (failure.Number() != kNoSuchColumn) throw;
+    return nullptr;
+  }
+}
+
+}  // namespace td
