@@ -14,7 +14,8 @@ namespace td {
 // One PDF page per page, each of its own exact size, fonts embedded as subsets, text extractable.
 // This is what printers get, too: a print job made by Qt would have sheets of whole points.
 std::string ToPdf(const std::vector<Page>& pages, const std::string& title);
-// The file is replaced whole or not at all; fails with kDeviceIo.
+// A file is replaced whole or not at all, a pipe or a device receives the bytes as they come: see
+// WriteOutput. Fails with kDeviceIo, with the path and the reason in words.
 void WritePdf(const std::vector<Page>& pages, const std::string& path, const std::string& title);
 
 // The page on white paper. `dotsPerInch` is from 1 to 2400; an image above 400 megapixels fails
@@ -30,7 +31,8 @@ std::vector<std::string> WritePngPages(const std::vector<Page>& pages, const std
 // One self-contained file: each page an inline SVG at its true size, on a sheet of its own when
 // printed; texts are texts, pictures are inside.
 std::string ToHtml(const std::vector<Page>& pages, const std::string& title);
-// The file is replaced whole or not at all; fails with kDeviceIo.
+// A file is replaced whole or not at all, a pipe or a device receives the bytes as they come: see
+// WriteOutput. Fails with kDeviceIo, with the path and the reason in words.
 void WriteHtml(const std::vector<Page>& pages, const std::string& path, const std::string& title);
 
 // Height of a line of text in twips, for DocumentHost::LineHeight.
