@@ -102,12 +102,15 @@ void WriteFiles(const PageDocument& document, const PrintArguments& arguments) {
 }
 
 DesktopOptions OptionsFor(const PrintArguments& arguments, const ComponentFolder& folder,
-                          Progress& progress) {
+                          Progress& progress, bool& hasPages) {
   DesktopOptions options;
   options.printer = arguments.printer;
   if (!arguments.preview) options.messages = MessageMode::kStandardError;
   options.componentFolder = folder.Path();
-  options.onPage = [&](int page) { progress.PageFinished(page); };
+  options.onPage = [&](int page) {
+    progress.PageFinished(page);
+    hasPages = true;
+  };
   if (GoesToFiles(arguments)) {
     options.documentSink = [&](const PageDocument& document) { WriteFiles(document, arguments); };
   }
@@ -140,7 +143,8 @@ void TellOfAnotherPrinter(const DesktopPlatform& desktop, const PrintArguments& 
 ExitStatus Print(const PrintArguments& arguments) {
   const ComponentFolder folder;
   Progress progress;
-  DesktopPlatform desktop(OptionsFor(arguments, folder, progress));
+  bool hasPages = false;  // also when a later run of a preview made none
+  DesktopPlatform desktop(OptionsFor(arguments, folder, progress, hasPages));
   if (arguments.preview && !desktop.HasDisplay()) {
     Complain("not shown", "there is no display");
     return ExitStatus::kNotPrinted;
@@ -157,9 +161,8 @@ ExitStatus Print(const PrintArguments& arguments) {
   (printer.*print)(!arguments.preview, arguments.database, arguments.billType,
                    arguments.onlyVariant, false, progress.Watch(rows), arguments.format, nullptr);
 
-  const DocumentOutcome outcome = desktop.LastDocument();
   const bool isDone =
-      arguments.preview ? outcome.pages > 0 : printer.PrintOk() && outcome.IsDelivered();
+      arguments.preview ? hasPages : printer.PrintOk() && desktop.LastDocument().IsDelivered();
   if (!isDone) {
     if (desktop.MessagesShown() == 0) {
       Complain(NothingDone(arguments), "the run ended without a message");
