@@ -102,15 +102,24 @@ void WriteFiles(const PageDocument& document, const PrintArguments& arguments) {
   if (!arguments.html.empty()) WriteHtml(pages, arguments.html, Title(arguments));
 }
 
+// What the platform has told meanwhile.
+struct Seen {
+  bool hasPages = false;  // also when a later run of a preview made none
+  bool isWhole = true;    // nothing of the document was complained about
+};
+
 DesktopOptions OptionsFor(const PrintArguments& arguments, const ComponentFolder& folder,
-                          Progress& progress, bool& isWhole) {
+                          Progress& progress, Seen& seen) {
   DesktopOptions options;
   options.printer = arguments.printer;
   if (!arguments.preview) options.messages = MessageMode::kStandardError;
   options.componentFolder = folder.Path();
-  options.onPage = [&](int page) { progress.PageFinished(page); };
-  options.onComplaint = [&isWhole](const std::string& text) {
-    isWhole = false;
+  options.onPage = [&](int page) {
+    progress.PageFinished(page);
+    seen.hasPages = true;
+  };
+  options.onComplaint = [&seen](const std::string& text) {
+    seen.isWhole = false;
     Complain("the document is not as the format wants it", text);
   };
   if (GoesToFiles(arguments)) {
@@ -145,8 +154,8 @@ void TellOfAnotherPrinter(const DesktopPlatform& desktop, const PrintArguments& 
 ExitStatus Print(const PrintArguments& arguments) {
   const ComponentFolder folder;
   Progress progress;
-  bool isWhole = true;  // nothing of the document was complained about
-  DesktopPlatform desktop(OptionsFor(arguments, folder, progress, isWhole));
+  Seen seen;
+  DesktopPlatform desktop(OptionsFor(arguments, folder, progress, seen));
   if (arguments.preview && !desktop.HasDisplay()) {
     Complain("not shown", "there is no display");
     return ExitStatus::kNotPrinted;
@@ -164,9 +173,8 @@ ExitStatus Print(const PrintArguments& arguments) {
   (printer.*print)(!arguments.preview, arguments.database, arguments.billType,
                    arguments.onlyVariant, false, progress.Watch(rows), arguments.format, nullptr);
 
-  const DocumentOutcome outcome = desktop.LastDocument();
   const bool isDone =
-      arguments.preview ? outcome.pages > 0 : printer.PrintOk() && outcome.IsDelivered();
+      arguments.preview ? seen.hasPages : printer.PrintOk() && desktop.LastDocument().IsDelivered();
   if (!isDone) {
     if (desktop.MessagesShown() == 0) {
       Complain(NothingDone(arguments), "the run ended without a message");
@@ -174,7 +182,7 @@ ExitStatus Print(const PrintArguments& arguments) {
     return ExitStatus::kNotPrinted;
   }
   TellOfAnotherPrinter(desktop, arguments, preferredPrinter);
-  return desktop.MessagesShown() == 0 && isWhole ? ExitStatus::kPrinted
+  return desktop.MessagesShown() == 0 && seen.isWhole ? ExitStatus::kPrinted
                                                  : ExitStatus::kPrintedWithMessages;
 }
 
