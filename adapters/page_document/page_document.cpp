@@ -252,6 +252,7 @@ void PageDocument::Fire(Event event, const std::function<void()>& handler) {
 
 void PageDocument::BeginPage() {
   EndOpenLine();
+  if (!pages_.empty()) pages_.back().commands.ShrinkToFit();
   CompleteSheet();
   Page page{*paperWidth_, *paperHeight_, {}, *paperSize_, orientation_ == kLandscape};
   if (page.landscape) std::swap(page.width, page.height);
@@ -288,6 +289,7 @@ void PageDocument::EndDoc() {
   Fire(Event::kEndPage, events_.OnEndPage);
   if (state_ == State::kOpen) Fire(Event::kEndDoc, events_.OnEndDoc);
   if (state_ != State::kOpen) return;
+  pages_.back().commands.ShrinkToFit();
   state_ = State::kClosed;
   previewPage_ = 1;
   host_.PreviewChanged(*this);
@@ -337,6 +339,7 @@ void PageDocument::EndOverlay() {
 void PageDocument::LeaveOverlay() {
   if (overlayPage_ == 0) return;
   EndOpenLine();
+  CurrentPage().commands.ShrinkToFit();
   overlayPage_ = 0;
 }
 
@@ -402,13 +405,12 @@ void PageDocument::WriteLines(std::vector<TextLine> lines, bool endsLastLine) {
     if (text.lines.empty() && !endsLastLine) return;
     openLine_.reset();
   }
-  std::vector<DrawingCommand>& commands = CurrentPage().commands;
+  CommandList& commands = CurrentPage().commands;
   PointText ended = TakeLines(text, text.lines.size() - (endsLastLine ? 0 : 1));
-  if (!ended.lines.empty()) commands.emplace_back(std::move(ended));
+  if (!ended.lines.empty()) commands.emplace_back(ended);
   currentY_ = text.y;
   if (text.lines.empty()) return;
-  openLine_ = commands.size();
-  commands.emplace_back(std::move(text));
+  openLine_ = commands.AddText(text);
 }
 
 void PageDocument::PutParagraph(const std::string& text) {

@@ -141,7 +141,7 @@ class PageDocument : public PrintSurface {
   void AddBoxText(const std::string& text, double left, double top, double width, double height,
                   bool wordWrap);
   void WriteLines(std::vector<TextLine> lines, bool endsLastLine);
-  PointText& OpenLine() { return std::get<PointText>(CurrentPage().commands[*openLine_]); }
+  PointText& OpenLine() { return CurrentPage().commands.TextAt(*openLine_); }
   void EndOpenLine();
   void LeaveOverlay();
   FontRef SharedFont(const TextFont& font);

@@ -69,7 +69,7 @@ TEST_F(DocumentDrawing, CommandsWithTheSameFontShareIt) {
   document.PutFontName("Arial");
   document.NewPage();
   document.TextBox("三", 0, 0, 10, 10);
-  const auto& first = std::get<BoxText>(document.Pages()[0].commands[0]);
+  const auto first = std::get<BoxText>(document.Pages()[0].commands[0]);
   EXPECT_EQ(first.font, Last<BoxText>().font);
 }
 
@@ -132,7 +132,7 @@ TEST_F(DocumentDrawing, ALineEndPutsTheNextTextBelowTheStartOfTheLine) {
   document.PutText("gh\nij\n");
   ASSERT_EQ(Count(), 4U);
   const auto lineAt = [this](std::size_t command) {
-    const auto& text = std::get<PointText>(document.Pages()[0].commands[command]);
+    const auto text = std::get<PointText>(document.Pages()[0].commands[command]);
     EXPECT_EQ(text.lines.size(), 1U);
     EXPECT_EQ(text.x, 1000);
     return std::make_pair(text.lines.front().front().text, text.y);

@@ -270,6 +270,9 @@ LaidLine OneLine(const std::string& text, FontFaces& faces) {
 // The lines between the line breaks, broken inside the width if the box asks for that.
 std::vector<LaidLine> LinesOf(const BoxText& box, FontFaces& faces) {
   QString whole = QString::fromStdString(box.text);
+  if (!box.wordWrap) {
+    if (std::optional<LaidLine> plain = PlainLine(whole, faces)) return {*std::move(plain)};
+  }
   whole.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
   if (whole.endsWith(u'\n')) whole.chop(1);
   std::vector<LaidLine> lines;
