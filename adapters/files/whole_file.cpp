@@ -100,7 +100,7 @@ class Draft {
 
   void TakeRightsOf(const struct stat& other) {
     // Only the administrator can give a file away; for anybody else it stays the user's.
-    (void)!fchown(file_.Number(), other.st_uid, other.st_gid);
+    [[maybe_unused]] const int given = fchown(file_.Number(), other.st_uid, other.st_gid);
     Require(fchmod(file_.Number(), other.st_mode & 0777) == 0);
   }
 

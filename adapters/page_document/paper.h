@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <optional>
 
+#include "platform/print_surface.h"
+
 namespace td {
 
 inline constexpr std::int32_t kPaperA4 = 9;

@@ -1,6 +1,7 @@
 #include "sql_support/read_only.h"
 
 #include <algorithm>
+#include <array>
 #include <span>
 
 #include "sql_support/database_failure.h"
@@ -9,9 +10,9 @@
 namespace td {
 namespace {
 
-constexpr std::string_view kQueries[] = {"select", "with", "values", "table"};
-constexpr std::string_view kTargets[] = {"into"};
-constexpr std::string_view kCommands[] = {
+constexpr std::array<std::string_view, 4> kQueries = {"select", "with", "values", "table"};
+constexpr std::array<std::string_view, 1> kTargets = {"into"};
+constexpr std::array<std::string_view, 32> kCommands = {
     "alter",      "backup",   "begin",   "bulk",     "call",     "checkpoint", "commit",
     "create",     "dbcc",     "declare", "delete",   "deny",     "drop",       "exec",
     "execute",    "grant",    "insert",  "kill",     "merge",    "restore",    "reconfigure",

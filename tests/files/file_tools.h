@@ -24,7 +24,8 @@ namespace td {
 class TestFolder {
  public:
   TestFolder() {
-    std::string pattern = (std::filesystem::path(testing::TempDir()) / "qbtd-files-XXXXXX").string();
+    std::string pattern =
+        (std::filesystem::path(testing::TempDir()) / "qbtd-files-XXXXXX").string();
     EXPECT_NE(mkdtemp(pattern.data()), nullptr);
     path_ = pattern;
   }

@@ -109,7 +109,6 @@ TEST_F(ManyPrints, LeaveMemoryDescriptorsAndFilesAsTheyWere) {
   Print(2000);
   EXPECT_EQ(printed_, 2100);
   EXPECT_EQ(desktop_->MessagesShown(), 0);
-  RecordProperty("grown", static_cast<int>(Memory()) - static_cast<int>(memory));
   EXPECT_LT(Memory(), memory + 100'000) << "fifty bytes a print";
   EXPECT_EQ(Descriptors(), descriptors);
   EXPECT_EQ(Files(), files);

@@ -319,6 +319,43 @@ TEST_F(TdprintProgram, TheDemoPrintsOnAPrinterOnlyWhenItIsNamed) {
   EXPECT_NE(result.err.find("Dot"), std::string::npos) << result.err;
 }
 
+TEST_F(TdprintProgram, AnUnknownPaperCodeIsToldInOneLineAndByTheStatus) {
+  Execute("update TDBill set FPaperSize=777");
+  const ProgramResult result = Print({"--pdf", (folder_ / "bill.pdf").string()});
+  EXPECT_EQ(result.status, 3);
+  EXPECT_TRUE(IsOneLine(result.err)) << result.err;
+  EXPECT_NE(result.err.find("777"), std::string::npos) << result.err;
+  EXPECT_NE(Texts(folder_ / "bill.pdf").find("绿豆"), std::string::npos);
+}
+
+TEST_F(TdprintProgram, ChineseEnvelopesHaveTheirSizeWithoutAnyPrinter) {
+  Execute("update TDBill set FPaperSize=105");
+  EXPECT_EQ(Print({"--pdf", (folder_ / "bill.pdf").string()}).status, 0);
+  const std::string information = Run({"pdfinfo", (folder_ / "bill.pdf").string()}).out;
+  EXPECT_NE(information.find("918.4"), std::string::npos) << information;   // 324 mm
+  EXPECT_NE(information.find("1298.2"), std::string::npos) << information;  // 458 mm
+}
+
+TEST_F(TdprintProgram, ABarcodeThatCannotBeMadeIsToldOnceAndTheRestIsPrinted) {
+  Execute(R"(
+    insert into TDBillDetail (FTDBillID, FSite, FLeft, FTop, FWidth, FHeight, FTypeID, FIsVariant,
+                              FObjectFieldName, FObjectCaption, FFontName, FFontSize, FAlignMent)
+      values (1, 3, 6000, 500, 4000, 800, 0, 1, '<单号条码图>', '', '宋体', 12, 0),
+             (1, 3, 1000, 3000, 4000, 400, 0, 0, '', '条码之后', '宋体', 12, 0);
+  )");
+  const std::string rows =
+      "select 7 as FInterID, '大米' as FItemName, '' as FBillNo union all select 7, '豆', '' "
+      "union all select 7, '油', ''";
+  const ProgramResult result = Run({TDPRINT_PROGRAM, "print", "--db", Connection(), "--type", "21",
+                                    "--data", rows, "--pdf", (folder_ / "bill.pdf").string()});
+  EXPECT_EQ(result.status, 3);
+  EXPECT_TRUE(IsOneLine(result.err)) << result.err;
+  EXPECT_NE(result.err.find("条码内容为空"), std::string::npos) << result.err;
+  const std::string texts = Texts(folder_ / "bill.pdf");
+  EXPECT_NE(texts.find("条码之后"), std::string::npos) << texts;
+  EXPECT_NE(texts.find("条码之后", texts.find('\f')), std::string::npos) << texts;
+}
+
 TEST_F(TdprintProgram, ADialogThatCannotBeShownIsRefusedInOneLine) {
   const std::vector<std::vector<std::string>> commands = {
       {TDPRINT_PROGRAM, "settings", "--db", Connection(), "--type", "21"},

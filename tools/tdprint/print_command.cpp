@@ -20,15 +20,20 @@ namespace {
 
 constexpr double kPngDotsPerInch = 150;
 
-// A step before the print that failed: which one, and the reason.
+// A step before the print that failed: which one, and the reason. A reason in words of tdprint's
+// own that hold names or numbers comes in Chinese, too.
 class StepFailure : public Failure {
  public:
-  StepFailure(std::string step, const Failure& reason)
-      : Failure(reason.Number(), reason.Description()), step_(std::move(step)) {}
+  StepFailure(std::string step, const Failure& reason, std::string reasonInChinese = {})
+      : Failure(reason.Number(), reason.Description()),
+        step_(std::move(step)),
+        reasonInChinese_(std::move(reasonInChinese)) {}
   [[nodiscard]] const std::string& Step() const { return step_; }
+  [[nodiscard]] const std::string& ReasonInChinese() const { return reasonInChinese_; }
 
  private:
   std::string step_;
+  std::string reasonInChinese_;
 };
 
 // Waits for other users of the database as the component itself does: by trying again.
@@ -84,7 +89,10 @@ std::string RequireFormat(Database& database, const PrintArguments& arguments) {
                     Failure(kInvalidCall, arguments.format.empty()
                                               ? "bill type " + billType + " has no selected format"
                                               : "bill type " + billType + " has no format named " +
-                                                    arguments.format));
+                                                    arguments.format),
+                    arguments.format.empty() ? "单据类型 " + billType + " 没有选用任何套打格式。"
+                                             : "单据类型 " + billType + " 没有名为“" +
+                                                   arguments.format + "”的套打格式。");
 }
 
 bool GoesToFiles(const PrintArguments& arguments) {
@@ -102,15 +110,24 @@ void WriteFiles(const PageDocument& document, const PrintArguments& arguments) {
   if (!arguments.html.empty()) WriteHtml(pages, arguments.html, Title(arguments));
 }
 
+// What the platform has told meanwhile.
+struct Seen {
+  bool hasPages = false;  // also when a later run of a preview made none
+  bool isWhole = true;    // nothing of the document was complained about
+};
+
 DesktopOptions OptionsFor(const PrintArguments& arguments, const ComponentFolder& folder,
-                          Progress& progress, bool& isWhole) {
+                          Progress& progress, Seen& seen) {
   DesktopOptions options;
   options.printer = arguments.printer;
   if (!arguments.preview) options.messages = MessageMode::kStandardError;
   options.componentFolder = folder.Path();
-  options.onPage = [&](int page) { progress.PageFinished(page); };
-  options.onComplaint = [&isWhole](const std::string& text) {
-    isWhole = false;
+  options.onPage = [&](int page) {
+    progress.PageFinished(page);
+    seen.hasPages = true;
+  };
+  options.onComplaint = [&seen](const std::string& text) {
+    seen.isWhole = false;
     Complain("the document is not as the format wants it", text);
   };
   if (GoesToFiles(arguments)) {
@@ -145,8 +162,8 @@ void TellOfAnotherPrinter(const DesktopPlatform& desktop, const PrintArguments& 
 ExitStatus Print(const PrintArguments& arguments) {
   const ComponentFolder folder;
   Progress progress;
-  bool isWhole = true;  // nothing of the document was complained about
-  DesktopPlatform desktop(OptionsFor(arguments, folder, progress, isWhole));
+  Seen seen;
+  DesktopPlatform desktop(OptionsFor(arguments, folder, progress, seen));
   if (arguments.preview && !desktop.HasDisplay()) {
     Complain("not shown", "there is no display");
     return ExitStatus::kNotPrinted;
@@ -164,9 +181,8 @@ ExitStatus Print(const PrintArguments& arguments) {
   (printer.*print)(!arguments.preview, arguments.database, arguments.billType,
                    arguments.onlyVariant, false, progress.Watch(rows), arguments.format, nullptr);
 
-  const DocumentOutcome outcome = desktop.LastDocument();
   const bool isDone =
-      arguments.preview ? outcome.pages > 0 : printer.PrintOk() && outcome.IsDelivered();
+      arguments.preview ? seen.hasPages : printer.PrintOk() && desktop.LastDocument().IsDelivered();
   if (!isDone) {
     if (desktop.MessagesShown() == 0) {
       Complain(NothingDone(arguments), "the run ended without a message");
@@ -174,18 +190,16 @@ ExitStatus Print(const PrintArguments& arguments) {
     return ExitStatus::kNotPrinted;
   }
   TellOfAnotherPrinter(desktop, arguments, preferredPrinter);
-  return desktop.MessagesShown() == 0 && isWhole ? ExitStatus::kPrinted
+  return desktop.MessagesShown() == 0 && seen.isWhole ? ExitStatus::kPrinted
                                                  : ExitStatus::kPrintedWithMessages;
 }
 
-// Who opened a preview by a double click sees no standard error: a preview complains in a box too.
-void ComplainAbout(const PrintArguments& arguments, const std::string& what,
-                   const std::string& why) {
-  Complain(what, why);
-  if (!arguments.preview) return;
-  DesktopPlatform desktop;
-  if (desktop.HasDisplay()) {
-    desktop.Get().messages.ShowBox(what + ": " + why, kInformationIcon);
+void ComplainAbout(const PrintArguments& arguments, const std::string& what, const std::string& why,
+                   const std::string& whyInChinese = {}) {
+  if (arguments.preview) {
+    ComplainInABox(what, why, whyInChinese);
+  } else {
+    Complain(what, why);
   }
 }
 
@@ -195,7 +209,7 @@ ExitStatus PrintBills(const PrintArguments& arguments) {
   try {
     return Print(arguments);
   } catch (const StepFailure& failure) {
-    ComplainAbout(arguments, failure.Step(), failure.Description());
+    ComplainAbout(arguments, failure.Step(), failure.Description(), failure.ReasonInChinese());
   } catch (const Failure& failure) {
     ComplainAbout(arguments, "not printed", failure.Description());
   }

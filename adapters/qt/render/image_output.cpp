@@ -1,6 +1,5 @@
 #include <QBuffer>
 #include <QDir>
-#include <QFile>
 #include <QImage>
 #include <QPainter>
 #include <cmath>
@@ -29,8 +28,14 @@ std::string PagePath(const QDir& folder, std::size_t number) {
   return folder.filePath(QString("page-%1.png").arg(number, 3, 10, QChar('0'))).toStdString();
 }
 
+// What an earlier and longer document left. Anything but a file was put there by somebody else.
 void RemovePagesFrom(const QDir& folder, std::size_t number) {
-  while (QFile::remove(QString::fromStdString(PagePath(folder, number)))) ++number;
+  std::error_code error;
+  for (;; ++number) {
+    const std::filesystem::path page = PagePath(folder, number);
+    if (!std::filesystem::is_regular_file(std::filesystem::symlink_status(page, error))) return;
+    if (!std::filesystem::remove(page, error)) return;
+  }
 }
 
 void MakeFolder(const std::string& path) {

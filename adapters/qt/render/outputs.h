@@ -22,7 +22,8 @@ std::string ToPdf(const std::vector<Page>& pages, const std::string& title);
 // The same page by page: no more of the file is held than one page needs. What `sink` throws goes
 // through.
 void StreamPdf(const PageRefs& pages, const std::string& title, const ByteSink& sink);
-// The file is replaced whole or not at all; fails with kDeviceIo.
+// A file is replaced whole or not at all, a pipe or a device receives the bytes as they come: see
+// WriteOutput. Fails with kDeviceIo, with the path and the reason in words.
 void WritePdf(const std::vector<Page>& pages, const std::string& path, const std::string& title);
 void WritePdf(const PageRefs& pages, const std::string& path, const std::string& title);
 
@@ -41,7 +42,8 @@ std::vector<std::string> WritePngPages(const std::vector<Page>& pages, const std
 std::string ToHtml(const std::vector<Page>& pages, const std::string& title);
 // The same page by page.
 void StreamHtml(const std::vector<Page>& pages, const std::string& title, const ByteSink& sink);
-// The file is replaced whole or not at all; fails with kDeviceIo.
+// A file is replaced whole or not at all, a pipe or a device receives the bytes as they come: see
+// WriteOutput. Fails with kDeviceIo, with the path and the reason in words.
 void WriteHtml(const std::vector<Page>& pages, const std::string& path, const std::string& title);
 
 // Height of a line of text in twips, for DocumentHost::LineHeight.

@@ -34,9 +34,6 @@ class DesktopHost : public DocumentHost {
   // That of the printer in the settings, if they name one.
   std::optional<PaperExtent> DefaultSheet() override;
 
-  // That of the printer in the settings, if they name one, else of the default printer.
-  [[nodiscard]] std::optional<PaperExtent> DefaultSheet();
-
   double LineHeight(const TextLine& line) override;
   double LineWidth(const TextLine& line) override;
 

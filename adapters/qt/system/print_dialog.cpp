@@ -39,6 +39,14 @@ Options DriverOptionsOf(const QPrinter& printer) {
   return options;
 }
 
+// Copies page by page are pages repeated: the printing system leaves them to the printer, and not
+// every printer makes them. On both sides of a sheet only the printer can make them.
+int CopiesOfEachPage(const QPrinter& printer) {
+  const bool isRepeated = !printer.collateCopies() && printer.duplex() == QPrinter::DuplexNone &&
+                          printer.outputFileName().isEmpty();
+  return isRepeated ? printer.copyCount() : 1;
+}
+
 // The options without those that choose pages: they are chosen here, before the printing system
 // gets any, so that they are chosen once.
 Options OptionsOf(const QPrinter& printer) {
@@ -46,7 +54,7 @@ Options OptionsOf(const QPrinter& printer) {
   std::erase_if(options, [](const auto& option) {
     return option.first == "page-ranges" || option.first == "page-set";
   });
-  options.emplace_back("copies", std::to_string(printer.copyCount()));
+  options.emplace_back("copies", std::to_string(printer.copyCount() / CopiesOfEachPage(printer)));
   options.emplace_back("collate", printer.collateCopies() ? "true" : "false");
   options.emplace_back("sides", SidesOf(printer.duplex()));
   options.emplace_back("print-color-mode",
@@ -73,12 +81,13 @@ PageSet PageSetOf(const QPrinter& printer) {
 std::optional<std::vector<int>> PagesOf(const QPrinter& printer, int pageCount) {
   const bool hasRange = printer.printRange() == QPrinter::PageRange;
   const PageSet set = PageSetOf(printer);
-  if (!hasRange && set == PageSet::kAll) return std::nullopt;
+  const int copies = CopiesOfEachPage(printer);
+  if (!hasRange && set == PageSet::kAll && copies == 1) return std::nullopt;
   std::vector<int> pages;
   for (int page = 1; page <= pageCount; ++page) {
     const bool isInRange = !hasRange || printer.pageRanges().contains(page);
     const bool isInSet = set == PageSet::kAll || (page % 2 == 0) == (set == PageSet::kEven);
-    if (isInRange && isInSet) pages.push_back(page);
+    if (isInRange && isInSet) pages.insert(pages.end(), static_cast<std::size_t>(copies), page);
   }
   return pages;
 }

@@ -62,10 +62,25 @@ const char* SettingOf(const CupsPrinter& queue, const char* name) {
   return cupsGetOption(name, queue.Destination()->num_options, queue.Destination()->options);
 }
 
-const char* DefaultMedia(const CupsPrinter& queue) {
-  ipp_attribute_t* media =
-      cupsFindDestDefault(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details(), CUPS_MEDIA);
+ipp_attribute_t* DefaultOf(const CupsPrinter& queue, const char* name) {
+  return cupsFindDestDefault(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details(), name);
+}
+
+const char* DefaultMediaName(const CupsPrinter& queue) {
+  ipp_attribute_t* media = DefaultOf(queue, CUPS_MEDIA);
   return media == nullptr ? nullptr : ippGetString(media, 0, nullptr);
+}
+
+// For drivers that have no name for their sheet.
+std::optional<PaperExtent> DefaultMediaExtent(const CupsPrinter& queue) {
+  ipp_attribute_t* media = DefaultOf(queue, "media-col");
+  ipp_t* details = media == nullptr ? nullptr : ippGetCollection(media, 0);
+  ipp_attribute_t* size = ippFindAttribute(details, "media-size", IPP_TAG_BEGIN_COLLECTION);
+  ipp_t* sides = size == nullptr ? nullptr : ippGetCollection(size, 0);
+  ipp_attribute_t* width = ippFindAttribute(sides, "x-dimension", IPP_TAG_INTEGER);
+  ipp_attribute_t* length = ippFindAttribute(sides, "y-dimension", IPP_TAG_INTEGER);
+  if (width == nullptr || length == nullptr) return std::nullopt;
+  return Extent(ippGetInteger(width, 0), ippGetInteger(length, 0));
 }
 
 }  // namespace
@@ -86,10 +101,12 @@ std::optional<PaperExtent> OwnSheet(const std::string& printer) {
   if (printer.empty()) return std::nullopt;
   const CupsPrinter queue(printer);
   if (!queue.IsReachable()) return std::nullopt;
-  for (const char* setting : {SettingOf(queue, "media"), SettingOf(queue, "PageSize")}) {
-    if (const auto sheet = ExtentOf(setting)) return sheet;
+  // The printing system itself prefers the older name of the setting.
+  for (const char* name :
+       {SettingOf(queue, "PageSize"), SettingOf(queue, "media"), DefaultMediaName(queue)}) {
+    if (const auto sheet = ExtentOf(name)) return sheet;
   }
-  return ExtentOf(DefaultMedia(queue));
+  return DefaultMediaExtent(queue);
 }
 
 std::optional<std::string> SheetName(const std::string& printer, const PaperExtent& extent) {

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <cmath>
+#include <filesystem>
 
 #include "page_document/pictures.h"
 #include "render/outputs.h"
@@ -105,6 +106,15 @@ TEST(ImageOutput, LeavesNoPageOfALongerDocumentInTheFolder) {
   WritePngPages({page, page}, folder.Path("pages"), 50);
   EXPECT_EQ(QDir(QString::fromStdString(folder.Path("pages"))).entryList(QDir::Files),
             (QStringList{"page-001.png", "page-002.png"}));
+}
+
+TEST(ImageOutput, RemovesNothingThatIsNoPage) {
+  const Folder folder;
+  const Page page = PageOf(50, 50);
+  std::filesystem::create_directory(folder.Path("pages"));
+  std::filesystem::create_symlink("elsewhere", folder.Path("pages/page-002.png"));
+  WritePngPages({page}, folder.Path("pages"), 50);
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("pages/page-002.png")));
 }
 
 TEST(ImageOutput, RefusesFoldersAndResolutionsThatDoNotWork) {

@@ -54,6 +54,22 @@ TEST_F(PreviewPixels, AreThoseOfTheImageOutputAtEveryZoom) {
        });
 }
 
+TEST_F(PreviewPixels, ShowAPageOnItsSheetWhateverThePaperIsMeanwhile) {
+  frame_.Surface().PutOrientation(1);
+  Show([this] { MakeDocument(1); },
+       [this](PreviewWindow& window) {
+         window.resize(1000, 850);
+         auto& document = dynamic_cast<PageDocument&>(frame_.Surface());
+         document.PutPaperSize(9);
+         document.PutOrientation(0);
+         document.PutZoom(75);
+         QTest::qWait(50);
+         const QRectF sheet = ViewOf(window).SheetRect();
+         EXPECT_NEAR(sheet.width() / sheet.height(), 210.0 / 148, 0.01);
+         ExpectPixelsOfThePage(window, document.Pages()[0], 75);
+       });
+}
+
 TEST_F(PreviewPixels, LinesCloseTheCornersOfATable) {
   constexpr double kPenWidth = 90;
   const auto drawTable = [this] {

@@ -273,16 +273,32 @@ TEST_F(PrintDialog, TrayAndDuplexHoldAndPlacingIsRefused) {
   EXPECT_EQ(PrintedPages(), "1234") << "each on a sheet of its own";
 }
 
+void TurnWheelOver(QWidget& field) {
+  constexpr int kNotchDown = -120;
+  const QPointF place = field.rect().center();
+  QWheelEvent event(place, field.mapToGlobal(place), {}, {0, kNotchDown}, Qt::NoButton,
+                    Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&field, &event);
+}
+
 TEST_F(PrintDialog, TheWheelChangesNoFieldThatHasNoFocus) {
   PrintAndAnswer(QDialogButtonBox::Cancel, [](QPrintDialog& dialog) {
+    constexpr int kUntilItIsShown = 300;  // milliseconds
     auto& copies = *dialog.findChild<QSpinBox*>("copies");
-    const QPointF place = copies.rect().center();
-    QWheelEvent event(place, copies.mapToGlobal(place), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&copies, &event);
-    EXPECT_EQ(copies.value(), 1);
-    EXPECT_FALSE(copies.hasFocus());
-    EXPECT_FALSE(copies.focusPolicy() & Qt::WheelFocus & ~Qt::StrongFocus);
+    copies.setValue(5);
+    TurnWheelOver(copies);
+    EXPECT_EQ(copies.value(), 5);
+    EXPECT_NE(copies.focusPolicy(), Qt::WheelFocus);
+    QTimer::singleShot(kUntilItIsShown, qApp, [] {
+      auto* settings = dynamic_cast<QDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(settings, nullptr);
+      auto& sheets = *settings->findChild<QComboBox*>("pageSizeCombo");
+      const QString sheet = sheets.currentText();
+      TurnWheelOver(sheets);
+      EXPECT_EQ(sheets.currentText(), sheet) << "in the dialogs that it opens, too";
+      settings->reject();
+    });
+    dialog.findChild<QPushButton*>("properties")->click();
   });
 }
 

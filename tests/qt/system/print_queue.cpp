@@ -42,10 +42,9 @@ void PrintQueues::SetUp() {
   ASSERT_EQ(std::system(QBTD_SOURCE_DIR "/scripts/cups-for-tests.sh"), 0);
 }
 
-TemporaryQueue::TemporaryQueue() : name_(UniqueTitle("queue")) {
-  const std::string command = kAsRoot + "lpadmin -p " + name_ +
-                              " -E -v cups-pdf:/qbtd -o printer-is-shared=false"
-                              " -P /usr/share/ppd/cups-pdf/CUPS-PDF_noopt.ppd 2>/dev/null";
+TemporaryQueue::TemporaryQueue(const std::string& option) : name_(UniqueTitle("queue")) {
+  const std::string command = kAsRoot + "lpadmin -p " + name_ + " -E -v cups-pdf:/qbtd -o " +
+                              option + " -P /usr/share/ppd/cups-pdf/CUPS-PDF_noopt.ppd 2>/dev/null";
   EXPECT_EQ(std::system(command.c_str()), 0);
 }
 

@@ -17,7 +17,8 @@ class PrintQueues : public testing::Environment {
 // A queue like QbTd-PDF that is there until Remove(), or as long as this object.
 class TemporaryQueue {
  public:
-  TemporaryQueue();
+  // `option` is one that lpadmin takes behind -o.
+  explicit TemporaryQueue(const std::string& option = "printer-is-shared=false");
   ~TemporaryQueue() { Remove(); }
   TemporaryQueue(const TemporaryQueue&) = delete;
   TemporaryQueue& operator=(const TemporaryQueue&) = delete;

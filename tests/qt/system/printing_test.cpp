@@ -89,6 +89,9 @@ void ExpectExtent(const std::optional<PaperExtent>& sheet, double width, double 
 TEST(Printers, TellTheirOwnSheet) {
   ExpectExtent(OwnSheet("QbTd-PDF"), 210, 297);
   ExpectExtent(OwnSheet("QbTd-Form"), 230, 127);
+  ExpectExtent(OwnSheet(TemporaryQueue("PageSize=Letter").Name()), 215.9, 279.4);
+  ExpectExtent(OwnSheet(TemporaryQueue("PageSize-default=Custom.100x150mm").Name()), 100, 150);
+  ExpectExtent(OwnSheet(TemporaryQueue("media-default=iso_a5_148x210mm").Name()), 148, 210);
   EXPECT_FALSE(OwnSheet("nowhere"));
   EXPECT_FALSE(OwnSheet(""));
 }
