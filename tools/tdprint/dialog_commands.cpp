@@ -15,7 +15,7 @@ bool CanBeOpened(const std::string& database, Platform& platform) {
     platform.database.Connect(database);
     return true;
   } catch (const Failure& failure) {
-    Complain("the database can't be opened", failure.Description());
+    ComplainInABox("the database can't be opened", failure.Description());
     return false;
   }
 }
@@ -28,7 +28,7 @@ ExitStatus ShowOn(const std::string& database, Action show) {
     show(desktop.Get());
     return ExitStatus::kPrinted;
   } catch (const Failure& failure) {
-    Complain("the window can't be shown", failure.Description());
+    ComplainInABox("the window can't be shown", failure.Description());
     return ExitStatus::kNotPrinted;
   }
 }

@@ -18,15 +18,20 @@ namespace {
 
 constexpr double kPngDotsPerInch = 150;
 
-// A step before the print that failed: which one, and the reason.
+// A step before the print that failed: which one, and the reason. A reason in words of tdprint's
+// own that hold names or numbers comes in Chinese, too.
 class StepFailure : public Failure {
  public:
-  StepFailure(std::string step, const Failure& reason)
-      : Failure(reason.Number(), reason.Description()), step_(std::move(step)) {}
+  StepFailure(std::string step, const Failure& reason, std::string reasonInChinese = {})
+      : Failure(reason.Number(), reason.Description()),
+        step_(std::move(step)),
+        reasonInChinese_(std::move(reasonInChinese)) {}
   [[nodiscard]] const std::string& Step() const { return step_; }
+  [[nodiscard]] const std::string& ReasonInChinese() const { return reasonInChinese_; }
 
  private:
   std::string step_;
+  std::string reasonInChinese_;
 };
 
 // Waits for other users of the database as the component itself does: by trying again.
@@ -62,7 +67,10 @@ void RequireFormat(Database& database, const PrintArguments& arguments) {
                     Failure(kInvalidCall, arguments.format.empty()
                                               ? "bill type " + billType + " has no selected format"
                                               : "bill type " + billType + " has no format named " +
-                                                    arguments.format));
+                                                    arguments.format),
+                    arguments.format.empty() ? "单据类型 " + billType + " 没有选用任何套打格式。"
+                                             : "单据类型 " + billType + " 没有名为“" +
+                                                   arguments.format + "”的套打格式。");
 }
 
 bool GoesToFiles(const PrintArguments& arguments) {
@@ -143,14 +151,12 @@ ExitStatus Print(const PrintArguments& arguments) {
   return desktop.MessagesShown() == 0 ? ExitStatus::kPrinted : ExitStatus::kPrintedWithMessages;
 }
 
-// Who opened a preview by a double click sees no standard error: a preview complains in a box too.
-void ComplainAbout(const PrintArguments& arguments, const std::string& what,
-                   const std::string& why) {
-  Complain(what, why);
-  if (!arguments.preview) return;
-  DesktopPlatform desktop;
-  if (desktop.HasDisplay()) {
-    desktop.Get().messages.ShowBox(what + ": " + why, kInformationIcon);
+void ComplainAbout(const PrintArguments& arguments, const std::string& what, const std::string& why,
+                   const std::string& whyInChinese = {}) {
+  if (arguments.preview) {
+    ComplainInABox(what, why, whyInChinese);
+  } else {
+    Complain(what, why);
   }
 }
 
@@ -160,7 +166,7 @@ ExitStatus PrintBills(const PrintArguments& arguments) {
   try {
     return Print(arguments);
   } catch (const StepFailure& failure) {
-    ComplainAbout(arguments, failure.Step(), failure.Description());
+    ComplainAbout(arguments, failure.Step(), failure.Description(), failure.ReasonInChinese());
   } catch (const Failure& failure) {
     ComplainAbout(arguments, "not printed", failure.Description());
   }
