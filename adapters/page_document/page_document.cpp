@@ -184,6 +184,7 @@ void PageDocument::StartDoc() {
   previewPage_ = 1;
   state_ = State::kOpen;
   BeginPage();
+  host_.PreviewChanged(*this);
   Fire(Event::kNewPage, events_.OnNewPage);
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace td {
 namespace {
@@ -116,9 +117,24 @@ std::optional<PaperExtent> Find(const Papers& papers, std::int32_t code, double 
 
 }  // namespace
 
+bool IsSameSheet(const PaperExtent& one, const PaperExtent& other) {
+  constexpr double kTolerance = 0.2 * kTwipsPerMillimetre;
+  return std::abs(one.width - other.width) <= kTolerance &&
+         std::abs(one.height - other.height) <= kTolerance;
+}
+
 std::optional<PaperExtent> StandardPaper(std::int32_t code) {
   if (const auto metric = Find(kMetricPapers, code, kTwipsPerMillimetre)) return metric;
   return Find(kInchPapers, code, kTwipsPerInchOfPaper);
+}
+
+std::int32_t PaperCodeOf(const PaperExtent& sheet) {
+  constexpr std::int32_t kLastStandardPaper = 118;
+  for (std::int32_t code = 1; code <= kLastStandardPaper; ++code) {
+    const auto paper = StandardPaper(code);
+    if (paper && IsSameSheet(*paper, sheet)) return code;
+  }
+  return kUserDefinedPaper;
 }
 
 }  // namespace td

@@ -17,8 +17,15 @@ struct PaperExtent {
   bool operator==(const PaperExtent&) const = default;
 };
 
+// Sides that differ by up to 0.2 mm are the same size: a page is centred on its sheet, so that
+// nothing on it then lies more than 0.1 mm beside its place.
+[[nodiscard]] bool IsSameSheet(const PaperExtent& one, const PaperExtent& other);
+
 // The sheet of a standard number: 1 is Letter, 9 is A4, 11 is A5. Nothing for any other number, 0
 // and 256 included.
 [[nodiscard]] std::optional<PaperExtent> StandardPaper(std::int32_t code);
+
+// The lowest standard number of a sheet of this size, kUserDefinedPaper if there is none.
+[[nodiscard]] std::int32_t PaperCodeOf(const PaperExtent& sheet);
 
 }  // namespace td

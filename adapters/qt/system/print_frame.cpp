@@ -76,7 +76,8 @@ void QtPrintFrame::Unload() {
   if (loop_ != nullptr) loop_->quit();
 }
 
-// No exception may pass through the event loop.
+// No exception may pass through the event loop. A run that has stopped halfway has not told of what
+// it has drawn last, so that the window looks at the document itself afterwards.
 void QtPrintFrame::Activate() {
   const bool isFirst = !wasActivated_;
   wasActivated_ = true;
@@ -90,6 +91,7 @@ void QtPrintFrame::Activate() {
       ShowFailure(std::current_exception());
     }
   }
+  window_->ShowDocumentChanges();
 }
 
 void QtPrintFrame::PressButton(std::string_view key) {
@@ -98,6 +100,7 @@ void QtPrintFrame::PressButton(std::string_view key) {
   } catch (...) {
     ShowFailure(std::current_exception());
   }
+  window_->ShowDocumentChanges();
 }
 
 void QtPrintFrame::ShowFailure(const std::exception_ptr& failure) {
