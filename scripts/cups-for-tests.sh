@@ -5,6 +5,7 @@
 #   QbTd-PDF      writes each job to /var/spool/cups-pdf/qbtd/job_<number>-*.pdf
 #   QbTd-Margins  the same, on a printer whose unprintable margins differ on all four sides
 #   QbTd-Fixed    the same, on a printer that has A4 and A5 sheets and takes no other size
+#   QbTd-Office   the same, on a printer with two trays that prints on both sides
 #   QbTd-Refusing takes no jobs
 set -euo pipefail
 
@@ -77,6 +78,20 @@ has_queue QbTd-Fixed || make_queue_with QbTd-Fixed \
   -e '/^\*\(VariablePaperSize\|MaxMedia\|ParamCustomPageSize\|HWMargins\)/d' \
   -e '/^\*\(PageSize\|PageRegion\|ImageableArea\|PaperDimension\) [^:]*:/{/ A[45]\//!d}' \
   -e 's/421 595/420 595/g'
+# one_of NAME CHOICE…: an option of a driver; the first choice is its default.
+one_of() {
+  local name=$1
+  shift
+  printf '*OpenUI *%s/%s: PickOne\n*OrderDependency: 20 AnySetup *%s\n' "$name" "$name" "$name"
+  printf '*Default%s: %s\n' "$name" "${1%%/*}"
+  for choice in "$@"; do printf '*%s %s: ""\n' "$name" "$choice"; done
+  printf '*CloseUI: *%s\n' "$name"
+}
+
+has_queue QbTd-Office || make_queue_with QbTd-Office -e '$r '<(
+  one_of InputSlot 'Tray1/Tray 1' 'Tray2/Tray 2'
+  one_of Duplex None/Off DuplexNoTumble/Long DuplexTumble/Short
+)
 has_queue QbTd-Refusing || {
   make_queue QbTd-Refusing "$driver"
   cupsreject QbTd-Refusing

@@ -10,11 +10,12 @@
 namespace td {
 namespace {
 
-std::vector<Page> ChosenPages(const PageDocument& document, const std::vector<int>& numbers) {
-  if (numbers.empty()) return document.Pages();
+std::vector<Page> ChosenPages(const PageDocument& document,
+                              const std::optional<std::vector<int>>& numbers) {
+  if (!numbers) return document.Pages();
   std::vector<Page> chosen;
-  chosen.reserve(numbers.size());
-  for (const int number : numbers)
+  chosen.reserve(numbers->size());
+  for (const int number : *numbers)
     chosen.push_back(document.Pages().at(static_cast<std::size_t>(number) - 1));
   return chosen;
 }

@@ -14,14 +14,15 @@ namespace td {
 struct PrintChoice {
   std::string printer;
   std::string pdfFile;  // not empty: the user wants a file in the place of a print
-  // Pages to print, each from 1, in their order; empty: all.
-  std::vector<int> pages;
+  // Pages to print, each from 1, in their order; nothing: all.
+  std::optional<std::vector<int>> pages;
   // Options of the printing system: copies, sides and what else the dialog offers.
   std::vector<std::pair<std::string, std::string>> options;
 };
 
 // Shows the dialog with a printer preselected and waits for the answer; nothing if the user
-// cancelled. Needs a window system. `window` may be null.
+// cancelled. Where there is no printer, `printer` is empty and a file is all that can be chosen.
+// Needs a window system. `window` may be null.
 [[nodiscard]] std::optional<PrintChoice> AskForPrinter(const std::string& printer, int pageCount,
                                                        QWidget* window);
 

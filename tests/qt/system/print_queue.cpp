@@ -65,4 +65,18 @@ std::vector<int> JobsTitled(const std::string& title) {
   return numbers;
 }
 
+std::string AttributeOf(int job, const std::string& name) {
+  ipp_t* request = ippNewRequest(IPP_OP_GET_JOB_ATTRIBUTES);
+  const std::string uri = "ipp://localhost/jobs/" + std::to_string(job);
+  ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "job-uri", nullptr, uri.c_str());
+  ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr,
+               cupsUser());
+  ipp_t* answer = cupsDoRequest(CUPS_HTTP_DEFAULT, request, "/");
+  ipp_attribute_t* attribute = ippFindAttribute(answer, name.c_str(), IPP_TAG_ZERO);
+  const char* text = attribute == nullptr ? nullptr : ippGetString(attribute, 0, nullptr);
+  const std::string found = text == nullptr ? "" : text;
+  ippDelete(answer);
+  return found;
+}
+
 }  // namespace td

@@ -24,4 +24,7 @@ std::string UniqueTitle(const std::string& purpose);
 // The numbers of all jobs with a title, in their order.
 std::vector<int> JobsTitled(const std::string& title);
 
+// What the printing system has noted of a job under a name, such as "sides".
+std::string AttributeOf(int job, const std::string& name);
+
 }  // namespace td
