@@ -3,6 +3,9 @@
 #include <QRadioButton>
 
 #include "qt/dialogs/separator_delegate.h"
+#include "qt/fields/choice_list.h"
+#include "qt/fields/option_focus.h"
+#include "qt/fields/wheel_guard.h"
 #include "qt/preview/window_font.h"
 
 namespace td {
@@ -11,16 +14,15 @@ DialogWindow::DialogWindow(const QString& title, DialogWindowEvents events, QWid
     : QDialog(parent), events_(std::move(events)) {
   setWindowTitle(title);
   setFont(FontWithChinese(font()));
+  GuardFieldsAgainstWheel(*this);
 }
 
 QComboBox* DialogWindow::MakeList(const QString& name, const QString& description) {
-  constexpr int kUsualNameLength = 24;  // half-width characters; longer names widen the popup only
-  auto* list = new QComboBox(this);
+  auto* list = new ChoiceList(this);
   list->setObjectName(name);
   list->setAccessibleName(description);
   list->setItemDelegate(new SeparatorDelegate(list));
-  list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  list->setMinimumContentsLength(kUsualNameLength);
+  list->KeepUsualWidth();
   connect(list, &QComboBox::activated, this,
           [this, control = name.toStdString()] { events_.clicked(control); });
   return list;
@@ -56,6 +58,7 @@ QButtonGroup* DialogWindow::MakeOptions(const QString& name, const QStringList& 
     option->setObjectName(name + QString::number(index));
     group->addButton(option, index);
   }
+  LetTabReachTheSetOption(group->buttons());
   return group;
 }
 

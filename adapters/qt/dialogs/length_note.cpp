@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "qt/preview/length_field.h"
+#include "qt/fields/length_field.h"
 #include "text/conversions.h"
 
 namespace td {

@@ -1,20 +1,11 @@
 #include "qt/system/qt_dialog.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
-#include <QScrollBar>
 
 #include "qt/system/application.h"
 
 namespace td {
 namespace {
-
-// Room for the longest entry, however narrow the closed list is.
-void WidenPopup(const QComboBox& list) {
-  QAbstractItemView& entries = *list.view();
-  const int scrollBar = entries.verticalScrollBar()->sizeHint().width();
-  entries.setMinimumWidth(entries.sizeHintForColumn(0) + scrollBar);
-}
 
 void RequireEntry(const QComboBox& list, int index) {
   if (index < 0 || index >= list.count()) throw InvalidCallFailure();
@@ -98,9 +89,7 @@ void QtDialog::PutOption(std::string_view group, int index) {
 }
 
 void QtDialog::ClearList(std::string_view list) {
-  auto& control = Window().Named<QComboBox>(list);
-  control.clear();
-  WidenPopup(control);
+  Window().Named<QComboBox>(list).clear();
 }
 
 // The first entry of a list would be selected at once.
@@ -109,7 +98,6 @@ void QtDialog::AddItem(std::string_view list, const std::string& text) {
   const int selected = control.currentIndex();
   control.addItem(QString::fromStdString(text));
   control.setCurrentIndex(selected);
-  WidenPopup(control);
 }
 
 int QtDialog::ListCount(std::string_view list) {

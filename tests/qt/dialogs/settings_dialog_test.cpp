@@ -1,4 +1,6 @@
 // The overlay settings dialog, used with mouse and keyboard; the database is read back.
+#include <QTest>
+#include <QWheelEvent>
 #include <functional>
 #include <memory>
 
@@ -224,6 +226,45 @@ TEST_F(SettingsDialog, AnUnreadableDatabaseIsReportedAndTheDialogOpensBlank) {
   });
   TDSet(desktop_.Get()).ShowSettings(database_.MissingConnection(), 21);
   EXPECT_EQ(boxes_.size(), 1U);
+}
+
+void TurnWheelOver(QWidget& field) {
+  constexpr int kNotchDown = -120;
+  const QPointF place = field.rect().center();
+  QWheelEvent event(place, field.mapToGlobal(place), {}, {0, kNotchDown}, Qt::NoButton,
+                    Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&field, &event);
+}
+
+TEST_F(SettingsDialog, TheWheelOverAListChangesNothingUntilItHasTheFocus) {
+  ShowSettings([](DialogWindow& window) {
+    auto& formats = window.Named<QComboBox>("cmbTdBillName");
+    auto& printers = window.Named<QComboBox>("cmbPrintDevice");
+    Type(window, "txtLeft", "567");
+    TurnWheelOver(formats);
+    TurnWheelOver(printers);
+    EXPECT_EQ(formats.currentText(), "销售单");
+    EXPECT_EQ(printers.currentIndex(), 0);
+    EXPECT_EQ(TextOf(window, "txtLeft"), "567") << "what was typed stands";
+    EXPECT_TRUE(window.Named<QLineEdit>("txtLeft").hasFocus());
+    printers.setFocus();
+    TurnWheelOver(printers);
+    EXPECT_EQ(printers.currentIndex(), 1);
+  });
+}
+
+TEST_F(SettingsDialog, TabGoesToTheOptionThatIsSet) {
+  database_.Run("update TDBill set FOrientation=1");
+  ShowSettings([](DialogWindow& window) {
+    auto& options = window.Named<QButtonGroup>("optOrientation");
+    ASSERT_EQ(options.checkedId(), 1);
+    window.Named<QComboBox>("cmbPrintDevice").setFocus();
+    PressKey(window, Qt::Key_Tab);
+    EXPECT_EQ(window.focusWidget(), options.button(1));
+    EXPECT_EQ(options.checkedId(), 1);
+    PressKey(window, Qt::Key_Up);
+    EXPECT_EQ(options.checkedId(), 0);
+  });
 }
 
 }  // namespace

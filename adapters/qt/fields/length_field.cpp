@@ -1,4 +1,4 @@
-#include "qt/preview/length_field.h"
+#include "qt/fields/length_field.h"
 
 namespace td {
 
