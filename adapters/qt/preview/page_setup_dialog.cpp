@@ -7,6 +7,9 @@
 #include <array>
 
 #include "page_document/paper.h"
+#include "qt/fields/option_focus.h"
+#include "qt/fields/wheel_guard.h"
+#include "qt/preview/unkept_sheet.h"
 #include "qt/preview/window_font.h"
 
 namespace td {
@@ -38,18 +41,26 @@ QString SizeText(double width, double height) {
   return millimetres(width) + QStringLiteral(" × ") + millimetres(height) + QStringLiteral(" mm");
 }
 
-void AddPaper(QComboBox& list, std::int32_t code, const QString& name, double width,
-              double height) {
-  list.addItem(name + QStringLiteral("（") + SizeText(width, height) + QStringLiteral("）"), code);
+QString PaperText(const QString& name, double width, double height) {
+  return name + QStringLiteral("（") + SizeText(width, height) + QStringLiteral("）");
+}
+
+// A paper that has no name here is called by its number.
+QString PaperText(std::int32_t code, double width, double height) {
+  for (const OfferedPaper& offered : kPapers) {
+    if (offered.code == code) return PaperText(QString::fromUtf8(offered.name), width, height);
+  }
+  return PaperText(QStringLiteral("纸张 ") + QString::number(code), width, height);
 }
 
 }  // namespace
 
 PageSetupDialog::PageSetupDialog(PageDocument& document, const std::string& printer,
-                                 QWidget* parent)
-    : QDialog(parent), document_(document) {
+                                 OwnSheets ownSheets, QWidget* parent)
+    : QDialog(parent), document_(document), ownSheets_(std::move(ownSheets)) {
   setWindowTitle(QStringLiteral("页面设置"));
   setFont(FontWithChinese(font()));
+  GuardFieldsAgainstWheel(*this);
   MakeFields();
   FillPrinters(printer);
   FillPapers();
@@ -59,13 +70,15 @@ PageSetupDialog::PageSetupDialog(PageDocument& document, const std::string& prin
 }
 
 void PageSetupDialog::MakeFields() {
-  printer_ = new QComboBox(this);
-  paper_ = new QComboBox(this);
+  printer_ = new ChoiceList(this);
+  printer_->KeepUsualWidth();
+  paper_ = new ChoiceList(this);
   width_ = new LengthField(document_.PaperWidth(), this);
   height_ = new LengthField(document_.PaperHeight(), this);
   portrait_ = new QRadioButton(QStringLiteral("纵向(&P)"), this);
   landscape_ = new QRadioButton(QStringLiteral("横向(&L)"), this);
   (document_.Orientation() == kLandscape ? landscape_ : portrait_)->setChecked(true);
+  LetTabReachTheSetOption({portrait_, landscape_});
   left_ = new LengthField(document_.MarginLeft(), this);
   top_ = new LengthField(document_.MarginTop(), this);
   right_ = new LengthField(document_.MarginRight(), this);
@@ -74,9 +87,9 @@ void PageSetupDialog::MakeFields() {
   objection_ = new QLabel(this);
   objection_->setWordWrap(true);
   objection_->setStyleSheet(QStringLiteral("color: #b00020"));
-  confirm_ = new QPushButton(QStringLiteral("确定"), this);
+  confirm_ = new QPushButton(QStringLiteral("确定(&O)"), this);
   confirm_->setDefault(true);
-  cancel_ = new QPushButton(QStringLiteral("取消"), this);
+  cancel_ = new QPushButton(QStringLiteral("取消(&C)"), this);
 }
 
 // A printer that the machine doesn't have leaves the list without a choice: the first entry would
@@ -97,15 +110,18 @@ void PageSetupDialog::FillPapers() {
   for (const OfferedPaper& offered : kPapers) {
     const auto extent = StandardPaper(offered.code);
     if (!extent) continue;
-    AddPaper(*paper_, offered.code, QString::fromUtf8(offered.name), extent->width, extent->height);
-  }
-  const std::int32_t current = document_.PaperSize();
-  if (current != kUserDefinedPaper && paper_->findData(current) < 0) {
-    AddPaper(*paper_, current, QStringLiteral("纸张 ") + QString::number(current),
-             document_.PaperWidth(), document_.PaperHeight());
+    paper_->addItem(PaperText(offered.code, extent->width, extent->height), offered.code);
   }
   paper_->addItem(QStringLiteral("自定义"), kUserDefinedPaper);
+  const std::int32_t current = document_.PaperSize();
+  if (paper_->findData(current) < 0) {
+    InsertPaper(current, {document_.PaperWidth(), document_.PaperHeight()});
+  }
   paper_->setCurrentIndex(paper_->findData(current));
+}
+
+void PageSetupDialog::InsertPaper(std::int32_t code, const PaperExtent& extent) {
+  paper_->insertItem(paper_->count() - 1, PaperText(code, extent.width, extent.height), code);
 }
 
 void PageSetupDialog::LayOutFields() {
@@ -173,6 +189,10 @@ void PageSetupDialog::PaperChosen() {
   Check();
 }
 
+PaperExtent PageSetupDialog::Sheet() const {
+  return {width_->Twips(), height_->Twips()};
+}
+
 QSizeF PageSetupDialog::SheetAsRead() const {
   const QSizeF sheet(width_->Twips(), height_->Twips());
   return landscape_->isChecked() ? sheet.transposed() : sheet;
@@ -202,6 +222,46 @@ void PageSetupDialog::Check() {
   objection_->setText(objection);
   confirm_->setEnabled(objection.isEmpty());
   picture_->Show(SheetAsRead(), Margins());
+}
+
+// A stored user-defined sheet brings no size back: a new document keeps the one that it begins
+// with.
+bool PageSetupDialog::IsKept() const {
+  if (PaperCode() != kUserDefinedPaper) return true;
+  const auto first = ownSheets_.ofNewDocument ? ownSheets_.ofNewDocument() : std::nullopt;
+  return first && IsSameSheet(*first, Sheet());
+}
+
+QStringList PageSetupDialog::PrintersWithSheet() const {
+  QStringList printers;
+  if (!ownSheets_.ofPrinter) return printers;
+  for (int i = 0; i < printer_->count(); ++i) {
+    const auto own = ownSheets_.ofPrinter(printer_->itemText(i).toStdString());
+    if (own && IsSameSheet(*own, Sheet())) printers.append(printer_->itemText(i));
+  }
+  return printers;
+}
+
+// Asks the user where the sheet will not come back, and changes it if the user agrees.
+bool PageSetupDialog::MayBeUsed() {
+  if (IsKept()) return true;
+  const PaperExtent sheet = Sheet();
+  const std::int32_t code = PaperCodeOf(sheet);
+  const bool hasName = code != kUserDefinedPaper;
+  const SheetAnswer answer = WarnOfUnkeptSheet(
+      {.size = SizeText(sheet.width, sheet.height),
+       .namedPaper = hasName ? PaperText(code, sheet.width, sheet.height) : QString(),
+       .printers = hasName ? QStringList() : PrintersWithSheet()},
+      this);
+  if (answer == SheetAnswer::kUseNamedPaper) {
+    if (paper_->findData(code) < 0) InsertPaper(code, sheet);
+    paper_->setCurrentIndex(paper_->findData(code));
+  }
+  return answer != SheetAnswer::kGoBack;
+}
+
+void PageSetupDialog::accept() {
+  if (MayBeUsed()) QDialog::accept();
 }
 
 std::string PageSetupDialog::ChosenPrinter() const {

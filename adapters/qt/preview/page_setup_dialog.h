@@ -1,26 +1,36 @@
 // The page-setup dialog.
 #pragma once
 
-#include <QComboBox>
 #include <QDialog>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <functional>
+#include <optional>
 #include <string>
 
 #include "page_document/page_document.h"
-#include "qt/preview/length_field.h"
+#include "qt/fields/choice_list.h"
+#include "qt/fields/length_field.h"
 #include "qt/preview/sheet_picture.h"
 
 namespace td {
 
+// What is known of the printers' own sheets; a function that is not set knows of none.
+struct OwnSheets {
+  std::function<std::optional<PaperExtent>()> ofNewDocument;  // before its paper is set
+  std::function<std::optional<PaperExtent>(const std::string& printer)> ofPrinter;
+};
+
 // Shows a document's paper, orientation, margins and printer. A sheet without an area, and margins
-// that leave nothing of it, can't be confirmed; the dialog then says why.
+// that leave nothing of it, can't be confirmed; the dialog then says why. A user-defined sheet that
+// no new document will begin with is confirmed only after a warning, as its size is not kept.
 class PageSetupDialog : public QDialog {
  public:
   // Reads the document's properties; it outlives the dialog. `printer` takes the document as
   // things are, and is shown if the machine has it.
-  PageSetupDialog(PageDocument& document, const std::string& printer, QWidget* parent);
+  PageSetupDialog(PageDocument& document, const std::string& printer, OwnSheets ownSheets,
+                  QWidget* parent);
 
   // Puts the choices into the document; a printer that the user has left alone is none. To be
   // called after the user has confirmed. Fails with kInvalidProperty when the chosen printer has
@@ -30,6 +40,8 @@ class PageSetupDialog : public QDialog {
   // Empty if the user has left the printer alone.
   [[nodiscard]] std::string ChosenPrinter() const;
 
+  void accept() override;
+
  private:
   void MakeFields();
   void LayOutFields();
@@ -37,6 +49,11 @@ class PageSetupDialog : public QDialog {
   void FillPrinters(const std::string& printer);
   void FillPapers();
   void PaperChosen();
+  void InsertPaper(std::int32_t code, const PaperExtent& extent);
+  [[nodiscard]] PaperExtent Sheet() const;
+  [[nodiscard]] bool IsKept() const;
+  [[nodiscard]] QStringList PrintersWithSheet() const;
+  [[nodiscard]] bool MayBeUsed();
   void Check();
   [[nodiscard]] QString Objection() const;
   [[nodiscard]] std::int32_t PaperCode() const;
@@ -44,9 +61,10 @@ class PageSetupDialog : public QDialog {
   [[nodiscard]] SheetMargins Margins() const;
 
   PageDocument& document_;
-  QComboBox* printer_ = nullptr;
+  OwnSheets ownSheets_;
+  ChoiceList* printer_ = nullptr;
   int shownPrinter_ = -1;
-  QComboBox* paper_ = nullptr;
+  ChoiceList* paper_ = nullptr;
   LengthField* width_ = nullptr;
   LengthField* height_ = nullptr;
   QRadioButton* portrait_ = nullptr;

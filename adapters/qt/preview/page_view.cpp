@@ -3,7 +3,10 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <utility>
 
 #include "qt/render/page_painter.h"
 
@@ -25,8 +28,11 @@ void DrawShadow(QPainter& painter, const QRectF& sheet) {
 
 }  // namespace
 
-PageView::PageView(PageDocument& document, QWidget* parent)
-    : QAbstractScrollArea(parent), document_(document) {
+PageView::PageView(PageDocument& document, PageViewEvents events, QWidget* parent)
+    : QAbstractScrollArea(parent),
+      document_(document),
+      events_(std::move(events)),
+      shownZoom_(document.Zoom()) {
   setAccessibleName(QStringLiteral("打印页面"));
   setFocusPolicy(Qt::StrongFocus);
   setFrameShape(QFrame::NoFrame);
@@ -37,13 +43,11 @@ PageView::PageView(PageDocument& document, QWidget* parent)
 
 const Page* PageView::ShownPage() const {
   const auto number = static_cast<std::size_t>(document_.PreviewPage());
-  const bool hasPage =
-      document_.GetState() == PageDocument::State::kClosed && number <= document_.Pages().size();
-  return hasPage ? &document_.Pages()[number - 1] : nullptr;
+  return number <= document_.Pages().size() ? &document_.Pages()[number - 1] : nullptr;
 }
 
 double PageView::PixelsPerTwip() const {
-  return logicalDpiX() / kTwipsPerInch * document_.Zoom() / 100;
+  return logicalDpiX() / kTwipsPerInch * shownZoom_ / 100;
 }
 
 QSizeF PageView::SheetSize() const {
@@ -78,10 +82,30 @@ void PageView::FitScrollBars() {
   fit(verticalScrollBar(), size.height(), viewport()->height());
 }
 
-void PageView::ShowChanges() {
+QPoint PageView::Scrolled() const {
+  return {horizontalScrollBar()->value(), verticalScrollBar()->value()};
+}
+
+void PageView::ScrollTo(const QPoint& place) {
+  horizontalScrollBar()->setValue(place.x());
+  verticalScrollBar()->setValue(place.y());
+}
+
+void PageView::PutZoom(double zoom) {
+  const QRectF formerSheet = SheetRect();
+  const QPointF middle = QRectF(viewport()->rect()).center();
+  const double scale = zoom / std::exchange(shownZoom_, zoom);
+  const QPointF inSheet = (middle - formerSheet.topLeft()) * scale;
   FitScrollBars();
-  if (shownNumber_ != document_.PreviewPage()) verticalScrollBar()->setValue(0);
-  shownNumber_ = document_.PreviewPage();
+  ScrollTo((inSheet + QPointF(kDeskMargin, kDeskMargin) - middle).toPoint());
+}
+
+void PageView::ShowChanges() {
+  const int number = document_.PreviewPage();
+  const bool isSamePage = std::exchange(shownNumber_, number) == number;
+  if (shownZoom_ != document_.Zoom()) PutZoom(document_.Zoom());
+  FitScrollBars();
+  if (!isSamePage) verticalScrollBar()->setValue(0);
   viewport()->update();
 }
 
@@ -103,14 +127,85 @@ void PageView::paintEvent(QPaintEvent*) {
   DrawPage(painter, *page);
 }
 
-void PageView::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Home) {
-    verticalScrollBar()->triggerAction(QScrollBar::SliderToMinimum);
-  } else if (event->key() == Qt::Key_End) {
-    verticalScrollBar()->triggerAction(QScrollBar::SliderToMaximum);
+void PageView::PageForward() {
+  QScrollBar& bar = *verticalScrollBar();
+  if (bar.value() < bar.maximum()) {
+    bar.triggerAction(QScrollBar::SliderPageStepAdd);
   } else {
-    QAbstractScrollArea::keyPressEvent(event);
+    events_.turn(PageTurn::kNext);
   }
+}
+
+// The page before is then shown from its end.
+void PageView::PageBackward() {
+  QScrollBar& bar = *verticalScrollBar();
+  if (bar.value() > bar.minimum()) {
+    bar.triggerAction(QScrollBar::SliderPageStepSub);
+    return;
+  }
+  const int number = document_.PreviewPage();
+  events_.turn(PageTurn::kPrevious);
+  if (document_.PreviewPage() != number) bar.setValue(bar.maximum());
+}
+
+bool PageView::Knows(const QKeyEvent& key) {
+  constexpr std::array kKeys = {Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_Space,
+                                Qt::Key_Home,     Qt::Key_End,    Qt::Key_Up,
+                                Qt::Key_Down,     Qt::Key_Left,   Qt::Key_Right};
+  return std::ranges::find(kKeys, key.key()) != kKeys.end();
+}
+
+void PageView::keyPressEvent(QKeyEvent* event) {
+  const bool isWithControl = event->modifiers().testFlag(Qt::ControlModifier);
+  const bool isWithShift = event->modifiers().testFlag(Qt::ShiftModifier);
+  switch (event->key()) {
+    case Qt::Key_PageDown:
+      PageForward();
+      break;
+    case Qt::Key_PageUp:
+      PageBackward();
+      break;
+    case Qt::Key_Space:
+      isWithShift ? PageBackward() : PageForward();
+      break;
+    case Qt::Key_Home:
+      if (isWithControl) events_.turn(PageTurn::kFirst);
+      verticalScrollBar()->triggerAction(QScrollBar::SliderToMinimum);
+      break;
+    case Qt::Key_End:
+      if (isWithControl) events_.turn(PageTurn::kLast);
+      verticalScrollBar()->triggerAction(QScrollBar::SliderToMaximum);
+      break;
+    default:
+      QAbstractScrollArea::keyPressEvent(event);
+  }
+}
+
+void PageView::wheelEvent(QWheelEvent* event) {
+  if (!event->modifiers().testFlag(Qt::ControlModifier)) {
+    QAbstractScrollArea::wheelEvent(event);
+    return;
+  }
+  const int turned = event->angleDelta().y();
+  if (turned != 0) events_.zoom(turned > 0);
+  event->accept();
+}
+
+void PageView::mousePressEvent(QMouseEvent* event) {
+  const bool hasMore = verticalScrollBar()->maximum() > 0 || horizontalScrollBar()->maximum() > 0;
+  if (event->button() != Qt::LeftButton || !hasMore) return;
+  drag_ = Drag{event->position().toPoint(), Scrolled(), viewport()->cursor()};
+  viewport()->setCursor(Qt::ClosedHandCursor);
+}
+
+void PageView::mouseMoveEvent(QMouseEvent* event) {
+  if (drag_) ScrollTo(drag_->scrolled + drag_->start - event->position().toPoint());
+}
+
+void PageView::mouseReleaseEvent(QMouseEvent* event) {
+  if (!drag_ || event->button() != Qt::LeftButton) return;
+  viewport()->setCursor(drag_->cursor);
+  drag_.reset();
 }
 
 }  // namespace td

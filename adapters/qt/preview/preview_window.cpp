@@ -1,8 +1,8 @@
 #include "qt/preview/preview_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QScreen>
-#include <QShortcut>
 #include <QStyle>
 #include <QTimer>
 #include <QToolButton>
@@ -12,7 +12,7 @@
 #include <cstdint>
 #include <limits>
 
-#include "qt/preview/dropped_input.h"
+#include "qt/preview/page_number_dialog.h"
 #include "qt/preview/toolbar_icons.h"
 #include "qt/preview/window_font.h"
 #include "windows/frame_layout.h"
@@ -27,34 +27,46 @@ struct Button {
   const char* caption;
   const char* key;
   bool isLastOfGroup;
-  QKeySequence::StandardKey shortcut;
+  QKeySequence shortcut;
+  const char* toolTip;
 };
 
-const std::array<Button, 7> kButtons = {{
-    {"上页", "previouspage", false, QKeySequence::MoveToPreviousPage},
-    {"下页", "nextpage", true, QKeySequence::MoveToNextPage},
-    {"缩放", "zoom", true, QKeySequence::UnknownKey},
-    {"页面", "pageset", false, QKeySequence::UnknownKey},
-    {"微调", "adjuct", true, QKeySequence::UnknownKey},
-    {"打印", "print", true, QKeySequence::Print},
-    {"关闭", "exit", false, QKeySequence::UnknownKey},
-}};
+// Page Up, Page Down and Esc are no shortcuts of their buttons: they do more, or other things.
+std::array<Button, 7> Buttons() {
+  return {{
+      {"上页", "previouspage", false, {}, "上一页（Page Up；第一页：Ctrl+Home）"},
+      {"下页", "nextpage", true, {}, "下一页（Page Down；最后一页：Ctrl+End）"},
+      {"缩放", "zoom", true, Qt::CTRL | Qt::Key_0,
+       "一半大小或原大（Ctrl+0；放大：Ctrl++，缩小：Ctrl+-，或按住 Ctrl 转动滚轮）"},
+      {"页面", "pageset", false, Qt::CTRL | Qt::SHIFT | Qt::Key_P,
+       "纸张、方向、边距和打印机（Ctrl+Shift+P）"},
+      {"微调", "adjuct", true, Qt::CTRL | Qt::Key_T, "套打格式的偏移、行高和选项（Ctrl+T）"},
+      {"打印", "print", true, QKeySequence::Print, "选择打印机并打印（Ctrl+P）"},
+      {"关闭", "exit", false, {}, "关闭预览（Esc）"},
+  }};
+}
 
 }  // namespace
 
 PreviewWindow::PreviewWindow(PageDocument& document, PreviewEvents events)
     : QWidget(nullptr, Qt::Window),
+      document_(document),
       events_(std::move(events)),
       strip_(new QWidget(this)),
       toolbar_(new QToolBar(strip_)),
       pageText_(new QLineEdit(strip_)),
-      view_(new PageView(document, this)) {
+      view_(new PageView(document,
+                         {.turn = [this](PageTurn turn) { Turn(turn); },
+                          .zoom = [this](bool isLarger) { Zoom(isLarger); }},
+                         this)),
+      zoomIn_(new QShortcut(this)),
+      zoomOut_(new QShortcut(this)),
+      heldInput_(new HeldInput(*this)) {
   setWindowTitle(QStringLiteral("打印预览"));
   setFont(FontWithChinese(font()));
   AddButtons();
   AddPageText();
-  auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
-  connect(escape, &QShortcut::activated, this, &QWidget::close);
+  AddShortcuts();
   UseSensibleSize();
   view_->setFocus();
 }
@@ -64,11 +76,12 @@ void PreviewWindow::AddButtons() {
   toolbar_->setIconSize(QSize(kToolbarIconSize, kToolbarIconSize));
   toolbar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   toolbar_->setMovable(false);
-  for (const Button& button : kButtons) {
+  for (const Button& button : Buttons()) {
     const QString caption = QString::fromUtf8(button.caption);
     QAction* action = toolbar_->addAction(ToolbarIcon(button.key), caption);
     action->setObjectName(QString::fromUtf8(button.key));
-    if (button.shortcut != QKeySequence::UnknownKey) action->setShortcut(button.shortcut);
+    action->setShortcut(button.shortcut);
+    action->setToolTip(QString::fromUtf8(button.toolTip));
     connect(action, &QAction::triggered, this,
             [this, key = button.key] { events_.buttonPressed(key); });
     QWidget* widget = toolbar_->widgetForAction(action);
@@ -85,6 +98,68 @@ void PreviewWindow::AddPageText() {
   pageText_->setObjectName(QStringLiteral("txtPageNo"));
   pageText_->setReadOnly(true);
   pageText_->setText(QStringLiteral("第    页 共    页"));
+  pageText_->setToolTip(QStringLiteral("转到某一页：Ctrl+G"));
+  pageText_->installEventFilter(this);
+}
+
+void PreviewWindow::AddShortcuts() {
+  zoomIn_->setKeys({QKeySequence(QKeySequence::ZoomIn), QKeySequence(Qt::CTRL | Qt::Key_Equal)});
+  connect(zoomIn_, &QShortcut::activated, this, [this] { Zoom(true); });
+  zoomOut_->setKeys(QKeySequence::ZoomOut);
+  connect(zoomOut_, &QShortcut::activated, this, [this] { Zoom(false); });
+  auto* goTo = new QShortcut(Qt::CTRL | Qt::Key_G, this);
+  connect(goTo, &QShortcut::activated, this, [this] { GoToPage(); });
+  // After a run that has failed it closes the window as the close box does, though the button stays
+  // disabled; typed during a run it is meant for the disabled button.
+  auto* escape = new QShortcut(Qt::Key_Escape, this);
+  connect(escape, &QShortcut::activated, this, &QWidget::close);
+  heldInput_->DropFor(*escape);
+}
+
+// As a click on the button, which does nothing if it is disabled.
+void PreviewWindow::Press(std::string_view key) {
+  buttons_.find(key)->second->trigger();
+}
+
+void PreviewWindow::Turn(PageTurn turn) {
+  switch (turn) {
+    case PageTurn::kFirst:
+      ShowPage(1);
+      break;
+    case PageTurn::kPrevious:
+      Press("previouspage");
+      break;
+    case PageTurn::kNext:
+      Press("nextpage");
+      break;
+    case PageTurn::kLast:
+      ShowPage(document_.PageCount());
+      break;
+  }
+}
+
+// The button knows which scale follows which; from one that it doesn't know it takes two presses.
+void PreviewWindow::Zoom(bool isLarger) {
+  constexpr double kSmall = 50;
+  constexpr double kLarge = 100;
+  constexpr int kMostPresses = 2;
+  const auto isThere = [&] {
+    return isLarger ? document_.Zoom() >= kLarge : document_.Zoom() <= kSmall;
+  };
+  for (int press = 0; press < kMostPresses && !isThere(); ++press) Press("zoom");
+}
+
+void PreviewWindow::ShowPage(std::int16_t page) {
+  if (page < 1 || page > document_.PageCount()) return;
+  document_.PutPreviewPage(page);
+  PutPageText(PageText(page, document_.PageCount()));
+}
+
+void PreviewWindow::GoToPage() {
+  if (document_.PageCount() == 0) return;
+  if (const auto page = AskForPage(document_.PreviewPage(), document_.PageCount(), this)) {
+    ShowPage(*page);
+  }
 }
 
 double PreviewWindow::PixelsPerTwip() const {
@@ -117,8 +192,11 @@ void PreviewWindow::UseSensibleSize() {
 void PreviewWindow::EnableButton(std::string_view key, bool enabled) {
   const auto button = buttons_.find(key);
   if (button == buttons_.end()) return;
-  if (enabled && !button->second->isEnabled() && isVisible()) DropPendingInput(*this);
+  if (enabled && !button->second->isEnabled() && isVisible()) heldInput_->TakePending();
   button->second->setEnabled(enabled);
+  if (key == "zoom") {
+    for (QShortcut* shortcut : {zoomIn_, zoomOut_}) shortcut->setEnabled(enabled);
+  }
   if (isVisible()) toolbar_->repaint();
 }
 
@@ -144,6 +222,30 @@ bool PreviewWindow::event(QEvent* event) {
     QTimer::singleShot(0, this, [this] { ReportActivation(); });
   }
   return QWidget::event(event);
+}
+
+// The page's keys work in the page text, too, where they would move an invisible caret. Its wish to
+// have Ctrl+Home and the like before the shortcuts is not granted.
+bool PreviewWindow::eventFilter(QObject* receiver, QEvent* event) {
+  if (receiver != pageText_) return false;
+  if (event->type() == QEvent::ShortcutOverride) {
+    event->ignore();
+    return true;
+  }
+  if (event->type() != QEvent::KeyPress || !PageView::Knows(*static_cast<QKeyEvent*>(event))) {
+    return false;
+  }
+  QCoreApplication::sendEvent(view_, event);
+  return true;
+}
+
+// What the part with the focus has no use for.
+void PreviewWindow::keyPressEvent(QKeyEvent* event) {
+  if (PageView::Knows(*event)) {
+    QCoreApplication::sendEvent(view_, event);
+  } else {
+    QWidget::keyPressEvent(event);
+  }
 }
 
 // Not every window manager gives a new window the focus; the first activation comes all the same.

@@ -43,6 +43,10 @@ std::optional<PaperExtent> DesktopHost::PaperOf(std::int32_t code, const std::st
   return SheetName(device, paper) ? std::optional(paper) : std::nullopt;
 }
 
+std::optional<PaperExtent> DesktopHost::DefaultSheet() {
+  return OwnSheet(settings_.printer.empty() ? DefaultPrinter() : settings_.printer);
+}
+
 double DesktopHost::LineHeight(const TextLine& line) {
   return td::LineHeight(line);
 }
@@ -60,9 +64,6 @@ void DesktopHost::Print(PageDocument& document, bool withDialog) {
   }
   PrintChoice choice;
   choice.printer = PrinterOf(document);
-  if (choice.printer.empty()) {
-    throw DeviceFailure(kDeviceIo, "本机没有安装打印机，无法打印。");
-  }
   if (withDialog) {
     if (!HasWindowSystem()) {
       throw DeviceFailure(kInvalidCall, "没有可用的显示，无法打开打印对话框。");
@@ -70,6 +71,12 @@ void DesktopHost::Print(PageDocument& document, bool withDialog) {
     const auto answer = AskForPrinter(choice.printer, document.PageCount(), viewer_.window);
     if (!answer) return;
     choice = *answer;
+  }
+  if (choice.printer.empty() && choice.pdfFile.empty()) {
+    throw DeviceFailure(kDeviceIo, "本机没有安装打印机，无法打印。");
+  }
+  if (choice.pages && choice.pages->empty()) {
+    throw DeviceFailure(kInvalidCall, "所选的范围里没有要打印的页。");
   }
   PrintDocument(document, choice);
   TellPrinted();
@@ -83,7 +90,9 @@ bool DesktopHost::ShowPageSetup(PageDocument& document) {
   if (!HasWindowSystem()) {
     throw DeviceFailure(kInvalidCall, "没有可用的显示，无法打开页面设置。");
   }
-  PageSetupDialog dialog(document, PrinterOf(document), viewer_.window);
+  PageSetupDialog dialog(
+      document, PrinterOf(document),
+      {.ofNewDocument = [this] { return DefaultSheet(); }, .ofPrinter = OwnSheet}, viewer_.window);
   if (dialog.exec() != QDialog::Accepted) return false;
   dialog.Apply();
   if (!dialog.ChosenPrinter().empty()) chosenPrinter_ = dialog.ChosenPrinter();

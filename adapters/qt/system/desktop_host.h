@@ -37,6 +37,9 @@ class DesktopHost : public DocumentHost {
   // printer has that sheet.
   std::optional<PaperExtent> PaperOf(std::int32_t code, const std::string& device) override;
 
+  // That of the printer in the settings, if they name one, else of the default printer.
+  [[nodiscard]] std::optional<PaperExtent> DefaultSheet();
+
   double LineHeight(const TextLine& line) override;
 
   // One job for each run of pages on the same sheet. Fails with kDeviceIo when the machine has no

@@ -44,6 +44,30 @@ int Hundredths(double twips) {
   return static_cast<int>(std::lround(twips / kTwipsPerInch * 2540));
 }
 
+PaperExtent Extent(int width, int length) {
+  return {width * kTwipsPerInch / 2540, length * kTwipsPerInch / 2540};
+}
+
+// The size of a sheet's name, which may be the standard's, the driver's or an older one.
+std::optional<PaperExtent> ExtentOf(const char* name) {
+  if (name == nullptr) return std::nullopt;
+  for (const auto find : {pwgMediaForPWG, pwgMediaForPPD, pwgMediaForLegacy}) {
+    if (const pwg_media_t* media = find(name)) return Extent(media->width, media->length);
+  }
+  return std::nullopt;
+}
+
+// A setting of a queue for all jobs that do not say otherwise.
+const char* SettingOf(const CupsPrinter& queue, const char* name) {
+  return cupsGetOption(name, queue.Destination()->num_options, queue.Destination()->options);
+}
+
+const char* DefaultMedia(const CupsPrinter& queue) {
+  ipp_attribute_t* media =
+      cupsFindDestDefault(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details(), CUPS_MEDIA);
+  return media == nullptr ? nullptr : ippGetString(media, 0, nullptr);
+}
+
 }  // namespace
 
 std::vector<std::string> PrinterNames() {
@@ -56,6 +80,16 @@ std::string DefaultPrinter() {
 
 bool HasPrinter(const std::string& name) {
   return std::ranges::count(PrinterNames(), name) > 0;
+}
+
+std::optional<PaperExtent> OwnSheet(const std::string& printer) {
+  if (printer.empty()) return std::nullopt;
+  const CupsPrinter queue(printer);
+  if (!queue.IsReachable()) return std::nullopt;
+  for (const char* setting : {SettingOf(queue, "media"), SettingOf(queue, "PageSize")}) {
+    if (const auto sheet = ExtentOf(setting)) return sheet;
+  }
+  return ExtentOf(DefaultMedia(queue));
 }
 
 std::optional<std::string> SheetName(const std::string& printer, const PaperExtent& extent) {

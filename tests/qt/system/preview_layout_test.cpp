@@ -65,7 +65,7 @@ class PageSetupLayout : public testing::Test {
   MessageBoxes messages_{false};
   DesktopHost host_{settings_, messages_};
   PageDocument document_{host_};
-  PageSetupDialog dialog_{document_, "", nullptr};
+  PageSetupDialog dialog_{document_, "", {}, nullptr};
 };
 
 TEST_F(PageSetupLayout, NothingIsCutOffAtItsSmallestSize) {

@@ -1,8 +1,10 @@
 // The preview window on a real display.
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QMouseEvent>
 #include <QPicture>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QTimer>
 #include <QWheelEvent>
 
@@ -73,43 +75,101 @@ TEST_F(Preview, TurnsPagesAndPrintsByKeysAsTheButtonsDo) {
 }
 
 // Input that waits until the program asks for it, as a person's does while a run works.
+void QueueMouse(QWidget& receiver, QEvent::Type type) {
+  const QPoint place = receiver.rect().center();
+  const auto buttons = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+  QCoreApplication::postEvent(&receiver, new QMouseEvent(type, place, receiver.mapToGlobal(place),
+                                                         Qt::LeftButton, buttons, Qt::NoModifier));
+}
+
 void QueueClick(PreviewWindow& window, const std::string& key) {
-  QWidget* button = window.findChild<QToolBar*>()->widgetForAction(&ButtonOf(window, key));
-  const QPoint place = button->rect().center();
-  for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-    QCoreApplication::postEvent(
-        button, new QMouseEvent(type, place, button->mapToGlobal(place), Qt::LeftButton,
-                                Qt::LeftButton, Qt::NoModifier));
-  }
+  QWidget& button = *window.findChild<QToolBar*>()->widgetForAction(&ButtonOf(window, key));
+  QueueMouse(button, QEvent::MouseButtonPress);
+  QueueMouse(button, QEvent::MouseButtonRelease);
 }
 
-void QueueKey(QWidget& receiver, Qt::Key key) {
+void QueueKey(QWidget& receiver, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
   for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-    QCoreApplication::postEvent(&receiver, new QKeyEvent(type, key, Qt::NoModifier));
+    QCoreApplication::postEvent(&receiver, new QKeyEvent(type, key, modifiers));
   }
 }
 
-TEST_F(Preview, InputDuringARunPressesNothingWhenTheRunHasEnded) {
-  const auto putBusy = [this](bool isBusy) {
+class PreviewDuringARun : public Preview {
+ protected:
+  void PutBusy(bool isBusy) {
     for (const char* key : {"print", "zoom", "exit"}) frame_.EnableButton(key, !isBusy);
-  };
+  }
+  void ExpectPressed(std::vector<std::string> keys) {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pressed_.size() >= keys.size(); }));
+    QApplication::processEvents();
+    EXPECT_EQ(pressed_, keys);
+  }
+};
+
+TEST_F(PreviewDuringARun, InputForDisabledButtonsPressesNothing) {
   Show([] {},
-       [&](PreviewWindow& window) {
-         QWidget& adjuct =
-             *window.findChild<QToolBar*>()->widgetForAction(&ButtonOf(window, "adjuct"));
-         putBusy(true);
-         for (const char* key : {"print", "zoom", "exit", "pageset"}) QueueClick(window, key);
-         QueueKey(adjuct, Qt::Key_Space);
-         QCoreApplication::postEvent(&ButtonOf(window, "nextpage"),
-                                     new QShortcutEvent(QKeySequence::MoveToNextPage, 0));
-         EXPECT_TRUE(pressed_.empty());
-         putBusy(false);
-         QueueClick(window, "print");
-         QueueKey(adjuct, Qt::Key_Space);
-         EXPECT_TRUE(QTest::qWaitFor([this] { return pressed_.size() >= 2; }));
+       [this](PreviewWindow& window) {
+         PutBusy(true);
+         for (const char* key : {"print", "zoom", "exit"}) QueueClick(window, key);
+         QueueKey(ViewOf(window), Qt::Key_P, Qt::ControlModifier);
+         QueueKey(ViewOf(window), Qt::Key_Plus, Qt::ControlModifier);
+         for (QShortcut* shortcut : window.findChildren<QShortcut*>()) {
+           if (shortcut->key() != QKeySequence(Qt::Key_Escape)) continue;
+           QCoreApplication::postEvent(shortcut, new QShortcutEvent(shortcut->key(), 0));
+         }
+         PutBusy(false);
+         QueueClick(window, "previouspage");  // behind whatever has been kept
+         ExpectPressed({"previouspage"});
          EXPECT_TRUE(window.isVisible());
        });
-  EXPECT_EQ(pressed_, (std::vector<std::string>{"print", "adjuct"}));
+}
+
+TEST_F(PreviewDuringARun, InputForEnabledButtonsIsActedUponWhenTheRunHasEnded) {
+  Show([] {},
+       [this](PreviewWindow& window) {
+         QWidget& adjuct =
+             *window.findChild<QToolBar*>()->widgetForAction(&ButtonOf(window, "adjuct"));
+         PutBusy(true);
+         QueueClick(window, "pageset");
+         QueueClick(window, "print");
+         QueueClick(window, "nextpage");
+         QueueKey(adjuct, Qt::Key_Space);
+         QueueKey(ViewOf(window), Qt::Key_PageDown);
+         PutBusy(false);
+         EXPECT_TRUE(pressed_.empty()) << "the run is still at work";
+         QueueClick(window, "previouspage");  // it comes later, and stays behind the others
+         ExpectPressed({"pageset", "nextpage", "adjuct", "nextpage", "previouspage"});
+       });
+}
+
+TEST_F(PreviewDuringARun, AClickWhoseSecondHalfComesAfterTheRunIsWhole) {
+  Show([] {},
+       [this](PreviewWindow& window) {
+         QWidget* next =
+             window.findChild<QToolBar*>()->widgetForAction(&ButtonOf(window, "nextpage"));
+         PutBusy(true);
+         QueueMouse(*next, QEvent::MouseButtonPress);
+         PutBusy(false);
+         QueueMouse(*next, QEvent::MouseButtonRelease);
+         ExpectPressed({"nextpage"});
+       });
+}
+
+TEST_F(PreviewDuringARun, ADialogKeepsTheRestOfTheInputFromTheWindow) {
+  Show([] {},
+       [this](PreviewWindow& window) {
+         frame_.Connect({.Load = nullptr, .Activate = nullptr, .ButtonPressed = [&](auto key) {
+                           pressed_.emplace_back(key);
+                           QMessageBox box(&window);
+                           QTimer::singleShot(100, &box, &QDialog::reject);
+                           box.exec();
+                         }});
+         PutBusy(true);
+         QueueClick(window, "adjuct");
+         QueueClick(window, "nextpage");
+         PutBusy(false);
+         ExpectPressed({"adjuct"});
+       });
 }
 
 TEST_F(Preview, TheCloseBoxDuringARunClosesTheWindow) {
@@ -256,6 +316,7 @@ TEST_F(Preview, ScrollsAPageThatIsLargerThanTheWindow) {
          QTest::qWait(50);
          PageView& view = ViewOf(window);
          ASSERT_GT(view.verticalScrollBar()->maximum(), 0);
+         view.verticalScrollBar()->setValue(0);
          const double top = view.SheetRect().top();
          QTest::keyClick(&view, Qt::Key_End);
          EXPECT_LT(view.SheetRect().top(), top);
@@ -300,16 +361,13 @@ TEST_F(Preview, TheTabKeyGoesFromThePageOverTheButtonsToThePageText) {
        });
 }
 
-TEST_F(Preview, ShowsAnEmptyDeskWithoutAFinishedDocument) {
+TEST_F(Preview, ShowsAnEmptyDeskWithoutAPage) {
   Show([] {},
        [this](PreviewWindow& window) {
          PageView& view = ViewOf(window);
          EXPECT_TRUE(view.SheetRect().isEmpty());
          MakeDocument(1);
          EXPECT_FALSE(view.SheetRect().isEmpty());
-         frame_.Surface().StartDoc();
-         EXPECT_TRUE(view.SheetRect().isEmpty());
-         frame_.Surface().EndDoc();
          frame_.Surface().PutPreviewPage(5);
          EXPECT_TRUE(view.SheetRect().isEmpty());
          frame_.Surface().ClearDoc();
@@ -339,6 +397,53 @@ QByteArray DrawingOf(PageView& view) {
   return {picture.data(), static_cast<qsizetype>(picture.size())};
 }
 
+TEST_F(Preview, ShowsWhatTheDocumentHoldsWhenTheNextRunStopsHalfway) {
+  Show([this] { MakeDocument(3); },
+       [this](PreviewWindow& window) {
+         PageView& view = ViewOf(window);
+         const auto shown = [&] {
+           QApplication::processEvents();
+           const QRect place = view.geometry();
+           return window.screen()
+               ->grabWindow(window.winId(), place.x(), place.y(), place.width(), place.height())
+               .toImage();
+         };
+         frame_.Surface().PutPreviewPage(2);
+         const QImage former = shown();
+         QImage begun;
+         frame_.Connect({.Load = nullptr, .Activate = nullptr, .ButtonPressed = [&](auto) {
+                           PrintSurface& surface = frame_.Surface();
+                           surface.PutPaperSize(9);
+                           surface.StartDoc();
+                           begun = shown();  // as a message box of the run shows it
+                           surface.DrawLine(500, 900, 7000, 900);
+                           throw Failure(kInvalidCall, "不行");
+                         }});
+         testing::internal::CaptureStderr();
+         Click(window, "adjuct");
+         (void)testing::internal::GetCapturedStderr();
+         const QImage stopped = shown();
+         EXPECT_NE(stopped, former);
+         EXPECT_NE(stopped, begun) << "the line was drawn after that";
+         EXPECT_GT(view.SheetRect().height(), 29 / 2.54 * window.logicalDpiY()) << "A4, not A5";
+         frame_.Surface().PutPenWidth(14);
+         frame_.Surface().ClearDoc();
+         EXPECT_NE(shown(), stopped) << "the page that had begun was shown";
+       });
+}
+
+TEST_F(Preview, ARunThatBeginsLeavesNothingOfTheFormerPicture) {
+  Show([this] { MakeDocument(1); },
+       [this](PreviewWindow& window) {
+         const auto shown = [&] { return window.screen()->grabWindow(window.winId()).toImage(); };
+         const QImage former = shown();
+         frame_.Surface().StartDoc();
+         QApplication::processEvents();  // as a message box of the run does
+         EXPECT_FALSE(ViewOf(window).SheetRect().isEmpty());
+         EXPECT_NE(shown(), former);
+       });
+}
+
 TEST_F(Preview, DrawsOnlyTheShownPageHoweverLongTheDocumentIs) {
   constexpr int kPages = 2000;
   Show([this] { MakeDocument(1); },
@@ -346,6 +451,7 @@ TEST_F(Preview, DrawsOnlyTheShownPageHoweverLongTheDocumentIs) {
          PrintSurface& surface = frame_.Surface();
          PageView& view = ViewOf(window);
          surface.PutZoom(200);
+         view.verticalScrollBar()->setValue(0);
          const QByteArray only = DrawingOf(view);
          EXPECT_FALSE(only.contains("PNG")) << "no pixels of the page are kept";
          MakeDocument(kPages);
