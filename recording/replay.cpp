@@ -8,8 +8,8 @@
 #include "platform/failure.h"
 #include "recording/recording_database.h"
 #include "recording/recording_platform.h"
-#include "service/context.h"
 #include "service/printer.h"
+#include "service/request.h"
 #include "service/td_set.h"
 #include "windows/frm_area_print_set.h"
 

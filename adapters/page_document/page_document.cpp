@@ -8,7 +8,7 @@
 #include "page_document/pictures.h"
 #include "page_document/rich_text.h"
 #include "platform/failure.h"
-#include "platform/lock_character.h"
+#include "platform/standard_failures.h"
 #include "text/conversions.h"
 
 namespace td {

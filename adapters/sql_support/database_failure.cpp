@@ -1,6 +1,6 @@
 #include "sql_support/database_failure.h"
 
-#include "platform/lock_character.h"
+#include "platform/standard_failures.h"
 #include "text_encoding/text_repair.h"
 
 namespace td {

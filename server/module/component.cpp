@@ -9,7 +9,7 @@
 #include "interface/binary_interface.h"
 #include "module/module_file.h"
 #include "platform/standard_failures.h"
-#include "service/context.h"
+#include "service/request.h"
 
 namespace td {
 namespace {

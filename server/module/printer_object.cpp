@@ -7,8 +7,8 @@
 #include "module/remote_recordset.h"
 #include "objects/dispatch_object.h"
 #include "objects/variant_values.h"
-#include "service/context.h"
 #include "service/printer.h"
+#include "service/request.h"
 
 namespace td {
 namespace {

@@ -9,7 +9,6 @@
 #include "objects/owned.h"
 #include "platform/database.h"
 #include "platform/failure.h"
-#include "platform/lock_character.h"
 #include "platform/standard_failures.h"
 
 namespace td {

@@ -9,6 +9,8 @@
 namespace td {
 namespace {
 
+// The head of a page.
+
 // A Null value prints the caption of a free-standing item and nothing at all of a boxed one.
 void DrawDataField(Band& band) {
   Recordset& data = *band.request.PrintData;
@@ -52,10 +54,57 @@ void DrawTextItem(Band& band) {
   }
 }
 
+// The head of a run that starts part-way down the form.
+
+// The label is on the sheet already: an empty text is written in its place.
+void DrawSilentConstant(Band& band) {
+  if (IsAutoSize(band)) {
+    band.guard.Step([&] { band.vp.PutText(""); });
+  } else {
+    Box(band, [] { return std::string(); });
+  }
+}
+
+// The first page's head is on the sheet already: only later pages show values.
+void DrawLaterDataField(Band& band) {
+  Recordset& data = *band.request.PrintData;
+  const bool isFirstPage = band.guard.Test([&] { return band.vp.PageCount() == 1; });
+  const auto text = [&] {
+    return isFirstPage ? std::string() : ToLoneText(data.Field(band.field));
+  };
+  if (IsAutoSize(band)) {
+    band.guard.Step([&] { band.vp.PutParagraph(text()); });
+  } else if (band.guard.Test([&] { return !IsNull(data.Field(band.field)); })) {
+    Box(band, text);
+  }
+}
+
+// `field` is held across the items: a variable without a field goes by the one before it.
+void DrawBlankRowTextItem(Band& band) {
+  const Guard& guard = band.guard;
+  PlaceTextItem(band);
+  if (guard.Test([&] { return !IsSet(band.Item("FIsVariant")); })) {
+    DrawSilentConstant(band);
+    return;
+  }
+  guard.Step([&] { band.field = ToLoneText(band.Item("FFieldName")); });
+  if (LowerCase(band.field) == kPageNumberField) {
+    DrawFreePageOfDocument(band);
+  } else if (LowerCase(band.field) == kTotalPageNumberField) {
+    StoreTotalPageStamp(band);
+  } else {
+    DrawLaterDataField(band);
+  }
+}
+
 }  // namespace
 
 void DrawPageHeader(PrintWindow& window) {
   DrawHeadBand(window, DrawTextItem);
+}
+
+void DrawBlankRowHeader(PrintWindow& window) {
+  DrawHeadBand(window, DrawBlankRowTextItem);
 }
 
 }  // namespace td

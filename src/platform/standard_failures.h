@@ -1,6 +1,7 @@
 // The failures that several places raise, each with its number and its words in one place.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "platform/failure.h"
@@ -21,5 +22,14 @@ namespace td {
 
 // kNoSuchColumn. The description names the column if it is known.
 [[nodiscard]] Failure NoSuchColumnFailure(std::string_view column = {});
+
+// The character by which a description says "locked by another user, try again".
+
+// Whether the failure is a lock conflict: its description contains 锁.
+[[nodiscard]] bool IsLockConflict(const Failure& failure);
+
+// The text with 锁 replaced by its traditional form 鎖: a name or an engine's word in a description
+// must not be taken for a lock conflict, or the statement would be tried again without end.
+[[nodiscard]] std::string WithoutLockCharacter(std::string text);
 
 }  // namespace td

@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "items/draw_blank_row_header.h"
 #include "items/draw_items.h"
 #include "items/draw_page_header.h"
 #include "items/total_page_stamp.h"

@@ -4,7 +4,6 @@
 
 #include "policy/error_policy.h"
 #include "run/do_printing.h"
-#include "service/context.h"
 #include "service/request.h"
 #include "windows/open_window.h"
 
@@ -31,9 +30,9 @@ void PrintOnWindow(Platform& platform, const WindowKind& kind) {
 }
 
 // That there is nothing to print is told before anything else.
-Request BeginPrint(const Platform& platform, const RecordsetRef& PrintData) {
+Turn BeginPrint(const Platform& platform, const RecordsetRef& PrintData) {
   if (!PrintData) throw NothingToPrintFailure();
-  return Request(platform);
+  return Turn(platform);
 }
 
 void StoreRequest(bool New_DoPrint, const std::string& New_PromptString, std::int16_t New_TranType,
@@ -60,7 +59,7 @@ void Printer::DoPrint(bool New_DoPrint, const std::string& New_PromptString,
                       std::int16_t New_TranType, bool New_OnlyPrintVariantItem,
                       bool New_PrintBorder, const RecordsetRef& PrintData,
                       const std::string& TDBillName, Value* /*PrintDevice*/) {
-  const Request request = BeginPrint(platform_, PrintData);
+  const Turn turn = BeginPrint(platform_, PrintData);
   StoreRequest(New_DoPrint, New_PromptString, New_TranType, New_OnlyPrintVariantItem,
                New_PrintBorder, PrintData, TDBillName);
   PrintOnWindow(platform_, kPlainWindow);
@@ -70,7 +69,7 @@ void Printer::DoPrint_GroupByArea(bool New_DoPrint, const std::string& New_Promp
                                   std::int16_t New_TranType, bool New_OnlyPrintVariantItem,
                                   bool New_PrintBorder, const RecordsetRef& PrintData,
                                   const std::string& TDBillName, Value* /*PrintDevice*/) {
-  const Request request = BeginPrint(platform_, PrintData);
+  const Turn turn = BeginPrint(platform_, PrintData);
   StoreRequest(New_DoPrint, New_PromptString, New_TranType, New_OnlyPrintVariantItem,
                New_PrintBorder, PrintData, TDBillName);
   PrintOnWindow(platform_, kStockAreaWindow);

@@ -11,12 +11,17 @@ std::atomic<bool> isRunning = false;
 
 }  // namespace
 
-Request::Request(const Platform& platform) {
+PrintContext& Context() {
+  static PrintContext context;
+  return context;
+}
+
+Turn::Turn(const Platform& platform) {
   platform.windows.CheckThread();
   if (isRunning.exchange(true)) throw RequestRunsFailure();
 }
 
-Request::~Request() {
+Turn::~Turn() {
   isRunning = false;
 }
 

@@ -1,13 +1,12 @@
 #include "service/td_set.h"
 
-#include "service/context.h"
 #include "service/request.h"
 #include "windows/frm_adjuct.h"
 
 namespace td {
 
 void TDSet::ShowSettings(const std::string& PromptString, std::int16_t TranType) {
-  const Request request(platform_);
+  const Turn turn(platform_);
   Context().New_PromptString = PromptString;
   Context().New_TranType = TranType;
   frmAdjuct(platform_, Context()).ShowModal();

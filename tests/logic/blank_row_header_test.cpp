@@ -2,7 +2,7 @@
 // without labels on later ones.
 #include <gtest/gtest.h>
 
-#include "items/draw_blank_row_header.h"
+#include "items/draw_page_header.h"
 #include "scenario.h"
 #include "window_of_scenario.h"
 

@@ -7,8 +7,8 @@
 #include "recording/recording_database.h"
 #include "recording/recording_platform.h"
 #include "scenario.h"
-#include "service/context.h"
 #include "service/printer.h"
+#include "service/request.h"
 #include "text/conversions.h"
 
 namespace td {

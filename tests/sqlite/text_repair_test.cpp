@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/lock_character.h"
+#include "platform/standard_failures.h"
 
 namespace td {
 namespace {

@@ -10,7 +10,7 @@
 #include "document_bounds.h"
 #include "page_document/page_document.h"
 #include "platform/failure.h"
-#include "platform/lock_character.h"
+#include "platform/standard_failures.h"
 #include "progress.h"
 #include "qt/render/outputs.h"
 #include "service/printer.h"
@@ -191,7 +191,7 @@ ExitStatus Print(const PrintArguments& arguments) {
   }
   TellOfAnotherPrinter(desktop, arguments, preferredPrinter);
   return desktop.MessagesShown() == 0 && seen.isWhole ? ExitStatus::kPrinted
-                                                 : ExitStatus::kPrintedWithMessages;
+                                                      : ExitStatus::kPrintedWithMessages;
 }
 
 void ComplainAbout(const PrintArguments& arguments, const std::string& what, const std::string& why,

@@ -18,7 +18,7 @@
 #include "pictures/picture_decoder.h"
 #include "pictures/picture_headers.h"
 #include "platform/failure.h"
-#include "platform/lock_character.h"
+#include "platform/standard_failures.h"
 
 namespace td {
 namespace {

@@ -2,9 +2,11 @@
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
-#include <QEvent>
+#include <QKeyEvent>
 #include <QWidget>
 #include <utility>
+
+#include "qt/preview/page_view.h"
 
 namespace td {
 namespace {
@@ -25,6 +27,15 @@ bool IsKeyOrClick(QEvent::Type type) {
 
 bool IsOtherInput(QEvent::Type type) {
   return type == QEvent::Wheel || type == QEvent::ContextMenu;
+}
+
+// A shortcut that is enabled comes as such: a key like that which comes as a key was meant for a
+// disabled one, and sent again later it would find it enabled.
+bool IsDisabledShortcut(const QEvent& event) {
+  if (event.type() != QEvent::KeyPress) return false;
+  const auto& key = static_cast<const QKeyEvent&>(event);
+  const bool isShortcut = (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
+  return isShortcut && !PageView::Knows(key);
 }
 
 // A shortcut's receiver is no widget, but its parent is one.
@@ -62,7 +73,7 @@ bool HeldInput::eventFilter(QObject* receiver, QEvent* event) {
   if (!IsKeyOrClick(type) && !IsOtherInput(type)) return false;
   if (!BelongsToWindow(receiver)) return false;
   if (!isTaking_ && IsOtherInput(type)) return false;
-  if (IsKeyOrClick(type) && !IsForNothing(receiver)) Hold(receiver, *event);
+  if (IsKeyOrClick(type) && !IsForNothing(receiver, *event)) Hold(receiver, *event);
   return true;
 }
 
@@ -71,9 +82,10 @@ bool HeldInput::BelongsToWindow(const QObject* object) const {
   return widget != nullptr && widget->window() == &window_;
 }
 
-bool HeldInput::IsForNothing(const QObject* receiver) const {
+bool HeldInput::IsForNothing(const QObject* receiver, const QEvent& event) const {
   const auto* widget = qobject_cast<const QWidget*>(receiver);
-  return receiver == dropped_ || (widget != nullptr && !widget->isEnabled());
+  return receiver == dropped_ || IsDisabledShortcut(event) ||
+         (widget != nullptr && !widget->isEnabled());
 }
 
 void HeldInput::Hold(QObject* receiver, const QEvent& event) {

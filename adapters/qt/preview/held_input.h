@@ -36,7 +36,7 @@ class HeldInput : public QObject {
   };
 
   [[nodiscard]] bool BelongsToWindow(const QObject* object) const;
-  [[nodiscard]] bool IsForNothing(const QObject* receiver) const;
+  [[nodiscard]] bool IsForNothing(const QObject* receiver, const QEvent& event) const;
   void Hold(QObject* receiver, const QEvent& event);
   void DeliverNext();
 

@@ -9,7 +9,7 @@
 
 #include "files/file_error.h"
 #include "platform/failure.h"
-#include "platform/lock_character.h"
+#include "platform/standard_failures.h"
 #include "render/outputs.h"
 #include "render/page_painter.h"
 #include "render/written_file.h"

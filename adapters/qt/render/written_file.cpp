@@ -3,7 +3,7 @@
 #include "files/file_error.h"
 #include "files/output_file.h"
 #include "platform/failure.h"
-#include "platform/lock_character.h"
+#include "platform/standard_failures.h"
 
 namespace td {
 

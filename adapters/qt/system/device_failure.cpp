@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/lock_character.h"
+#include "platform/standard_failures.h"
 
 namespace td {
 

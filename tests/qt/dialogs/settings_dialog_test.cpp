@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "passing_database.h"
-#include "service/context.h"
+#include "service/request.h"
 #include "service/td_set.h"
 #include "shown_dialog.h"
 

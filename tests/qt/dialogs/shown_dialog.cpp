@@ -5,7 +5,7 @@
 #include <QTest>
 #include <algorithm>
 
-#include "service/context.h"
+#include "service/request.h"
 #include "service/td_set.h"
 #include "windows/frm_area_print_set.h"
 

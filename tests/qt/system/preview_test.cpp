@@ -118,8 +118,8 @@ TEST_F(PreviewDuringARun, InputForDisabledButtonsPressesNothing) {
            QCoreApplication::postEvent(shortcut, new QShortcutEvent(shortcut->key(), 0));
          }
          PutBusy(false);
-         QueueClick(window, "print");
-         ExpectPressed({"print"});
+         QueueClick(window, "previouspage");  // behind whatever has been kept
+         ExpectPressed({"previouspage"});
          EXPECT_TRUE(window.isVisible());
        });
 }
@@ -403,14 +403,19 @@ TEST_F(Preview, ShowsWhatTheDocumentHoldsWhenTheNextRunStopsHalfway) {
          PageView& view = ViewOf(window);
          const auto shown = [&] {
            QApplication::processEvents();
-           return view.viewport()->grab().toImage();
+           const QRect place = view.geometry();
+           return window.screen()
+               ->grabWindow(window.winId(), place.x(), place.y(), place.width(), place.height())
+               .toImage();
          };
          frame_.Surface().PutPreviewPage(2);
          const QImage former = shown();
-         frame_.Connect({.Load = nullptr, .Activate = nullptr, .ButtonPressed = [this](auto) {
+         QImage begun;
+         frame_.Connect({.Load = nullptr, .Activate = nullptr, .ButtonPressed = [&](auto) {
                            PrintSurface& surface = frame_.Surface();
                            surface.PutPaperSize(9);
                            surface.StartDoc();
+                           begun = shown();  // as a message box of the run shows it
                            surface.DrawLine(500, 900, 7000, 900);
                            throw Failure(kInvalidCall, "不行");
                          }});
@@ -419,6 +424,7 @@ TEST_F(Preview, ShowsWhatTheDocumentHoldsWhenTheNextRunStopsHalfway) {
          (void)testing::internal::GetCapturedStderr();
          const QImage stopped = shown();
          EXPECT_NE(stopped, former);
+         EXPECT_NE(stopped, begun) << "the line was drawn after that";
          EXPECT_GT(view.SheetRect().height(), 29 / 2.54 * window.logicalDpiY()) << "A4, not A5";
          frame_.Surface().PutPenWidth(14);
          frame_.Surface().ClearDoc();
@@ -429,13 +435,12 @@ TEST_F(Preview, ShowsWhatTheDocumentHoldsWhenTheNextRunStopsHalfway) {
 TEST_F(Preview, ARunThatBeginsLeavesNothingOfTheFormerPicture) {
   Show([this] { MakeDocument(1); },
        [this](PreviewWindow& window) {
-         PageView& view = ViewOf(window);
-         const QImage former = view.viewport()->grab().toImage();
+         const auto shown = [&] { return window.screen()->grabWindow(window.winId()).toImage(); };
+         const QImage former = shown();
          frame_.Surface().StartDoc();
          QApplication::processEvents();  // as a message box of the run does
-         const QImage begun = window.screen()->grabWindow(view.viewport()->winId()).toImage();
-         EXPECT_FALSE(view.SheetRect().isEmpty());
-         EXPECT_NE(begun.convertToFormat(former.format()), former);
+         EXPECT_FALSE(ViewOf(window).SheetRect().isEmpty());
+         EXPECT_NE(shown(), former);
        });
 }
 
