@@ -191,7 +191,7 @@ ExitStatus Print(const PrintArguments& arguments) {
   }
   TellOfAnotherPrinter(desktop, arguments, preferredPrinter);
   return desktop.MessagesShown() == 0 && seen.isWhole ? ExitStatus::kPrinted
-                                                 : ExitStatus::kPrintedWithMessages;
+                                                      : ExitStatus::kPrintedWithMessages;
 }
 
 void ComplainAbout(const PrintArguments& arguments, const std::string& what, const std::string& why,
