@@ -27,8 +27,7 @@ std::string Title() {
 // Returns the job's number.
 int PrintPages(const std::vector<Page>& pages, const PaperExtent& sheet,
                const PrintChoice& choice) {
-  return SubmitPrintJob(
-      {choice.printer, Title(), ToPdf(pages, Title()), sheet, choice.options});
+  return SubmitPrintJob({choice.printer, Title(), ToPdf(pages, Title()), sheet, choice.options});
 }
 
 }  // namespace

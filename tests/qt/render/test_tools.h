@@ -9,11 +9,11 @@
 #include <string>
 #include <vector>
 
+#include "page_document/commands.h"
 #include "platform/failure.h"
 
 namespace td {
 
-constexpr double kTwipsPerMillimetre = 1440 / 25.4;
 constexpr double kTolerance = 0.1;  // millimetres
 
 // What a program writes on its standard output. Fails the test if it can't run or fails.
