@@ -15,14 +15,6 @@
 namespace td {
 namespace {
 
-bool SameNames(const ColumnNames& names, const std::vector<OdbcColumn>& columns) {
-  if (names.Size() != columns.size()) return false;
-  for (std::size_t i = 0; i < columns.size(); ++i) {
-    if (names.Name(i) != columns[i].name) return false;
-  }
-  return true;
-}
-
 ColumnNamesRef NamesOf(const std::vector<OdbcColumn>& columns) {
   std::vector<std::string> names;
   names.reserve(columns.size());
@@ -132,10 +124,16 @@ std::optional<OdbcSession::Rows> OdbcSession::RunKept(const std::string& sql) {
   }
 }
 
+// Only a query can run a second time if its rows turn out not to fit; and the two drivers are known
+// to fill blocks of rows right.
+bool OdbcSession::MayBind(const std::string& sql) const {
+  return (engine_ == Engine::kPostgreSql || engine_ == Engine::kMariaDb) && IsQuery(sql);
+}
+
 OdbcSession::Prepared OdbcSession::Prepare(const std::string& sql) {
   CheckNoNul(sql);
   CheckOneStatement(sql, LexiconOf(engine_));
-  Prepared prepared{MakeStatement(connection_), nullptr};
+  Prepared prepared{.handle = MakeStatement(connection_), .mayBind = MayBind(sql)};
   const std::u16string text = ToUtf16(ToEngineDialect(sql, engine_, tables_));
   const SQLRETURN code =
       SQLPrepareW(prepared.handle.get(), WideText(text), static_cast<SQLINTEGER>(text.size()));
@@ -144,33 +142,54 @@ OdbcSession::Prepared OdbcSession::Prepare(const std::string& sql) {
 }
 
 OdbcSession::Rows OdbcSession::Execute(Prepared& prepared) {
-  const CursorCloser closeAtEnd(prepared.handle.get());
-  const SQLRETURN code = SQLExecute(prepared.handle.get());
-  if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA) Fail(prepared);
-  try {
-    return Fetch(prepared);
-  } catch (const OdbcReadError&) {
-    Fail(prepared);
+  for (;;) {
+    const CursorCloser closeAtEnd(prepared.handle.get());
+    const SQLRETURN code = SQLExecute(prepared.handle.get());
+    if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA) Fail(prepared);
+    try {
+      Describe(prepared);
+      if (!prepared.names) return nullptr;
+      auto rows =
+          std::make_shared<MemoryRows>(prepared.names, prepared.lastRows, prepared.lastBytes);
+      if (Fetch(prepared, *rows)) {
+        prepared.lastRows = rows->RowCount();
+        prepared.lastBytes = rows->ByteCount();
+        return rows;
+      }
+    } catch (const OdbcReadError&) {
+      Fail(prepared);
+    }
+    prepared.rowset.reset();
+    prepared.mayBind = false;
   }
 }
 
-OdbcSession::Rows OdbcSession::Fetch(Prepared& prepared) const {
-  const SQLHSTMT statement = prepared.handle.get();
-  const std::vector<OdbcColumn> columns = ReadColumns(statement);
-  if (columns.empty()) return nullptr;
-  // The names are described anew each time, as the tables may have changed, and shared if they are
-  // the same.
-  if (!prepared.columns || !SameNames(*prepared.columns, columns)) {
-    prepared.columns = NamesOf(columns);
+// PostgreSQL refuses a prepared query whose columns have changed. Elsewhere they are described anew
+// each time, and the names are shared if they are the same.
+void OdbcSession::Describe(Prepared& prepared) const {
+  if (engine_ == Engine::kPostgreSql && prepared.names) return;
+  std::vector<OdbcColumn> columns = ReadColumns(prepared.handle.get());
+  if (prepared.names && columns == prepared.columns) return;
+  prepared.columns = std::move(columns);
+  prepared.names = prepared.columns.empty() ? nullptr : NamesOf(prepared.columns);
+  prepared.rowset.reset();
+  if (prepared.names && prepared.mayBind) {
+    prepared.rowset = OdbcRowset::Bind(prepared.handle.get(), prepared.columns, TextsOf(engine_));
   }
+}
+
+// False if the query has to run once more without its rowset.
+bool OdbcSession::Fetch(Prepared& prepared, MemoryRows& rows) const {
+  if (prepared.rowset) return prepared.rowset->Fetch(rows);
+  const SQLHSTMT statement = prepared.handle.get();
   const TextForm texts = TextsOf(engine_);
-  auto result = std::make_shared<MemoryRows>(prepared.columns);
   for (;;) {
     const SQLRETURN code = SQLFetch(statement);
-    if (code == SQL_NO_DATA) return result;
+    if (code == SQL_NO_DATA) return true;
     if (!SQL_SUCCEEDED(code)) throw OdbcReadError();
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-      result->Add(ReadValue(statement, static_cast<SQLUSMALLINT>(i + 1), columns[i].type, texts));
+    for (std::size_t i = 0; i < prepared.columns.size(); ++i) {
+      rows.Add(
+          ReadValue(statement, static_cast<SQLUSMALLINT>(i + 1), prepared.columns[i].type, texts));
     }
   }
 }

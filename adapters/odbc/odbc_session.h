@@ -1,14 +1,18 @@
 // One connection through a driver with its prepared statements.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "memory_rows/memory_rows.h"
 #include "odbc/engine_dialect.h"
 #include "odbc/odbc_failure.h"
 #include "odbc/odbc_handles.h"
+#include "odbc/odbc_rowset.h"
 #include "sql_support/read_only.h"
 #include "sql_support/statement_cache.h"
 
@@ -40,7 +44,13 @@ class OdbcSession {
  private:
   struct Prepared {
     OdbcStatementHandle handle;
-    ColumnNamesRef columns;
+    bool mayBind = false;
+    std::vector<OdbcColumn> columns{};
+    ColumnNamesRef names{};  // of the columns; empty as long as there are none
+    std::unique_ptr<OdbcRowset> rowset{};
+    // The size of the last result: a run asks the same again and again.
+    std::size_t lastRows = 0;
+    std::size_t lastBytes = 0;
   };
 
   using Rows = std::shared_ptr<const MemoryRows>;
@@ -51,7 +61,9 @@ class OdbcSession {
   [[nodiscard]] std::optional<Rows> RunKept(const std::string& sql);
   [[nodiscard]] Prepared Prepare(const std::string& sql);
   Rows Execute(Prepared& prepared);
-  [[nodiscard]] Rows Fetch(Prepared& prepared) const;
+  [[nodiscard]] bool MayBind(const std::string& sql) const;
+  void Describe(Prepared& prepared) const;
+  [[nodiscard]] bool Fetch(Prepared& prepared, MemoryRows& rows) const;
   [[noreturn]] void Fail(const Prepared& prepared);
   void ReadTableNames();
 

@@ -87,31 +87,19 @@ Value ReadInteger(SQLHSTMT statement, SQLUSMALLINT column) {
 Value ReadExactNumber(SQLHSTMT statement, SQLUSMALLINT column) {
   std::string digits;
   if (!ReadLong(statement, column, SQL_C_CHAR, 1, digits)) return Null{};
-  const char* const end = digits.data() + digits.size();
-  std::int64_t whole = 0;
-  if (const auto read = std::from_chars(digits.data(), end, whole);
-      read.ec == std::errc() && read.ptr == end) {
-    return whole;
-  }
-  double real = 0;
-  const auto read = std::from_chars(digits.data(), end, real);
-  if (read.ec == std::errc() && read.ptr == end && std::isfinite(real)) return real;
-  return digits;
+  return ExactNumber(digits);
 }
 
 Value ReadReal(SQLHSTMT statement, SQLUSMALLINT column, bool isSingle) {
   double number = 0;
-  if (!ReadFixed(statement, column, SQL_C_DOUBLE, number) || std::isnan(number)) return Null{};
-  return isSingle ? WidenSingle(static_cast<float>(number)) : number;
+  if (!ReadFixed(statement, column, SQL_C_DOUBLE, number)) return Null{};
+  return Real(number, isSingle);
 }
 
 Value ReadDate(SQLHSTMT statement, SQLUSMALLINT column) {
   SQL_TIMESTAMP_STRUCT stamp{};
   if (!ReadFixed(statement, column, SQL_C_TYPE_TIMESTAMP, stamp)) return Null{};
-  const std::chrono::sys_days day = std::chrono::year(stamp.year) / stamp.month / stamp.day;
-  const double seconds = stamp.hour * 3600.0 + stamp.minute * 60.0 + stamp.second +
-                         static_cast<double>(stamp.fraction) / 1e9;
-  return Date{MomentSerial(DaySerial(day), seconds / kSecondsPerDay)};
+  return DateOf(stamp);
 }
 
 // Reads hh:mm:ss, with or without a fraction; nothing if that is no time of a day.
@@ -161,6 +149,31 @@ bool IsFlag(SQLHSTMT statement, SQLUSMALLINT column) {
 
 }  // namespace
 
+Value ExactNumber(const std::string& digits) {
+  const char* const end = digits.data() + digits.size();
+  std::int64_t whole = 0;
+  if (const auto read = std::from_chars(digits.data(), end, whole);
+      read.ec == std::errc() && read.ptr == end) {
+    return whole;
+  }
+  double real = 0;
+  const auto read = std::from_chars(digits.data(), end, real);
+  if (read.ec == std::errc() && read.ptr == end && std::isfinite(real)) return real;
+  return digits;
+}
+
+Value Real(double number, bool isSingle) {
+  if (std::isnan(number)) return Null{};
+  return isSingle ? WidenSingle(static_cast<float>(number)) : number;
+}
+
+Value DateOf(const SQL_TIMESTAMP_STRUCT& stamp) {
+  const std::chrono::sys_days day = std::chrono::year(stamp.year) / stamp.month / stamp.day;
+  const double seconds = stamp.hour * 3600.0 + stamp.minute * 60.0 + stamp.second +
+                         static_cast<double>(stamp.fraction) / 1e9;
+  return Date{MomentSerial(DaySerial(day), seconds / kSecondsPerDay)};
+}
+
 std::vector<OdbcColumn> ReadColumns(SQLHSTMT statement) {
   SQLSMALLINT count = 0;
   if (!SQL_SUCCEEDED(SQLNumResultCols(statement, &count))) throw OdbcReadError();
@@ -170,7 +183,7 @@ std::vector<OdbcColumn> ReadColumns(SQLHSTMT statement) {
     SQLSMALLINT length = 0;
     SQLSMALLINT digits = 0;
     SQLSMALLINT nullable = 0;
-    SQLULEN size = 0;
+    SQLULEN& size = columns[i].size;
     const SQLRETURN code = SQLDescribeColW(statement, static_cast<SQLUSMALLINT>(i + 1),
                                            reinterpret_cast<SQLWCHAR*>(name.data()),
                                            static_cast<SQLSMALLINT>(name.size()), &length,

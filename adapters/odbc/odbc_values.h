@@ -2,6 +2,7 @@
 #pragma once
 
 #include <sql.h>
+#include <sqlext.h>
 
 #include <string>
 #include <vector>
@@ -13,6 +14,9 @@ namespace td {
 struct OdbcColumn {
   std::string name;
   SQLSMALLINT type = 0;
+  SQLULEN size = 0;  // characters or digits at most, as the driver says; 0 if it doesn't
+
+  bool operator==(const OdbcColumn&) const = default;
 };
 
 // The columns of a statement's result; none when it delivers no rows.
@@ -31,6 +35,11 @@ enum class TextForm { kUtf16, kUtf8 };
 // Fails with the driver's OdbcReadError.
 [[nodiscard]] Value ReadValue(SQLHSTMT statement, SQLUSMALLINT column, SQLSMALLINT type,
                               TextForm texts);
+
+// The same values from what a driver hands out of a column.
+[[nodiscard]] Value ExactNumber(const std::string& digits);
+[[nodiscard]] Value Real(double number, bool isSingle);
+[[nodiscard]] Value DateOf(const SQL_TIMESTAMP_STRUCT& stamp);
 
 // A read failed; the statement's diagnosis says why.
 struct OdbcReadError {};

@@ -22,6 +22,38 @@ TEST_P(OdbcValues, KeepTheirKind) {
   EXPECT_EQ(One("select '销售\U0001F5A8' as a"), Value("销售\U0001F5A8"));
 }
 
+// Rows come in blocks; a block ends before, with and behind the last row.
+TEST_P(OdbcValues, OfManyRowsComeInTheirOrder) {
+  MakeTable("many", "n integer, t varchar(20), x decimal(9,2)");
+  for (const int count : {0, 31, 32, 33, 100}) {
+    Execute("delete from many");
+    for (int n = 0; n < count; ++n) {
+      const std::string number = std::to_string(n);
+      Execute("insert into many values(" + number + ",'" + (n % 3 == 0 ? "第" + number : number) +
+              "'," + (n % 5 == 0 ? "null" : number) + ")");
+    }
+    const RecordsetRef rows = Open("select * from many order by n");
+    for (int n = 0; n < count; ++n, rows->MoveNext()) {
+      ASSERT_EQ(rows->Field("n"), Value(std::int64_t{n}));
+      EXPECT_EQ(rows->Field("t"), Value((n % 3 == 0 ? "第" : "") + std::to_string(n)));
+      EXPECT_EQ(rows->Field("x"), n % 5 == 0 ? Value(Null{}) : Value(std::int64_t{n}));
+    }
+    EXPECT_TRUE(rows->Eof());
+  }
+}
+
+// A driver may tell a length that a computed text exceeds.
+TEST_P(OdbcValues, LongerThanTheDriverSaysComeWhole) {
+  std::string text;
+  for (int i = 0; i < 700; ++i) text += "长";
+  EXPECT_EQ(One("select repeat('长', 700) as a"), Value(text));
+  const RecordsetRef rows =
+      Open("select 'short' as a union all select repeat('x', 300) order by 1");
+  EXPECT_EQ(rows->Field("a"), Value("short"));
+  rows->MoveNext();
+  EXPECT_EQ(rows->Field("a"), Value(std::string(300, 'x')));
+}
+
 TEST_P(OdbcValues, OfNumberColumnsAreNumbers) {
   MakeTable("numbers", "s smallint, i integer, b bigint, r real, d double precision, f float(24)");
   Execute("insert into numbers values(-2,3,4,0.1,0.1,0.1)");

@@ -13,7 +13,7 @@ class DocumentDrawing : public testing::Test {
   DocumentDrawing() { document.StartDoc(); }
 
   template <typename Command>
-  const Command& Last() const {
+  Command Last() const {
     return std::get<Command>(document.Pages().back().commands.back());
   }
   std::size_t Count() const { return document.Pages().back().commands.size(); }

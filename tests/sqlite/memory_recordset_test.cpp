@@ -27,6 +27,40 @@ TEST(MemoryRecordset, StandsOnTheFirstRowAndWalksToTheEnd) {
   EXPECT_EQ(Text(rows, "FBillNo"), "XS-1");
 }
 
+TEST(MemoryRecordset, KeepsValuesOfEachKind) {
+  const std::vector<Value> values = {Null{},
+                                     true,
+                                     false,
+                                     std::int64_t{-5},
+                                     0.1,
+                                     Date{45418.75},
+                                     std::string(1000, 'x'),
+                                     "",
+                                     std::string("a\0b", 3),
+                                     Bytes{std::byte{0}, std::byte{255}},
+                                     Bytes{}};
+  for (const Value& first : values) {
+    for (const Value& second : values) {
+      MemoryRecordset rows({"a"}, {{first}, {second}});
+      EXPECT_EQ(rows.Field("a"), first);
+      EXPECT_EQ(rows.Field("a"), first);
+      rows.MoveNext();
+      EXPECT_EQ(rows.Field("a"), second);
+    }
+  }
+}
+
+TEST(MemoryRecordset, SaysWithoutAFailureThatItHasNoColumn) {
+  MemoryRecordset rows = TwoBills();
+  EXPECT_EQ(rows.Find("FQty"), nullptr);
+  ASSERT_NE(rows.Find("FINTERID"), nullptr);
+  EXPECT_EQ(*rows.Find("FINTERID"), Value(std::int64_t{1}));
+  rows.MoveNext();
+  rows.MoveNext();
+  EXPECT_EQ(rows.Find("FQty"), nullptr);
+  EXPECT_EQ(FailureOf([&] { rows.Find("FBillNo"); }).Number(), kNoCurrentRow);
+}
+
 TEST(MemoryRecordset, FindsColumnsWithoutRegardToCase) {
   MemoryRecordset rows = TwoBills();
   EXPECT_EQ(Text(rows, "fbillNO"), "XS-1");

@@ -285,7 +285,7 @@ class HtmlWriter {
 }  // namespace
 
 void StreamHtml(const std::vector<Page>& pages, const std::string& title, const ByteSink& sink) {
-  RequirePages(pages);
+  RequirePages(pages.size());
   HtmlWriter(sink).Write(pages, title);
 }
 

@@ -69,7 +69,7 @@ QImage RenderPage(const Page& page, double dotsPerInch) {
 
 std::vector<std::string> WritePngPages(const std::vector<Page>& pages, const std::string& folder,
                                        double dotsPerInch) {
-  RequirePages(pages);
+  RequirePages(pages.size());
   const QDir directory(QString::fromStdString(folder));
   MakeFolder(directory.path().toStdString());
   std::vector<std::string> paths;

@@ -5,22 +5,27 @@
 #include <string>
 #include <vector>
 
+#include "files/written_bytes.h"
 #include "page_document/drawing.h"
-#include "render/written_file.h"
 
 class QImage;
 
 namespace td {
+
+// The pages of a document, or some of them, where they lie.
+using PageRefs = std::vector<const Page*>;
+[[nodiscard]] PageRefs RefsTo(const std::vector<Page>& pages);
 
 // One PDF page per page, each of its own exact size, fonts embedded as subsets, text extractable.
 // This is what printers get, too: a print job made by Qt would have sheets of whole points.
 std::string ToPdf(const std::vector<Page>& pages, const std::string& title);
 // The same page by page: no more of the file is held than one page needs. What `sink` throws goes
 // through.
-void StreamPdf(const std::vector<Page>& pages, const std::string& title, const ByteSink& sink);
+void StreamPdf(const PageRefs& pages, const std::string& title, const ByteSink& sink);
 // A file is replaced whole or not at all, a pipe or a device receives the bytes as they come: see
 // WriteOutput. Fails with kDeviceIo, with the path and the reason in words.
 void WritePdf(const std::vector<Page>& pages, const std::string& path, const std::string& title);
+void WritePdf(const PageRefs& pages, const std::string& path, const std::string& title);
 
 // The page on white paper. `dotsPerInch` is from 1 to 2400; an image above 400 megapixels fails
 // with kOutOfMemory.

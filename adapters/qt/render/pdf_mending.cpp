@@ -59,8 +59,7 @@ int PointsToHold(double twips) {
   return std::max(1, static_cast<int>(std::ceil(twips / kTwipsPerPoint - kTolerance)));
 }
 
-MendedPdf::MendedPdf(const std::vector<Page>& pages, const ByteSink& sink)
-    : pages_(pages), sink_(sink) {
+MendedPdf::MendedPdf(const PageRefs& pages, const ByteSink& sink) : pages_(pages), sink_(sink) {
   open(QIODevice::WriteOnly);
 }
 
@@ -92,7 +91,7 @@ qint64 MendedPdf::writeData(const char* data, qint64 size) {
 
 void MendedPdf::EndObject() {
   if (object_.contains("/Type /Page\n") && page_ < pages_.size()) {
-    SetSize(object_, pages_[page_++]);
+    SetSize(object_, *pages_[page_++]);
   } else if (object_.contains("begincmap")) {
     if (!drawn_) drawn_ = std::make_unique<DrawnCharacters>();
     NameCharacters(object_, *drawn_);

@@ -7,9 +7,8 @@
 #include <memory>
 #include <vector>
 
-#include "page_document/drawing.h"
 #include "render/font_faces.h"
-#include "render/written_file.h"
+#include "render/outputs.h"
 
 namespace td {
 
@@ -25,7 +24,7 @@ namespace td {
 class MendedPdf final : public QIODevice {
  public:
   // Both outlive the device.
-  MendedPdf(const std::vector<Page>& pages, const ByteSink& sink);
+  MendedPdf(const PageRefs& pages, const ByteSink& sink);
   ~MendedPdf() override;
 
   // Whether the sink has thrown: nothing is handed on any more.
@@ -44,7 +43,7 @@ class MendedPdf final : public QIODevice {
   void EndObject();
   void HandOn(const QByteArray& bytes);
 
-  const std::vector<Page>& pages_;
+  const PageRefs& pages_;
   const ByteSink& sink_;
   std::size_t page_ = 0;         // the next one whose object comes
   QByteArray object_;            // what has come of the current object

@@ -18,21 +18,28 @@ QPageLayout LayoutOf(const Page& page) {
 
 }  // namespace
 
-void StreamPdf(const std::vector<Page>& pages, const std::string& title, const ByteSink& sink) {
-  RequirePages(pages);
+PageRefs RefsTo(const std::vector<Page>& pages) {
+  PageRefs refs;
+  refs.reserve(pages.size());
+  for (const Page& page : pages) refs.push_back(&page);
+  return refs;
+}
+
+void StreamPdf(const PageRefs& pages, const std::string& title, const ByteSink& sink) {
+  RequirePages(pages.size());
   MendedPdf file(pages, sink);
   {
     QPdfWriter writer(&file);
     writer.setResolution(static_cast<int>(kTwipsPerInch));
     writer.setTitle(QString::fromStdString(title));
-    writer.setPageLayout(LayoutOf(pages.front()));
+    writer.setPageLayout(LayoutOf(*pages.front()));
     QPainter painter(&writer);
-    for (const Page& page : pages) {
-      if (&page != &pages.front()) {
-        writer.setPageLayout(LayoutOf(page));
+    for (const Page* page : pages) {
+      if (page != pages.front()) {
+        writer.setPageLayout(LayoutOf(*page));
         writer.newPage();
       }
-      DrawPage(painter, page);
+      DrawPage(painter, *page);
       if (file.HasFailed()) break;
     }
   }
@@ -41,12 +48,16 @@ void StreamPdf(const std::vector<Page>& pages, const std::string& title, const B
 
 std::string ToPdf(const std::vector<Page>& pages, const std::string& title) {
   std::string pdf;
-  StreamPdf(pages, title, [&pdf](std::string_view part) { pdf += part; });
+  StreamPdf(RefsTo(pages), title, [&pdf](std::string_view part) { pdf += part; });
   return pdf;
 }
 
-void WritePdf(const std::vector<Page>& pages, const std::string& path, const std::string& title) {
+void WritePdf(const PageRefs& pages, const std::string& path, const std::string& title) {
   WriteFile(path, [&](const ByteSink& sink) { StreamPdf(pages, title, sink); });
+}
+
+void WritePdf(const std::vector<Page>& pages, const std::string& path, const std::string& title) {
+  WritePdf(RefsTo(pages), path, title);
 }
 
 }  // namespace td

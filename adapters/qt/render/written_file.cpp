@@ -16,8 +16,8 @@ void WriteFile(const std::string& path, const FileWriter& write) {
   }
 }
 
-void RequirePages(const std::vector<Page>& pages) {
-  if (pages.empty()) throw Failure(kInvalidCall, "文档中没有页");
+void RequirePages(std::size_t count) {
+  if (count == 0) throw Failure(kInvalidCall, "文档中没有页");
 }
 
 }  // namespace td

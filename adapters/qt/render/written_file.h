@@ -1,13 +1,10 @@
 // Files that outputs write.
 #pragma once
 
-#include <functional>
+#include <cstddef>
 #include <string>
-#include <string_view>
-#include <vector>
 
 #include "files/written_bytes.h"
-#include "page_document/drawing.h"
 
 namespace td {
 
@@ -16,6 +13,6 @@ namespace td {
 void WriteFile(const std::string& path, const FileWriter& write);
 
 // Fails with kInvalidCall if there is no page.
-void RequirePages(const std::vector<Page>& pages);
+void RequirePages(std::size_t count);
 
 }  // namespace td

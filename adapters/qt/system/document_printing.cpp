@@ -8,13 +8,13 @@
 namespace td {
 namespace {
 
-std::vector<Page> ChosenPages(const PageDocument& document,
-                              const std::optional<std::vector<int>>& numbers) {
-  if (!numbers) return document.Pages();
-  std::vector<Page> chosen;
+PageRefs ChosenPages(const PageDocument& document, const std::optional<std::vector<int>>& numbers) {
+  if (!numbers) return RefsTo(document.Pages());
+  PageRefs chosen;
   chosen.reserve(numbers->size());
-  for (const int number : *numbers)
-    chosen.push_back(document.Pages().at(static_cast<std::size_t>(number) - 1));
+  for (const int number : *numbers) {
+    chosen.push_back(&document.Pages().at(static_cast<std::size_t>(number) - 1));
+  }
   return chosen;
 }
 
@@ -25,24 +25,24 @@ std::string Title() {
 }
 
 // Returns the job's number.
-int PrintPages(const std::vector<Page>& pages, const PaperExtent& sheet,
-               const PrintChoice& choice) {
-  return SubmitPrintJob({choice.printer, Title(), ToPdf(pages, Title()), sheet, choice.options});
+int PrintPages(const PageRefs& pages, const PaperExtent& sheet, const PrintChoice& choice) {
+  const FileWriter pdf = [&pages](const ByteSink& sink) { StreamPdf(pages, Title(), sink); };
+  return SubmitPrintJob({choice.printer, Title(), pdf, sheet, choice.options});
 }
 
 }  // namespace
 
 void PrintDocument(const PageDocument& document, const PrintChoice& choice,
                    std::vector<int>* jobs) {
-  const std::vector<Page> pages = ChosenPages(document, choice.pages);
+  const PageRefs pages = ChosenPages(document, choice.pages);
   if (!choice.pdfFile.empty()) {
     WritePdf(pages, choice.pdfFile, Title());
     return;
   }
   for (auto first = pages.begin(); first != pages.end();) {
-    const PaperExtent sheet = first->Sheet();
+    const PaperExtent sheet = (*first)->Sheet();
     auto last = first;
-    while (last != pages.end() && last->Sheet() == sheet) ++last;
+    while (last != pages.end() && (*last)->Sheet() == sheet) ++last;
     const int job = PrintPages({first, last}, sheet, choice);
     if (jobs != nullptr) jobs->push_back(job);
     first = last;

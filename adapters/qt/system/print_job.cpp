@@ -80,23 +80,30 @@ Failure RefusedFailure(const PrintJob& job) {
                        "打印机“" + job.printer + "”不接受打印任务：" + cupsLastErrorString());
 }
 
-// Sends the job's only document. Returns False when the printing system stops taking it.
+// Sends the job's only document as it is made. Returns False when the printing system stops taking
+// it.
 bool SendDocument(const PrintJob& job, const CupsPrinter& queue, int number) {
   if (cupsStartDestDocument(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details(), number,
                             job.title.c_str(), CUPS_FORMAT_PDF, 0, nullptr,
                             1) != HTTP_STATUS_CONTINUE) {
     return false;
   }
-  constexpr std::size_t kPartSize = 65536;
-  for (std::string_view rest = job.pdf; !rest.empty();) {
-    const std::string_view part = rest.substr(0, kPartSize);
-    if (cupsWriteRequestData(CUPS_HTTP_DEFAULT, part.data(), part.size()) != HTTP_STATUS_CONTINUE) {
-      break;
-    }
-    rest.remove_prefix(part.size());
+  bool isTaken = true;
+  const auto finish = [&] {
+    return cupsFinishDestDocument(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details()) <=
+           IPP_STATUS_OK_EVENTS_COMPLETE;
+  };
+  try {
+    job.pdf([&isTaken](std::string_view part) {
+      isTaken = isTaken && cupsWriteRequestData(CUPS_HTTP_DEFAULT, part.data(), part.size()) ==
+                               HTTP_STATUS_CONTINUE;
+    });
+  } catch (...) {
+    finish();
+    cupsCancelDestJob(CUPS_HTTP_DEFAULT, queue.Destination(), number);
+    throw;
   }
-  return cupsFinishDestDocument(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details()) <=
-         IPP_STATUS_OK_EVENTS_COMPLETE;
+  return finish() && isTaken;
 }
 
 const char* NoPassword(const char* /*prompt*/, http_t* /*http*/, const char* /*method*/,

@@ -37,8 +37,8 @@ Page PageWithBars(double width, double height) {
 
 std::string Print(const Page& page, const std::string& printer, const PaperExtent& sheet,
                   std::vector<std::pair<std::string, std::string>> options = {}) {
-  return ResultOf(
-      SubmitPrintJob({printer, "qbtd-test", ToPdf({page}, "test"), sheet, std::move(options)}));
+  return ResultOf(SubmitPrintJob(
+      {printer, "qbtd-test", WriterOf(ToPdf({page}, "test")), sheet, std::move(options)}));
 }
 
 void ExpectSheet(const std::string& pdf, double width, double height, double tolerance = 0.1) {
@@ -137,7 +137,7 @@ TEST(PrintJob, StaysInItsPlaceWhateverTheUsersSettingsAre) {
 TEST(PrintJob, FailsInWordsWhenItCannotBeSent) {
   const std::string pdf = ToPdf({PageWithBars(210, 297)}, "test");
   const auto submit = [&](const char* printer) {
-    return NumberOf([&] { SubmitPrintJob({printer, "qbtd-test", pdf, kA4, {}}); });
+    return NumberOf([&] { SubmitPrintJob({printer, "qbtd-test", WriterOf(pdf), kA4, {}}); });
   };
   EXPECT_EQ(submit("nowhere"), kDeviceIo);
   EXPECT_EQ(submit("QbTd-Refusing"), kDeviceIo);
