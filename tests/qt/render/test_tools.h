@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "page_document/drawing.h"
+#include "page_document/commands.h"
 #include "platform/failure.h"
 
 namespace td {
