@@ -17,13 +17,13 @@ unsigned char Lower(char c) {
 // value: what tells the columns of a table apart, at the cost of a few instructions.
 std::size_t Hash(std::string_view name) {
   constexpr std::uint64_t kWithoutCase = 0x2020202020202020U;
-  constexpr std::size_t kPart = sizeof(std::uint64_t);
   std::uint64_t first = 0;
   std::uint64_t last = 0;
-  const std::size_t length = std::min(name.size(), kPart);
-  if (length > 0) {
-    std::memcpy(&first, name.data(), length);
-    std::memcpy(&last, name.data() + name.size() - length, length);
+  if (name.size() >= sizeof(first)) {
+    std::memcpy(&first, name.data(), sizeof(first));
+    std::memcpy(&last, name.data() + name.size() - sizeof(last), sizeof(last));
+  } else {
+    for (const char c : name) first = first << 8U | static_cast<unsigned char>(c);
   }
   std::uint64_t hash = (first | kWithoutCase) * 0x9E3779B97F4A7C15U;
   hash = (hash ^ (last | kWithoutCase) ^ name.size()) * 0xC2B2AE3D27D4EB4FU;

@@ -26,7 +26,9 @@ std::size_t CharacterLength(std::string_view text) {
 // Bytes at the start of a text that are valid.
 std::size_t ValidLength(std::string_view text) {
   std::size_t valid = 0;
-  while (valid < text.size()) {
+  for (;;) {
+    while (valid < text.size() && static_cast<unsigned char>(text[valid]) < 0x80) ++valid;
+    if (valid == text.size()) break;
     const std::size_t length = CharacterLength(text.substr(valid));
     if (length == 0) break;
     valid += length;

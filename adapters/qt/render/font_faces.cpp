@@ -113,6 +113,8 @@ FaceRef FontFaces::FaceAt(std::size_t index) {
     face->font.setKerning(false);
     face->raw = QRawFont::fromFont(face->font);
     face->raw.setPixelSize(face->size);
+    face->ascent = face->raw.ascent();
+    face->descent = face->raw.descent();
     face->syntheticBold =
         wanted_.bold && !HasBoldFace(families_.at(static_cast<qsizetype>(faces_.size())));
     faces_.push_back(std::move(face));

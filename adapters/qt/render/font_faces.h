@@ -21,7 +21,9 @@ struct Face {
   QString name;  // of the font, as the format has it
   QFont font;
   QRawFont raw;
-  double size = 0;             // twips
+  double size = 0;  // twips, as are the heights
+  double ascent = 0;
+  double descent = 0;
   bool syntheticBold = false;  // bold is wanted and the family has no bold face
 };
 using FaceRef = std::shared_ptr<const Face>;
@@ -43,7 +45,10 @@ class FontFaces {
  public:
   explicit FontFaces(const TextFont& font);
 
-  [[nodiscard]] FaceRef Primary() { return FaceAt(0); }
+  [[nodiscard]] const FaceRef& Primary() {
+    if (faces_.empty()) (void)FaceAt(0);
+    return faces_.front();
+  }
   // The glyph of a character in the first face that has it. Where the digits of the first face
   // differ in width, so that columns of numbers would not line up, the characters of ASCII come
   // from the first other face whose digits don't.
@@ -59,8 +64,8 @@ class FontFaces {
   [[nodiscard]] const std::unordered_map<char32_t, FaceGlyph>& Glyphs() const { return glyphs_; }
 
   // Twips above and below the base line, and of the whole line, in the primary face.
-  [[nodiscard]] double Ascent() { return Primary()->raw.ascent(); }
-  [[nodiscard]] double Descent() { return Primary()->raw.descent(); }
+  [[nodiscard]] double Ascent() { return Primary()->ascent; }
+  [[nodiscard]] double Descent() { return Primary()->descent; }
   [[nodiscard]] double LineHeight();
 
  private:

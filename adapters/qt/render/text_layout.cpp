@@ -226,19 +226,35 @@ struct Box {
   double height;
 };
 
+// The base line of the first of some lines in the middle of a box.
+double FirstBaseLine(const Box& box, std::size_t lines, FontFaces& faces) {
+  const double text = faces.Ascent() + faces.Descent() +
+                      faces.LineHeight() * static_cast<double>(std::max<std::size_t>(lines, 1) - 1);
+  return box.top + (box.height - text) / 2 + faces.Ascent();
+}
+
 std::vector<PlacedText> PlaceInBox(std::vector<LaidLine> lines, const Box& box,
                                    TextAlignment alignment, FontFaces& faces) {
   std::vector<PlacedText> placed;
-  const double step = faces.LineHeight();
-  const double text = faces.Ascent() + faces.Descent() +
-                      step * static_cast<double>(std::max<std::size_t>(lines.size(), 1) - 1);
-  double baseLine = box.top + (box.height - text) / 2 + faces.Ascent();
+  double baseLine = FirstBaseLine(box, lines.size(), faces);
   for (LaidLine& line : lines) {
     const double x = AlignedStart(alignment, box.left, box.width, line.width);
     Place(std::move(line), x, baseLine, placed);
-    baseLine += step;
+    baseLine += faces.LineHeight();
   }
   return placed;
+}
+
+// The same for one line.
+std::vector<PlacedText> PlaceInBox(LaidLine line, const Box& box, TextAlignment alignment,
+                                   FontFaces& faces) {
+  const double x = AlignedStart(alignment, box.left, box.width, line.width);
+  const double baseLine = FirstBaseLine(box, 1, faces);
+  for (PlacedText& piece : line.pieces) {
+    piece.x += x;
+    piece.y += baseLine;
+  }
+  return std::move(line.pieces);
 }
 
 // A line of text as it is drawn: blanks for line breaks and tabs, and question marks for what no
@@ -268,11 +284,7 @@ LaidLine OneLine(const std::string& text, FontFaces& faces) {
 }
 
 // The lines between the line breaks, broken inside the width if the box asks for that.
-std::vector<LaidLine> LinesOf(const BoxText& box, FontFaces& faces) {
-  QString whole = QString::fromStdString(box.text);
-  if (!box.wordWrap) {
-    if (std::optional<LaidLine> plain = PlainLine(whole, faces)) return {*std::move(plain)};
-  }
+std::vector<LaidLine> LinesOf(const BoxText& box, QString whole, FontFaces& faces) {
   whole.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
   if (whole.endsWith(u'\n')) whole.chop(1);
   std::vector<LaidLine> lines;
@@ -291,9 +303,14 @@ std::vector<LaidLine> LinesOf(const BoxText& box, FontFaces& faces) {
 
 std::vector<PlacedText> LayOut(const BoxText& command) {
   FontFaces& faces = FacesOf(*command.font);
-  return PlaceInBox(LinesOf(command, faces),
-                    {command.left, command.top, command.width, command.height}, command.alignment,
-                    faces);
+  const Box box{command.left, command.top, command.width, command.height};
+  const QString text = QString::fromStdString(command.text);
+  if (!command.wordWrap) {
+    if (std::optional<LaidLine> plain = PlainLine(text, faces)) {
+      return PlaceInBox(*std::move(plain), box, command.alignment, faces);
+    }
+  }
+  return PlaceInBox(LinesOf(command, text, faces), box, command.alignment, faces);
 }
 
 std::vector<PlacedText> LayOut(const PointText& command) {
