@@ -36,7 +36,7 @@ TEST_P(OdbcValues, OfManyRowsComeInTheirOrder) {
     for (int n = 0; n < count; ++n, rows->MoveNext()) {
       ASSERT_EQ(rows->Field("n"), Value(std::int64_t{n}));
       EXPECT_EQ(rows->Field("t"), Value((n % 3 == 0 ? "第" : "") + std::to_string(n)));
-      EXPECT_EQ(rows->Field("x"), n % 5 == 0 ? Value(Null{}) : Value(std::int64_t{n}));
+      EXPECT_EQ(rows->Field("x"), n % 5 == 0 ? Value(Null{}) : Value(static_cast<double>(n)));
     }
     EXPECT_TRUE(rows->Eof());
   }
