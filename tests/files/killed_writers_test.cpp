@@ -97,8 +97,9 @@ TEST(AKilledProcess, LeavesAPdfWholeOrNone) {
   EnsureApplication();
   const TestFolder folder;
   const auto font = std::make_shared<const TextFont>();
-  const std::vector<Page> pages(
-      20, Page{6000, 4000, {BoxText{"No. 1", 500, 500, 3000, 400, false, {}, font}}});
+  const std::vector<DrawingCommand> commands = {
+      BoxText{"No. 1", 500, 500, 3000, 400, false, {}, font}};
+  const std::vector<Page> pages(20, Page{6000, 4000, commands});
   const std::string whole = ToPdf(pages, "bill");
   const fs::path pdf = folder / "bill.pdf";
   KillAtRandomMoments(

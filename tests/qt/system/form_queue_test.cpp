@@ -56,9 +56,9 @@ TEST(FormQueue, TheDocumentedCommandsMakeAQueueWhoseOwnSheetIsTheForm) {
   ASSERT_TRUE(own);
   EXPECT_TRUE(IsSameSheet(*own, kForm)) << own->width << " by " << own->height;
 
-  WritePdf({Page{kForm.width, kForm.height, {}}}, home.Path("job.pdf"), "test");
-  const std::vector<Sheet> sheets = SheetsOf(
-      ResultOf(SubmitPrintJob({queue.name, "qbtd-test", home.Path("job.pdf"), kForm, {}})));
+  const std::string pdf = ToPdf({Page{kForm.width, kForm.height, {}}}, "test");
+  const std::vector<Sheet> sheets =
+      SheetsOf(ResultOf(SubmitPrintJob({queue.name, "qbtd-test", WriterOf(pdf), kForm, {}})));
   ASSERT_EQ(sheets.size(), 1U);
   EXPECT_NEAR(sheets[0].width, 230, kTolerance);
   EXPECT_NEAR(sheets[0].height, 127, kTolerance);
