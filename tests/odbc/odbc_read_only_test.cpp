@@ -49,8 +49,8 @@ TEST_P(OdbcReadOnly, WhatWouldChangeAnythingIsRefusedAndHasNotRun) {
 }
 
 TEST_P(OdbcReadOnly, WhatAFunctionWouldChangeIsRefused) {
-  Execute("drop sequence if exists numbers");
-  Execute("create sequence numbers");
+  Execute("drop sequence if exists numbering");
+  Execute("create sequence numbering");
   const std::string function =
       IsPostgreSql() ? "create or replace function empty_t() returns integer language plpgsql as "
                        "$$ begin delete from t; return 1; end $$;\n"
@@ -59,11 +59,11 @@ TEST_P(OdbcReadOnly, WhatAFunctionWouldChangeIsRefused) {
   RunScript(GetParam(), scratch_.Write("function.sql", function));
   ExpectRefused("select empty_t() as a");
   if (IsPostgreSql()) {
-    ExpectRefused("select nextval('numbers') as a");
+    ExpectRefused("select nextval('numbering') as a");
     ExpectRefused("with d as (delete from t returning a) select a from d");
     ExpectRefused("select set_config('transaction_read_only','off',false) as a, empty_t() as b");
   } else {
-    ExpectRefused("select nextval(numbers) as a");
+    ExpectRefused("select nextval(numbering) as a");
     ExpectRefused("select a from t into outfile 'rows.txt'");
   }
 }
