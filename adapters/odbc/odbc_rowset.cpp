@@ -64,7 +64,9 @@ OdbcRowset::Room OdbcRowset::RoomFor(const OdbcColumn& column, TextForm texts) {
     case SQL_CHAR:
     case SQL_VARCHAR:
     case SQL_WCHAR:
-    case SQL_WVARCHAR: {
+    case SQL_WVARCHAR:
+    case SQL_LONGVARCHAR:  // PostgreSQL's driver calls all of more than 255 characters so
+    case SQL_WLONGVARCHAR: {
       const SQLSMALLINT inMemory = texts == TextForm::kUtf8 ? SQL_C_CHAR : SQL_C_WCHAR;
       return {column.type, inMemory,
               isKnown && column.size <= kLongestText ? (column.size + 1) * kBytesOfACharacter : 0};
