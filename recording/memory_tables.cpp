@@ -100,7 +100,7 @@ void MemoryTables::Execute(const std::string& sql) {
     return;
   }
   const auto targetOf = [&](auto& change) {
-    const Target target(FindIn(tables_, change.table), change.table, change.position);
+    Target target(FindIn(tables_, change.table), change.table, change.position);
     if constexpr (requires { change.where; }) {
       if (change.where) {
         target.scope.Bind(*change.where);

@@ -54,17 +54,17 @@ bool CompareHolds(Comparison comparison, const Value& a, const Value& b) {
   const std::partial_ordering order = Compare(a, b);
   switch (comparison) {
     case Comparison::kEqual:
-      return order == 0;
+      return std::is_eq(order);
     case Comparison::kUnequal:
-      return order != 0;
+      return std::is_neq(order);
     case Comparison::kLess:
-      return order < 0;
+      return std::is_lt(order);
     case Comparison::kLessOrEqual:
-      return order <= 0;
+      return std::is_lteq(order);
     case Comparison::kGreater:
-      return order > 0;
+      return std::is_gt(order);
     case Comparison::kGreaterOrEqual:
-      return order >= 0;
+      return std::is_gteq(order);
   }
   return false;
 }
@@ -174,7 +174,7 @@ bool SortsBefore(const Value& a, const Value& b) {
   if (KindRank(a) != KindRank(b)) {
     return KindRank(a) < KindRank(b);
   }
-  return Compare(a, b) < 0;
+  return std::is_lt(Compare(a, b));
 }
 
 }  // namespace td::recording

@@ -37,7 +37,8 @@ void AppendUtf8(std::string& text, std::uint32_t code) {
 std::string FromCodePage(std::string bytes, int codePage) {
   const std::string name = "CP" + std::to_string(codePage);
   iconv_t converter = iconv_open("UTF-8", name.c_str());
-  if (converter == reinterpret_cast<iconv_t>(-1)) converter = iconv_open("UTF-8", "CP1252");
+  const auto failed = reinterpret_cast<iconv_t>(-1);  // NOLINT(performance-no-int-to-ptr)
+  if (converter == failed) converter = iconv_open("UTF-8", "CP1252");
   std::string text;
   char* input = bytes.data();
   std::size_t left = bytes.size();

@@ -13,7 +13,7 @@ docs=$prefix/share/doc/QbTdPrinter
 for page in "$docs"/*.md "$docs"/docs/*.md; do
   while read -r link; do
     [ -e "$(dirname "$page")/$link" ] || { echo "$page: $link leads nowhere." >&2; exit 1; }
-  done < <(grep -oP '\]\((?!https?:|#)\K[^)#]+' "$page")
+  done < <(sed '/^```/,/^```/d' "$page" | grep -oP '\]\((?!https?:|#)\K[^)#]+')
 done
 
 # What is installed can be built without the tests and what they need.

@@ -56,7 +56,7 @@ std::string RefuseStandardOutput(const std::string& folder) {
   return folder == "-" ? "standard output is no folder; --pdf - and --html - go there" : "";
 }
 
-std::string StandardOutputForDash(std::string file) {
+std::string StandardOutputForDash(const std::string& file) {
   return file == "-" ? "/dev/stdout" : file;
 }
 

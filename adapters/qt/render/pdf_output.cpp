@@ -34,12 +34,12 @@ void StreamPdf(const PageRefs& pages, const std::string& title, const ByteSink& 
     writer.setTitle(QString::fromStdString(title));
     writer.setPageLayout(LayoutOf(*pages.front()));
     QPainter painter(&writer);
-    for (const Page* page : pages) {
-      if (page != pages.front()) {
-        writer.setPageLayout(LayoutOf(*page));
+    for (std::size_t i = 0; i < pages.size(); ++i) {  // a page may come twice
+      if (i > 0) {
+        writer.setPageLayout(LayoutOf(*pages[i]));
         writer.newPage();
       }
-      DrawPage(painter, *page);
+      DrawPage(painter, *pages[i]);
       if (file.HasFailed()) break;
     }
   }

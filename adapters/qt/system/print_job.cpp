@@ -95,6 +95,7 @@ bool SendDocument(const PrintJob& job, const CupsPrinter& queue, int number) {
   };
   try {
     job.pdf([&isTaken](std::string_view part) {
+      if (part.empty()) return;  // a chunk of no bytes would end the document
       isTaken = isTaken && cupsWriteRequestData(CUPS_HTTP_DEFAULT, part.data(), part.size()) ==
                                HTTP_STATUS_CONTINUE;
     });

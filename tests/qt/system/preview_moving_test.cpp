@@ -7,7 +7,7 @@
 #include <QWheelEvent>
 
 #include "shown_preview.h"
-#include "windows/page_text.h"
+#include "text/page_text.h"
 
 namespace td {
 namespace {
