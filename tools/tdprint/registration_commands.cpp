@@ -24,7 +24,7 @@ fs::path FindModule(const std::string& given) {
     return fs::absolute(given);
   }
   const fs::path programFolder = fs::read_symlink("/proc/self/exe").parent_path();
-  const fs::path installed = (programFolder / TDPRINT_MODULE_FROM_PROGRAM).lexically_normal();
+  fs::path installed = (programFolder / TDPRINT_MODULE_FROM_PROGRAM).lexically_normal();
   if (fs::exists(installed)) return installed;
   throw Failure(kFileNotFound, installed.string() + " isn't there; name the module: --module");
 }
