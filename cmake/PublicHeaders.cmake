@@ -2,8 +2,13 @@
 # nor a database library.
 set(qbtd_public_headers
   adapters/desktop/desktop_platform.h
+  adapters/files/descriptor.h
+  adapters/files/written_bytes.h
   adapters/memory_rows/column_names.h
   adapters/memory_rows/memory_recordset.h
+  adapters/memory_rows/memory_rows.h
+  adapters/page_document/command_list.h
+  adapters/page_document/commands.h
   adapters/page_document/document_host.h
   adapters/page_document/drawing.h
   adapters/page_document/page_document.h
