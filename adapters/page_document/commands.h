@@ -25,7 +25,7 @@ struct TextFont {
   double points = 11.25;
   bool bold = false;
   bool italic = false;
-  auto operator<=>(const TextFont&) const = default;
+  auto operator<=>(const TextFont&) const = default;  // NOLINT(modernize-use-nullptr): its 0
 };
 // Never empty. Commands with the same font share one object within a document.
 using FontRef = std::shared_ptr<const TextFont>;

@@ -9,8 +9,8 @@
  * Each object answers calls by name (TdDispatch), and has an interface of its own whose operations
  * are called directly (TdPrinter, TdSettings). client/client.h makes the usual steps short.
  *
- * Tables, structures, numbers and result codes are laid out as late-binding languages expect them of
- * a component. The memory of strings and arrays comes from the C library, which every language
+ * Tables, structures, numbers and result codes are laid out as late-binding languages expect them
+ * of a component. The memory of strings and arrays comes from the C library, which every language
  * reaches.
  *
  * An object is a pointer to a structure whose first member points to a table of functions:

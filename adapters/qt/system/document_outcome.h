@@ -22,8 +22,8 @@ struct DocumentOutcome {
   std::string printer;    // that was chosen; empty: none was asked
   std::vector<int> jobs;  // their numbers in the printing system; pages on different sheets are
                           // jobs of their own, in the document's order
-  std::string reason;  // of a refusal, as it is shown
-  int messages = 0;    // shown since the print call began, as a box or as a line
+  std::string reason;     // of a refusal, as it is shown
+  int messages = 0;       // shown since the print call began, as a box or as a line
 
   // Whether all pages that were asked for have gone where they were to go.
   [[nodiscard]] bool IsDelivered() const {

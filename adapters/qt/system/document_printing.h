@@ -10,8 +10,9 @@
 namespace td {
 
 // Sends the chosen pages to the chosen printer or file. A job has one sheet: each run of pages on
-// the same sheet, lying along or across it, becomes a job of its own, in the document's order, whose
-// number is added to `jobs`, if there is one, as it is taken. Fails as WritePdf and SubmitPrintJob do.
+// the same sheet, lying along or across it, becomes a job of its own, in the document's order,
+// whose number is added to `jobs`, if there is one, as it is taken. Fails as WritePdf and
+// SubmitPrintJob do.
 void PrintDocument(const PageDocument& document, const PrintChoice& choice,
                    std::vector<int>* jobs = nullptr);
 
