@@ -121,7 +121,7 @@ fs::path FindSamples(const std::string& given) {
     throw Failure(kPathNotFound, given + " holds no sample");
   }
   const fs::path programFolder = fs::read_symlink("/proc/self/exe").parent_path();
-  const fs::path installed = (programFolder / TDPRINT_SAMPLES_FROM_PROGRAM).lexically_normal();
+  fs::path installed = (programFolder / TDPRINT_SAMPLES_FROM_PROGRAM).lexically_normal();
   if (HoldsSamples(installed)) return installed;
   for (fs::path folder = programFolder; folder.has_relative_path(); folder = folder.parent_path()) {
     if (HoldsSamples(folder / "examples")) return folder / "examples";

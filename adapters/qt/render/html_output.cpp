@@ -149,8 +149,9 @@ class HtmlWriter {
           sheets_.try_emplace({page.width, page.height}, "s" + std::to_string(sheets_.size()));
       if (!isNew) continue;
       const std::string& name = known->second;
-      style += "@page " + name + "{size:" + Millimetres(page.width) + ' ' +
-               Millimetres(page.height) + ";margin:0}\n." + name + "{page:" + name + "}\n";
+      style.append("@page ").append(name).append("{size:").append(Millimetres(page.width));
+      style.append(" ").append(Millimetres(page.height)).append(";margin:0}\n.").append(name);
+      style.append("{page:").append(name).append("}\n");
     }
     return style;
   }

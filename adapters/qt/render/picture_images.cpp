@@ -38,7 +38,7 @@ QImage DecodedImage(const ImagePicture& picture) {
   static QCache<QByteArray, QImage> cache(kCacheKilobytes);
   const QByteArray key = ContentKey(picture);
   if (const QImage* known = cache.object(key)) return *known;
-  const QImage image = QImage::fromData(Decodable(picture));
+  QImage image = QImage::fromData(Decodable(picture));
   cache.insert(key, new QImage(image), static_cast<qsizetype>(image.sizeInBytes() / 1024 + 1));
   return image;
 }
