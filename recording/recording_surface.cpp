@@ -12,8 +12,6 @@
 namespace td::recording {
 namespace {
 
-constexpr std::int32_t kUserPaper = 256;
-
 // The text of a request by which a fault tells it from others.
 std::string MatchText(const Json& argument) {
   return argument.is_string() ? argument.get<std::string>() : argument.dump();
@@ -36,7 +34,7 @@ void RecordingSurface::PutAsUser(const SurfaceValues& values) {
     }
     Assign(state_, name, value);
     if (name == "PaperWidth" || name == "PaperHeight") {
-      state_.paperSize = kUserPaper;
+      state_.paperSize = kUserDefinedPaper;
     }
   }
 }
@@ -161,7 +159,7 @@ float RecordingSurface::PaperWidth() {
 }
 void RecordingSurface::PutPaperWidth(float width) {
   Put("PaperWidth", &SurfaceState::paperWidth, width);
-  state_.paperSize = kUserPaper;
+  state_.paperSize = kUserDefinedPaper;
 }
 
 float RecordingSurface::PaperHeight() {
@@ -169,7 +167,7 @@ float RecordingSurface::PaperHeight() {
 }
 void RecordingSurface::PutPaperHeight(float height) {
   Put("PaperHeight", &SurfaceState::paperHeight, height);
-  state_.paperSize = kUserPaper;
+  state_.paperSize = kUserDefinedPaper;
 }
 
 double RecordingSurface::MarginLeft() {
