@@ -1,9 +1,9 @@
 // The overlay settings dialog, used with mouse and keyboard; the database is read back.
 #include <QTest>
-#include <QWheelEvent>
 #include <functional>
 #include <memory>
 
+#include "../wheel.h"
 #include "passing_database.h"
 #include "service/request.h"
 #include "service/td_set.h"
@@ -226,14 +226,6 @@ TEST_F(SettingsDialog, AnUnreadableDatabaseIsReportedAndTheDialogOpensBlank) {
   });
   TDSet(desktop_.Get()).ShowSettings(database_.MissingConnection(), 21);
   EXPECT_EQ(boxes_.size(), 1U);
-}
-
-void TurnWheelOver(QWidget& field) {
-  constexpr int kNotchDown = -120;
-  const QPointF place = field.rect().center();
-  QWheelEvent event(place, field.mapToGlobal(place), {}, {0, kNotchDown}, Qt::NoButton,
-                    Qt::NoModifier, Qt::NoScrollPhase, false);
-  QApplication::sendEvent(&field, &event);
 }
 
 TEST_F(SettingsDialog, TheWheelOverAListChangesNothingUntilItHasTheFocus) {

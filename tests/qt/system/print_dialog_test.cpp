@@ -10,9 +10,9 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTimer>
-#include <QWheelEvent>
 #include <cmath>
 
+#include "../wheel.h"
 #include "page_document/page_document.h"
 #include "print_queue.h"
 #include "qt/system/desktop_host.h"
@@ -271,14 +271,6 @@ TEST_F(PrintDialog, TrayAndDuplexHoldAndPlacingIsRefused) {
   EXPECT_EQ(AttributeOf(Jobs()[0], "sides"), "two-sided-short-edge");
   EXPECT_EQ(AttributeOf(Jobs()[0], "InputSlot"), "Tray2");
   EXPECT_EQ(PrintedPages(), "1234") << "each on a sheet of its own";
-}
-
-void TurnWheelOver(QWidget& field) {
-  constexpr int kNotchDown = -120;
-  const QPointF place = field.rect().center();
-  QWheelEvent event(place, field.mapToGlobal(place), {}, {0, kNotchDown}, Qt::NoButton,
-                    Qt::NoModifier, Qt::NoScrollPhase, false);
-  QApplication::sendEvent(&field, &event);
 }
 
 TEST_F(PrintDialog, TheWheelChangesNoFieldThatHasNoFocus) {
