@@ -8,6 +8,7 @@
   pictures and links; only the words differ, and in code the comments.
 - The pages that clerks, administrators and programmers read have a twin.
 - The man page and its Chinese twin have the same sections, options and examples.
+- The newest version among the changes is that of the project.
 """
 
 import collections
@@ -23,6 +24,7 @@ MUST_HAVE_TWIN = [
         "format-pictures", "formats", "printers-and-paper", "versions")),
 ]
 MAN_PAGE, MAN_TWIN = "tools/tdprint/tdprint.1", "tools/tdprint/tdprint.zh_CN.1"
+SYNOPSIS = 2  # the second section
 LINES_BEFORE_TWIN_LINK = 12  # the way to the other language stands at the top
 
 Link = collections.namedtuple("Link", "target isPicture line")
@@ -205,6 +207,14 @@ class Check:
         if len(outlines[0]) != len(outlines[1]):
             self.complain(MAN_TWIN, 1, "the page is shorter or longer than " + MAN_PAGE)
 
+    def check_version(self):
+        versions = []
+        for name, pattern in (("CMakeLists.txt", r"project\(\w+ VERSION ([\d.]+)"), ("CHANGELOG.md", r"## ([\d.]+)")):
+            with open(os.path.join(self.root, name), encoding="utf-8") as file:
+                versions.append(re.search(pattern, file.read())[1])
+        if versions[0] != versions[1]:
+            self.complain("CHANGELOG.md", 1, f"the newest version is {versions[1]}, that of the project {versions[0]}")
+
     def run(self):
         for name in MUST_HAVE_TWIN:
             if name not in self.pages:
@@ -217,19 +227,22 @@ class Check:
             if name != original and original in self.pages:
                 self.check_twins(self.pages[original], page)
         self.check_man_pages()
+        self.check_version()
 
 
 def man_outline(lines):
-    """What must be equal in both languages: sections, entries without the names of values, examples."""
-    outline, isExample = [], False
+    """What must be equal in both languages: sections, entries but for the names of values, examples."""
+    outline, sections, isExample = [], 0, False
     for number, line in enumerate(lines, 1):
-        if line.startswith(".Ed"):
-            isExample = False
+        macro = line.split(" ")[0]
+        isExample = isExample and macro != ".Ed"
+        sections += macro == ".Sh"
         if isExample:
             outline.append((number, COMMENT.sub("", line).rstrip()))
-        elif re.match(r"\.(Sh|Dt|Dd|Os|Bl|El|Bd|Ed|Pp)\b", line):
-            outline.append((number, line.split()[0] if line.startswith(".Sh") else line))
-        elif re.match(r"\.(Ss|It|Op|Cm|Ev)\b", line) or line.startswith(".Fl -") and len(outline) < 80:
+        elif macro == ".Sh":
+            outline.append((number, macro))
+        elif macro in (".Dd", ".Dt", ".Ss", ".It", ".Bl", ".El", ".Bd", ".Ed", ".Pp") or \
+                macro.startswith(".") and sections == SYNOPSIS:
             outline.append((number, re.sub(r"\bAr \S+", "Ar", line)))
         isExample = isExample or line.startswith(".Bd -literal")
     return outline

@@ -17,7 +17,7 @@ packages=(
   odbc-postgresql odbc-mariadb tdsodbc postgresql mariadb-server
   # what checks the man page, the desktop entry and the file type of tdprint
   man-db desktop-file-utils shared-mime-info
-  # the example that prints from Python
+  # the example that prints from Python, and the check of the docs
   python3
   # what the tests and benchmarks are written with, and what they read the results with
   libgtest-dev libbenchmark-dev poppler-utils zbar-tools imagemagick chromium sqlite3 xvfb

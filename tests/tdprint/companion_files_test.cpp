@@ -123,12 +123,14 @@ TEST_F(TdprintCompanions, TheManPageNamesNothingThatTheProgramDoesNotKnow) {
   }
 }
 
-TEST_F(TdprintCompanions, TheManPageIsSetWithoutWarnings) {
-  const ProgramResult result = Run({"env", "LC_ALL=C.UTF-8", "MANPAGER=cat", "man", "--warnings",
-                                    "--encoding=UTF-8", "--local-file", kFiles / "tdprint.1"});
-  EXPECT_EQ(result.status, 0);
-  EXPECT_EQ(result.err, "");
-  EXPECT_NE(result.out.find("销售出库单A4"), std::string::npos);
+TEST_F(TdprintCompanions, TheManPagesAreSetWithoutWarnings) {
+  for (const char* page : {"tdprint.1", "tdprint.zh_CN.1"}) {
+    const ProgramResult result = Run({"env", "LC_ALL=C.UTF-8", "MANPAGER=cat", "man", "--warnings",
+                                      "--encoding=UTF-8", "--local-file", kFiles / page});
+    EXPECT_EQ(result.status, 0) << page;
+    EXPECT_EQ(result.err, "") << page;
+    EXPECT_NE(result.out.find("销售出库单A4"), std::string::npos) << page;
+  }
 }
 
 TEST_F(TdprintCompanions, CommandsAndOptionsAreCompleted) {
