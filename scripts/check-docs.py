@@ -4,8 +4,9 @@
     scripts/check-docs.py [ROOT]
 
 - Every relative link of every page leads to a file and, where it names one, to a heading.
-- A page X.md and its Chinese twin X.zh-CN.md have the same headings, tables, code blocks, lists,
-  pictures and links; only the words differ, and in code the comments.
+- Emphasis ends where it is meant to.
+- A page X.md and its Chinese twin X.zh-CN.md have the same headings, paragraphs, tables, code blocks,
+  lists, pictures and links; only the words differ, and in code the comments.
 - The pages that clerks, administrators and programmers read have a twin.
 - The man page and its Chinese twin have the same sections, options and examples.
 - The newest version among the changes is that of the project.
@@ -33,6 +34,7 @@ Table = collections.namedtuple("Table", "rows line")
 
 CODE = re.compile(r"(`+)(.+?)\1")
 LINK = re.compile(r"(!?)\[([^\]]*)\]\(([^)\s]*)\)")  # the words may go on in the next line
+EMPHASIS = re.compile(r"\*\*(.+?)\*\*", re.DOTALL)
 COMMENT = re.compile(r"(^|\s+)((#|//|--)\s.*|/\*.*\*/)$")
 
 
@@ -46,18 +48,27 @@ def anchor(heading):
     return re.sub(r"[^\w\- ]", "", words).replace(" ", "-")
 
 
+def is_letter(text):
+    return bool(re.match(r"\w", text))
+
+
+def is_sign(text):
+    return bool(re.match(r"[^\w\s]", text))
+
+
 class Page:
     def __init__(self, root, name):
         self.name = name
         self.levels, self.anchors = [], []
         self.tables, self.code, self.links = [], [], []
-        self.items = 0
+        self.unclosed = []
+        self.items, self.paragraphs = 0, [0]  # the latter below each heading
         with open(os.path.join(root, name), encoding="utf-8") as file:
             self._read(file.read().split("\n"))
 
     def _read(self, lines):
         seen = collections.Counter()
-        fence, isInTable = None, False
+        fence, isInTable, isInText = None, False, False
         prose = [""] * len(lines)
         for number, line in enumerate(lines, 1):
             opening = re.match(r" *(```+)(.*)$", line)
@@ -70,6 +81,7 @@ class Page:
             if opening:
                 fence = opening[1]
                 self.code.append(CodeBlock(opening[2].strip(), [], number))
+                isInText = False
                 continue
             if line.startswith("|"):
                 if not isInTable:
@@ -80,11 +92,20 @@ class Page:
             if heading:
                 name = anchor(heading[2])
                 self.levels.append(len(heading[1]))
+                self.paragraphs.append(0)
                 self.anchors.append(f"{name}-{seen[name]}" if seen[name] else name)
                 seen[name] += 1
-            self.items += bool(re.match(r" *(-|\d+\.) ", line))
+            item = re.match(r" *(-|\d+\.) ", line)
+            self.items += bool(item)
+            isText = bool(line.strip()) and not isInTable and not heading
+            self.paragraphs[-1] += isText and not isInText and not item
+            isInText = isText
             prose[number - 1] = CODE.sub("", line)
         text = "\n".join(prose)
+        for bold in EMPHASIS.finditer(text):
+            before, after = text[bold.start() - 1:bold.start()], text[bold.end():bold.end() + 1]
+            if is_sign(bold[1][0]) and is_letter(before) or is_sign(bold[1][-1]) and is_letter(after):
+                self.unclosed.append(text.count("\n", 0, bold.start()) + 1)
         for link in LINK.finditer(text):
             self.links.append(Link(link[3], link[1] == "!", text.count("\n", 0, link.start()) + 1))
 
@@ -126,9 +147,15 @@ class Check:
             elif heading and heading not in self.pages[target].anchors:
                 self.complain(page.name, link.line, f"{target} has no heading {heading}")
 
+    def check_emphasis(self, page):
+        for line in page.unclosed:
+            self.complain(page.name, line, "** between a sign inside and a letter outside is no emphasis")
+
     def check_twins(self, page, twin):
         if page.levels != twin.levels:
             self.complain(twin.name, 1, f"the headings' levels are {twin.levels}, in {page.name} {page.levels}")
+        elif page.paragraphs != twin.paragraphs:
+            self.complain(twin.name, 1, f"the headings have {twin.paragraphs} paragraphs, in {page.name} {page.paragraphs}")
         if page.items != twin.items:
             self.complain(twin.name, 1, f"the lists have {twin.items} items, in {page.name} {page.items}")
         self._compare_tables(page, twin)
@@ -223,6 +250,7 @@ class Check:
                 self.complain(name, 1, "the page has no Chinese twin")
         for name, page in sorted(self.pages.items()):
             self.check_links(page)
+            self.check_emphasis(page)
             original = name.replace(TWIN, ".md")
             if name != original and original in self.pages:
                 self.check_twins(self.pages[original], page)

@@ -37,6 +37,8 @@ plant docs/embedding.zh-CN.md 's/^td::Printer printer\(own\);/td::Printer printe
   "the code differs from that at docs/embedding.md"
 plant docs/clerks.zh-CN.md '/^!\[套打设置\]/d' "images/settings.png', -1) of docs/clerks.md is missing"
 plant docs/clerks.zh-CN.md '/^2\. /d' "the lists have"
+plant docs/clerks.zh-CN.md '/^长度单位是缇/d' "paragraphs, in docs/clerks.md"
+plant docs/clerks.zh-CN.md 's/都有效\*\*。按/都有效。**按/' "is no emphasis"
 plant docs/formats.zh-CN.md 's|format-pictures\.zh-CN\.md|format-pictures.md|' \
   "leads to the page in the other language"
 plant docs/formats.zh-CN.md 's|#总页数放在哪里|#图像|' "of docs/formats.md is missing"
