@@ -25,31 +25,31 @@ struct Number {
   std::int64_t is, published;
 };
 
-// NOLINTBEGIN(cppcoreguidelines-macro-usage): each line names a thing and writes the name down.
-#define NUMBER(name, published) \
-  Number {                      \
-#name, name, published      \
-  }
-#define RESULT(name, published)                          \
-  Number {                                               \
-#name, static_cast < std::uint32_t>(name), published \
-  }
-#define SIZE(Type, published)      \
-  Number {                         \
-#Type, sizeof(Type), published \
-  }
-#define PLACE(Type, member, published)                   \
-  Number {                                               \
-#Type "." #member, offsetof(Type, member), published \
-  }
-// The order of a table's operations, and their arguments, the object itself left out.
-#define OPERATION(Table, Self, name, place, ...)                                          \
-  Number {                                                                                \
-#Table "." #name, static_cast < std::int64_t>(offsetof(Table, name) / sizeof(void*)), \
-        std::is_same_v < decltype(Table::name),                                           \
-        TdResult(TD_CALL*)(Self * __VA_OPT__(, ) __VA_ARGS__)> ? place : -1               \
-  }
-// NOLINTEND(cppcoreguidelines-macro-usage)
+template <class Self, class... Arguments>
+using Operation = TdResult(TD_CALL*)(Self*, Arguments...);
+
+// Where an operation stands in its table; -1 if it takes other arguments than are published.
+template <class Published, class Declared>
+constexpr std::int64_t PlaceInTable(std::size_t offset) {
+  return std::is_same_v<Published, Declared> ? static_cast<std::int64_t>(offset / sizeof(void*))
+                                             : -1;
+}
+
+constexpr Number Line(const char* name, std::int64_t is, std::int64_t published) {
+  return {name, is, published};
+}
+
+// Each line names a thing once, and keeps the name for the message.
+#define NUMBER(name, published) Line(#name, name, published)
+#define RESULT(name, published) Line(#name, static_cast<std::uint32_t>(name), published)
+#define SIZE(Type, published) Line(#Type, sizeof(Type), published)
+#define PLACE(Type, member, published) Line(#Type "." #member, offsetof(Type, member), published)
+// The arguments are those behind the object itself.
+#define OPERATION(Table, Self, name, place, ...)                                        \
+  Line(#Table "." #name,                                                                \
+       PlaceInTable<Operation<Self __VA_OPT__(, ) __VA_ARGS__>, decltype(Table::name)>( \
+           offsetof(Table, name)),                                                      \
+       place)
 
 constexpr Number kResults[] = {
     RESULT(TD_OK, 0),
@@ -324,11 +324,29 @@ TEST_F(BinaryInterfaceByName, MembersHaveThePublishedNumbers) {
   rows->table->Release(rows);
 }
 
+std::string ContentOf(const std::string& file) {
+  std::stringstream content;
+  content << std::ifstream(std::string(QBTD_SOURCE_DIR "/server/") + file).rdbuf();
+  return content.str();
+}
+
+// The helper writes them down once more: it has no compiler that reads the header.
+TEST(BinaryInterface, TheHelperForPythonHasThePublishedResultCodes) {
+  const std::string helper = ContentOf("python/qbtdprinter/_structures.py");
+  std::size_t found = 0;
+  for (const Number& code : kResults) {
+    const std::string name = std::string(code.name).substr(std::string_view("TD_").size());
+    std::smatch line;
+    if (!std::regex_search(helper, line, std::regex("\n" + name + " = (\\w+)\n"))) continue;
+    ++found;
+    EXPECT_EQ(std::stoll(line[1], nullptr, 0), code.published) << name;
+  }
+  EXPECT_GE(found, 15U);
+}
+
 // Constants, structures and identifiers of the header; not the macros that only shorten it.
 std::set<std::string> DeclaredNames() {
-  std::stringstream text;
-  text << std::ifstream(QBTD_SOURCE_DIR "/server/interface/binary_interface.h").rdbuf();
-  const std::string header = text.str();
+  const std::string header = ContentOf("interface/binary_interface.h");
   const std::regex declaration(
       R"(#define (TD_\w+) [^\\\n]*\w|\b(TD_[A-Z0-9_]+) = |typedef struct (Td\w+) \{|TdGuid (kTd\w+) =)");
   std::set<std::string> names;
