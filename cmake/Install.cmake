@@ -69,3 +69,9 @@ install(FILES
   ${PROJECT_BINARY_DIR}/QbTdPrinterConfig.cmake
   ${PROJECT_BINARY_DIR}/QbTdPrinterConfigVersion.cmake
   DESTINATION ${package_folder})
+
+# The same for programs that are built without CMake.
+list(TRANSFORM libraries PREPEND "-l" OUTPUT_VARIABLE qbtd_linked)
+list(JOIN qbtd_linked " " qbtd_linked)
+configure_file(cmake/qbtdprinter.pc.in ${PROJECT_BINARY_DIR}/qbtdprinter.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/qbtdprinter.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

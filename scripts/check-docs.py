@@ -8,7 +8,7 @@
 - A page X.md and its Chinese twin X.zh-CN.md have the same headings, paragraphs, tables, code blocks,
   lists, pictures and links; only the words differ, and in code the comments.
 - The pages that clerks, administrators and programmers read have a twin.
-- The man page and its Chinese twin have the same sections, options and examples.
+- A man page and its Chinese twin have the same sections, options and examples.
 - The newest version among the changes is that of the project.
 """
 
@@ -24,7 +24,8 @@ MUST_HAVE_TWIN = [
         "barcodes-and-pictures", "clerks", "comparison", "databases", "embedding", "fonts",
         "format-pictures", "formats", "printers-and-paper", "versions")),
 ]
-MAN_PAGE, MAN_TWIN = "tools/tdprint/tdprint.1", "tools/tdprint/tdprint.zh_CN.1"
+MAN_PAGES = [("tools/tdprint/tdprint.1", "tools/tdprint/tdprint.zh_CN.1"),
+             ("tools/td_replay/td_replay.1", "tools/td_replay/td_replay.zh_CN.1")]
 SYNOPSIS = 2  # the second section
 LINES_BEFORE_TWIN_LINK = 12  # the way to the other language stands at the top
 
@@ -218,21 +219,21 @@ class Check:
             for way in only:
                 self.complain(other, 1, f"the link to {way} of {name} is missing")
 
-    def check_man_pages(self):
+    def check_man_pages(self, page, twin):
         outlines = []
-        for name in (MAN_PAGE, MAN_TWIN):
+        for name in (page, twin):
             try:
                 with open(os.path.join(self.root, name), encoding="utf-8") as file:
                     outlines.append(man_outline(file.read().split("\n")))
             except FileNotFoundError:
                 self.complain(name, 1, "there is no such man page")
                 return
-        for index, (entry, same) in enumerate(zip(*outlines)):
+        for entry, same in zip(*outlines):
             if entry[1] != same[1]:
-                self.complain(MAN_TWIN, same[0], f"{same[1]!r} stands where {MAN_PAGE}:{entry[0]} has {entry[1]!r}")
+                self.complain(twin, same[0], f"{same[1]!r} stands where {page}:{entry[0]} has {entry[1]!r}")
                 return
         if len(outlines[0]) != len(outlines[1]):
-            self.complain(MAN_TWIN, 1, "the page is shorter or longer than " + MAN_PAGE)
+            self.complain(twin, 1, f"the page is shorter or longer than {page}")
 
     def check_version(self):
         versions = []
@@ -254,7 +255,8 @@ class Check:
             original = name.replace(TWIN, ".md")
             if name != original and original in self.pages:
                 self.check_twins(self.pages[original], page)
-        self.check_man_pages()
+        for page, twin in MAN_PAGES:
+            self.check_man_pages(page, twin)
         self.check_version()
 
 

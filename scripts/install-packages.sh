@@ -15,10 +15,12 @@ packages=(
   cups cups-client printer-driver-cups-pdf
   # server databases: the drivers, and servers for the tests to start on loopback
   odbc-postgresql odbc-mariadb tdsodbc postgresql mariadb-server
-  # what checks the man page, the desktop entry and the file type of tdprint
-  man-db desktop-file-utils shared-mime-info
+  # what checks the man page, the desktop entry, the file type and the description of tdprint
+  man-db desktop-file-utils shared-mime-info appstream
   # the example that prints from Python, and the check of the docs
   python3
+  # what makes Debian packages, checks them, and makes the bare system that they are tried in
+  debhelper dh-python lintian mmdebstrap
   # what the tests and benchmarks are written with, and what they read the results with
   libgtest-dev libbenchmark-dev poppler-utils zbar-tools imagemagick chromium sqlite3 xvfb
 )
