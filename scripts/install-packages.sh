@@ -21,6 +21,8 @@ packages=(
   python3
   # what makes Debian packages, checks them, and makes the bare system that they are tried in
   debhelper dh-python lintian mmdebstrap
+  # what presses the keys where scripts/make-pictures.sh takes pictures of the windows
+  xdotool
   # what the tests and benchmarks are written with, and what they read the results with
   libgtest-dev libbenchmark-dev poppler-utils zbar-tools imagemagick chromium sqlite3 xvfb
 )
