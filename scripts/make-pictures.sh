@@ -7,9 +7,9 @@
 # docs/images/house.svg is drawn by hand.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-readonly tdprint=$(realpath "${1:-build/release}")/tools/tdprint/tdprint
-readonly images=$PWD/docs/images
-readonly work=$(mktemp -d)
+tdprint=$(realpath "${1:-build/release}")/tools/tdprint/tdprint
+work=$(mktemp -d)
+readonly tdprint work images=$PWD/docs/images
 PATH=$PATH:/usr/sbin:/sbin
 processes=()
 finish() {
