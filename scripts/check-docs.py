@@ -7,7 +7,7 @@
 - Emphasis ends where it is meant to.
 - A page X.md and its Chinese twin X.zh-CN.md have the same headings, paragraphs, tables, code blocks,
   lists, pictures and links; only the words differ, and in code the comments.
-- The pages that clerks, administrators and programmers read have a twin.
+- Pages that clerks, administrators and programmers read have a twin.
 - A man page and its Chinese twin have the same sections, options and examples.
 - The newest version among the changes is that of the project.
 """
@@ -18,23 +18,23 @@ import re
 import sys
 
 TWIN = ".zh-CN.md"
-MUST_HAVE_TWIN = [
-    "README.md",
+# Pages for those who work on the component; all others have a twin.
+ENGLISH_ONLY = {
+    "CHANGELOG.md", "CONTRIBUTING.md", "SECURITY.md",
     *(f"docs/{name}.md" for name in (
-        "barcodes-and-pictures", "clerks", "comparison", "databases", "embedding", "fonts",
-        "format-pictures", "formats", "printers-and-paper", "versions")),
-]
+        "architecture", "decisions", "developing", "hardening", "performance", "replay", "troubleshooting")),
+}
 MAN_PAGES = [("tools/tdprint/tdprint.1", "tools/tdprint/tdprint.zh_CN.1"),
              ("tools/td_replay/td_replay.1", "tools/td_replay/td_replay.zh_CN.1")]
 SYNOPSIS = 2  # the second section
 LINES_BEFORE_TWIN_LINK = 12  # the way to the other language stands at the top
 
-Link = collections.namedtuple("Link", "target isPicture line")
+Link = collections.namedtuple("Link", "target line")  # pictures are links, too
 CodeBlock = collections.namedtuple("CodeBlock", "language lines line")
 Table = collections.namedtuple("Table", "rows line")
 
 CODE = re.compile(r"(`+)(.+?)\1")
-LINK = re.compile(r"(!?)\[([^\]]*)\]\(([^)\s]*)\)")  # the words may go on in the next line
+LINK = re.compile(r"\[([^\]]*)\]\(([^)\s]*)\)")  # the words may go on in the next line
 EMPHASIS = re.compile(r"\*\*(.+?)\*\*", re.DOTALL)
 COMMENT = re.compile(r"(^|\s+)((#|//|--)\s.*|/\*.*\*/)$")
 
@@ -45,7 +45,7 @@ def cells(line):
 
 def anchor(heading):
     """The name by which a link finds a heading."""
-    words = LINK.sub(r"\2", heading).replace("`", "").strip().lower()
+    words = LINK.sub(r"\1", heading).replace("`", "").strip().lower()
     return re.sub(r"[^\w\- ]", "", words).replace(" ", "-")
 
 
@@ -69,7 +69,7 @@ class Page:
 
     def _read(self, lines):
         seen = collections.Counter()
-        fence, isInTable, isInText = None, False, False
+        fence, is_in_table, is_in_text = None, False, False
         prose = [""] * len(lines)
         for number, line in enumerate(lines, 1):
             opening = re.match(r" *(```+)(.*)$", line)
@@ -82,13 +82,13 @@ class Page:
             if opening:
                 fence = opening[1]
                 self.code.append(CodeBlock(opening[2].strip(), [], number))
-                isInText = False
+                is_in_text = False
                 continue
             if line.startswith("|"):
-                if not isInTable:
+                if not is_in_table:
                     self.tables.append(Table([], number))
                 self.tables[-1].rows.append(cells(line))
-            isInTable = line.startswith("|")
+            is_in_table = line.startswith("|")
             heading = re.match(r"(#+) +(.*)$", line)
             if heading:
                 name = anchor(heading[2])
@@ -98,17 +98,19 @@ class Page:
                 seen[name] += 1
             item = re.match(r" *(-|\d+\.) ", line)
             self.items += bool(item)
-            isText = bool(line.strip()) and not isInTable and not heading
-            self.paragraphs[-1] += isText and not isInText and not item
-            isInText = isText
+            is_text = bool(line.strip()) and not is_in_table and not heading
+            self.paragraphs[-1] += is_text and not is_in_text and not item
+            is_in_text = is_text
             prose[number - 1] = CODE.sub("", line)
-        text = "\n".join(prose)
+        self._read_prose("\n".join(prose))
+
+    def _read_prose(self, text):
         for bold in EMPHASIS.finditer(text):
             before, after = text[bold.start() - 1:bold.start()], text[bold.end():bold.end() + 1]
             if is_sign(bold[1][0]) and is_letter(before) or is_sign(bold[1][-1]) and is_letter(after):
                 self.unclosed.append(text.count("\n", 0, bold.start()) + 1)
         for link in LINK.finditer(text):
-            self.links.append(Link(link[3], link[1] == "!", text.count("\n", 0, link.start()) + 1))
+            self.links.append(Link(link[2], text.count("\n", 0, link.start()) + 1))
 
 
 class Check:
@@ -152,6 +154,13 @@ class Check:
         for line in page.unclosed:
             self.complain(page.name, line, "** between a sign inside and a letter outside is no emphasis")
 
+    def check_original(self, name):
+        original = name.replace(TWIN, ".md")
+        if original in self.pages:
+            self.check_twins(self.pages[original], self.pages[name])
+        else:
+            self.complain(name, 1, f"there is no {original}")
+
     def check_twins(self, page, twin):
         if page.levels != twin.levels:
             self.complain(twin.name, 1, f"the headings' levels are {twin.levels}, in {page.name} {page.levels}")
@@ -177,10 +186,10 @@ class Check:
                     self.complain(twin.name, other.line + index, f"the row has {len(same)} cells, "
                                                                  f"{page.name}:{table.line + index} {len(row)}")
                     continue
-                for cell, twinCell in zip(row, same):
-                    code, twinCode = (sorted(found[1] for found in CODE.findall(text)) for text in (cell, twinCell))
-                    if code != twinCode:
-                        self.complain(twin.name, other.line + index, f"the code in the table is {twinCode}, at "
+                for cell, twin_cell in zip(row, same):
+                    code, twin_code = (sorted(found[1] for found in CODE.findall(text)) for text in (cell, twin_cell))
+                    if code != twin_code:
+                        self.complain(twin.name, other.line + index, f"the code in the table is {twin_code}, at "
                                                                      f"{page.name}:{table.line + index} {code}")
 
     def _compare_code(self, page, twin):
@@ -188,15 +197,15 @@ class Check:
             self.complain(twin.name, 1, f"there are {len(twin.code)} code blocks, in {page.name} {len(page.code)}")
             return
         for block, other in zip(page.code, twin.code):
-            lines, twinLines = ([COMMENT.sub("", line).rstrip() for line in one.lines] for one in (block, other))
-            if block.language != other.language or lines != twinLines:
+            lines, twin_lines = ([COMMENT.sub("", line).rstrip() for line in one.lines] for one in (block, other))
+            if block.language != other.language or lines != twin_lines:
                 self.complain(twin.name, other.line, f"the code differs from that at {page.name}:{block.line}")
 
     def _compare_links(self, page, twin):
         ways = []
         for one, partner in ((page, twin), (twin, page)):
             found = collections.Counter()
-            hasTwinLink = False
+            has_twin_link = False
             for link in one.links:
                 place = self.resolve(one, link)
                 if place is None:
@@ -204,7 +213,7 @@ class Check:
                     continue
                 target, heading = place
                 if target == partner.name:
-                    hasTwinLink |= link.line <= LINES_BEFORE_TWIN_LINK
+                    has_twin_link |= link.line <= LINES_BEFORE_TWIN_LINK
                     continue
                 original = target.replace(TWIN, ".md")
                 language = original.replace(".md", TWIN) if one.name.endswith(TWIN) else original
@@ -212,7 +221,7 @@ class Check:
                     self.complain(one.name, link.line, f"{link.target} leads to the page in the other language")
                 anchors = self.pages[target].anchors if target in self.pages else []
                 found[original, anchors.index(heading) if heading in anchors else -1] += 1
-            if not hasTwinLink:
+            if not has_twin_link:
                 self.complain(one.name, 1, f"no link at the top leads to {partner.name}")
             ways.append(found)
         for only, name, other in ((ways[0] - ways[1], page.name, twin.name), (ways[1] - ways[0], twin.name, page.name)):
@@ -244,17 +253,16 @@ class Check:
             self.complain("CHANGELOG.md", 1, f"the newest version is {versions[1]}, that of the project {versions[0]}")
 
     def run(self):
-        for name in MUST_HAVE_TWIN:
-            if name not in self.pages:
-                self.complain(name, 1, "there is no such page")
-            elif name.replace(".md", TWIN) not in self.pages:
-                self.complain(name, 1, "the page has no Chinese twin")
+        for name in ENGLISH_ONLY - set(self.pages):
+            self.complain(name, 1, "there is no such page")
         for name, page in sorted(self.pages.items()):
             self.check_links(page)
             self.check_emphasis(page)
-            original = name.replace(TWIN, ".md")
-            if name != original and original in self.pages:
-                self.check_twins(self.pages[original], page)
+            if name.endswith(TWIN):
+                self.check_original(name)
+            elif (name in ENGLISH_ONLY) == (name.replace(".md", TWIN) in self.pages):
+                self.complain(name, 1, "the page has a Chinese twin, and stands in the list of those without"
+                              if name in ENGLISH_ONLY else "the page has no Chinese twin")
         for page, twin in MAN_PAGES:
             self.check_man_pages(page, twin)
         self.check_version()
@@ -262,19 +270,19 @@ class Check:
 
 def man_outline(lines):
     """What must be equal in both languages: sections, entries but for the names of values, examples."""
-    outline, sections, isExample = [], 0, False
+    outline, sections, is_example = [], 0, False
     for number, line in enumerate(lines, 1):
         macro = line.split(" ")[0]
-        isExample = isExample and macro != ".Ed"
+        is_example = is_example and macro != ".Ed"
         sections += macro == ".Sh"
-        if isExample:
+        if is_example:
             outline.append((number, COMMENT.sub("", line).rstrip()))
         elif macro == ".Sh":
             outline.append((number, macro))
         elif macro in (".Dd", ".Dt", ".Ss", ".It", ".Bl", ".El", ".Bd", ".Ed", ".Pp") or \
                 macro.startswith(".") and sections == SYNOPSIS:
             outline.append((number, re.sub(r"\bAr \S+", "Ar", line)))
-        isExample = isExample or line.startswith(".Bd -literal")
+        is_example = is_example or line.startswith(".Bd -literal")
     return outline
 
 
