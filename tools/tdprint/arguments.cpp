@@ -1,6 +1,7 @@
 #include "arguments.h"
 
 #include <CLI/CLI.hpp>
+#include <filesystem>
 #include <limits>
 
 #include "options_file.h"
@@ -58,6 +59,10 @@ std::string RefuseStandardOutput(const std::string& folder) {
 
 std::string StandardOutputForDash(const std::string& file) {
   return file == "-" ? "/dev/stdout" : file;
+}
+
+std::string RefuseOtherThanFolder(const std::string& folder) {
+  return std::filesystem::is_directory(folder) ? "" : "there is no such folder";
 }
 
 constexpr int kLargest = std::numeric_limits<std::int16_t>::max();
@@ -233,7 +238,7 @@ void DescribeImportFormat(CLI::App& command, ImportFormatArguments& arguments) {
   command
       .add_option("--pictures", arguments.pictures,
                   "Folder to put the pictures of the file into (without it: they stay in the file)")
-      ->check(CLI::ExistingDirectory)
+      ->check(RefuseOtherThanFolder)
       ->type_name("FOLDER");
   command.add_option("file", arguments.file, "A file that export-format has written")
       ->required()
