@@ -221,10 +221,26 @@ std::vector<WantedItem> FindRows(const Format& base, const Format& wanted, const
   return found;
 }
 
-bool IsOfOthers(const Difference& difference) {
-  return difference.kind != DifferenceKind::kVariableAdded &&
-         difference.kind != DifferenceKind::kVariableRemoved &&
-         difference.kind != DifferenceKind::kVariableColumn;
+const Variable* VariableNamed(const std::vector<Variable>& variables, const std::string& caption) {
+  const auto found = std::ranges::find_if(
+      variables, [&](const Variable& one) { return one.Caption() == caption; });
+  return found == variables.end() ? nullptr : &*found;
+}
+
+bool IsOfVariables(const Difference& difference) {
+  return difference.kind == DifferenceKind::kVariableAdded ||
+         difference.kind == DifferenceKind::kVariableRemoved ||
+         difference.kind == DifferenceKind::kVariableColumn;
+}
+
+// Whether a save would write another value over that of somebody else's.
+bool IsVariableInDispute(const std::string& caption, const Format& base, const Format& wanted,
+                         const Format& now) {
+  if (!IsVariableWritten(base.variables, wanted.variables, caption)) return false;
+  const Variable* ours = VariableNamed(wanted.variables, caption);
+  const Variable* theirs = VariableNamed(now.variables, caption);
+  if (ours == nullptr || theirs == nullptr) return ours != theirs;
+  return ours->Name() != theirs->Name();
 }
 
 // What somebody else has changed of what a save would write.
@@ -232,15 +248,32 @@ std::vector<Difference> ForeignChanges(const Format& base, const Format& wanted,
                                        const Format& now) {
   std::vector<Difference> differences;
   for (Difference& difference : DifferencesOf(base, now)) {
-    const bool counts = IsOfOthers(difference) ||
-                        IsVariableWritten(base.variables, wanted.variables, difference.subject);
+    const bool counts =
+        !IsOfVariables(difference) || IsVariableInDispute(difference.subject, base, wanted, now);
     if (counts) differences.push_back(std::move(difference));
   }
   return differences;
 }
 
+// The variables that are wanted in their order, then what others have added. One that was removed
+// here and stays for another format's sake is none of this format.
+std::vector<Variable> InOrder(const std::vector<Variable>& stored, const Format& base,
+                              const Format& wanted) {
+  std::vector<Variable> ordered;
+  for (const Variable& variable : wanted.variables) {
+    const Variable* found = VariableNamed(stored, variable.Caption());
+    ordered.push_back(found == nullptr ? variable : *found);
+  }
+  for (const Variable& variable : stored) {
+    const bool isKnown = VariableNamed(wanted.variables, variable.Caption()) != nullptr ||
+                         VariableNamed(base.variables, variable.Caption()) != nullptr;
+    if (!isKnown) ordered.push_back(variable);
+  }
+  return ordered;
+}
+
 // The format as it stands in the tables, with the items' ids and in the order of `wanted`.
-Format Stored(Transaction& transaction, const Format& wanted, const Value& id,
+Format Stored(Transaction& transaction, const Format& base, const Format& wanted, const Value& id,
               std::vector<StoredRow> rows) {
   Format stored = ReadFormatById(transaction, id);
   if (const KnownColumn* lost = FirstLostColumn(FormatColumns(), wanted.row, stored.row)) {
@@ -253,6 +286,7 @@ Format Stored(Transaction& transaction, const Format& wanted, const Value& id,
                          .row = std::move(rows[i].known),
                          .others = std::move(rows[i].others)});
   }
+  stored.variables = InOrder(stored.variables, base, wanted);
   stored.lastItemId = wanted.lastItemId;
   return stored;
 }
@@ -268,7 +302,7 @@ Saved Write(Transaction& transaction, const Format& base, const Format& wanted,
   ItemWriter writer(transaction, id, items);
   std::vector<StoredRow> rows = writer.Write(FindRows(base, wanted, items, writer.KeyNames()));
   WriteVariables(transaction, billType, id, base.variables, wanted.variables);
-  return {Stored(transaction, wanted, id, std::move(rows))};
+  return {Stored(transaction, base, wanted, id, std::move(rows))};
 }
 
 FormatEntry EntryOf(const StoredRow& row, const Value& id) {
