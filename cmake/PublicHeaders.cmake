@@ -15,6 +15,7 @@ set(qbtd_public_headers
   adapters/page_document/paper.h
   adapters/qt/render/outputs.h
   adapters/qt/system/document_outcome.h
+  adapters/qt/system/message_boxes.h
   server/client/client.h
   server/client/recordsets.h
   server/interface/binary_interface.h

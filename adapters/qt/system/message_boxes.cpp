@@ -29,9 +29,13 @@ QMessageBox::Icon IconOf(int style) {
 
 void MessageBoxes::ShowBox(const std::string& text, int style) {
   ++shown_;
-  if (outcome_ != nullptr) ++outcome_->messages;
+  if (outcome_ != nullptr) {
+    ++outcome_->messages;
+    outcome_->texts.push_back(text);
+  }
+  if (mode_ == MessageMode::kCollected) return;
   const QString words = QString::fromStdString(text);
-  if (!boxesAllowed_ || !HasWindowSystem()) {
+  if (mode_ == MessageMode::kStandardError || !HasWindowSystem()) {
     std::fprintf(stderr, "%s\n", words.simplified().toUtf8().constData());
     return;
   }
