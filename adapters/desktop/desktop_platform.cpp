@@ -5,6 +5,7 @@
 #include "barcodes/barcode_settings.h"
 #include "desktop/databases.h"
 #include "desktop/lock_waits.h"
+#include "explanation/explainer.h"
 #include "platform/failure.h"
 #include "qt/pictures/qt_picture_files.h"
 #include "qt/system/application.h"
@@ -33,10 +34,18 @@ struct DesktopPlatform::Parts {
       : pictures(options.componentFolder),
         messages(options.messages, &outcome),
         windows({}, ReadBarcodeSettings(BarcodeSettingsFile()), messages) {
+    messages.PutPlace([this] { return PlaceText(CurrentPlace(), LanguageOfLocale()); });
     Put(std::move(options));
   }
 
+  [[nodiscard]] RunPlace CurrentPlace() const {
+    const bool explains = platform.witness == &explainer;
+    return explains ? explainer.CurrentPlace() : placeKeeper.CurrentPlace();
+  }
+
   void Put(DesktopOptions options) {
+    if (!options.explain) explainer.Clear();
+    platform.witness = options.explain ? &explainer : &placeKeeper;
     messages.PutMode(options.messages);
     lockWaits.Put({.seconds = options.lockWaitLimit, .goOn = std::move(options.onLockWait)});
     windows.PutSettings({.printer = std::move(options.printer),
@@ -58,6 +67,8 @@ struct DesktopPlatform::Parts {
   MessageBoxes messages;
   LocalMachine machine;
   QtWindows windows;
+  PlaceKeeper placeKeeper;
+  Explainer explainer;
   Platform platform{patientDatabases, pictures, messages, machine, windows};
 };
 
@@ -84,6 +95,14 @@ void DesktopPlatform::CancelPrint(const std::string& reason) {
 
 RecordsetRef DesktopPlatform::OpenReadOnly(const std::string& connection, const std::string& sql) {
   return parts_->lockWaits.Watch([&] { return parts_->databases.OpenReadOnly(connection, sql); });
+}
+
+Explanation DesktopPlatform::LastExplanation() const {
+  return parts_->explainer.Explain(parts_->databases);
+}
+
+RunPlace DesktopPlatform::CurrentPlace() const {
+  return parts_->CurrentPlace();
 }
 
 bool DesktopPlatform::HasDisplay() const {
