@@ -82,6 +82,14 @@ TEST(RunPlaces, TheHeadOfABillBelongsToItsFirstRow) {
   EXPECT_EQ(places[0].page, 2);
 }
 
+TEST(RunPlaces, AMessageOfTheWholeDocumentNamesNoPage) {
+  Scenario scenario;
+  scenario.Fault({{"on", "PrintDoc"}, {"number", 57}, {"description", "没有打印机"}});
+  const std::vector<RunPlace> places = PlacesOfMessages(scenario);
+  ASSERT_EQ(places.size(), 1U);
+  EXPECT_EQ(places[0], (RunPlace{.billType = 21, .format = "销售单"}));
+}
+
 TEST(RunPlaces, AMessageOfTheRunNamesItsFormatOrItsBillType) {
   Scenario missing;
   missing.Format({{"FSelected", 0}});
