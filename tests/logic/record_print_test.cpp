@@ -154,7 +154,7 @@ TEST(RecordPrint, ItsTextIsReadAgain) {
   const Json scenario = Application(Shop()).Record().scenario;
   const std::string text = recording::ScenarioText(scenario);
   EXPECT_EQ(recording::ParseScenario(text), scenario);
-  EXPECT_NE(text.find("\n        [1001,\"XD"), std::string::npos) << text;
+  EXPECT_NE(text.find("\n          [1001,\"XD"), std::string::npos) << text;
 }
 
 // What the masked scenario has in a column of the data.
