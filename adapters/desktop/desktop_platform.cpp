@@ -5,6 +5,7 @@
 #include "barcodes/barcode_settings.h"
 #include "desktop/databases.h"
 #include "desktop/lock_waits.h"
+#include "desktop/print_journal.h"
 #include "platform/failure.h"
 #include "qt/pictures/qt_picture_files.h"
 #include "qt/system/application.h"
@@ -13,6 +14,7 @@
 #include "qt/system/message_boxes.h"
 #include "qt/system/printers.h"
 #include "qt/system/qt_windows.h"
+#include "run_witnesses/witness_group.h"
 
 namespace td {
 namespace {
@@ -38,15 +40,22 @@ struct DesktopPlatform::Parts {
 
   void Put(DesktopOptions options) {
     messages.PutMode(options.messages);
+    journal.Put(
+        {.logFile = std::move(options.logFile), .onLogFailure = std::move(options.onLogFailure)});
     lockWaits.Put({.seconds = options.lockWaitLimit, .goOn = std::move(options.onLockWait)});
     windows.PutSettings({.printer = std::move(options.printer),
                          .stateDirectory = std::move(options.stateDirectory),
                          .documentSink = std::move(options.documentSink),
+                         .sinkTarget = std::move(options.sinkTarget),
                          .onPage = std::move(options.onPage),
                          .onPrinted = std::move(options.onPrinted),
                          .onComplaint = std::move(options.onComplaint),
                          .outcome = &outcome,
-                         .stop = &stop});
+                         .stop = &stop,
+                         .listener = journal.IsOn() ? &journal : nullptr});
+    witnesses = {};
+    if (journal.IsOn()) witnesses.Add(journal.Witness());
+    platform.witness = witnesses.OrNone();
   }
 
   Databases databases;
@@ -57,6 +66,8 @@ struct DesktopPlatform::Parts {
   QtPictureFiles pictures;
   MessageBoxes messages;
   LocalMachine machine;
+  PrintJournal journal{outcome, machine};
+  WitnessGroup witnesses;
   QtWindows windows;
   Platform platform{patientDatabases, pictures, messages, machine, windows};
 };
