@@ -2,6 +2,10 @@
 # nor a database library.
 set(qbtd_public_headers
   adapters/desktop/desktop_platform.h
+  adapters/explanation/explanation.h
+  adapters/explanation/explanation_text.h
+  adapters/explanation/language.h
+  adapters/explanation/run_place.h
   adapters/files/descriptor.h
   adapters/files/written_bytes.h
   adapters/memory_rows/column_names.h

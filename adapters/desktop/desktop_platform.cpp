@@ -6,6 +6,7 @@
 #include "desktop/databases.h"
 #include "desktop/lock_waits.h"
 #include "desktop/print_journal.h"
+#include "explanation/explainer.h"
 #include "platform/failure.h"
 #include "qt/pictures/qt_picture_files.h"
 #include "qt/system/application.h"
@@ -35,7 +36,12 @@ struct DesktopPlatform::Parts {
       : pictures(options.componentFolder),
         messages(options.messages, &outcome),
         windows({}, ReadBarcodeSettings(BarcodeSettingsFile()), messages) {
+    messages.PutPlace([this] { return PlaceText(CurrentPlace(), LanguageOfLocale()); });
     Put(std::move(options));
+  }
+
+  [[nodiscard]] RunPlace CurrentPlace() const {
+    return explains ? explainer.CurrentPlace() : placeKeeper.CurrentPlace();
   }
 
   void Put(DesktopOptions options) {
@@ -53,7 +59,14 @@ struct DesktopPlatform::Parts {
                          .outcome = &outcome,
                          .stop = &stop,
                          .listener = journal.IsOn() ? &journal : nullptr});
+    PutWitnesses(options.explain);
+  }
+
+  void PutWitnesses(bool withExplanation) {
+    explains = withExplanation;
+    if (!explains) explainer.Clear();
     witnesses = {};
+    witnesses.Add(explains ? explainer : placeKeeper);
     if (journal.IsOn()) witnesses.Add(journal.Witness());
     platform.witness = witnesses.OrNone();
   }
@@ -69,6 +82,9 @@ struct DesktopPlatform::Parts {
   PrintJournal journal{outcome, machine};
   WitnessGroup witnesses;
   QtWindows windows;
+  PlaceKeeper placeKeeper;
+  Explainer explainer;
+  bool explains = false;
   Platform platform{patientDatabases, pictures, messages, machine, windows};
 };
 
@@ -95,6 +111,14 @@ void DesktopPlatform::CancelPrint(const std::string& reason) {
 
 RecordsetRef DesktopPlatform::OpenReadOnly(const std::string& connection, const std::string& sql) {
   return parts_->lockWaits.Watch([&] { return parts_->databases.OpenReadOnly(connection, sql); });
+}
+
+Explanation DesktopPlatform::LastExplanation() const {
+  return parts_->explainer.Explain(parts_->databases);
+}
+
+RunPlace DesktopPlatform::CurrentPlace() const {
+  return parts_->CurrentPlace();
 }
 
 bool DesktopPlatform::HasDisplay() const {

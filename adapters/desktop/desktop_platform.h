@@ -16,6 +16,7 @@
 #include <optional>
 #include <string>
 
+#include "explanation/explanation.h"
 #include "platform/platform.h"
 #include "qt/system/document_outcome.h"
 #include "qt/system/message_boxes.h"
@@ -64,6 +65,10 @@ struct DesktopOptions {
   // Called when a document has gone whole to its printer, or to the sink: Printer::PrintOk is set
   // before that and stays when it fails.
   std::function<void()> onPrinted;
+
+  // Whether LastExplanation tells what becomes of the items of the format. A print then looks each
+  // column up twice.
+  bool explain = false;
 
   // Called with what a document goes on without, in words for those who look after the machine: a
   // paper code that nobody knows, a text that no barcode can carry. Once for each text and print
@@ -122,6 +127,14 @@ class DesktopPlatform {
   // document has none: no pages, not delivered. PrintOk says less: it is set before a document is
   // sent, and stays when that fails.
   [[nodiscard]] DocumentOutcome LastDocument() const;
+
+  // What became of each item of the format in the last run of a print or a preview, or in the one
+  // that goes on, and why. Nothing without the option `explain`. The items that no band came to are
+  // read now, with the connection text of the print.
+  [[nodiscard]] Explanation LastExplanation() const;
+
+  // Where the print is that runs: what a message or a complaint is about. Unknown otherwise.
+  [[nodiscard]] RunPlace CurrentPlace() const;
 
   // How many messages there were so far, in whatever way they were shown.
   [[nodiscard]] int MessagesShown() const;

@@ -156,7 +156,8 @@ PrintRecord PrintJournal::Record(const std::string& result, double seconds) {
       .complaints = {},
       .seconds = seconds};
   for (; loggedMessages_ < outcome_.texts.size(); ++loggedMessages_) {
-    record.messages.push_back({secrets.Mask(outcome_.texts[loggedMessages_]), {}});
+    record.messages.push_back({secrets.Mask(outcome_.texts[loggedMessages_]),
+                               secrets.Mask(outcome_.places[loggedMessages_])});
   }
   for (; loggedComplaints_ < outcome_.complaints.size(); ++loggedComplaints_) {
     record.complaints.push_back(secrets.Mask(outcome_.complaints[loggedComplaints_]));

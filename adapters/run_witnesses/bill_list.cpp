@@ -1,22 +1,10 @@
 #include "run_witnesses/bill_list.h"
 
-#include "platform/failure.h"
-#include "text/conversions.h"
+#include <utility>
+
+#include "explanation/place_keeper.h"
 
 namespace td {
-namespace {
-
-// Empty where the row has no such value. Print data is the program's and may fail in any way.
-std::string TextIn(Recordset& row, std::string_view column) {
-  try {
-    const Value* value = row.Find(column);
-    return value == nullptr || IsNull(*value) ? std::string() : ToText(*value);
-  } catch (const Failure&) {
-    return {};
-  }
-}
-
-}  // namespace
 
 void BillList::Clear() {
   connection_.clear();
@@ -36,8 +24,7 @@ void BillList::RunBegins(const WitnessedRun& run) {
 
 void BillList::RowBegins(std::int16_t /*number*/) {
   if (data_ == nullptr) return;
-  std::string bill = TextIn(*data_, "FBillNo");
-  if (bill.empty()) bill = TextIn(*data_, "FInterID");
+  std::string bill = BillOf(*data_);
   if (bill.empty() || bill == "0" || (!bills_.empty() && bills_.back() == bill)) return;
   if (known_.insert(bill).second) bills_.push_back(std::move(bill));
 }

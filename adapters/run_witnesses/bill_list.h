@@ -34,7 +34,7 @@ class BillList : public QuietWitness {
   std::string format_;
   std::vector<std::string> bills_;
   std::unordered_set<std::string> known_;  // those among the bills
-  Recordset* data_ = nullptr;  // of the run that goes on
+  Recordset* data_ = nullptr;              // of the run that goes on
 };
 
 }  // namespace td

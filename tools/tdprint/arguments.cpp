@@ -122,6 +122,17 @@ void DescribePrint(CLI::App& command, PrintArguments& arguments) {
       ->transform(StandardOutputForDash)
       ->type_name("FILE");
   output->require_option(0, 1);
+  command
+      .add_option_function<std::string>(
+          "--explain",
+          [&arguments](const std::string& file) {
+            arguments.explain = file.empty() ? "/dev/stderr" : StandardOutputForDash(file);
+          },
+          "Tell what became of each item of the format, and why, into a file, as JSON if its name "
+          "ends in .json (without FILE: standard error)")
+      ->expected(0, 1)
+      ->configurable(false)
+      ->type_name("FILE");
 
   command.footer(std::string(kPrintExamples) + "\n" + kExitStatusText);
 }

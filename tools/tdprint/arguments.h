@@ -24,6 +24,8 @@ struct PrintArguments {
   std::string pdf;   // a file; standard output has its path, too
   std::string png;   // a folder
   std::string html;  // as pdf
+  // Where the explanation of the print goes, a file as pdf; empty: none is asked for.
+  std::string explain;
 
   bool operator==(const PrintArguments&) const = default;
 };

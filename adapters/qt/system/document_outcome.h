@@ -26,6 +26,7 @@ struct DocumentOutcome {
   std::string reason;     // of a refusal, as it is shown
   int messages = 0;       // shown since the print call began, in whatever way
   std::vector<std::string> texts;       // of these messages, in their order
+  std::vector<std::string> places;      // where the print was at each of them, in words, or empty
   std::vector<std::string> complaints;  // what the document goes on without, in words
 
   // Whether all pages that were asked for have gone where they were to go.
@@ -41,6 +42,7 @@ inline void BeginOutcome(DocumentOutcome& outcome, int pages) {
   begun.pages = pages;
   begun.messages = outcome.messages;
   begun.texts = std::move(outcome.texts);
+  begun.places = std::move(outcome.places);
   begun.complaints = std::move(outcome.complaints);
   outcome = std::move(begun);
 }

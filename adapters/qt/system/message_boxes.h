@@ -1,7 +1,9 @@
 // Messages for the user.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "platform/platform.h"
 #include "qt/system/document_outcome.h"
@@ -23,6 +25,10 @@ class MessageBoxes : public Messages {
 
   void PutMode(MessageMode mode) { mode_ = mode; }
 
+  // Tells where a print is, in one line, or nothing: a line on standard error adds it to the text.
+  // A box doesn't, since the user of the box sees what is printed.
+  void PutPlace(std::function<std::string()> place) { place_ = std::move(place); }
+
   // The icon is that of the style's second hexadecimal digit: 1 stop, 2 question, 3 warning,
   // 4 information; any other style has none. The box bears the program's name.
   void ShowBox(const std::string& text, int style) override;
@@ -32,6 +38,7 @@ class MessageBoxes : public Messages {
  private:
   MessageMode mode_;
   DocumentOutcome* outcome_;
+  std::function<std::string()> place_;
   int shown_ = 0;
 };
 
