@@ -387,6 +387,9 @@ typedef struct TdSessionTable {
    * exception does so with its description. Null: nobody is called. The session keeps a reference.
    */
   TdResult(TD_CALL* Progress)(TdSession* self, TdDispatch* NewValue);
+  /* Property put: whether Explanation tells what became of each item of the format. At first it
+   * doesn't: a print then looks each column up twice. */
+  TdResult(TD_CALL* Explain)(TdSession* self, TdFlag NewValue);
   /* Property put: the file to which a line is added for each print call; see the docs. Empty: none.
    * At first: the one in the environment variable QBTDPRINTER_LOG_FILE. */
   TdResult(TD_CALL* LogFile)(TdSession* self, TdString NewValue);
@@ -414,8 +417,15 @@ typedef struct TdSessionTable {
   TdResult(TD_CALL* MessageCount)(TdSession* self, int32_t* value);
   TdResult(TD_CALL* Message)(TdSession* self, int32_t Index, TdString* value);
   TdResult(TD_CALL* Messages)(TdSession* self, TdString* value);
+  /* Where the print was at a message: format, band, item, column, bill, row and page, as far as
+   * they are known, in the language of the process's locale. */
+  TdResult(TD_CALL* MessagePlace)(TdSession* self, int32_t Index, TdString* value);
   /* What the document goes on without, such as a paper code that nobody knows, in the same way. */
   TdResult(TD_CALL* Complaints)(TdSession* self, TdString* value);
+  /* What became of each item of the format, and why, with Explain; empty without. As lines for an
+   * administrator, in the language of the process's locale, and as a JSON object. */
+  TdResult(TD_CALL* Explanation)(TdSession* self, TdString* value);
+  TdResult(TD_CALL* ExplanationJson)(TdSession* self, TdString* value);
 } TdSessionTable;
 
 /* Shows the settings of a bill type's formats; returns when the dialog was closed. */

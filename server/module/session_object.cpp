@@ -28,9 +28,11 @@ enum MemberId : std::int32_t {
   kMessageMode,
   kLockWaitLimit,
   kProgress,
+  kExplain,
   kLogFile,
   kCancel,
   kMessage,
+  kMessagePlace,
   kDelivered,
   kResult,
   kReason,
@@ -40,7 +42,9 @@ enum MemberId : std::int32_t {
   kJobs,
   kMessageCount,
   kMessages,
-  kComplaints
+  kComplaints,
+  kExplanation,
+  kExplanationJson
 };
 
 constexpr int kNoSuchElement = 9;
@@ -85,7 +89,8 @@ std::int64_t FirstJob(const DocumentOutcome& outcome) {
 }
 
 // `id` is one of those from kDelivered on.
-Value Answer(std::int32_t id, const DocumentOutcome& outcome) {
+Value Answer(std::int32_t id, const SessionResult& result) {
+  const DocumentOutcome& outcome = result.document;
   switch (id) {
     case kDelivered:
       return outcome.IsDelivered();
@@ -105,8 +110,12 @@ Value Answer(std::int32_t id, const DocumentOutcome& outcome) {
       return static_cast<std::int64_t>(outcome.texts.size());
     case kMessages:
       return Joined(outcome.texts, '\n');
-    default:
+    case kComplaints:
       return Joined(outcome.complaints, '\n');
+    case kExplanation:
+      return result.explanation;
+    default:
+      return result.explanationJson;
   }
 }
 
@@ -150,9 +159,11 @@ class SessionObject final : public DispatchObject<SessionObject, TdSession> {
     if (isPrinting_) Component::Get().CancelPrint();
   }
   [[nodiscard]] Value Get(std::int32_t member) const {
-    return outcome_ ? Answer(member, *outcome_) : AnswerBefore(member);
+    return result_ ? Answer(member, *result_) : AnswerBefore(member);
   }
-  [[nodiscard]] const std::string& Message(std::int32_t index) const;
+  // `texts` of the last call, one for each message.
+  [[nodiscard]] const std::string& OfMessage(std::vector<std::string> DocumentOutcome::*texts,
+                                             std::int32_t index) const;
 
   // Runs a direct operation on the owner's thread.
   template <class Operation>
@@ -201,15 +212,20 @@ class SessionObject final : public DispatchObject<SessionObject, TdSession> {
   static TdResult TD_CALL DirectMessageMode(TdSession* self, std::int32_t NewValue);
   static TdResult TD_CALL DirectLockWaitLimit(TdSession* self, double NewValue);
   static TdResult TD_CALL DirectProgress(TdSession* self, TdDispatch* NewValue);
+  static TdResult TD_CALL DirectExplain(TdSession* self, TdFlag NewValue);
   static TdResult TD_CALL DirectLogFile(TdSession* self, TdString NewValue);
   static TdResult TD_CALL DirectCancel(TdSession* self);
   static TdResult TD_CALL DirectDelivered(TdSession* self, TdFlag* value);
-  static TdResult TD_CALL DirectMessage(TdSession* self, std::int32_t Index, TdString* value);
+  template <std::vector<std::string> DocumentOutcome::*texts>
+  static TdResult TD_CALL TextOfMessage(TdSession* self, std::int32_t Index, TdString* value) {
+    return GiveText(self, value,
+                    [Index](SessionObject& session) { return session.OfMessage(texts, Index); });
+  }
 
   static const TdSessionTable kTable;
 
   SessionSettings settings_;
-  std::optional<DocumentOutcome> outcome_;  // of the last call
+  std::optional<SessionResult> result_;  // of the last call
   std::atomic<bool> isPrinting_ = false;
   Use use_;
 };
@@ -232,6 +248,7 @@ const TdSessionTable SessionObject::kTable = {QueryInterface,
                                               DirectMessageMode,
                                               DirectLockWaitLimit,
                                               DirectProgress,
+                                              DirectExplain,
                                               DirectLogFile,
                                               DirectCancel,
                                               DirectDelivered,
@@ -242,9 +259,12 @@ const TdSessionTable SessionObject::kTable = {QueryInterface,
                                               NumberOfMember<kJobNumber>,
                                               TextOfMember<kJobs>,
                                               NumberOfMember<kMessageCount>,
-                                              DirectMessage,
+                                              TextOfMessage<&DocumentOutcome::texts>,
                                               TextOfMember<kMessages>,
-                                              TextOfMember<kComplaints>};
+                                              TextOfMessage<&DocumentOutcome::places>,
+                                              TextOfMember<kComplaints>,
+                                              TextOfMember<kExplanation>,
+                                              TextOfMember<kExplanationJson>};
 
 const Members& SessionObject::AllMembers() {
   // A property that holds an object may be written in either way.
@@ -263,6 +283,7 @@ const Members& SessionObject::AllMembers() {
       {"MessageMode", kMessageMode, TD_CALL_PUT, {"NewValue"}, 1},
       {"LockWaitLimit", kLockWaitLimit, TD_CALL_PUT, {"NewValue"}, 1},
       {"Progress", kProgress, kPutObject, {"NewValue"}, 1},
+      {"Explain", kExplain, TD_CALL_PUT, {"NewValue"}, 1},
       {"LogFile", kLogFile, TD_CALL_PUT, {"NewValue"}, 1},
       {"Cancel", kCancel, TD_CALL_METHOD, {}},
       {"Delivered", kDelivered, TD_CALL_GET, {}},
@@ -275,7 +296,10 @@ const Members& SessionObject::AllMembers() {
       {"MessageCount", kMessageCount, TD_CALL_GET, {}},
       {"Message", kMessage, kGetIndexed, {"Index"}, 1},
       {"Messages", kMessages, TD_CALL_GET, {}},
-      {"Complaints", kComplaints, TD_CALL_GET, {}}};
+      {"MessagePlace", kMessagePlace, kGetIndexed, {"Index"}, 1},
+      {"Complaints", kComplaints, TD_CALL_GET, {}},
+      {"Explanation", kExplanation, TD_CALL_GET, {}},
+      {"ExplanationJson", kExplanationJson, TD_CALL_GET, {}}};
   return members;
 }
 
@@ -291,7 +315,10 @@ void SessionObject::Call(std::int32_t member, const CallArguments& arguments, Td
       result = TdFlagVariant(Context().PrintOk ? 1 : 0);
       return;
     case kMessage:
-      result = VariantOf(Message(arguments.Integer32(0)));
+      result = VariantOf(OfMessage(&DocumentOutcome::texts, arguments.Integer32(0)));
+      return;
+    case kMessagePlace:
+      result = VariantOf(OfMessage(&DocumentOutcome::places, arguments.Integer32(0)));
       return;
     default:
       if (member < kMessage) return Put(member, arguments);
@@ -321,6 +348,9 @@ void SessionObject::Put(std::int32_t member, const CallArguments& arguments) {
     case kProgress:
       settings_.progress = arguments.Object(0);
       return;
+    case kExplain:
+      settings_.explain = arguments.Flag(0);
+      return;
     default:
       settings_.logFile = arguments.Text(0);
   }
@@ -330,7 +360,7 @@ void SessionObject::Print(PrintMethod method, PrintCall call) {
   RequireData(call);
   DesktopPlatform& desktop = Component::Get().Desktop();
   if (isPrinting_) throw RequestRunsFailure();
-  outcome_ = DocumentOutcome();
+  result_ = SessionResult();
   struct Printing {
     explicit Printing(std::atomic<bool>& on) : flag(on) { flag = true; }
     ~Printing() { flag = false; }
@@ -338,7 +368,7 @@ void SessionObject::Print(PrintMethod method, PrintCall call) {
     Printing& operator=(const Printing&) = delete;
     std::atomic<bool>& flag;
   } const printing(isPrinting_);
-  outcome_ = PrintInSession(desktop, settings_, method, std::move(call));
+  result_ = PrintInSession(desktop, settings_, method, std::move(call));
 }
 
 void SessionObject::SendTo(Output output, std::string target, double dotsPerInch) {
@@ -357,12 +387,13 @@ void SessionObject::PutLockWaitLimit(double seconds) {
   if (seconds >= 0) settings_.lockWaitLimit = seconds;
 }
 
-const std::string& SessionObject::Message(std::int32_t index) const {
-  const std::size_t count = outcome_ ? outcome_->texts.size() : 0;
+const std::string& SessionObject::OfMessage(std::vector<std::string> DocumentOutcome::*texts,
+                                            std::int32_t index) const {
+  const std::size_t count = result_ ? (result_->document.*texts).size() : 0;
   if (index < 1 || static_cast<std::size_t>(index) > count) {
     throw Failure(kNoSuchElement, "下标越界");
   }
-  return outcome_->texts[static_cast<std::size_t>(index) - 1];
+  return (result_->document.*texts)[static_cast<std::size_t>(index) - 1];
 }
 
 TdResult SessionObject::DoPrint(TdSession* self, TdFlag New_DoPrint, TdString New_PromptString,
@@ -420,6 +451,11 @@ TdResult SessionObject::DirectProgress(TdSession* self, TdDispatch* NewValue) {
   });
 }
 
+TdResult SessionObject::DirectExplain(TdSession* self, TdFlag NewValue) {
+  return RunOwned(
+      self, [NewValue](SessionObject& session) { session.settings_.explain = NewValue != 0; });
+}
+
 TdResult SessionObject::DirectLogFile(TdSession* self, TdString NewValue) {
   return RunOwned(self,
                   [&](SessionObject& session) { session.settings_.logFile = TextOf(NewValue); });
@@ -435,10 +471,6 @@ TdResult SessionObject::DirectDelivered(TdSession* self, TdFlag* value) {
   return RunOwned(self, [value](SessionObject& session) {
     if (std::get<bool>(session.Get(kDelivered))) *value = TD_TRUE_FLAG;
   });
-}
-
-TdResult SessionObject::DirectMessage(TdSession* self, std::int32_t Index, TdString* value) {
-  return GiveText(self, value, [Index](SessionObject& session) { return session.Message(Index); });
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <memory>
 #include <utility>
 
+#include "explanation/explanation_text.h"
 #include "module/program_progress.h"
 #include "module/remote_recordset.h"
 #include "page_document/page_document.h"
@@ -46,6 +47,7 @@ DesktopOptions OptionsOf(const SessionSettings& settings, const PrintCall& call,
   options.messages = settings.messages;
   if (settings.messages == MessageMode::kCollected) options.onComplaint = [](const auto&) {};
   options.lockWaitLimit = settings.lockWaitLimit;
+  options.explain = settings.explain;
   options.logFile = settings.logFile;
   if (settings.progress.Get() == nullptr) return options;
   const auto progress =
@@ -73,14 +75,21 @@ class OptionsOfACall {
 
 }  // namespace
 
-DocumentOutcome PrintInSession(DesktopPlatform& desktop, const SessionSettings& settings,
-                               PrintMethod method, PrintCall call) {
+SessionResult PrintInSession(DesktopPlatform& desktop, const SessionSettings& settings,
+                             PrintMethod method, PrintCall call) {
   // A call from within a print leaves that print its options.
   { const Turn isFree(desktop.Get()); }
   const OptionsOfACall options(desktop, OptionsOf(settings, call, desktop));
   const RecordsetRef rows = RecordsetOf(std::move(call.PrintData));
   Print(method, call, desktop.Get(), desktop.Limited(rows));
-  return desktop.LastDocument();
+  SessionResult result{
+      .document = desktop.LastDocument(), .explanation = {}, .explanationJson = {}};
+  if (settings.explain) {
+    const Explanation explanation = desktop.LastExplanation();
+    result.explanation = ExplanationText(explanation, LanguageOfLocale());
+    result.explanationJson = ExplanationJson(explanation);
+  }
+  return result;
 }
 
 }  // namespace td

@@ -18,15 +18,22 @@ struct SessionSettings {
   double dotsPerInch = 0;
   MessageMode messages = MessageMode::kAutomatic;
   std::optional<double> lockWaitLimit;
-  Reference<TdDispatch> progress;      // may be empty
+  Reference<TdDispatch> progress;  // may be empty
+  bool explain = false;
   std::optional<std::string> logFile;  // as DesktopOptions has it
 };
 
-// Prints under the settings, which the platform forgets with the call. Returns what became of the
-// document. Fails as the print call does, and with kInvalidProperty when the settings name a
-// printer that this machine doesn't have.
-[[nodiscard]] DocumentOutcome PrintInSession(DesktopPlatform& desktop,
-                                             const SessionSettings& settings, PrintMethod method,
-                                             PrintCall call);
+// What became of a call. The explanations are empty unless they were asked for.
+struct SessionResult {
+  DocumentOutcome document;
+  std::string explanation;
+  std::string explanationJson;
+};
+
+// Prints under the settings, which the platform forgets with the call. Fails as the print call
+// does, and with kInvalidProperty when the settings name a printer that this machine doesn't have.
+[[nodiscard]] SessionResult PrintInSession(DesktopPlatform& desktop,
+                                           const SessionSettings& settings, PrintMethod method,
+                                           PrintCall call);
 
 }  // namespace td

@@ -192,8 +192,39 @@ TEST_F(Session, CollectsMessagesInsteadOfShowingThem) {
   }
   Put("MessageMode", TdIntegerVariant(TD_MESSAGES_ON_STANDARD_ERROR));
   ExpectOk(PrintNames({"Rice"}, "没有"));
-  EXPECT_EQ(Messages(), "未指定套打格式，打印被取消！\n");
+  EXPECT_TRUE(Messages().starts_with("未指定套打格式，打印被取消！"));
   EXPECT_EQ(Number("MessageCount"), 1) << "of the last call alone";
+}
+
+TEST_F(Session, TellsWhereThePrintWasAtAMessage) {
+  Choose("ToPdf", pdf_);
+  Collect();
+  const auto data = OneValue("FName", []() -> TdVariant { throw Failure(7, "坏了"); });
+  ExpectOk(Print(session_.Get(), TestRows::Make(data).Get()));
+  ASSERT_EQ(Number("MessageCount"), 1);
+  OwnedVariant place;
+  TdVariant index = TdIntegerVariant(1);
+  EXPECT_EQ(TdCall(session_.Get(), "MessagePlace", &index, 1, &*place, nullptr), TD_OK);
+  const std::string words = TextOf(place->value.string);
+  for (const char* part : {"销售单", "品名", "FName"}) {
+    EXPECT_NE(words.find(part), std::string::npos) << words;
+  }
+}
+
+TEST_F(Session, ExplainsWhatBecameOfTheItems) {
+  Choose("ToPdf", pdf_);
+  ExpectOk(PrintNames({"Rice"}));
+  EXPECT_EQ(Text("Explanation"), "") << "nobody asked";
+  EXPECT_EQ(Text("ExplanationJson"), "");
+  Put("Explain", TdFlagVariant(1));
+  const auto data = NamedRows({"Rice"});
+  ExpectOk(Print(session_.Get(), TestRows::Make(data).Get(), "金额单"));
+  EXPECT_NE(Text("Explanation").find("FAmount"), std::string::npos) << Text("Explanation");
+  EXPECT_TRUE(Text("ExplanationJson").starts_with("{")) << Text("ExplanationJson");
+  EXPECT_NE(Text("ExplanationJson").find("FAmount"), std::string::npos);
+  Put("Explain", TdFlagVariant(0));
+  ExpectOk(PrintNames({"Rice"}));
+  EXPECT_EQ(Text("Explanation"), "");
 }
 
 TEST_F(Session, CollectsWhatTheDocumentGoesOnWithout) {
@@ -355,7 +386,7 @@ TEST_F(Session, LeavesThePrintersOfTheProgramAsTheyAre) {
   ExpectOk(PrintNames({"Rice"}));
   const auto printer = NewPrinter();
   ExpectOk(Print(printer.Get(), TestRows::Make(NamedRows({"Beans"})).Get()));
-  EXPECT_EQ(Messages(), "本机没有安装打印机，无法打印。\n");
+  EXPECT_TRUE(Messages().starts_with("本机没有安装打印机，无法打印。"));
   EXPECT_EQ(TextOfPdf(pdf_).find("Beans"), std::string::npos);
   EXPECT_TRUE(Delivered()) << "the session's last call is its own";
 }
@@ -457,6 +488,7 @@ TEST_F(DirectSession, ChoosesAndAnswersAsByName) {
   ASSERT_EQ(Table().MessageMode(direct_.Get(), TD_MESSAGES_COLLECTED), TD_OK);
   ASSERT_EQ(Table().LockWaitLimit(direct_.Get(), 5), TD_OK);
   ASSERT_EQ(Table().LogFile(direct_.Get(), log.Get()), TD_OK);
+  ASSERT_EQ(Table().Explain(direct_.Get(), TD_TRUE_FLAG), TD_OK);
   int pages = 0;
   const auto listener =
       Reference<TdDispatch>::Taking(new ListenerObject({.onPage =
@@ -482,6 +514,8 @@ TEST_F(DirectSession, ChoosesAndAnswersAsByName) {
   EXPECT_EQ(TextFrom(Table().PrinterName), "");
   EXPECT_EQ(TextFrom(Table().Complaints), "");
   EXPECT_TRUE(fs::exists(folder_.File("prints.log")));
+  EXPECT_NE(TextFrom(Table().Explanation), "");
+  EXPECT_TRUE(TextFrom(Table().ExplanationJson).starts_with("{"));
 
   ASSERT_EQ(PrintDirectly("没有"), TD_OK);
   EXPECT_EQ(TextFrom(Table().Result), "not printed");
@@ -490,6 +524,9 @@ TEST_F(DirectSession, ChoosesAndAnswersAsByName) {
   TdString message = nullptr;
   EXPECT_EQ(Table().Message(direct_.Get(), 1, &message), TD_OK);
   EXPECT_EQ(TextOf(message), "未指定套打格式，打印被取消！");
+  TdFreeString(message);
+  message = nullptr;
+  EXPECT_EQ(Table().MessagePlace(direct_.Get(), 1, &message), TD_OK);
   TdFreeString(message);
   message = nullptr;
   EXPECT_EQ(Table().Message(direct_.Get(), 2, &message), TD_RESULT_OF_NUMBER(9));

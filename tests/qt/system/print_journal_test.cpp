@@ -90,6 +90,8 @@ TEST_F(PrintJournalTest, ARefusalHasItsReasonAndItsMessage) {
   EXPECT_EQ(record.reason, "磁盘空间不足");
   ASSERT_EQ(record.messages.size(), 1U);
   EXPECT_EQ(record.messages[0].text, "磁盘空间不足");
+  EXPECT_NE(record.messages[0].place.find("两行订单"), std::string::npos) << "and where";
+  EXPECT_NE(record.messages[0].place.find("XD-1"), std::string::npos);
   EXPECT_EQ(record.bills, (std::vector<std::string>{"XD-1"}));
 }
 
