@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "options_file.h"
+#include "print_log/log_time.h"
 
 namespace td {
 namespace {
@@ -46,6 +47,17 @@ constexpr const char* kRegistrationExitStatusText =
     "  1  it was not: the module isn't there, or others could change it or the registration\n"
     "  2  wrong usage\n";
 
+constexpr const char* kLogExamples =
+    "Examples:\n"
+    "  tdprint log --bill XD-2403-0002\n"
+    "  tdprint log --since 2024-03-01 --until \"2024-03-01 12:00\" --json prints.log\n";
+
+constexpr const char* kLogExitStatusText =
+    "Exit status:\n"
+    "  0  prints were found\n"
+    "  1  none was found, or a log can't be read\n"
+    "  2  wrong usage\n";
+
 // An empty name is mostly a shell's variable that isn't set: without this the document would go to
 // the printer that the format chooses.
 std::string RefuseEmpty(const std::string& name) {
@@ -54,6 +66,10 @@ std::string RefuseEmpty(const std::string& name) {
 
 std::string RefuseStandardOutput(const std::string& folder) {
   return folder == "-" ? "standard output is no folder; --pdf - and --html - go there" : "";
+}
+
+std::string RefuseOtherThanTime(const std::string& text) {
+  return ParseTimeSpan(text) ? "" : text + " is no time such as 2024-03-01 or \"2024-03-01 09:30\"";
 }
 
 std::string StandardOutputForDash(const std::string& file) {
@@ -134,6 +150,14 @@ void DescribePrint(CLI::App& command, PrintArguments& arguments) {
       ->configurable(false)
       ->type_name("FILE");
 
+  command
+      .add_option("--log", arguments.log,
+                  "Add a line about the print to this file (without it: to the file that "
+                  "QBTDPRINTER_LOG_FILE names, if it does)")
+      ->configurable(false)
+      ->check(RefuseEmpty)
+      ->type_name("FILE");
+
   command.footer(std::string(kPrintExamples) + "\n" + kExitStatusText);
 }
 
@@ -194,6 +218,37 @@ void DescribeRegistration(CLI::App& command, std::string& module) {
   command.footer(kRegistrationExitStatusText);
 }
 
+void DescribeLog(CLI::App& command, LogArguments& arguments) {
+  command.add_option("--bill", arguments.bill, "Number of a bill")
+      ->check(RefuseEmpty)
+      ->type_name("NO");
+  command.add_option("--type", arguments.billType, "Bill type number")
+      ->check(CLI::Range(-kLargest - 1, kLargest))
+      ->type_name("N");
+  command.add_option("--format", arguments.format, "Name of a format")
+      ->check(RefuseEmpty)
+      ->type_name("NAME");
+  command.add_option("--printer", arguments.printer, "Name of a printer")
+      ->check(RefuseEmpty)
+      ->type_name("NAME");
+  command.add_option("--user", arguments.user, "Who printed")
+      ->check(RefuseEmpty)
+      ->type_name("NAME");
+  command
+      .add_option("--since", arguments.since,
+                  "First day, minute or second: 2024-03-01 or \"2024-03-01 09:30\"")
+      ->check(RefuseOtherThanTime)
+      ->type_name("TIME");
+  command
+      .add_option("--until", arguments.until, "Last day, minute or second, with the whole of it")
+      ->check(RefuseOtherThanTime)
+      ->type_name("TIME");
+  command.add_flag("--json", arguments.asJson, "The lines as they stand in the log");
+  command.add_option("FILE", arguments.files,
+                     "Logs (without it: the one that QBTDPRINTER_LOG_FILE names)");
+  command.footer(std::string(kLogExamples) + "\n" + kLogExitStatusText);
+}
+
 }  // namespace
 
 Command ParseArguments(int argc, const char* const* argv) {
@@ -243,6 +298,11 @@ Command ParseArguments(int argc, const char* const* argv) {
       app.add_subcommand("unregister", "Remove what register has written");
   DescribeRegistration(*unregisterCommand, unregistration.module);
 
+  LogArguments log;
+  CLI::App* logCommand =
+      app.add_subcommand("log", "Look up in a print log who printed what, when and where");
+  DescribeLog(*logCommand, log);
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -256,6 +316,7 @@ Command ParseArguments(int argc, const char* const* argv) {
   if (sampleSqlCommand->parsed()) return sampleSql;
   if (registerCommand->parsed()) return registration;
   if (unregisterCommand->parsed()) return unregistration;
+  if (logCommand->parsed()) return log;
   return demo;
 }
 

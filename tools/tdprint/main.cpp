@@ -4,6 +4,7 @@
 #include "arguments.h"
 #include "demo_command.h"
 #include "dialog_commands.h"
+#include "log_command.h"
 #include "print_command.h"
 #include "registration_commands.h"
 #include "sample_sql_command.h"
@@ -31,6 +32,9 @@ struct Runner {
   }
   td::ExitStatus operator()(const td::UnregisterArguments& arguments) const {
     return td::UnregisterModule(arguments);
+  }
+  td::ExitStatus operator()(const td::LogArguments& arguments) const {
+    return td::ShowLog(arguments);
   }
   td::ExitStatus operator()(td::ExitStatus status) const { return status; }
 };

@@ -28,7 +28,7 @@ _tdprint_value() {
     --db) _tdprint_database "$current" ;;
     --engine) _tdprint_words "sqlite postgresql mariadb sqlserver" "$current" ;;
     --printer) _tdprint_words "$(lpstat -e 2>/dev/null)" "$current" ;;
-    --config | --module | --pdf | --html) _tdprint_files "$current" ;;
+    --config | --module | --pdf | --html | --log) _tdprint_files "$current" ;;
     --png | --samples) _tdprint_folders "$current" ;;
     --out)
       if [ "$command" = demo ]; then
@@ -38,6 +38,7 @@ _tdprint_value() {
       fi
       ;;
     --type | --data | --format | --blank-rows) COMPREPLY=() ;;
+    --bill | --user | --since | --until) COMPREPLY=() ;;
     *) return 1 ;;
   esac
 }
@@ -46,7 +47,7 @@ _tdprint() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} options
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
-    _tdprint_words "print preview demo settings area-printers sample-sql register unregister --help \
+    _tdprint_words "print preview demo settings area-printers sample-sql register unregister log --help \
       --version" \
       "$current"
     return
@@ -64,13 +65,21 @@ _tdprint() {
   case ${COMP_WORDS[1]} in
     print | preview)
       options="--config --db --type --data --format --only-variant --blank-rows --by-area \
-        --printer --pdf --png --html"
+        --printer --pdf --png --html --log"
       ;;
     demo) options="--out --samples --printer" ;;
     settings) options="--db --type" ;;
     area-printers) options="--db" ;;
     sample-sql) options="--engine --only-schema --samples --out" ;;
     register | unregister) options="--module" ;;
+    log)
+      options="--bill --type --format --printer --user --since --until --json"
+      # The logs themselves have no option in front.
+      if [ "${current#-}" = "$current" ] && [ -n "$current" ]; then
+        _tdprint_files "$current"
+        return
+      fi
+      ;;
     *) options= ;;
   esac
   _tdprint_words "$options --help" "$current"
