@@ -115,7 +115,9 @@ void PrintJournal::WritePending() {
 void PrintJournal::CallEnds() {
   WritePending();
   const bool hasMore = loggedMessages_ < outcome_.texts.size();
-  if (hasLine_ && !hasMore) return;
+  // A window that is only made, as to ask for its printers, is no print.
+  const bool isOver = hasLine_ || !bills_.HasRun();
+  if (isOver && !hasMore) return;
   if (isPreview_) {
     Write(std::string(log_results::kPreviewed), making_);
   } else {

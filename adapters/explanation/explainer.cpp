@@ -112,8 +112,7 @@ void Explainer::StampKept(std::size_t place) {
   items_.KeepStamp(place);
 }
 
-void Explainer::StampWritten(std::size_t place, int page) {
-  PlaceKeeper::StampWritten(place, page);
+void Explainer::StampWritten(std::size_t place, int /*page*/) {
   items_.WriteStamp(place);
 }
 

@@ -19,6 +19,10 @@ std::string Millimetres(double twips) {
   return text.find('.') == std::string::npos ? text + ".0" : text;
 }
 
+bool HasCause(const std::vector<Reason>& reasons, Cause cause) {
+  return std::ranges::find(reasons, cause, &Reason::cause) != reasons.end();
+}
+
 // What tells of one explanation, line by line.
 class TextWriter {
  public:
@@ -84,6 +88,7 @@ class TextWriter {
 
   void WriteItem(const ExplainedItem& item) {
     for (const Reason& reason : item.leftOut) {
+      if (reason.cause == Cause::kNotVariable) continue;
       const std::string why = ReasonText(item, reason, language_);
       const int times = std::max(item.reached, reason.times);
       const std::string line = item.reached == 0
@@ -93,6 +98,7 @@ class TextWriter {
       ItemLine(item, WithFirst(line, reason.bill, reason.row, reason.page));
     }
     for (const Reason& reason : item.otherwise) {
+      if (reason.cause == Cause::kHeadIsOnSheet) continue;
       const std::string line =
           Fill(language_, words::kDrawnOtherwise, std::to_string(item.drawn),
                std::to_string(reason.times), ReasonText(item, reason, language_));
@@ -104,6 +110,13 @@ class TextWriter {
     }
   }
 
+  // What holds for many items at once is told once.
+  template <class Condition>
+  void WriteCount(const Sentence& sentence, const Condition& holds) {
+    const auto count = std::ranges::count_if(explanation_.items, holds);
+    if (count > 0) Line(Fill(language_, sentence, std::to_string(count)));
+  }
+
   void WriteItems() {
     std::vector<ExplainedItem> items = explanation_.items;
     std::ranges::stable_sort(items, {}, &ExplainedItem::band);
@@ -111,6 +124,12 @@ class TextWriter {
     if (!explanation_.unreadItems.empty()) {
       Line(Fill(language_, words::kItemsUnread, explanation_.unreadItems));
     }
+    WriteCount(words::kOnSheet, [](const ExplainedItem& item) {
+      return HasCause(item.leftOut, Cause::kNotVariable);
+    });
+    WriteCount(words::kHeadOnSheet, [](const ExplainedItem& item) {
+      return HasCause(item.otherwise, Cause::kHeadIsOnSheet);
+    });
     const auto asFormat = std::ranges::count_if(items, &ExplainedItem::IsAsTheFormatSays);
     Line(Fill(language_, words::kAllAsFormat, std::to_string(asFormat),
               std::to_string(items.size())));
@@ -152,9 +171,10 @@ class TextWriter {
       const std::string words = failure.column.empty() ? failure.description
                                                        : Fill(language_, words::kOfColumn,
                                                               failure.description, failure.column);
-      const std::string line = failure.isShown ? Fill(language_, words::kShown, words)
-                                               : Fill(language_, words::kPassedOver, words,
-                                                      std::to_string(failure.times));
+      const bool isOften = failure.times > 1;
+      const Sentence& shown = isOften ? words::kShownOften : words::kShown;
+      const std::string line = Fill(language_, failure.isShown ? shown : words::kPassedOver, words,
+                                    std::to_string(failure.times));
       const std::string place = PlaceText(failure.place, language_);
       Line(place.empty() ? line : Fill(language_, words::kAtPlace, line, place));
     }

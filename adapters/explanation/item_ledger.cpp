@@ -45,8 +45,6 @@ std::optional<Cause> Changes(Circumstance circumstance, const ExplainedItem& ite
     case Circumstance::kRepeatedCaption:
       if (hasVariable || item.caption.empty()) return std::nullopt;
       return Cause::kRepeatedCaption;
-    case Circumstance::kHeadIsOnSheet:
-      return Cause::kHeadIsOnSheet;
     case Circumstance::kSumIsNotKept:
       return Cause::kSumIsNotKept;
     case Circumstance::kQuantityNotComposed:
@@ -200,14 +198,20 @@ Reason ItemLedger::WhyNotDrawn(const Occasion& where) const {
     const bool isOfColumn = *cause == Cause::kNullInBox || *cause == Cause::kNullDirection;
     return ReasonAt(where, *cause, isOfColumn && null != nullptr ? null->column : std::string());
   }
-  if (!skipped_.empty()) return skipped_.back();
-  return ReasonAt(where, Cause::kFailedStep);
+  if (skipped_.empty()) return ReasonAt(where, Cause::kFailedStep);
+  const Reason& skipped = skipped_.back();
+  // A variable of the head without a column asks for one without a name.
+  const bool isNameless = skipped.cause == Cause::kMissingColumn && skipped.column.empty();
+  return isNameless ? ReasonAt(where, Cause::kUnknownVariable) : skipped;
 }
 
 void ItemLedger::AddRemarks(ExplainedItem& item, const Occasion& where) const {
   std::vector<Reason> remarks;
   for (const Circumstance circumstance : met_) {
     if (const auto cause = Changes(circumstance, item)) Count(remarks, ReasonAt(where, *cause));
+    if (circumstance != Circumstance::kHeadIsOnSheet) continue;
+    Count(item.otherwise, ReasonAt(where, Cause::kHeadIsOnSheet));
+    return;  // nothing else was wanted of the item
   }
   for (const Reason& skipped : skipped_) Count(remarks, skipped);
   for (const ReadColumnState& read : reads_) {

@@ -66,6 +66,13 @@ void PlaceKeeper::RunEnds() {
   kept_.reset();
 }
 
+void PlaceKeeper::PagesEnd() {
+  BandEnds();
+  place_.row = 0;
+  place_.page = 0;
+  bill_.clear();
+}
+
 void PlaceKeeper::PageBegins() {
   ++place_.page;
   place_.row = 0;
@@ -100,10 +107,6 @@ void PlaceKeeper::ItemBegins(Recordset& item) {
 void PlaceKeeper::ItemEnds() {
   item_ = nullptr;
   kept_.reset();
-}
-
-void PlaceKeeper::StampWritten(std::size_t /*place*/, int page) {
-  place_.page = page;
 }
 
 void PlaceKeeper::Ends(const Failure& /*failure*/) {

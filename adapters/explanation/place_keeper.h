@@ -17,6 +17,7 @@ class PlaceKeeper : public RunWitness {
   void RunBegins(const WitnessedRun& run) override;
   void FormatChosen(const std::string& name) override;
   void RunEnds() override;
+  void PagesEnd() override;
   void PageBegins() override;
   void GroupBreaks() override;
   void RowBegins(std::int16_t number) override;
@@ -31,7 +32,7 @@ class PlaceKeeper : public RunWitness {
   void Meets(Circumstance /*circumstance*/) override {}
   void ShowsSum(const double& /*sum*/) override {}
   void StampKept(std::size_t /*place*/) override {}
-  void StampWritten(std::size_t /*place*/, int page) override;
+  void StampWritten(std::size_t /*place*/, int /*page*/) override {}
   void Reads(Recordset& /*rows*/, std::string_view /*column*/) override {}
   void Forgives(const Failure& /*failure*/, bool /*isTest*/) override {}
   void TriesAgain(const Failure& /*failure*/) override {}

@@ -11,13 +11,13 @@ namespace td {
 // What isn't known is empty or 0.
 struct RunPlace {
   std::int16_t billType = 0;
-  std::string format;    // its name
-  int band = 0;          // 1 to 5 as in the tables; kFillerBand
-  std::string item;      // its label or its name
-  std::string variable;  // the column that it shows
-  std::string bill;      // FBillNo of the data, else FInterID
-  int row = 0;           // of the data, from 1
-  int page = 0;          // of the document, from 1
+  std::string format{};    // its name
+  int band = 0;            // 1 to 5 as in the tables; kFillerBand
+  std::string item{};      // its label or its name
+  std::string variable{};  // the column that it shows
+  std::string bill{};      // FBillNo of the data, else FInterID
+  int row = 0;             // of the data, from 1
+  int page = 0;            // of the document, from 1
 
   [[nodiscard]] bool IsKnown() const { return billType != 0 || !format.empty(); }
   bool operator==(const RunPlace&) const = default;

@@ -37,7 +37,7 @@ constexpr std::array kCauses = {
         {"the goods have no picture in t_icitem_Picture", "t_icitem_Picture 中没有该商品的图片"}},
     CauseWords{Cause::kUnknownVariable,
                "unknownVariable",
-               {"TDVariant has no FVarCaption {2} for this bill type, only the label is drawn",
+               {"TDVariant has no FVarCaption '{2}' for this bill type, only the label is drawn",
                 "TDVariant 中该单据类型没有 FVarCaption 为“{2}”的变量，只印标题"}},
     CauseWords{Cause::kUnknownImage,
                "unknownImage",

@@ -38,6 +38,12 @@ inline constexpr Sentence kAreaSummary{
     "格式“{0}”（单据类型 {1}）：{2} 页，{3} 行，{4} 个库区"};
 inline constexpr Sentence kAllAsFormat{"items drawn as the format says: {0} of {1}",
                                        "按格式印出的项：{1} 项中的 {0} 项"};
+inline constexpr Sentence kOnSheet{"items left out because only variable items were asked for: {0}",
+                                   "因只要求印变量项而未印出的项：{0} 项"};
+inline constexpr Sentence kHeadOnSheet{
+    "items of the head left empty because it is on the sheet already (blank rows at the start): "
+    "{0}",
+    "从空行起打印，纸上已有页眉，留空的项：{0} 项"};
 inline constexpr Sentence kItemsUnread{"the items that no band reached can't be read: {0}",
                                        "读不出未被印到的项：{0}"};
 
@@ -52,10 +58,10 @@ inline constexpr Sentence kPicture{"picture", "图片"};
 inline constexpr Sentence kNeverDrawn{"never drawn: {0}", "从未印出：{0}"};
 inline constexpr Sentence kNotDrawn{"not drawn {0} of {1} times: {2}",
                                     "{1} 次中有 {0} 次未印出：{2}"};
-inline constexpr Sentence kDrawnOtherwise{"drawn {0} times, {1} times so: {2}",
-                                          "印出 {0} 次，其中 {1} 次：{2}"};
-inline constexpr Sentence kDrawnEmpty{"drawn {0} times, {1} times as an empty text",
-                                      "印出 {0} 次，其中 {1} 次为空文本"};
+inline constexpr Sentence kDrawnOtherwise{"drawn, but {1} of {0} times: {2}",
+                                          "已印出，但 {0} 次中有 {1} 次：{2}"};
+inline constexpr Sentence kDrawnEmpty{"drawn, but {1} of {0} times as an empty text",
+                                      "已印出，但 {0} 次中有 {1} 次为空文本"};
 inline constexpr Sentence kFirst{"{0} (first: {1})", "{0}（首次：{1}）"};
 
 inline constexpr Sentence kMarkerRows{
@@ -72,6 +78,7 @@ inline constexpr Sentence kArea{"stock area {0}: rows {1}, marker rows {2}, rows
 inline constexpr Sentence kPageWithoutRows{"page {0} has no row", "第 {0} 页没有数据行"};
 
 inline constexpr Sentence kShown{"message: {0}", "提示：{0}"};
+inline constexpr Sentence kShownOften{"message, {1} times: {0}", "提示（{1} 次）：{0}"};
 inline constexpr Sentence kPassedOver{"passed over {1} times: {0}", "忽略 {1} 次：{0}"};
 inline constexpr Sentence kOfColumn{"{0}, column {1}", "{0}，列 {1}"};
 inline constexpr Sentence kAtPlace{"{0} ({1})", "{0}（{1}）"};

@@ -7,6 +7,7 @@
 namespace td {
 
 void BillList::Clear() {
+  hasRun_ = false;
   connection_.clear();
   billType_ = 0;
   format_.clear();
@@ -16,6 +17,7 @@ void BillList::Clear() {
 
 void BillList::RunBegins(const WitnessedRun& run) {
   Clear();
+  hasRun_ = true;
   connection_ = run.connection;
   billType_ = run.billType;
   format_ = run.format;

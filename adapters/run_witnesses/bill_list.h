@@ -12,6 +12,7 @@ namespace td {
 // Keeps what the last run was asked for, and the bills of its rows.
 class BillList : public QuietWitness {
  public:
+  [[nodiscard]] bool HasRun() const { return hasRun_; }
   // Of the last run; empty before the first one.
   [[nodiscard]] const std::string& Connection() const { return connection_; }
   [[nodiscard]] std::int16_t BillType() const { return billType_; }
@@ -29,6 +30,7 @@ class BillList : public QuietWitness {
   void RowBegins(std::int16_t number) override;
 
  private:
+  bool hasRun_ = false;
   std::string connection_;
   std::int16_t billType_ = 0;
   std::string format_;

@@ -11,6 +11,7 @@ class QuietWitness : public RunWitness {
   void FormatChosen(const std::string& /*name*/) override {}
   void RunEnds() override {}
   void PageBegins() override {}
+  void PagesEnd() override {}
   void GroupBreaks() override {}
   void RowBegins(std::int16_t /*number*/) override {}
   void RowIsMarker() override {}

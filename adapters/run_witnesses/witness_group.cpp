@@ -23,6 +23,10 @@ void WitnessGroup::PageBegins() {
   for (RunWitness* member : members_) member->PageBegins();
 }
 
+void WitnessGroup::PagesEnd() {
+  for (RunWitness* member : members_) member->PagesEnd();
+}
+
 void WitnessGroup::GroupBreaks() {
   for (RunWitness* member : members_) member->GroupBreaks();
 }

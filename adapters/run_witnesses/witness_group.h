@@ -19,6 +19,7 @@ class WitnessGroup : public RunWitness {
   void FormatChosen(const std::string& name) override;
   void RunEnds() override;
   void PageBegins() override;
+  void PagesEnd() override;
   void GroupBreaks() override;
   void RowBegins(std::int16_t number) override;
   void RowIsMarker() override;

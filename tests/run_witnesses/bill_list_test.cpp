@@ -20,7 +20,9 @@ BillList ListOf(const Scenario& scenario) {
 TEST(BillList, KnowsTheRequestAndTheFormatThatWasFound) {
   Scenario scenario;
   scenario.Print();
+  EXPECT_FALSE(BillList().HasRun());
   const BillList list = ListOf(scenario);
+  EXPECT_TRUE(list.HasRun());
   EXPECT_NE(list.Connection(), "");
   EXPECT_EQ(list.BillType(), 21);
   EXPECT_EQ(list.Format(), "销售单") << "none was asked for by name";

@@ -34,6 +34,15 @@ struct PrintArguments {
   bool operator==(const PrintArguments&) const = default;
 };
 
+// Writes down what a print reads, as a scenario.
+struct RecordArguments {
+  PrintArguments print;  // without outputs
+  bool mask = false;     // other values of the same kind in the data
+  std::string out;       // a file; empty: standard output
+
+  bool operator==(const RecordArguments&) const = default;
+};
+
 struct DemoArguments {
   std::string out = "out";
   std::string samples;  // folder of the sample's SQL files; empty: where they were installed
@@ -98,8 +107,8 @@ struct LogArguments {
 
 // What to do, or the status to end with: help was shown, or the usage is wrong and said so.
 using Command = std::variant<PrintArguments, DemoArguments, SettingsArguments,
-                             AreaPrintersArguments, SampleSqlArguments, RegisterArguments,
-                             UnregisterArguments, LogArguments, ExitStatus>;
+                             AreaPrintersArguments, SampleSqlArguments, RecordArguments,
+                             RegisterArguments, UnregisterArguments, LogArguments, ExitStatus>;
 
 Command ParseArguments(int argc, const char* const* argv);
 

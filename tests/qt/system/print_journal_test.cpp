@@ -103,6 +103,12 @@ TEST_F(PrintJournalTest, APreviewThatCannotBeShownIsNotPrinted) {
   EXPECT_EQ(Records()[0].messages.size(), 1U);
 }
 
+TEST_F(PrintJournalTest, AWindowThatIsOnlyMadeIsNoPrint) {
+  Start();
+  (void)desktop_->Get().windows.CreatePrintFrame("frmTdPrint")->Surface().Device();
+  EXPECT_TRUE(Records().empty());
+}
+
 TEST_F(PrintJournalTest, WhatTheDocumentGoesOnWithoutIsThereToo) {
   other_.Run("update TDBill set FPaperSize=12345");
   options_.onComplaint = [](const std::string&) {};
