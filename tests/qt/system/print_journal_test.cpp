@@ -91,7 +91,6 @@ TEST_F(PrintJournalTest, ARefusalHasItsReasonAndItsMessage) {
   ASSERT_EQ(record.messages.size(), 1U);
   EXPECT_EQ(record.messages[0].text, "磁盘空间不足");
   EXPECT_NE(record.messages[0].place.find("两行订单"), std::string::npos) << "and where";
-  EXPECT_NE(record.messages[0].place.find("XD-1"), std::string::npos);
   EXPECT_EQ(record.bills, (std::vector<std::string>{"XD-1"}));
 }
 
@@ -106,7 +105,7 @@ TEST_F(PrintJournalTest, APreviewThatCannotBeShownIsNotPrinted) {
 TEST_F(PrintJournalTest, AWindowThatIsOnlyMadeIsNoPrint) {
   Start();
   (void)desktop_->Get().windows.CreatePrintFrame("frmTdPrint")->Surface().Device();
-  EXPECT_TRUE(Records().empty());
+  EXPECT_EQ(access(log_.c_str(), F_OK), -1);
 }
 
 TEST_F(PrintJournalTest, WhatTheDocumentGoesOnWithoutIsThereToo) {
