@@ -17,6 +17,7 @@ namespace td::recording {
 namespace {
 
 constexpr const char* kMachine = "192.168.1.10";
+constexpr const char* kOtherMachine = "0.0.0.0";
 constexpr double kMarkerQty = -999.99;
 
 // Without E, which could make a number of a text, and 锁, which could make a lock of a message.
@@ -214,14 +215,15 @@ void MaskData(Json& data) {
   }
 }
 
-// Writes `value` into the column where it isn't Null.
-void PutColumn(Json& scenario, const char* table, std::string_view column, const Json& value) {
+// Puts another value into each place of a column that isn't Null.
+template <class Change>
+void ChangeColumn(Json& scenario, const char* table, std::string_view column, Change&& change) {
   if (!scenario.contains("tables") || !scenario["tables"].contains(table)) return;
   Json& json = scenario["tables"][table];
   for (std::size_t i = 0; i < json["columns"].size(); ++i) {
     if (LowerCase(json["columns"][i].get<std::string>()) != column) continue;
     for (Json& row : json["rows"]) {
-      if (!row[i].is_null()) row[i] = value;
+      if (!row[i].is_null()) row[i] = change(row[i]);
     }
   }
 }
@@ -230,10 +232,14 @@ void PutColumn(Json& scenario, const char* table, std::string_view column, const
 
 Json Masked(const Json& scenario) {
   Json masked = scenario;
+  const Json machine = scenario.value("machine", Json(kMachine));
   masked["machine"] = kMachine;
-  PutColumn(masked, "TDBill_PaperSize", "fip", kMachine);
-  PutColumn(masked, "t_icitem_Picture", "fpicture", {{"base64", "AA=="}});
-  PutColumn(masked, "t_icitem_Picture", "fpicpath", "");
+  ChangeColumn(masked, "TDBill_PaperSize", "fip",
+               [&](const Json& address) { return address == machine ? kMachine : kOtherMachine; });
+  ChangeColumn(masked, "t_icitem_Picture", "fpicture", [](const Json& /*picture*/) {
+    return Json{{"base64", "AA=="}};
+  });
+  ChangeColumn(masked, "t_icitem_Picture", "fpicpath", [](const Json& /*path*/) { return ""; });
   for (Json& call : masked["calls"]) {
     if (call.contains("data")) MaskData(call["data"]);
   }

@@ -36,14 +36,14 @@ bool LooksLikeImage(const std::string& name) {
 }
 
 // The circumstances that change what is drawn, as far as the item is to show a value.
-std::optional<Cause> Changes(Circumstance circumstance, const ExplainedItem& item) {
-  const bool hasVariable = !item.variable.empty();
+std::optional<Cause> Changes(Circumstance circumstance, const ExplainedItem& item, bool isEmpty) {
   switch (circumstance) {
     case Circumstance::kNoVariable:
       if (item.name.empty()) return std::nullopt;
       return LooksLikeImage(item.name) ? Cause::kUnknownImage : Cause::kUnknownVariable;
     case Circumstance::kRepeatedCaption:
-      if (hasVariable || item.caption.empty()) return std::nullopt;
+      // Of a value it is what the format wants; in the head and of images it has no effect.
+      if (!item.variable.empty() || item.caption.empty() || !isEmpty) return std::nullopt;
       return Cause::kRepeatedCaption;
     case Circumstance::kSumIsNotKept:
       return Cause::kSumIsNotKept;
@@ -208,7 +208,8 @@ Reason ItemLedger::WhyNotDrawn(const Occasion& where) const {
 void ItemLedger::AddRemarks(ExplainedItem& item, const Occasion& where) const {
   std::vector<Reason> remarks;
   for (const Circumstance circumstance : met_) {
-    if (const auto cause = Changes(circumstance, item)) Count(remarks, ReasonAt(where, *cause));
+    if (const auto cause = Changes(circumstance, item, isEmpty_))
+      Count(remarks, ReasonAt(where, *cause));
     if (circumstance != Circumstance::kHeadIsOnSheet) continue;
     Count(item.otherwise, ReasonAt(where, Cause::kHeadIsOnSheet));
     return;  // nothing else was wanted of the item

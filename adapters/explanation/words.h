@@ -83,7 +83,7 @@ inline constexpr Sentence kPassedOver{"passed over {1} times: {0}", "忽略 {1} 
 inline constexpr Sentence kOfColumn{"{0}, column {1}", "{0}，列 {1}"};
 inline constexpr Sentence kAtPlace{"{0} ({1})", "{0}（{1}）"};
 inline constexpr Sentence kLockWaits{"something locked by others was tried again {0} times",
-                                     "数据被其他用户锁定，重试 {0} 次"};
+                                     "数据被其他用户占用，重试 {0} 次"};
 
 }  // namespace words
 }  // namespace td

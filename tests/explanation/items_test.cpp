@@ -116,6 +116,17 @@ TEST(ExplainedItems, ALabelThatIsClearedIsToldOnlyOfFixedTexts) {
   EXPECT_TRUE(ItemOf(explanation, "FName").IsAsTheFormatSays());
 }
 
+TEST(ExplainedItems, ALabelThatRepeatsItsNameIsDrawnInTheHead) {
+  Scenario scenario;
+  scenario.Item(
+      {{"FSite", 1}, {"FObjectFieldName", "<单号条码图>"}, {"FObjectCaption", "<单号条码图>"}});
+  scenario.Item({{"FSite", 1}, {"FObjectFieldName", "数量"}, {"FObjectCaption", "数量"}});
+  scenario.Data({"FInterID", "FBillNo"}, {{1, "A"}});
+  const Explanation explanation = Explained(scenario);
+  EXPECT_TRUE(ItemOf(explanation, "<单号条码图>").IsAsTheFormatSays());
+  EXPECT_EQ(TheOne(ItemOf(explanation, "数量").otherwise).cause, Cause::kUnknownVariable);
+}
+
 TEST(ExplainedItems, QuantitiesTellWhatTheyLack) {
   Scenario scenario;
   scenario.FieldItem("fcomplexqty").FieldItem("fcomplexqty_in").FieldItem("fcomplexqty_out");

@@ -220,6 +220,14 @@ TEST(MaskedScenario, HidesTheMachineAndThePictures) {
   EXPECT_EQ(masked.dump().find("10.1.2.3"), std::string::npos);
   EXPECT_EQ(masked.dump().find("AQID"), std::string::npos);
   EXPECT_EQ(ShapeOf(masked), ShapeOf(scenario)) << "the machine's paper is found";
+
+  const Json foreign = recording::Masked(
+      {{"machine", "10.1.2.3"},
+       {"tables",
+        {{"TDBill_PaperSize", {{"columns", {"FIP"}}, {"rows", {{"10.1.2.4"}, {"10.1.2.3"}}}}}}},
+       {"calls", Json::array()}});
+  EXPECT_EQ(foreign["tables"]["TDBill_PaperSize"]["rows"], Json({{"0.0.0.0"}, {"192.168.1.10"}}))
+      << "another machine's paper isn't";
 }
 
 TEST(MaskedScenario, KeepsAreasApartHoweverManyThereAre) {

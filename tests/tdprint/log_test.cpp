@@ -17,9 +17,7 @@ constexpr const char* kRows = "select * from v_sales_order where FInterID=21002"
 class TdprintLog : public testing::Test {
  protected:
   TdprintLog() {
-    for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG", "QBTDPRINTER_LOG_FILE"}) {
-      unsetenv(name);
-    }
+    unsetenv("QBTDPRINTER_LOG_FILE");
     std::ofstream(log_) << R"({"time":"2024-03-01T01:30:00.000Z","user":"zhang",)"
                            R"("machine":"counter-3","program":"shop","billType":21,)"
                            R"("format":"订单","bills":["XD-1","XD-2"],"pages":3,)"
@@ -77,9 +75,10 @@ TEST_F(TdprintLog, HasTheMessagesBelowTheirPrint) {
 }
 
 TEST_F(TdprintLog, SpeaksTheLanguageOfTheLocale) {
-  setenv("LC_ALL", "zh_CN.UTF-8", 1);
-  const ProgramResult result = Log({"--bill", "XD-1"});
-  unsetenv("LC_ALL");
+  const ProgramResult result =
+      ProgramRun({"env", "LC_ALL=zh_CN.UTF-8", TDPRINT_PROGRAM, "log", "--bill", "XD-1", log_},
+                 folder_.Path())
+          .Finish();
   EXPECT_NE(result.out.find("在 针式 上打印了 XD-1, XD-2"), std::string::npos) << result.out;
 }
 
