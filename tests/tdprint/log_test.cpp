@@ -61,14 +61,14 @@ TEST_F(TdprintLog, SaysWhoPrintedABillWhenAndWhere) {
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.out,
             "2024-03-01 09:30:00  zhang at counter-3  printed XD-1, XD-2 on 针式, job 17, 18  "
-            "(订单, bill type 21, 3 pages, 0.5 s, by shop)\n");
+            "(订单, bill type 21, pages 3, 0.5 s, by shop)\n");
   EXPECT_EQ(result.err, "tdprint: lines that are no prints in " + log_ + ": 2\n");
 }
 
 TEST_F(TdprintLog, HasTheMessagesBelowTheirPrint) {
   EXPECT_EQ(
       Log({"--user", "li"}).out,
-      "2024-03-02 09:30:00  li at pc  XC-1 was not printed  (no format, bill type 22, 0 pages, "
+      "2024-03-02 09:30:00  li at pc  XC-1 was not printed  (no format, bill type 22, pages 0, "
       "0.25 s, by tdprint)\n"
       "    message: 类型不匹配 (row 2)\n"
       "    complaint: 不认识纸张编号 7\n");

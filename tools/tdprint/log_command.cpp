@@ -28,7 +28,7 @@ constexpr Sentence kNoBill{"no bill", "（没有单据）"};
 constexpr Sentence kUnknownPlace{"the program", "调用程序"};
 constexpr Sentence kJobs{", job {0}", "，任务 {0}"};
 constexpr Sentence kWho{"{0} at {1}", "{0}（{1}）"};
-constexpr Sentence kWhat{"{0}, bill type {1}, {2} pages, {3} s, by {4}",
+constexpr Sentence kWhat{"{0}, bill type {1}, pages {2}, {3} s, by {4}",
                          "{0}，单据类型 {1}，{2} 页，{3} 秒，程序 {4}"};
 constexpr Sentence kNoFormat{"no format", "没有格式"};
 constexpr Sentence kMessage{"message: {0}", "提示：{0}"};
