@@ -7,6 +7,8 @@
 #include <utility>
 
 #include "module/component.h"
+#include "module/session_answers.h"
+#include "module/session_members.h"
 #include "module/session_print.h"
 #include "objects/dispatch_object.h"
 #include "objects/variant_values.h"
@@ -16,113 +18,9 @@
 namespace td {
 namespace {
 
-enum MemberId : std::int32_t {
-  kDoPrint = 1,
-  kDoPrintGroupByArea,
-  kPrintOk,
-  kPrintBlankRows,
-  kToPrinter,
-  kToPdf,
-  kToPng,
-  kToHtml,
-  kMessageMode,
-  kLockWaitLimit,
-  kProgress,
-  kExplain,
-  kLogFile,
-  kCancel,
-  kMessage,
-  kMessagePlace,
-  kDelivered,
-  kResult,
-  kReason,
-  kPages,
-  kPrinterName,
-  kJobNumber,
-  kJobs,
-  kMessageCount,
-  kMessages,
-  kComplaints,
-  kExplanation,
-  kExplanationJson
-};
-
 constexpr int kNoSuchElement = 9;
 
 using Output = SessionSettings::Output;
-
-// What became of the last call, as its getters tell it.
-
-std::string Joined(const std::vector<std::string>& texts, char between) {
-  std::string all;
-  for (const std::string& text : texts) {
-    if (!all.empty()) all += between;
-    all += text;
-  }
-  return all;
-}
-
-std::string ResultText(const DocumentOutcome& outcome) {
-  switch (outcome.delivery) {
-    case Delivery::kPrinter:
-      return "printed";
-    case Delivery::kFile:
-    case Delivery::kSink:
-      return "written";
-    case Delivery::kCancelled:
-      return "cancelled";
-    case Delivery::kRefused:
-      return "refused";
-    default:
-      return "not printed";
-  }
-}
-
-std::string JobsText(const DocumentOutcome& outcome) {
-  std::vector<std::string> numbers;
-  for (const int job : outcome.jobs) numbers.push_back(std::to_string(job));
-  return Joined(numbers, ' ');
-}
-
-std::int64_t FirstJob(const DocumentOutcome& outcome) {
-  return outcome.jobs.empty() ? 0 : outcome.jobs.front();
-}
-
-// `id` is one of those from kDelivered on.
-Value Answer(std::int32_t id, const SessionResult& result) {
-  const DocumentOutcome& outcome = result.document;
-  switch (id) {
-    case kDelivered:
-      return outcome.IsDelivered();
-    case kResult:
-      return ResultText(outcome);
-    case kReason:
-      return outcome.reason;
-    case kPages:
-      return std::int64_t{outcome.pages};
-    case kPrinterName:
-      return outcome.printer;
-    case kJobNumber:
-      return FirstJob(outcome);
-    case kJobs:
-      return JobsText(outcome);
-    case kMessageCount:
-      return static_cast<std::int64_t>(outcome.texts.size());
-    case kMessages:
-      return Joined(outcome.texts, '\n');
-    case kComplaints:
-      return Joined(outcome.complaints, '\n');
-    case kExplanation:
-      return result.explanation;
-    default:
-      return result.explanationJson;
-  }
-}
-
-// Before the first call there is no result.
-Value AnswerBefore(std::int32_t id) {
-  return id == kResult ? Value(std::string()) : Answer(id, {});
-}
 
 MessageMode MessageModeOf(std::int32_t number) {
   switch (number) {
@@ -146,7 +44,7 @@ class SessionObject final : public DispatchObject<SessionObject, TdSession> {
   }
   // Each operation but one asks for the thread by itself.
   static void Enter() {}
-  static const Members& AllMembers();
+  static const Members& AllMembers() { return SessionMembers(); }
 
   void Call(std::int32_t member, const CallArguments& arguments, TdVariant& result);
 
@@ -179,12 +77,12 @@ class SessionObject final : public DispatchObject<SessionObject, TdSession> {
     *value = nullptr;
     return RunOwned(self, [&](SessionObject& session) { *value = StringOf(operation(session)); });
   }
-  template <MemberId id>
+  template <SessionMember id>
   static TdResult TD_CALL TextOfMember(TdSession* self, TdString* value) {
     return GiveText(self, value,
                     [](SessionObject& session) { return std::get<std::string>(session.Get(id)); });
   }
-  template <MemberId id>
+  template <SessionMember id>
   static TdResult TD_CALL NumberOfMember(TdSession* self, std::int32_t* value) {
     if (value == nullptr) return TD_BAD_POINTER;
     *value = 0;
@@ -265,43 +163,6 @@ const TdSessionTable SessionObject::kTable = {QueryInterface,
                                               TextOfMember<kComplaints>,
                                               TextOfMember<kExplanation>,
                                               TextOfMember<kExplanationJson>};
-
-const Members& SessionObject::AllMembers() {
-  // A property that holds an object may be written in either way.
-  constexpr std::uint16_t kPutObject = TD_CALL_PUT | TD_CALL_PUT_REFERENCE;
-  constexpr std::uint16_t kGetIndexed = TD_CALL_GET | TD_CALL_METHOD;
-  static const Members members = {
-      {"DoPrint", kDoPrint, TD_CALL_METHOD, PrintArgumentNames(), kRequiredPrintArguments},
-      {"DoPrint_GroupByArea", kDoPrintGroupByArea, TD_CALL_METHOD, PrintArgumentNames(),
-       kRequiredPrintArguments},
-      {"PrintOk", kPrintOk, TD_CALL_GET, {}},
-      {"PrintBlankRows", kPrintBlankRows, TD_CALL_PUT, {"NewValue"}, 1},
-      {"ToPrinter", kToPrinter, TD_CALL_METHOD, {"Name"}, 1},
-      {"ToPdf", kToPdf, TD_CALL_METHOD, {"File"}, 1},
-      {"ToPng", kToPng, TD_CALL_METHOD, {"Folder", "DotsPerInch"}, 1},
-      {"ToHtml", kToHtml, TD_CALL_METHOD, {"File"}, 1},
-      {"MessageMode", kMessageMode, TD_CALL_PUT, {"NewValue"}, 1},
-      {"LockWaitLimit", kLockWaitLimit, TD_CALL_PUT, {"NewValue"}, 1},
-      {"Progress", kProgress, kPutObject, {"NewValue"}, 1},
-      {"Explain", kExplain, TD_CALL_PUT, {"NewValue"}, 1},
-      {"LogFile", kLogFile, TD_CALL_PUT, {"NewValue"}, 1},
-      {"Cancel", kCancel, TD_CALL_METHOD, {}},
-      {"Delivered", kDelivered, TD_CALL_GET, {}},
-      {"Result", kResult, TD_CALL_GET, {}},
-      {"Reason", kReason, TD_CALL_GET, {}},
-      {"Pages", kPages, TD_CALL_GET, {}},
-      {"PrinterName", kPrinterName, TD_CALL_GET, {}},
-      {"JobNumber", kJobNumber, TD_CALL_GET, {}},
-      {"Jobs", kJobs, TD_CALL_GET, {}},
-      {"MessageCount", kMessageCount, TD_CALL_GET, {}},
-      {"Message", kMessage, kGetIndexed, {"Index"}, 1},
-      {"Messages", kMessages, TD_CALL_GET, {}},
-      {"MessagePlace", kMessagePlace, kGetIndexed, {"Index"}, 1},
-      {"Complaints", kComplaints, TD_CALL_GET, {}},
-      {"Explanation", kExplanation, TD_CALL_GET, {}},
-      {"ExplanationJson", kExplanationJson, TD_CALL_GET, {}}};
-  return members;
-}
 
 void SessionObject::Call(std::int32_t member, const CallArguments& arguments, TdVariant& result) {
   if (member == kCancel) return Cancel();
