@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "options_file.h"
+#include "print_log/log_time.h"
 
 namespace td {
 namespace {
@@ -60,6 +61,17 @@ constexpr const char* kRegistrationExitStatusText =
     "  1  it was not: the module isn't there, or others could change it or the registration\n"
     "  2  wrong usage\n";
 
+constexpr const char* kLogExamples =
+    "Examples:\n"
+    "  tdprint log --bill XD-2403-0002\n"
+    "  tdprint log --since 2024-03-01 --until \"2024-03-01 12:00\" --json prints.log\n";
+
+constexpr const char* kLogExitStatusText =
+    "Exit status:\n"
+    "  0  prints were found\n"
+    "  1  none was found, or a log can't be read\n"
+    "  2  wrong usage\n";
+
 // An empty name is mostly a shell's variable that isn't set: without this the document would go to
 // the printer that the format chooses.
 std::string RefuseEmpty(const std::string& name) {
@@ -68,6 +80,10 @@ std::string RefuseEmpty(const std::string& name) {
 
 std::string RefuseStandardOutput(const std::string& folder) {
   return folder == "-" ? "standard output is no folder; --pdf - and --html - go there" : "";
+}
+
+std::string RefuseOtherThanTime(const std::string& text) {
+  return ParseTimeSpan(text) ? "" : text + " is no time such as 2024-03-01 or \"2024-03-01 09:30\"";
 }
 
 std::string StandardOutputForDash(const std::string& file) {
@@ -154,6 +170,14 @@ void DescribePrint(CLI::App& command, PrintArguments& arguments) {
           "ends in .json (without FILE: standard error)")
       ->expected(0, 1)
       ->configurable(false)
+      ->type_name("FILE");
+
+  command
+      .add_option("--log", arguments.log,
+                  "Add a line about the print to this file (without it: to the file that "
+                  "QBTDPRINTER_LOG_FILE names, if it does)")
+      ->configurable(false)
+      ->check(RefuseEmpty)
       ->type_name("FILE");
 
   command.footer(std::string(kPrintExamples) + "\n" + kExitStatusText);
@@ -299,6 +323,37 @@ void DescribeDiffFormat(CLI::App& command, DiffFormatArguments& arguments) {
   command.footer(std::string(kFormatFileExamples) + "\n" + kDiffExitStatusText);
 }
 
+void DescribeLog(CLI::App& command, LogArguments& arguments) {
+  command.add_option("--bill", arguments.bill, "Number of a bill")
+      ->check(RefuseEmpty)
+      ->type_name("NO");
+  command.add_option("--type", arguments.billType, "Bill type number")
+      ->check(CLI::Range(-kLargest - 1, kLargest))
+      ->type_name("N");
+  command.add_option("--format", arguments.format, "Name of a format")
+      ->check(RefuseEmpty)
+      ->type_name("NAME");
+  command.add_option("--printer", arguments.printer, "Name of a printer")
+      ->check(RefuseEmpty)
+      ->type_name("NAME");
+  command.add_option("--user", arguments.user, "Who printed")
+      ->check(RefuseEmpty)
+      ->type_name("NAME");
+  command
+      .add_option("--since", arguments.since,
+                  "First day, minute or second: 2024-03-01 or \"2024-03-01 09:30\"")
+      ->check(RefuseOtherThanTime)
+      ->type_name("TIME");
+  command
+      .add_option("--until", arguments.until, "Last day, minute or second, with the whole of it")
+      ->check(RefuseOtherThanTime)
+      ->type_name("TIME");
+  command.add_flag("--json", arguments.asJson, "The lines as they stand in the log");
+  command.add_option("FILE", arguments.files,
+                     "Logs (without it: the one that QBTDPRINTER_LOG_FILE names)");
+  command.footer(std::string(kLogExamples) + "\n" + kLogExitStatusText);
+}
+
 }  // namespace
 
 Command ParseArguments(int argc, const char* const* argv) {
@@ -368,6 +423,11 @@ Command ParseArguments(int argc, const char* const* argv) {
       app.add_subcommand("diff-format", "Tell two files of formats apart, in words");
   DescribeDiffFormat(*diffFormatCommand, diffFormat);
 
+  LogArguments log;
+  CLI::App* logCommand =
+      app.add_subcommand("log", "Look up in a print log who printed what, when and where");
+  DescribeLog(*logCommand, log);
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -385,6 +445,7 @@ Command ParseArguments(int argc, const char* const* argv) {
   if (exportFormatCommand->parsed()) return exportFormat;
   if (importFormatCommand->parsed()) return importFormat;
   if (diffFormatCommand->parsed()) return diffFormat;
+  if (logCommand->parsed()) return log;
   return demo;
 }
 

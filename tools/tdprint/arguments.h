@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <variant>
+#include <vector>
 
 #include "exit_status.h"
 
@@ -27,6 +28,8 @@ struct PrintArguments {
   std::string html;  // as pdf
   // Where the explanation of the print goes, a file as pdf; empty: none is asked for.
   std::string explain;
+
+  std::string log;  // a file to which a line is added; empty: as the environment says
 
   bool operator==(const PrintArguments&) const = default;
 };
@@ -119,11 +122,26 @@ struct DiffFormatArguments {
   bool operator==(const DiffFormatArguments&) const = default;
 };
 
+// Looks prints up in a print log. Empty texts ask for nothing.
+struct LogArguments {
+  std::string bill;  // its number
+  std::optional<std::int16_t> billType;
+  std::string format;
+  std::string printer;
+  std::string user;
+  std::string since;  // as ParseTimeSpan reads it
+  std::string until;
+  bool asJson = false;             // the lines as they stand in the log
+  std::vector<std::string> files;  // none: the one that the environment names
+
+  bool operator==(const LogArguments&) const = default;
+};
+
 // What to do, or the status to end with: help was shown, or the usage is wrong and said so.
-using Command =
-    std::variant<PrintArguments, DemoArguments, SettingsArguments, AreaPrintersArguments,
-                 SampleSqlArguments, RecordArguments, RegisterArguments, UnregisterArguments,
-                 ExportFormatArguments, ImportFormatArguments, DiffFormatArguments, ExitStatus>;
+using Command = std::variant<PrintArguments, DemoArguments, SettingsArguments,
+                             AreaPrintersArguments, SampleSqlArguments, RecordArguments,
+                             RegisterArguments, UnregisterArguments, ExportFormatArguments,
+                             ImportFormatArguments, DiffFormatArguments, LogArguments, ExitStatus>;
 
 Command ParseArguments(int argc, const char* const* argv);
 

@@ -5,6 +5,7 @@
 #include "demo_command.h"
 #include "dialog_commands.h"
 #include "format_commands.h"
+#include "log_command.h"
 #include "print_command.h"
 #include "record_command.h"
 #include "registration_commands.h"
@@ -45,6 +46,9 @@ struct Runner {
   }
   td::ExitStatus operator()(const td::DiffFormatArguments& arguments) const {
     return td::DiffFormats(arguments);
+  }
+  td::ExitStatus operator()(const td::LogArguments& arguments) const {
+    return td::ShowLog(arguments);
   }
   td::ExitStatus operator()(td::ExitStatus status) const { return status; }
 };

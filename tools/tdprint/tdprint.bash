@@ -28,7 +28,7 @@ _tdprint_value() {
     --db) _tdprint_database "$current" ;;
     --engine) _tdprint_words "sqlite postgresql mariadb sqlserver" "$current" ;;
     --printer) _tdprint_words "$(lpstat -e 2>/dev/null)" "$current" ;;
-    --config | --module | --pdf | --html) _tdprint_files "$current" ;;
+    --config | --module | --pdf | --html | --log) _tdprint_files "$current" ;;
     --explain) # its file may be left out
       case $current in
         -*) return 1 ;;
@@ -44,6 +44,7 @@ _tdprint_value() {
       fi
       ;;
     --type | --data | --format | --blank-rows) COMPREPLY=() ;;
+    --bill | --user | --since | --until) COMPREPLY=() ;;
     *) return 1 ;;
   esac
 }
@@ -53,7 +54,7 @@ _tdprint() {
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
     _tdprint_words "print preview demo settings area-printers sample-sql record register unregister \
-      export-format import-format diff-format --help --version" \
+      export-format import-format diff-format log --help --version" \
       "$current"
     return
   fi
@@ -70,7 +71,7 @@ _tdprint() {
   case ${COMP_WORDS[1]} in
     print | preview)
       options="--config --db --type --data --format --only-variant --blank-rows --by-area \
-        --printer --pdf --png --html --explain"
+        --printer --pdf --png --html --explain --log"
       ;;
     record)
       options="--config --db --type --data --format --only-variant --blank-rows --by-area --mask \
@@ -89,6 +90,14 @@ _tdprint() {
     diff-format)
       [[ $current == [!-]* ]] && { _tdprint_files "$current"; return; }
       options=
+      ;;
+    log)
+      options="--bill --type --format --printer --user --since --until --json"
+      # The logs themselves have no option in front.
+      if [ "${current#-}" = "$current" ] && [ -n "$current" ]; then
+        _tdprint_files "$current"
+        return
+      fi
       ;;
     *) options= ;;
   esac
