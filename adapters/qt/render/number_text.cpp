@@ -1,8 +1,8 @@
 #include "render/number_text.h"
 
 #include <array>
-#include <charconv>
 #include <cmath>
+#include <cstdlib>
 
 namespace td {
 
@@ -19,16 +19,22 @@ std::int64_t Hundredths(double number) {
 }
 
 void AppendHundredths(std::string& text, std::int64_t hundredths) {
-  if (hundredths < 0) {
-    text += '-';
-    hundredths = -hundredths;
-  }
   std::array<char, 24> digits{};
-  text.append(digits.data(), std::to_chars(digits.begin(), digits.end(), hundredths / 100).ptr);
-  if (hundredths % 100 == 0) return;
-  text += '.';
-  text += static_cast<char>('0' + hundredths % 100 / 10);
-  if (hundredths % 10 != 0) text += static_cast<char>('0' + hundredths % 10);
+  auto first = digits.end();
+  auto rest = static_cast<std::uint64_t>(std::abs(hundredths));
+  const auto add = [&first](std::uint64_t digit) { *--first = static_cast<char>('0' + digit); };
+  if (const std::uint64_t places = rest % 100; places != 0) {
+    if (places % 10 != 0) add(places % 10);
+    add(places / 10);
+    *--first = '.';
+  }
+  rest /= 100;
+  do {
+    add(rest % 10);
+    rest /= 10;
+  } while (rest != 0);
+  if (hundredths < 0) *--first = '-';
+  text.append(&*first, static_cast<std::size_t>(digits.end() - first));
 }
 
 }  // namespace td

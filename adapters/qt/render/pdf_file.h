@@ -2,16 +2,19 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "files/written_bytes.h"
 
+struct libdeflate_compressor;
+
 namespace td {
 
-// Hands the file on object by object and keeps nothing of it but where each begins. What the sink
-// throws goes through.
+// Hands the file on in parts of a few pages, and keeps nothing of it but where each object begins.
+// What the sink throws goes through.
 class PdfFile {
  public:
   // The sink outlives the file.
@@ -30,13 +33,19 @@ class PdfFile {
   void End(int catalogue, int information);
 
  private:
-  void HandOn(std::string_view bytes);
+  struct CompressorCloser {
+    void operator()(libdeflate_compressor* compressor) const;
+  };
+
+  void HandOn();
   void Begin(int number);
 
   const ByteSink& sink_;
-  std::string object_;                  // the current one
+  std::unique_ptr<libdeflate_compressor, CompressorCloser> compressor_;
+  std::string compressed_;              // the current stream
+  std::string part_;                    // what has not been handed on
+  std::uint64_t written_ = 0;           // what has
   std::vector<std::uint64_t> offsets_;  // of the objects, from the first number
-  std::uint64_t written_ = 0;
 };
 
 // "12 0 R"

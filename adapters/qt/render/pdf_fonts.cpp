@@ -176,8 +176,10 @@ PdfFace PdfFonts::Of(const QRawFont& raw) {
                          std::forward_as_tuple(file.raw, file_.Reserve()))
                 .first;
   }
+  std::string selection = "/F" + std::to_string(known->second.Number()) + ' ';
+  AppendNumber(selection, raw.pixelSize());
   return {&known->second, raw.pixelSize(), file.isSlanted,
-          file.isEmboldened ? raw.lineThickness() / 2 : 0};
+          file.isEmboldened ? raw.lineThickness() / 2 : 0, selection + " Tf\n"};
 }
 
 void PdfFonts::Put() const {

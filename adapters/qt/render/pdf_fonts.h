@@ -6,7 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <map>
-#include <memory>
+#include <string>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -77,9 +77,10 @@ class PdfFont {
 // A font at a size, with what Qt adds where a family has no bold or slanting face.
 struct PdfFace {
   PdfFont* font = nullptr;
-  double size = 0;         // twips
-  bool isSlanted = false;  // by 0.3 of the height
-  double strikeBack = 0;   // bold is struck again so far to the left; 0: once is enough
+  double size = 0;          // twips
+  bool isSlanted = false;   // by 0.3 of the height
+  double strikeBack = 0;    // bold is struck again so far to the left; 0: once is enough
+  std::string selection{};  // the operator that makes it the one of the texts that follow
 };
 
 // The fonts of one file.

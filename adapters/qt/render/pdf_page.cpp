@@ -214,11 +214,10 @@ std::size_t PdfPage::ShowLine(const PdfFace& face, const Glyphs& glyphs, std::si
 
 void PdfPage::Select(const PdfFace& face) {
   if (font_ == face.font && size_ == face.size) return;
-  if (font_ != face.font) NoteUse(usedFonts_, face.font->Number());
   font_ = face.font;
   size_ = face.size;
-  texts_ += "/F" + std::to_string(font_->Number()) + ' ';
-  Append(texts_, {size_}, "Tf");
+  NoteUse(usedFonts_, font_->Number());
+  texts_ += face.selection;
 }
 
 // Text is moved from the beginning of the one before, except into a slant and out of it.
