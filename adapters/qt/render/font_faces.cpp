@@ -121,7 +121,9 @@ FaceRef FontFaces::FaceAt(std::size_t index) {
     face->font.setItalic(wanted_.italic);
     face->font.setHintingPreference(QFont::PreferNoHinting);
     face->font.setKerning(false);
-    face->raw = QRawFont::fromFont(face->font);
+    QFont alone = face->font;
+    alone.setStyleStrategy(QFont::NoFontMerging);  // the fonts that help it out are faces, too
+    face->raw = QRawFont::fromFont(alone);
     face->raw.setPixelSize(face->size);
     face->ascent = face->raw.ascent();
     face->descent = face->raw.descent();

@@ -37,21 +37,21 @@ void AppendUnit(std::string& text, unsigned unit) {
 PdfFont::PdfFont(QRawFont raw, int number)
     : raw_(std::move(raw)), number_(number), mayBeEmbedded_(AllowsEmbedding(raw_)) {
   used_.push_back({});
-  advances_.push_back(Thousandths(AdvanceInEm(0)));
+  advances_.push_back(AdvanceInFont(0));
 }
 
-double PdfFont::AdvanceInEm(quint32 glyph) const {
-  return raw_.advancesForGlyphIndexes({glyph}).value(0).x();
+double PdfFont::AdvanceInFont(quint32 glyph) const {
+  return Thousandths(raw_.advancesForGlyphIndexes({glyph}).value(0).x());
 }
 
-GlyphCode PdfFont::Find(quint32 glyph, char32_t character) {
+GlyphCode PdfFont::Find(quint32 glyph, char32_t character, double advance) {
   if (character == 0) character = CharacterOf(glyph);
   const auto [code, isNew] =
       codes_.try_emplace({glyph, character}, static_cast<GlyphCode>(used_.size()));
   if (isNew) {
     used_.push_back({glyph, character});
-    // As it stands in the file.
-    advances_.push_back(static_cast<double>(Hundredths(Thousandths(AdvanceInEm(glyph)))) / 100);
+    const double exact = advance > 0 ? advance : AdvanceInFont(glyph);
+    advances_.push_back(static_cast<double>(Hundredths(exact)) / 100);  // as it stands in the file
   }
   return code->second;
 }
@@ -126,8 +126,8 @@ std::string PdfFont::Name() const {
 
 std::string PdfFont::Program() const {
   std::vector<TrueTypeGlyph> glyphs;
-  for (const Used& used : used_) {
-    glyphs.push_back({OutlineOf(used.glyph), AdvanceInEm(used.glyph)});
+  for (std::size_t code = 0; code < used_.size(); ++code) {
+    glyphs.push_back({OutlineOf(used_[code].glyph), advances_[code] * kTrueTypeEm / 1000});
   }
   return TrueTypeFont(glyphs, raw_.ascent(), raw_.descent());
 }

@@ -31,14 +31,15 @@ class PdfFont {
   [[nodiscard]] bool MayBeEmbedded() const { return mayBeEmbedded_; }
 
   // The code of a glyph that stands for a character, which a reader extracts; 0 for the character:
-  // whichever the font shows with it. Codes count from 1, in the order of first use.
-  GlyphCode CodeOf(quint32 glyph, char32_t character) {
+  // whichever the font shows with it. Codes count from 1, in the order of first use. `advance` is
+  // how far the glyph moves the next one, in thousandths of the font's size; 0: as the font has it.
+  GlyphCode CodeOf(quint32 glyph, char32_t character, double advance) {
     Known& known = known_[(character + glyph) % known_.size()];
     if (known.glyph != glyph || known.character != character)
-      known = {glyph, character, Find(glyph, character)};
+      known = {glyph, character, Find(glyph, character, advance)};
     return known.code;
   }
-  // How far the glyph moves the next one, in thousandths of the font's size, as the file has it.
+  // The advance of its first use, as the file has it.
   [[nodiscard]] double AdvanceOf(GlyphCode code) const { return advances_[code]; }
   // The outline of a glyph, in ems of kTrueTypeEm.
   [[nodiscard]] QPainterPath OutlineOf(quint32 glyph) const { return raw_.pathForGlyph(glyph); }
@@ -57,8 +58,8 @@ class PdfFont {
     char32_t character = 0;
   };
 
-  GlyphCode Find(quint32 glyph, char32_t character);
-  [[nodiscard]] double AdvanceInEm(quint32 glyph) const;
+  GlyphCode Find(quint32 glyph, char32_t character, double advance);
+  [[nodiscard]] double AdvanceInFont(quint32 glyph) const;
   char32_t CharacterOf(quint32 glyph);
   [[nodiscard]] std::string Name() const;
   [[nodiscard]] std::string Program() const;

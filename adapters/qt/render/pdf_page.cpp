@@ -148,7 +148,7 @@ void PdfPage::Add(const std::vector<PlacedText>& texts) {
     glyphs_.clear();
     double x = text.x;
     for (const FaceGlyph* glyph : text.glyphs) {
-      glyphs_.push_back({glyph->index, glyph->character, x, text.y});
+      glyphs_.push_back({glyph->index, glyph->character, x, text.y, glyph->advance});
       x += glyph->advance;
     }
     AddGlyphs(fonts_.Of(text.face), glyphs_);
@@ -191,7 +191,8 @@ void PdfPage::Show(const PdfFace& face, const Glyphs& glyphs) {
 // Shows the glyphs from `begin` that stand on one base line; returns the end of them. Where one
 // stands elsewhere than the one before has moved it, a number moves it there.
 std::size_t PdfPage::ShowLine(const PdfFace& face, const Glyphs& glyphs, std::size_t begin) {
-  constexpr double kTolerance = 0.5;  // twips
+  constexpr double kTolerance = 0.5;            // twips
+  const double thousandths = 1000 / face.size;  // of the size in a twip
   MoveTo(face, glyphs[begin].x, glyphs[begin].y);
   texts_ += "[(";
   double x = glyphs[begin].x;
@@ -200,13 +201,14 @@ std::size_t PdfPage::ShowLine(const PdfFace& face, const Glyphs& glyphs, std::si
     const PlacedGlyph& glyph = glyphs[i];
     if (std::abs(glyph.x - x) > kTolerance) {
       texts_ += ')';
-      AppendNumber(texts_, (x - glyph.x) * 1000 / face.size);
+      AppendNumber(texts_, (x - glyph.x) * thousandths);
       texts_ += '(';
       x = glyph.x;
     }
-    const GlyphCode code = face.font->CodeOf(glyph.index, glyph.character);
+    const GlyphCode code =
+        face.font->CodeOf(glyph.index, glyph.character, glyph.advance * thousandths);
     AppendCode(texts_, code);
-    x += face.font->AdvanceOf(code) * face.size / 1000;
+    x += face.font->AdvanceOf(code) / thousandths;
   }
   texts_ += ")]TJ\n";
   return i;

@@ -33,6 +33,7 @@ class PdfPage {
     char32_t character = 0;  // as PdfFont::CodeOf has it
     double x = 0;
     double y = 0;
+    double advance = 0;  // twips; 0: as the font has it
   };
   using Glyphs = std::vector<PlacedGlyph>;
 
