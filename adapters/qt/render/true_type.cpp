@@ -62,9 +62,9 @@ class Contours {
     contours_.back().push_back({Rounded(point.x()), Rounded(-point.y()), isOnCurve});
   }
 
-  // A cubic curve in as many quadratic ones as keep within half a unit of it.
+  // A cubic curve in as many quadratic ones as keep within a unit of it.
   void AddCubic(const QPointF& control1, const QPointF& control2, const QPointF& end) {
-    constexpr double kTolerance = 0.5;
+    constexpr double kTolerance = 1;
     const QPointF start = at_;
     const QPointF bend = end - 3 * control2 + 3 * control1 - start;
     const double deviation = std::sqrt(3.0) / 36 * std::hypot(bend.x(), bend.y());
