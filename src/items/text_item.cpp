@@ -65,12 +65,13 @@ bool IsAutoSize(Band& band) {
   return band.guard.Test([&] { return IsSet(band.Item("FAutoSize")); });
 }
 
+void DrawBox(Band& band, const std::string& text) {
+  band.vp.TextBox(text, ItemLeft(band), ItemTop(band), ToDouble(band.Item("FWidth")),
+                  ToDouble(band.Item("FHeight")), StoredFlag{band.Item("FWordWrap")});
+}
+
 void Box(Band& band, const std::function<std::string()>& makeText) {
-  band.guard.Step([&] {
-    const std::string text = makeText();
-    band.vp.TextBox(text, ItemLeft(band), ItemTop(band), ToDouble(band.Item("FWidth")),
-                    ToDouble(band.Item("FHeight")), StoredFlag{band.Item("FWordWrap")});
-  });
+  band.guard.Step([&] { DrawBox(band, makeText()); });
 }
 
 void WriteFreeOrBoxed(Band& band, const std::function<std::string()>& makeText) {
