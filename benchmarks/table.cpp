@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
@@ -102,6 +103,36 @@ class Table {
     }
   }
 
+  // Time of a row, without what a print of one row takes; that of 10,000 rows being 1.
+  void CompareLengths(const std::string& connection) const {
+    struct Length {
+      const char* name;
+      int rows;
+      int rowsOfABill;
+    };
+    constexpr std::array<Length, 5> kLengths = {{{"1 row", 1, 1},
+                                                 {"1,000 rows", 1000, 1000},
+                                                 {"10,000 rows", 10'000, 10'000},
+                                                 {"32,766 rows", 32'766, 32'766},
+                                                 {"2,000 bills of 16 rows", 32'000, 16}}};
+    std::array<double, kLengths.size()> seconds{};
+    MakeWorkFormat(connection);
+    for (std::size_t i = 0; i < kLengths.size(); ++i) {
+      MakeWorkBills(connection, kLengths[i].rows, kLengths[i].rowsOfABill);
+      std::vector<Cost> costs;
+      for (int run = 0; run < runs_; ++run) costs.push_back(RunWork(connection));
+      seconds[i] = Median(costs).seconds;
+    }
+    const auto ofARow = [&](std::size_t i) {
+      return (seconds[i] - seconds[0]) / (kLengths[i].rows - 1);
+    };
+    std::puts("\n| print | time of a row |\n|---|---|");
+    for (std::size_t i = 1; i < kLengths.size(); ++i) {
+      std::printf("| %s | %.2f |\n", kLengths[i].name, ofARow(i) / ofARow(2));
+    }
+    std::fflush(stdout);
+  }
+
  private:
   [[nodiscard]] std::string Pdf(const char* name) const {
     return (folder_ / name).string() + ".pdf";
@@ -133,6 +164,7 @@ int main(int argc, char** argv) {
   try {
     const td::Table table(std::stoi(argv[1]), argv[2], argv[3], argv[4]);
     table.CompareWithLoop(engines.front().second);
+    table.CompareLengths(engines.front().second);
     table.CompareEngines(engines);
   } catch (const std::exception& failure) {
     std::cerr << failure.what() << '\n';
