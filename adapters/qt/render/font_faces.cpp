@@ -63,10 +63,21 @@ bool NeedsShaping(char32_t character) {
   }
 }
 
-// Whether a family has a face of which `is` tells that it is bold, or italic.
-bool HasFace(const QString& family, bool (*is)(const QString& family, const QString& style)) {
+bool HasBoldFace(const QString& family) {
   const QStringList styles = QFontDatabase::styles(family);
-  return std::ranges::any_of(styles, [&](const QString& style) { return is(family, style); });
+  return std::ranges::any_of(
+      styles, [&](const QString& style) { return QFontDatabase::bold(family, style); });
+}
+
+// Whether the font's file calls it italic or oblique.
+bool IsSlanted(const QRawFont& raw) {
+  constexpr int kStyle = 62;  // where it stands
+  constexpr int kItalicOrOblique = 0x0201;
+  const QByteArray table = raw.fontTable("OS/2");
+  if (table.size() < kStyle + 2) return false;
+  const int style = static_cast<unsigned char>(table[kStyle]) << 8 |
+                    static_cast<unsigned char>(table[kStyle + 1]);
+  return (style & kItalicOrOblique) != 0;
 }
 
 }  // namespace
@@ -85,23 +96,9 @@ ShapedText Shape(const QString& text, const QFont& font) {
   return {line.naturalTextWidth(), line.ascent(), runs, isComplete};
 }
 
-FileFont FontOfFile(const QRawFont& raw, double pixelSize) {
-  const QString family = raw.familyName();
-  const bool isBold = raw.weight() >= QFont::Bold;
-  const bool isItalic = raw.style() != QFont::StyleNormal;
-  FileFont file{raw, isItalic && !HasFace(family, QFontDatabase::italic),
-                isBold && !HasFace(family, QFontDatabase::bold)};
-  if (file.isSlanted || file.isEmboldened) {
-    QFont font(family);
-    font.setBold(isBold && !file.isEmboldened);
-    font.setItalic(isItalic && !file.isSlanted);
-    font.setHintingPreference(QFont::PreferNoHinting);
-    const QRawFont plain = QRawFont::fromFont(font);
-    const bool isSame = plain.fontTable("head") == raw.fontTable("head");
-    file = isSame ? FileFont{plain, file.isSlanted, file.isEmboldened} : FileFont{raw};
-  }
-  file.raw.setPixelSize(pixelSize);
-  return file;
+Synthesis SynthesisOf(const QRawFont& raw, bool wantsBold, bool wantsItalic) {
+  return {.slants = wantsItalic && !IsSlanted(raw),
+          .emboldens = wantsBold && !HasBoldFace(raw.familyName())};
 }
 
 FontFaces::FontFaces(const TextFont& font)
@@ -127,9 +124,7 @@ FaceRef FontFaces::FaceAt(std::size_t index) {
     face->raw.setPixelSize(face->size);
     face->ascent = face->raw.ascent();
     face->descent = face->raw.descent();
-    face->syntheticBold =
-        wanted_.bold &&
-        !HasFace(families_.at(static_cast<qsizetype>(faces_.size())), QFontDatabase::bold);
+    face->synthesis = SynthesisOf(face->raw, wanted_.bold, wanted_.italic);
     faces_.push_back(std::move(face));
   }
   return index < faces_.size() ? faces_[index].get() : nullptr;

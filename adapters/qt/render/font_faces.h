@@ -13,6 +13,13 @@
 
 namespace td {
 
+// What Qt adds to the glyphs of a font that is not as bold or slanted as it is wanted.
+struct Synthesis {
+  bool slants = false;
+  bool emboldens = false;
+};
+[[nodiscard]] Synthesis SynthesisOf(const QRawFont& raw, bool wantsBold, bool wantsItalic);
+
 // One installed face at one size; a pixel of its fonts is a twip. Hinting is off, so that glyphs
 // have the same advances at every resolution.
 struct Face {
@@ -22,7 +29,7 @@ struct Face {
   double size = 0;  // twips, as are the heights
   double ascent = 0;
   double descent = 0;
-  bool syntheticBold = false;  // bold is wanted and the family has no bold face
+  Synthesis synthesis;  // that it needs for what is wanted
 };
 // Good until the application object is destroyed.
 using FaceRef = const Face*;
@@ -95,14 +102,6 @@ struct ShapedText {
   bool isComplete = false;  // no character is missing in all fonts
 };
 [[nodiscard]] ShapedText Shape(const QString& text, const QFont& font);
-
-// A font as its file has it, and what Qt adds to that.
-struct FileFont {
-  QRawFont raw;
-  bool isSlanted = false;
-  bool isEmboldened = false;
-};
-[[nodiscard]] FileFont FontOfFile(const QRawFont& raw, double pixelSize);
 
 // The faces of a font; shared by all texts, kept until the application object is destroyed.
 FontFaces& FacesOf(const TextFont& font);

@@ -68,7 +68,7 @@ QString Quoted(QString text) {
 // A bold that the family lacks is made by a stroke instead of the browser's own way, so that the
 // letters are as wide as in the other outputs, where they are struck twice.
 double BoldStroke(const Face& face) {
-  return face.syntheticBold ? face.raw.lineThickness() / 2 : 0;
+  return face.synthesis.emboldens ? face.raw.lineThickness() / 2 : 0;
 }
 
 std::string FontStyle(const Face& face) {
@@ -78,7 +78,7 @@ std::string FontStyle(const Face& face) {
   for (const QString& family : families.mid(1)) names += Quoted(family) + ',';
   std::string style =
       "font-family:" + names.toStdString() + "sans-serif;font-size:" + Number(face.size) + "px;";
-  if (face.syntheticBold) {
+  if (face.synthesis.emboldens) {
     style += "stroke:#000;stroke-width:" + Number(BoldStroke(face)) + ';';
   } else if (face.font.bold()) {
     style += "font-weight:bold;";

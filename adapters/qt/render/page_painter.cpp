@@ -132,7 +132,7 @@ class PagePainter {
     drawn.setPositions(glyphs.second);
     painter_.drawGlyphRun(QPointF(0, 0), drawn);
     // A bold that the family lacks is struck twice.
-    if (face->syntheticBold) {
+    if (face->synthesis.emboldens) {
       painter_.drawGlyphRun(QPointF(-face->raw.lineThickness() / 2, 0), drawn);
     }
   }

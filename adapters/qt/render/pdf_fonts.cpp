@@ -161,25 +161,31 @@ std::string PdfFont::CharacterMap() const {
 const PdfFace& PdfFonts::Of(FaceRef face) {
   if (last_.first == face) return *last_.second;
   const auto [known, isNew] = faces_.try_emplace(face);
-  if (isNew) known->second = Of(face->raw);
+  if (isNew) known->second = Make(face->raw, face->synthesis);
   last_ = {face, &known->second};
   return known->second;
 }
 
 PdfFace PdfFonts::Of(const QRawFont& raw) {
-  const FileFont file = FontOfFile(raw, kTrueTypeEm);
-  const Key key(file.raw.familyName(), file.raw.styleName(), file.raw.fontTable("head"));
+  return Make(raw,
+              SynthesisOf(raw, raw.weight() >= QFont::Bold, raw.style() != QFont::StyleNormal));
+}
+
+PdfFace PdfFonts::Make(const QRawFont& raw, const Synthesis& synthesis) {
+  const Key key(raw.familyName(), raw.styleName(), raw.fontTable("head"));
   auto known = fonts_.find(key);
   if (known == fonts_.end()) {
+    QRawFont font = raw;
+    font.setPixelSize(kTrueTypeEm);
     known = fonts_
                 .emplace(std::piecewise_construct, std::forward_as_tuple(key),
-                         std::forward_as_tuple(file.raw, file_.Reserve()))
+                         std::forward_as_tuple(font, file_.Reserve()))
                 .first;
   }
   std::string selection = "/F" + std::to_string(known->second.Number()) + ' ';
   AppendNumber(selection, raw.pixelSize());
-  return {&known->second, raw.pixelSize(), file.isSlanted,
-          file.isEmboldened ? raw.lineThickness() / 2 : 0, selection + " Tf\n"};
+  return {&known->second, raw.pixelSize(), synthesis.slants,
+          synthesis.emboldens ? raw.lineThickness() / 2 : 0, selection + " Tf\n"};
 }
 
 void PdfFonts::Put() const {

@@ -22,7 +22,7 @@ using GlyphCode = std::uint16_t;
 // One font of the file, whatever the sizes of its texts.
 class PdfFont {
  public:
-  // `raw` is at kTrueTypeEm pixels, as its file has it.
+  // `raw` is at kTrueTypeEm pixels. Its outlines are those of its file, whatever it adds to them.
   PdfFont(QRawFont raw, int number);
 
   // The object that pages refer to.
@@ -90,6 +90,7 @@ class PdfFonts {
   explicit PdfFonts(PdfFile& file) : file_(file) {}
 
   const PdfFace& Of(FaceRef face);
+  // Of a text that Qt has shaped.
   PdfFace Of(const QRawFont& raw);
 
   // Puts all fonts into the file.
@@ -98,6 +99,8 @@ class PdfFonts {
  private:
   // What tells two fonts apart: their family and style, and the head of their file.
   using Key = std::tuple<QString, QString, QByteArray>;
+
+  PdfFace Make(const QRawFont& raw, const Synthesis& synthesis);
 
   PdfFile& file_;
   std::map<Key, PdfFont> fonts_;

@@ -117,6 +117,21 @@ TEST_F(PdfContents, ASlantThatTheFamilyLacksIsMade) {
   EXPECT_GT(width(true), width(false) + 0.5);
 }
 
+TEST_F(PdfContents, AFaceOfTheFamilyIsTakenAsItIs) {
+  constexpr double kDotsPerInch = 600;
+  const QRectF region(5, 5, 90, 20);
+  for (const bool bold : {false, true}) {
+    for (const bool italic : {false, true}) {
+      const Page page = PageOf(100, 50, {Sample("Hill|", "DejaVu Sans", bold, italic)});
+      Write({page});
+      const QRectF shown = InkIn(ImageOf(Path(), kDotsPerInch), kDotsPerInch, region);
+      const QRectF painted = InkIn(RenderPage(page, kDotsPerInch), kDotsPerInch, region);
+      EXPECT_NEAR(shown.left(), painted.left(), kTolerance) << bold << italic;
+      EXPECT_NEAR(shown.right(), painted.right(), kTolerance) << bold << italic;
+    }
+  }
+}
+
 // Installs Forbidding Mono, a font whose maker does not let it be put into documents. Before any
 // test: families are listed once.
 class ForbiddingFont : public testing::Environment {
