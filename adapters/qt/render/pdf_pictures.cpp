@@ -20,7 +20,8 @@ std::string_view Encoded(const ImagePicture& picture) {
 
 // The entries of a JPEG file that readers of PDF show as other programs do: bytes of grey or of the
 // usual three components. Nothing for others.
-std::optional<std::string> JpegEntries(std::string_view file) {
+std::optional<std::string> JpegEntries(const ImagePicture& picture) {
+  const std::string_view file = Encoded(picture);
   const auto byte = [&file](std::size_t at) {
     return at < file.size() ? static_cast<unsigned char>(file[at]) : 0;
   };
@@ -34,9 +35,13 @@ std::optional<std::string> JpegEntries(std::string_view file) {
       const int bits = byte(at + 4);
       const int components = byte(at + 9);
       const bool isRgb = byte(at + 10) == 'R';
-      if (bits != 8 || (components != 1 && components != 3) || isRgb) return std::nullopt;
-      return Entries(number(at + 7), number(at + 5), components == 1 ? "DeviceGray" : "DeviceRGB",
-                     bits) +
+      const bool isWhole =
+          number(at + 7) == picture.WidthPixels() && number(at + 5) == picture.HeightPixels();
+      if (bits != 8 || (components != 1 && components != 3) || isRgb || !isWhole) {
+        return std::nullopt;
+      }
+      return Entries(picture.WidthPixels(), picture.HeightPixels(),
+                     components == 1 ? "DeviceGray" : "DeviceRGB", bits) +
              "/Filter/DCTDecode";
     }
     at += isFill ? 1 : 2 + static_cast<std::size_t>(number(at + 2));
@@ -72,7 +77,7 @@ int PdfPictures::NumberOf(const ImagePicture& picture) {
 
 int PdfPictures::PutPicture(const ImagePicture& picture) {
   if (IsJpeg(picture)) {
-    if (const std::optional<std::string> entries = JpegEntries(Encoded(picture))) {
+    if (const std::optional<std::string> entries = JpegEntries(picture)) {
       const int number = file_.Reserve();
       file_.PutEncoded(number, *entries, Encoded(picture));
       return number;
