@@ -26,6 +26,7 @@ set(qbtd_public_headers
   src/platform/pictures.h
   src/platform/platform.h
   src/platform/print_surface.h
+  src/platform/run_witness.h
   src/platform/value.h
   src/platform/windows.h
   src/service/printer.h

@@ -109,8 +109,9 @@ Recording ReplayOn(RealDatabase real, Scenario scenario) {
   return {platform.GetRecorder().TakeLines(), nullptr};
 }
 
-Recording Replay(const Json& scenario) {
+Recording Replay(const Json& scenario, RunWitness* witness) {
   RecordingPlatform platform(ReadScenario(scenario));
+  platform.Get().witness = witness;
   MakeCalls(platform);
   return {platform.GetRecorder().TakeLines(), platform.Tables().AsJson()};
 }

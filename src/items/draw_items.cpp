@@ -21,6 +21,7 @@ void DrawTextItem(Band& band) {
   } else if (HasToken(band, kGoodsPicture)) {
     DrawGoodsPicture(band);
   } else if (band.field.empty()) {
+    band.Meet(Circumstance::kNoVariable);
     Box(band, [&] { return band.caption; });
   } else if (const NamedField* named = FindNamedField(band.field, band.window.kind)) {
     DrawNamedField(band, *named);
@@ -32,7 +33,8 @@ void DrawTextItem(Band& band) {
 }  // namespace
 
 void DrawItems(PrintWindow& window, ItemSite FSite, std::string_view Filter) {
-  DrawBand(window, ItemStatement(window.request, FSite, Filter), FSite, DrawTextItem);
+  DrawBand(window, ItemStatement(window.request, FSite, Filter),
+           {.site = FSite, .isFiller = !Filter.empty(), .drawText = DrawTextItem});
 }
 
 }  // namespace td
