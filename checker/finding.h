@@ -41,6 +41,7 @@ enum class FindingKind {
   kPrinterMissing,
   kPrinterSheet,
   kRunMessage,
+  kTableColumn,
   // Items.
   kItemBand,
   kItemKind,
@@ -81,8 +82,11 @@ enum class FindingKind {
   kDataNoBill,
   kDataNoRows,
   kDataScattered,
-  kDataTooMany,
+  kDataNoArea,
+  kAreasScattered,
   kColumnMissing,
+  kImageColumnMissing,
+  kImageValueNull,
   kValueNull,
   kValueAlwaysNull,
   kSumColumnMissing,
@@ -102,6 +106,7 @@ enum class FindingKind {
 struct FoundItem {
   std::size_t index = 0;  // among the format's items
   std::string band;       // the number that the item has, as it is stored
+  std::string kind;       // likewise, FTypeID
   std::string caption;    // the name that it is known by: variable, fixed text or file
   std::string variable;   // the column or computed field, empty if it has none
   double left = 0;        // millimetres, as stored

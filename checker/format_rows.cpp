@@ -90,20 +90,20 @@ void ResolveVariables(FormatRows& format) {
 
 const std::vector<std::string_view>& BillColumns() {
   static const std::vector<std::string_view> columns = {
-      "FTDBillID",      "FTranType",      "FTDBillName",   "FSelected",     "FPaperSize",
-      "FPaperWidth",    "FPaperHeight",   "FOrientation",  "FRowsPerPage",  "FRowHeight",
-      "FAdjuctLeft",    "FAdjuctTop",     "FAdjuctHeader", "FQtysPerRow",   "FHeaderPerPage",
-      "FFooterPerPage", "FIntegralPage",  "FPrintDevice",  "FMarginleft",   "FMarginTop",
+      "FTDBillID",      "FTranType",     "FTDBillName",   "FSelected",    "FPaperSize",
+      "FPaperWidth",    "FPaperHeight",  "FOrientation",  "FRowsPerPage", "FRowHeight",
+      "FAdjuctLeft",    "FAdjuctTop",    "FAdjuctHeader", "FQtysPerRow",  "FHeaderPerPage",
+      "FFooterPerPage", "FIntegralPage", "FPrintDevice",  "FMarginleft",  "FMarginTop",
       "FMarginRight",   "FMarginBottom"};
   return columns;
 }
 
 const std::vector<std::string_view>& ItemColumns() {
   static const std::vector<std::string_view> columns = {
-      "FTDBillID",  "FSite",       "FLeft",         "FTop",         "FWidth",
-      "FHeight",    "FTypeID",     "FIsVariant",    "FMustPrint",   "FObjectFieldName",
-      "FFieldName", "FFontName",   "FObjectCaption", "FFontSize",   "FFontBold",
-      "FFontItalic", "FAlignMent", "FWordWrap",     "FAutoSize",    "FFormatString",
+      "FTDBillID",    "FSite",       "FLeft",          "FTop",       "FWidth",
+      "FHeight",      "FTypeID",     "FIsVariant",     "FMustPrint", "FObjectFieldName",
+      "FFieldName",   "FFontName",   "FObjectCaption", "FFontSize",  "FFontBold",
+      "FFontItalic",  "FAlignMent",  "FWordWrap",      "FAutoSize",  "FFormatString",
       "Fborderwidth", "FPicturePath"};
   return columns;
 }

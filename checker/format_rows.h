@@ -53,8 +53,8 @@ struct FormatRows {
   [[nodiscard]] std::size_t ItemCount() const { return items.rows.size(); }
 };
 
-// Gives items that come without the column FFieldName the variable of their FObjectFieldName, as the
-// database would. For rows that no database has joined.
+// Gives items that come without the column FFieldName the variable of their FObjectFieldName, as
+// the database would. For rows that no database has joined.
 void ResolveVariables(FormatRows& format);
 
 // All rows of a record set, from where it stands, in the columns of `wanted` that it has.

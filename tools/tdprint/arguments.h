@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <variant>
 
@@ -26,6 +27,19 @@ struct PrintArguments {
   std::string html;  // as pdf
 
   bool operator==(const PrintArguments&) const = default;
+};
+
+// Looks for mistakes in formats.
+struct CheckArguments {
+  std::string database;
+  std::optional<std::int16_t> billType;  // none: all
+  std::string format;                    // empty: all
+  std::string data;                      // a statement that selects rows; empty: none are read
+  std::string printer;  // that takes the documents; empty: the one that each format chooses
+  bool byArea = false;
+  bool json = false;
+
+  bool operator==(const CheckArguments&) const = default;
 };
 
 struct DemoArguments {
@@ -76,9 +90,9 @@ struct UnregisterArguments {
 };
 
 // What to do, or the status to end with: help was shown, or the usage is wrong and said so.
-using Command =
-    std::variant<PrintArguments, DemoArguments, SettingsArguments, AreaPrintersArguments,
-                 SampleSqlArguments, RegisterArguments, UnregisterArguments, ExitStatus>;
+using Command = std::variant<PrintArguments, CheckArguments, DemoArguments, SettingsArguments,
+                             AreaPrintersArguments, SampleSqlArguments, RegisterArguments,
+                             UnregisterArguments, ExitStatus>;
 
 Command ParseArguments(int argc, const char* const* argv);
 

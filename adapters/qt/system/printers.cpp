@@ -44,8 +44,12 @@ int Hundredths(double twips) {
   return static_cast<int>(std::lround(twips / kTwipsPerInch * 2540));
 }
 
+double Twips(int hundredths) {
+  return hundredths * kTwipsPerInch / 2540;
+}
+
 PaperExtent Extent(int width, int length) {
-  return {width * kTwipsPerInch / 2540, length * kTwipsPerInch / 2540};
+  return {Twips(width), Twips(length)};
 }
 
 // The size of a sheet's name, which may be the standard's, the driver's or an older one.
@@ -83,6 +87,20 @@ std::optional<PaperExtent> DefaultMediaExtent(const CupsPrinter& queue) {
   return Extent(ippGetInteger(width, 0), ippGetInteger(length, 0));
 }
 
+// The sheet that a printer has for a size.
+std::optional<cups_size_t> FindSheet(const std::string& printer, const PaperExtent& extent) {
+  const CupsPrinter queue(printer);
+  if (!queue.IsReachable()) return std::nullopt;
+  cups_size_t found = {};
+  if (cupsGetDestMediaBySize(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details(),
+                             Hundredths(extent.width), Hundredths(extent.height),
+                             CUPS_MEDIA_FLAGS_DEFAULT, &found) == 0) {
+    return std::nullopt;
+  }
+  const bool isSame = IsSameSheet(Extent(found.width, found.length), extent);
+  return isSame ? std::optional(found) : std::nullopt;
+}
+
 }  // namespace
 
 std::vector<std::string> PrinterNames() {
@@ -109,17 +127,20 @@ std::optional<PaperExtent> OwnSheet(const std::string& printer) {
   return DefaultMediaExtent(queue);
 }
 
+bool IsReachable(const std::string& printer) {
+  return !printer.empty() && CupsPrinter(printer).IsReachable();
+}
+
+std::optional<PrinterMargins> MarginsOf(const std::string& printer, const PaperExtent& extent) {
+  const std::optional<cups_size_t> sheet = FindSheet(printer, extent);
+  if (!sheet) return std::nullopt;
+  return PrinterMargins{Twips(sheet->left), Twips(sheet->top), Twips(sheet->right),
+                        Twips(sheet->bottom)};
+}
+
 std::optional<std::string> SheetName(const std::string& printer, const PaperExtent& extent) {
-  const CupsPrinter queue(printer);
-  if (!queue.IsReachable()) return std::nullopt;
-  cups_size_t found = {};
-  if (cupsGetDestMediaBySize(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details(),
-                             Hundredths(extent.width), Hundredths(extent.height),
-                             CUPS_MEDIA_FLAGS_DEFAULT, &found) == 0) {
-    return std::nullopt;
-  }
-  const bool isSame = IsSameSheet(Extent(found.width, found.length), extent);
-  return isSame ? std::optional<std::string>(found.media) : std::nullopt;
+  const std::optional<cups_size_t> sheet = FindSheet(printer, extent);
+  return sheet ? std::optional<std::string>(sheet->media) : std::nullopt;
 }
 
 }  // namespace td

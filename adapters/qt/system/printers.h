@@ -23,6 +23,20 @@ namespace td {
 // or can't be asked.
 [[nodiscard]] std::optional<PaperExtent> OwnSheet(const std::string& printer);
 
+// Whether the printing system knows the printer and it answers.
+[[nodiscard]] bool IsReachable(const std::string& printer);
+
+// What a printer leaves empty along the edges of a sheet as it is fed, twips.
+struct PrinterMargins {
+  double left = 0;
+  double top = 0;
+  double right = 0;
+  double bottom = 0;
+};
+// Nothing if it has no sheet of that size (IsSameSheet), or can't be asked.
+[[nodiscard]] std::optional<PrinterMargins> MarginsOf(const std::string& printer,
+                                                      const PaperExtent& extent);
+
 // The printing system's own name of the sheet that a printer has for a size (IsSameSheet). Nothing
 // if it has no such sheet or can't be asked.
 [[nodiscard]] std::optional<std::string> SheetName(const std::string& printer,
