@@ -52,7 +52,7 @@ void AddMessagesOfRows(const TrialResult& trial, FindingList& findings) {
 void CheckWithRows(const FormatRows& format, const CheckedMachine& machine,
                    const CheckOptions& options, Database* database, const std::string& connection,
                    FindingList& findings) {
-  if (!CheckBillsOfRows(*options.rows->Clone(), findings)) return;
+  if (!CheckGroups(*options.rows->Clone(), options.byArea, findings)) return;
   SheetCheck sheet(format);
   TextCheck texts(format, true);
   BarcodeCheck barcodes(machine.Barcodes(), true);

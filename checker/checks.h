@@ -30,7 +30,8 @@ void CheckFonts(const FormatRows& format, FindingList& findings);
 void CheckData(const FormatRows& format, const TrialResult& trial, Recordset& rows,
                FindingList& findings);
 
-// Whether rows name their bills, and bill by bill. `rows` is moved. False: no run can print them.
-bool CheckBillsOfRows(Recordset& rows, FindingList& findings);
+// Whether rows name their bills and come bill by bill, or area by area. `rows` is moved. False: no
+// run can print them.
+bool CheckGroups(Recordset& rows, bool byArea, FindingList& findings);
 
 }  // namespace td::checker

@@ -8,6 +8,7 @@
 #include "platform/failure.h"
 #include "state/window_kind.h"
 #include "store/template_item.h"
+#include "text/characters.h"
 #include "text/conversions.h"
 
 namespace td::checker {
@@ -48,6 +49,29 @@ std::optional<MisreadAmount> FindMisread(Recordset& rows, const std::string& col
     if (Val(*value) != ToDouble(*value)) return MisreadAmount{*text, ToText(Val(*value))};
   }
   return std::nullopt;
+}
+
+// What a row's page belongs to; empty if it joins the one before it.
+std::string GroupOf(Recordset& rows, bool byArea) {
+  const Value& value = rows.Field(byArea ? "FStockArea" : "FInterID");
+  if (IsNull(value)) return {};
+  const std::string text = ToText(value);
+  if (byArea) return std::string(FirstCharacter(text));
+  return text == "0" ? std::string() : text;
+}
+
+void CheckOrder(Recordset& rows, bool byArea, FindingList& findings) {
+  std::set<std::string> ended;
+  std::string group;
+  for (std::int64_t row = 1; !rows.Eof(); rows.MoveNext(), ++row) {
+    const std::string current = GroupOf(rows, byArea);
+    if (current == group || current.empty()) continue;
+    if (ended.contains(current)) {
+      return findings.Add(byArea ? kAreasScattered : kDataScattered, {current, ToText(row)});
+    }
+    if (!group.empty()) ended.insert(group);
+    group = current;
+  }
 }
 
 class DataCheck {
@@ -145,7 +169,7 @@ class DataCheck {
 
 }  // namespace
 
-bool CheckBillsOfRows(Recordset& rows, FindingList& findings) {
+bool CheckGroups(Recordset& rows, bool byArea, FindingList& findings) {
   if (!HasColumn(rows, "FInterID")) {
     findings.Add(kDataNoBill, {});
     return false;
@@ -154,19 +178,11 @@ bool CheckBillsOfRows(Recordset& rows, FindingList& findings) {
     findings.Add(kDataNoRows, {});
     return false;
   }
-  std::set<std::string> ended;
-  std::string bill;
-  for (std::int64_t row = 1; !rows.Eof(); rows.MoveNext(), ++row) {
-    const Value& id = rows.Field("FInterID");
-    const std::string current = IsNull(id) ? "0" : ToText(id);
-    if (current == bill) continue;
-    if (!bill.empty()) ended.insert(bill);
-    if (current != "0" && ended.contains(current) && !findings.Has(kDataScattered)) {
-      findings.Add(kDataScattered, {current, ToText(row)});
-    }
-    bill = current;
+  if (byArea && !HasColumn(rows, "FStockArea")) {
+    findings.Add(kDataNoArea, {});
+  } else {
+    CheckOrder(rows, byArea, findings);
   }
-  rows.MoveFirst();
   return true;
 }
 

@@ -166,12 +166,15 @@ class ItemCheck {
               ToText(format_.billType) + " and FVarCaption=" + Quoted(caption));
     }
     CheckTwice(caption);
-    if (FindNamedField(field, kind_) == nullptr) return;
-    // A computed field that the run has taken for a column of the rows, or at which it ends.
+    const NamedField* named = FindNamedField(field, kind_);
+    if (named == nullptr) return;
+    // A computed field that the run has taken for a column of the rows, or a quantity of a row
+    // where there is none.
     const bool isColumn = std::ranges::any_of(trial_.dataColumns, [&](const auto& use) {
       return LowerCase(use.first) == LowerCase(field);
     });
-    if (isColumn || (!trial_.message.empty() && trial_.drawn == 0)) {
+    const bool isQuantity = std::holds_alternative<QuantityColumns>(named->drawing);
+    if (isColumn || (isQuantity && !trial_.message.empty())) {
       Add(kFieldBand, {field, trial_.message});
     }
   }

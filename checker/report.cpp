@@ -88,12 +88,12 @@ std::size_t ColumnsOf(std::string_view character) {
   return character.size() > 2 ? 2 : 1;
 }
 
-// Breaks a text into lines: at blanks, and between Chinese characters.
-std::string Wrapped(std::string_view text, std::size_t indent) {
-  std::string lines;
+// Breaks a text into lines: at blanks, and between Chinese characters. The first line begins at
+// `column`, the others at `indent`.
+std::string Wrapped(std::string_view text, std::size_t column, std::size_t indent) {
+  std::string lines(column, ' ');
   std::string word;
   std::size_t wordColumns = 0;
-  std::size_t column = 0;
   const auto flush = [&] {
     if (column + wordColumns > kColumns && column > indent) {
       while (!lines.empty() && lines.back() == ' ') lines.pop_back();
@@ -156,9 +156,10 @@ std::string ReportText(const CheckResult& result, Language language) {
     const std::string severity(words.severities[static_cast<std::size_t>(message.severity)]);
     const auto addLine = [&](std::string_view label, const std::string& sentence) {
       report +=
-          "  " + Wrapped(std::string(label) + std::string(words.colon) + sentence, kIndent) + "\n";
+          Wrapped(std::string(label) + std::string(words.colon) + sentence, 2, kIndent) + "\n";
     };
-    report += Wrapped(severity + " " + Place(finding, words) + ": " + text.wrong, kIndent) + "\n";
+    report +=
+        Wrapped(severity + " " + Place(finding, words) + ": " + text.wrong, 0, kIndent) + "\n";
     addLine(words.onPaper, text.effect);
     addLine(words.mend, text.mend);
     if (!finding.sql.empty()) {

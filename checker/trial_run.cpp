@@ -284,12 +284,13 @@ class TrialWitness : public RunWitness, public TrialListener {
   BoxText stampText_;
 };
 
-// Enough rows to fill the second page, which may have more of them than the first.
+// Enough rows to fill the second page, which may have more of them than the first, and one on a
+// page of its own: the band behind the last row then comes where there is no row any more.
 int SampleCount(const FormatRows& format) {
   constexpr double kMostRowsAPage = 1000;
   constexpr int kPages = 3;
   const double rows = format.Bill().Number("FRowsPerPage").value_or(0);
-  return rows >= 1 && rows <= kMostRowsAPage ? kPages * static_cast<int>(std::lround(rows)) : 5;
+  return rows >= 1 && rows <= kMostRowsAPage ? kPages * static_cast<int>(std::lround(rows)) + 1 : 5;
 }
 
 }  // namespace
