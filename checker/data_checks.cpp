@@ -89,6 +89,10 @@ class DataCheck {
       const ItemTrial& item = trial_.items[i];
       for (const auto& [column, use] : item.dataColumns) CheckColumn(i, column, use);
       for (const double* sum : item.sums) CheckSum(i, sum);
+      if (const auto& next = item.nextBill) {
+        findings_.AddItem(i, kNextBill,
+                          {next->column, next->bill, next->nextBill, next->shown, next->meant});
+      }
     }
     if (trial_.markerRows > 0 && trial_.markerRows < trial_.rows) {
       findings_.Add(kMarkerRows, {ToText(trial_.markerRows)});

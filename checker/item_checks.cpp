@@ -62,6 +62,9 @@ class ItemCheck {
     }
     CheckNulls();
     if (IsKind(item_, ItemKind::kText)) CheckText();
+    if (trial_.takenBy) {
+      Add(kTotalPagesTaken, {NameOf(format_.Item(*trial_.takenBy))}, "");
+    }
     if (IsKind(item_, ItemKind::kPicture)) CheckPictureFile();
     CheckMessage();
   }

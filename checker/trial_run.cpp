@@ -27,10 +27,12 @@ class TrialWitness : public RunWitness, public TrialListener {
 
   TrialResult result;
 
-  // The document of the run, and the cursor that it parks; told before the run begins.
-  void Watch(PageDocument& document, const Recordset& clone) {
+  // The document of the run, the cursor that it parks, and one to follow it, which stands on the
+  // first row. Told before the run begins.
+  void Watch(PageDocument& document, const Recordset& clone, RecordsetRef rowDrawn) {
     document_ = &document;
     clone_ = &clone;
+    rowDrawn_ = std::move(rowDrawn);
   }
 
   // ---- What the run tells
@@ -51,7 +53,7 @@ class TrialWitness : public RunWitness, public TrialListener {
   }
   void GroupBreaks() override {}
   void RowBegins(std::int16_t /*number*/) override {
-    ++result.rows;
+    if (++result.rows > 1 && rowDrawn_ && !rowDrawn_->Eof()) rowDrawn_->MoveNext();
     isMarkerRow_ = false;
   }
   void RowIsMarker() override {
@@ -82,6 +84,7 @@ class TrialWitness : public RunWitness, public TrialListener {
   void Drawn(DrawnAs what, std::string_view text) override {
     if (item_ == kNoItem) return;
     if (what == DrawnAs::kText && text.empty()) return;
+    if (what == DrawnAs::kText) CompareBills();
     ++Item().drawn;
     if (what == DrawnAs::kText && Item().text.empty()) Item().text = text;
   }
@@ -96,7 +99,10 @@ class TrialWitness : public RunWitness, public TrialListener {
   void StampKept(std::size_t place) override {
     if (item_ == kNoItem) return;
     ++Item().drawn;
-    stampItems_[place] = item_;
+    const auto [keeper, isFirst] = stampItems_.try_emplace(place, item_);
+    if (!isFirst && keeper->second != item_) result.items[keeper->second].takenBy = item_;
+    Item().takenBy.reset();
+    keeper->second = item_;
   }
   void StampWritten(std::size_t place, int page) override {
     const auto found = stampItems_.find(place);
@@ -188,6 +194,8 @@ class TrialWitness : public RunWitness, public TrialListener {
 
   void ReadData(Recordset& rows, const std::string& column, const Value* value, bool isAtEnd) {
     if (isAtEnd) return;
+    lastData_ = &rows;
+    lastDataColumn_ = column;
     ColumnUse& use = Item().dataColumns[column];
     if (value == nullptr) use.isMissing = true;
     auto& [read, isNull] = columnsOfItem_[column];
@@ -199,6 +207,25 @@ class TrialWitness : public RunWitness, public TrialListener {
         use.firstNullBill = BillOf(rows);
       }
     }
+  }
+
+  // Behind the rows of a bill, the rows that are read may stand on the next one already.
+  void CompareBills() {
+    const bool isBehindRows = band_ == WitnessedBand::kAfterRows || band_ == WitnessedBand::kFoot;
+    if (!isBehindRows || lastData_ == nullptr || lastData_->Eof() || result.rows == 0) return;
+    if (Item().nextBill || rowDrawn_->Eof()) return;
+    const Value* id = lastData_->Find("FInterID");
+    const Value* ownId = rowDrawn_->Find("FInterID");
+    if (id == nullptr || ownId == nullptr || *id == *ownId) return;
+    const Value* shown = lastData_->Find(lastDataColumn_);
+    const Value* meant = rowDrawn_->Find(lastDataColumn_);
+    if (shown == nullptr || meant == nullptr || *shown == *meant) return;
+    Item().nextBill = {lastDataColumn_, BillOf(*rowDrawn_), BillOf(*lastData_), TextOf(*shown),
+                       TextOf(*meant)};
+  }
+
+  static std::string TextOf(const Value& value) {
+    return std::holds_alternative<Bytes>(value) ? std::string() : ToText(value);
   }
 
   static std::string BillOf(Recordset& rows) {
@@ -236,6 +263,7 @@ class TrialWitness : public RunWitness, public TrialListener {
       }
     }
     columnsOfItem_.clear();
+    lastData_ = nullptr;
     item_ = kNoItem;
     itemRow_ = nullptr;
     isFixedText_ = false;
@@ -256,6 +284,7 @@ class TrialWitness : public RunWitness, public TrialListener {
   PageDocument* document_ = nullptr;
   Recordset* data_ = nullptr;
   const Recordset* clone_ = nullptr;
+  RecordsetRef rowDrawn_;  // on the row that was drawn last
 
   // Where the run is.
   int page_ = 0;
@@ -271,6 +300,8 @@ class TrialWitness : public RunWitness, public TrialListener {
   std::string lastColumn_;
   bool lastIsOwn_ = false;
   bool lastIsNull_ = false;
+  Recordset* lastData_ = nullptr;  // the rows that the item has read, if it has read any
+  std::string lastDataColumn_;
 
   std::set<std::pair<const double*, std::string>> addedColumns_;
 
@@ -311,7 +342,8 @@ TrialResult RunTrial(const FormatRows& format, const CheckedMachine& machine,
 
   const auto window =
       OpenWindow(platform.Get(), context, request.byArea ? kStockAreaWindow : kPlainWindow);
-  witness.Watch(dynamic_cast<PageDocument&>(window->vp), *context.PrintDataClone);
+  witness.Watch(dynamic_cast<PageDocument&>(window->vp), *context.PrintDataClone,
+                context.PrintData->Clone());
   try {
     DoPrinting(*window);
   } catch (const Failure& failure) {

@@ -26,6 +26,15 @@ struct ColumnUse {
   int firstNullRow = 0;
 };
 
+// A value that a page shows of another bill than its own.
+struct NextBill {
+  std::string column;
+  std::string bill;
+  std::string nextBill;
+  std::string shown;
+  std::string meant;
+};
+
 struct ItemTrial {
   int times = 0;     // how often the run came to it
   int drawn = 0;     // how often it reached the surface
@@ -35,8 +44,10 @@ struct ItemTrial {
   std::set<std::string> columnsRead;             // its own
   std::set<std::string> nullsSkipped;            // its own columns whose Null skipped a statement
   std::set<const double*> sums;
-  std::string message;                // with which it ended its band; empty: it did not
-  std::vector<std::string> barcodes;  // the texts that it has put into codes, each once
+  std::string message;                 // with which it ended its band; empty: it did not
+  std::optional<NextBill> nextBill;    // the first time
+  std::optional<std::size_t> takenBy;  // the item that keeps its place of the total page count
+  std::vector<std::string> barcodes;   // the texts that it has put into codes, each once
 };
 
 // A sum of the run: the columns that rows have added to it.

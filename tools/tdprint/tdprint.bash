@@ -46,7 +46,7 @@ _tdprint() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} options
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
-    _tdprint_words "print preview demo settings area-printers sample-sql register unregister --help \
+    _tdprint_words "print preview check demo settings area-printers sample-sql register unregister --help \
       --version" \
       "$current"
     return
@@ -66,6 +66,7 @@ _tdprint() {
       options="--config --db --type --data --format --only-variant --blank-rows --by-area \
         --printer --pdf --png --html"
       ;;
+    check) options="--db --type --format --data --printer --by-area --json" ;;
     demo) options="--out --samples --printer" ;;
     settings) options="--db --type" ;;
     area-printers) options="--db" ;;
