@@ -35,7 +35,7 @@ std::optional<SheetMargins> DesktopMachine::Margins(const std::string& printer,
 }
 
 bool DesktopMachine::Answers(const std::string& printer) const {
-  return IsReachable(printer);
+  return OwnSheet(printer).has_value();
 }
 
 }  // namespace td::checker

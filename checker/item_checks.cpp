@@ -45,7 +45,6 @@ class ItemCheck {
   ItemCheck(const FormatRows& format, const TrialResult& trial, std::size_t index, bool byArea,
             FindingList& findings)
       : format_(format),
-        result_(trial),
         trial_(trial.items[index]),
         item_(format.Item(index)),
         index_(index),
@@ -229,7 +228,6 @@ class ItemCheck {
   }
 
   const FormatRows& format_;
-  const TrialResult& result_;
   const ItemTrial& trial_;
   StoredRow item_;
   std::size_t index_;

@@ -30,7 +30,7 @@ class CheckedMachine {
 
   // Nothing where the printer doesn't say.
   [[nodiscard]] virtual std::optional<PaperExtent> OwnSheet(const std::string& printer) const = 0;
-  // Nothing where the printer has no such sheet, or doesn't say.
+  // Nothing where the printer can't print on such a sheet, or doesn't say.
   [[nodiscard]] virtual std::optional<SheetMargins> Margins(const std::string& printer,
                                                             const PaperExtent& sheet) const = 0;
   // Whether the printer answers at all.

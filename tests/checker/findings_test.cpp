@@ -364,6 +364,34 @@ TEST_F(CheckerFindings, TheDatabaseStaysAsItIs) {
   EXPECT_EQ(std::filesystem::last_write_time(sample.File()), before);
 }
 
+// Says of the first requests that the database is locked.
+class LockedAtFirst : public Database {
+ public:
+  explicit LockedAtFirst(Database& real) : real_(real) {}
+  RecordsetRef OpenQuery(const std::string& connection, const std::string& sql, CursorType cursor,
+                         LockType lock) override {
+    if (refusals < 5 && ++refusals > 0) throw Failure(kDatabaseFailed, "数据库已锁定");
+    return real_.OpenQuery(connection, sql, cursor, lock);
+  }
+  std::unique_ptr<Connection> Connect(const std::string& connection) override {
+    return real_.Connect(connection);
+  }
+
+  int refusals = 0;
+
+ private:
+  Database& real_;
+};
+
+TEST_F(CheckerFindings, ALockIsWaitedFor) {
+  const CheckedSample sample;
+  LockedAtFirst database(Desktop().Get().database);
+  const FakeMachine machine(Desktop().Get().pictures);
+  const CheckResult result = CheckDatabase(database, sample.Connection(), {}, machine);
+  EXPECT_EQ(database.refusals, 5);
+  EXPECT_EQ(result.formats, 9);
+}
+
 TEST_F(CheckerFindings, ADatabaseWithoutTheTablesFails) {
   CheckedSample sample;
   sample.Run("drop table TDBillDetail");

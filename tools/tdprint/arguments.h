@@ -32,10 +32,10 @@ struct PrintArguments {
 // Looks for mistakes in formats.
 struct CheckArguments {
   std::string database;
-  std::optional<std::int16_t> billType;  // none: all
-  std::string format;                    // empty: all
-  std::string data;                      // a statement that selects rows; empty: none are read
-  std::string printer;  // that takes the documents; empty: the one that each format chooses
+  std::optional<std::int16_t> billType{};  // none: all
+  std::string format{};                    // empty: all
+  std::string data{};                      // a statement that selects rows; empty: none are read
+  std::string printer{};  // that takes the documents; empty: the one that each format chooses
   bool byArea = false;
   bool json = false;
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 #include "page_document/drawing.h"
 #include "qt/system/cups_handles.h"
@@ -87,6 +88,16 @@ std::optional<PaperExtent> DefaultMediaExtent(const CupsPrinter& queue) {
   return Extent(ippGetInteger(width, 0), ippGetInteger(length, 0));
 }
 
+// The smallest of the lengths that a printer lists, twips; 0 if it lists none.
+double SmallestOf(const CupsPrinter& queue, const char* name) {
+  ipp_attribute_t* lengths =
+      cupsFindDestSupported(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details(), name);
+  const int count = lengths == nullptr ? 0 : ippGetCount(lengths);
+  int smallest = count == 0 ? 0 : ippGetInteger(lengths, 0);
+  for (int i = 1; i < count; ++i) smallest = std::min(smallest, ippGetInteger(lengths, i));
+  return Twips(smallest);
+}
+
 // The sheet that a printer has for a size.
 std::optional<cups_size_t> FindSheet(const std::string& printer, const PaperExtent& extent) {
   const CupsPrinter queue(printer);
@@ -127,15 +138,23 @@ std::optional<PaperExtent> OwnSheet(const std::string& printer) {
   return DefaultMediaExtent(queue);
 }
 
-bool IsReachable(const std::string& printer) {
-  return !printer.empty() && CupsPrinter(printer).IsReachable();
+bool TakesAnySize(const std::string& printer) {
+  const CupsPrinter queue(printer);
+  const char* type = queue.IsReachable() ? SettingOf(queue, "printer-type") : nullptr;
+  return type != nullptr && (std::strtoul(type, nullptr, 10) & CUPS_PRINTER_VARIABLE) != 0;
 }
 
 std::optional<PrinterMargins> MarginsOf(const std::string& printer, const PaperExtent& extent) {
-  const std::optional<cups_size_t> sheet = FindSheet(printer, extent);
-  if (!sheet) return std::nullopt;
-  return PrinterMargins{Twips(sheet->left), Twips(sheet->top), Twips(sheet->right),
-                        Twips(sheet->bottom)};
+  if (const std::optional<cups_size_t> sheet = FindSheet(printer, extent)) {
+    return PrinterMargins{Twips(sheet->left), Twips(sheet->top), Twips(sheet->right),
+                          Twips(sheet->bottom)};
+  }
+  if (!TakesAnySize(printer)) return std::nullopt;
+  const CupsPrinter queue(printer);
+  if (!queue.IsReachable()) return std::nullopt;
+  return PrinterMargins{
+      SmallestOf(queue, "media-left-margin"), SmallestOf(queue, "media-top-margin"),
+      SmallestOf(queue, "media-right-margin"), SmallestOf(queue, "media-bottom-margin")};
 }
 
 std::optional<std::string> SheetName(const std::string& printer, const PaperExtent& extent) {

@@ -23,8 +23,8 @@ namespace td {
 // or can't be asked.
 [[nodiscard]] std::optional<PaperExtent> OwnSheet(const std::string& printer);
 
-// Whether the printing system knows the printer and it answers.
-[[nodiscard]] bool IsReachable(const std::string& printer);
+// Whether the printer takes sheets of any size. Not if it can't be asked.
+[[nodiscard]] bool TakesAnySize(const std::string& printer);
 
 // What a printer leaves empty along the edges of a sheet as it is fed, twips.
 struct PrinterMargins {
@@ -33,7 +33,8 @@ struct PrinterMargins {
   double right = 0;
   double bottom = 0;
 };
-// Nothing if it has no sheet of that size (IsSameSheet), or can't be asked.
+// Those of its sheet of that size (IsSameSheet); of a size that it takes without having such a
+// sheet the smallest that it has. Nothing if it has neither, or can't be asked.
 [[nodiscard]] std::optional<PrinterMargins> MarginsOf(const std::string& printer,
                                                       const PaperExtent& extent);
 
