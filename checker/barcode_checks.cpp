@@ -40,16 +40,16 @@ void BarcodeCheck::Draws(const Drawing& drawing) {
 
 void BarcodeCheck::Report(FindingList& findings) const {
   for (const auto& [item, refusal] : refused_) {
-    findings.AddItem(item, kBarcodeRefused, {refusal.text, refusal.reason});
+    findings.AddItem(item, kBarcodeRefused, {Shortened(refusal.text), refusal.reason});
   }
   for (const auto& [item, narrow] : narrowest_) {
     const double dots = DotsOf(narrow.module);
     if (dots >= kFewestDots) continue;
     const double wanted = narrow.box * kWantedDots / dots;
-    findings.AddItem(
-        item, kBarcodeNarrow,
-        {narrow.text, ToText(std::round(narrow.module / kTwipsPerMillimetre * 100) / 100),
-         ToText(std::round(dots * 10) / 10), MillimetresText(wanted)});
+    findings.AddItem(item, kBarcodeNarrow,
+                     {Shortened(narrow.text),
+                      ToText(std::round(narrow.module / kTwipsPerMillimetre * 100) / 100),
+                      ToText(std::round(dots * 10) / 10), MillimetresText(wanted)});
   }
 }
 

@@ -113,11 +113,8 @@ void CheckScale(const FormatRows& format, const TrialResult& trial, FindingList&
     return;
   }
   const Value* id = format.Bill().Find("FTDBillID");
-  const std::string factor = "*1440/25.4";
-  std::string change;
-  for (const std::string column : {"FLeft", "FTop", "FWidth", "FHeight"}) {
-    change += (change.empty() ? "" : ",") + column + "=" + column + factor;
-  }
+  const std::string change =
+      "FLeft=FLeft*1440/25.4,FTop=FTop*1440/25.4,FWidth=FWidth*1440/25.4,FHeight=FHeight*1440/25.4";
   findings.Add(kItemsMillimetres,
                {ToText(static_cast<std::int64_t>(format.ItemCount())), MillimetresText(right),
                 MillimetresText(bottom)},

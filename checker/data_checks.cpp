@@ -89,6 +89,7 @@ class DataCheck {
       const ItemTrial& item = trial_.items[i];
       for (const auto& [column, use] : item.dataColumns) CheckColumn(i, column, use);
       for (const double* sum : item.sums) CheckSum(i, sum);
+      CheckPictureOfText(i);
       if (const auto& next = item.nextBill) {
         findings_.AddItem(i, kNextBill,
                           {next->column, next->bill, next->nextBill, next->shown, next->meant});
@@ -136,6 +137,16 @@ class DataCheck {
     } else if (!isQuantity) {
       findings_.AddItem(index, kValueNull, arguments);
     }
+  }
+
+  // A picture that no value has come under: none of them is a number.
+  void CheckPictureOfText(std::size_t index) {
+    const ItemTrial& item = trial_.items[index];
+    const std::string picture = format_.Item(index).Text("FFormatString");
+    if (picture.empty() || item.dataColumns.empty() || item.drawn == 0) return;
+    if (item.columnsRead.contains("fformatstring") || !item.barcodes.empty()) return;
+    findings_.AddItem(index, kFormatStringUnused, {picture},
+                      UpdateItem(format_, index, "FFormatString=''"));
   }
 
   [[nodiscard]] std::string Rename(const std::string& field, const std::string& column,

@@ -71,6 +71,7 @@ enum class FindingKind {
   kPicturePath,
   kFormatString,
   kFormatStringConstant,
+  kFormatStringDate,
   kFormatStringUnused,
   kPreprintedMissing,
   kTotalPagesTaken,

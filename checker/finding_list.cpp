@@ -5,6 +5,7 @@
 #include <tuple>
 
 #include "page_document/commands.h"
+#include "text/characters.h"
 #include "text/conversions.h"
 
 namespace td::checker {
@@ -16,7 +17,7 @@ FoundItem FoundItemOf(const FormatRows& format, std::size_t index) {
   found.index = index;
   found.band = StoredText(item, "FSite");
   found.kind = StoredText(item, "FTypeID");
-  found.caption = NameOf(item);
+  found.caption = Shortened(NameOf(item));
   found.variable = item.Text("FFieldName");
   found.left = ToMillimetres(item.Number("FLeft").value_or(0));
   found.top = ToMillimetres(item.Number("FTop").value_or(0));
@@ -77,10 +78,19 @@ std::string MillimetresText(double twips) {
 
 std::string NameOf(const StoredRow& item) {
   for (const char* column : {"FObjectFieldName", "FObjectCaption", "FPicturePath"}) {
-    const std::string name = item.Text(column);
+    std::string name = item.Text(column);
     if (!name.empty()) return name;
   }
   return {};
+}
+
+std::string Shortened(const std::string& text) {
+  constexpr std::size_t kCharacters = 40;
+  if (CharacterCount(text) <= kCharacters) return text;
+  std::string_view rest = text;
+  std::string beginning;
+  for (std::size_t i = 0; i < kCharacters; ++i) beginning += TakeCharacter(rest);
+  return beginning + "…";
 }
 
 std::string StoredText(const StoredRow& row, std::string_view column) {

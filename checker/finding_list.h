@@ -41,6 +41,9 @@ class FindingList {
 // How an item is known: its variable, its fixed text, its file.
 [[nodiscard]] std::string NameOf(const StoredRow& item);
 
+// The beginning of a long text.
+[[nodiscard]] std::string Shortened(const std::string& text);
+
 // "NULL" or the value as it is stored.
 [[nodiscard]] std::string StoredText(const StoredRow& row, std::string_view column);
 

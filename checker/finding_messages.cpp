@@ -403,7 +403,7 @@ constexpr std::array kMessages = {
                    kWarning,
                    {"字体“{0}”没有安装，{2} 个项目用到。", "用“{1}”代替，字形和宽度可能不同。",
                     "安装这种字体，或在 fonts.conf 中指定代替它的字体。"},
-                   {"The font “{0}” isn't installed; {2} items have it.",
+                   {"The font “{0}” isn't installed; items that have it: {2}.",
                     "“{1}” stands in for it, with other shapes and widths.",
                     "Install it, or name the family that shall stand for it in fonts.conf."}},
     FindingMessage{
@@ -443,6 +443,14 @@ constexpr std::array kMessages = {
         {"格式串“{0}”里没有数字的位置。", "任何数都印成“{1}”。", "用 0 或 # 表示数字的位置。"},
         {"The picture “{0}” has no place for digits.", "Every number is printed as “{1}”.",
          "0 and # are the places of digits."}},
+    FindingMessage{kFormatStringDate,
+                   "format-string-date",
+                   kWarning,
+                   {"格式串“{0}”是日期的，而格式串只对数起作用。",
+                    "日期照原样印出；数 {1} 印成“{2}”。", "让数据给出写好的日期文字，格式串留空。"},
+                   {"The picture “{0}” is one of dates, and pictures reach numbers only.",
+                    "Dates are printed as they are, and {1} as “{2}”.",
+                    "Deliver the date as a text that is ready, and leave the picture empty."}},
     FindingMessage{
         kFormatStringUnused,
         "format-string-unused",

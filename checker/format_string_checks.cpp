@@ -59,8 +59,13 @@ void CheckMeaning(const std::string& picture, std::size_t item, const FormatRows
     }
     return;
   }
-  const bool seemsNumber = HasPlaces(first);
-  if (!seemsNumber) return;
+  if (!HasPlaces(first)) {
+    if (kind == PictureKind::kDate) {
+      findings.AddItem(item, kFormatStringDate, {picture, ToText(kProbe), shown},
+                       UpdateItem(format, item, "FFormatString=''"));
+    }
+    return;
+  }
 
   const std::string prefix = Prefix(first);
   const bool isLetterless = prefix.find_first_not_of(".,-+ $%()") == std::string::npos;

@@ -22,6 +22,7 @@ struct ReportWords {
   std::string_view picture;
   std::string_view billType;
   std::string_view settings;
+  std::string_view database;
   std::string_view onPaper;
   std::string_view mend;
   std::string_view colon;
@@ -34,6 +35,7 @@ constexpr ReportWords kChinese = {{"提示", "警告", "错误"},
                                   "图片",
                                   "单据类型",
                                   "机器设置",
+                                  "数据库",
                                   "纸上",
                                   "办法",
                                   "："};
@@ -44,6 +46,7 @@ constexpr ReportWords kEnglish = {{"hint", "warning", "error"},
                                   "picture",
                                   "bill type",
                                   "machines",
+                                  "database",
                                   "on paper",
                                   "mend",
                                   ": "};
@@ -73,7 +76,7 @@ std::string Tenths(double number) {
 // 销售单 / 表头 / 客户 (FCustName, 20.0, 35.0 mm)
 std::string Place(const Finding& finding, const ReportWords& words) {
   std::string place = finding.format;
-  if (!finding.billType && place.empty()) return std::string(words.settings);
+  if (!finding.billType && place.empty()) return std::string(words.database);
   if (!finding.billType) return std::string(words.settings) + " / " + place;
   if (place.empty()) return std::string(words.billType) + " " + ToText(*finding.billType);
   if (!finding.item) return place;

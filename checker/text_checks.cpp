@@ -73,18 +73,19 @@ void TextCheck::Report(FindingList& findings) const {
   if (findings.Has(kItemsMillimetres) || findings.Has(kPaperMillimetres)) return;
   for (const auto& [item, overflow] : tooLong_) {
     findings.AddItem(item, kTextTooLong,
-                     {overflow.text, MillimetresText(overflow.size), MillimetresText(overflow.box),
-                      MillimetresText(overflow.excess)});
+                     {Shortened(overflow.text), MillimetresText(overflow.size),
+                      MillimetresText(overflow.box), MillimetresText(overflow.excess)});
   }
   for (const auto& [item, overflow] : tooHigh_) {
     findings.AddItem(item, kTextTooHigh,
-                     {overflow.text, ToText(overflow.lines), MillimetresText(overflow.size),
-                      MillimetresText(overflow.box)});
+                     {Shortened(overflow.text), ToText(overflow.lines),
+                      MillimetresText(overflow.size), MillimetresText(overflow.box)});
   }
   for (const auto& [items, overlap] : overlaps_) {
     findings.AddItem(items.first, kTextsOverlap,
-                     {overlap.text, NameOf(format_.Item(items.second)), overlap.other,
-                      MillimetresText(overlap.width), MillimetresText(overlap.height)});
+                     {Shortened(overlap.text), Shortened(NameOf(format_.Item(items.second))),
+                      Shortened(overlap.other), MillimetresText(overlap.width),
+                      MillimetresText(overlap.height)});
   }
 }
 

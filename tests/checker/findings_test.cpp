@@ -133,6 +133,8 @@ std::vector<Broken> AllBroken() {
       {kFormatString, Item("金额", "FFormatString='RMB0.00'"), "金额"},
       {kFormatString, Item("金额", "FFormatString='0,'"), "金额"},
       {kFormatStringConstant, Item("金额", "FFormatString='元'"), "金额"},
+      {kFormatStringDate, Item("金额", "FFormatString='yyyy-mm-dd'"), "金额"},
+      {kFormatStringUnused, "", "金额", RowsWith("'12.50元' as FAmount"), false, kOrder},
       {kFormatStringUnused, Item("客户", "FFormatString='0.00'"), "客户"},
       {kPreprintedMissing, Item("客户", "FIsVariant=0"), "客户"},
       {kTotalPagesTaken,

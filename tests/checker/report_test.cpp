@@ -57,6 +57,9 @@ TEST(CheckerReport, LinesAndSettingsHaveNamesToo) {
   EXPECT_EQ(ReportText(One(setting), Language::kChinese).find("警告 机器设置 / 销售单: "), 0U);
   const Finding type{.kind = FindingKind::kNoneSelected, .billType = 21, .arguments = {"21"}};
   EXPECT_EQ(ReportText(One(type), Language::kChinese).find("警告 单据类型 21: "), 0U);
+  const Finding nothing{.kind = FindingKind::kNoFormat};
+  EXPECT_EQ(
+      ReportText(One(nothing), Language::kEnglish).find("error database: There is no format."), 0U);
 }
 
 // Columns of a terminal: two for a Chinese character.
