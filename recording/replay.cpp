@@ -103,8 +103,9 @@ void MakeCalls(RecordingPlatform& platform) {
 
 }  // namespace
 
-Recording ReplayOn(RealDatabase real, Scenario scenario) {
+Recording ReplayOn(RealDatabase real, Scenario scenario, RunWitness* witness) {
   RecordingPlatform platform(std::move(scenario), std::move(real));
+  platform.Get().witness = witness;
   MakeCalls(platform);
   return {platform.GetRecorder().TakeLines(), nullptr};
 }

@@ -21,7 +21,8 @@ struct Recording {
 [[nodiscard]] Recording Replay(const Json& scenario, RunWitness* witness = nullptr);
 
 // The same on a real database: the scenario's tables take no part, and none are handed back.
-[[nodiscard]] Recording ReplayOn(RealDatabase real, Scenario scenario);
+[[nodiscard]] Recording ReplayOn(RealDatabase real, Scenario scenario,
+                                 RunWitness* witness = nullptr);
 
 // The text of a scenario as JSON. Fails with ScenarioError.
 [[nodiscard]] Json ParseScenario(const std::string& text);

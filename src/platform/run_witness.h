@@ -55,6 +55,9 @@ class RunWitness {
   virtual void FormatChosen(const std::string& name) = 0;
   virtual void RunEnds() = 0;
 
+  // All pages are finished: what follows is of the document as a whole.
+  virtual void PagesEnd() = 0;
+
   // Pages count from 1 in each run. The page of a new bill or stock area begins behind GroupBreaks.
   virtual void PageBegins() = 0;
   virtual void GroupBreaks() = 0;

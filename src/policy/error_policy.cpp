@@ -23,10 +23,6 @@ Failure CurrentFailure() {
   }
 }
 
-void Guard::TellEnd(const Failure& failure) const {
-  if (witness_ != nullptr) witness_->Ends(failure);
-}
-
 Guard::Reaction Guard::ReactToCurrent(Statement statement) const {
   const Failure failure = CurrentFailure();
   const bool isPrinter = failure.Number() == kInvalidProperty;
@@ -38,7 +34,10 @@ Guard::Reaction Guard::ReactToCurrent(Statement statement) const {
   const bool isSkipped = (reactions_.skipsNull && failure.Number() == kInvalidUseOfNull) ||
                          (reactions_.skipsMissingColumn && failure.Number() == kNoSuchColumn);
   const bool isHandled = reactions_.ignoresAll || (reactions_.reportsPrinter && isPrinter);
-  if (!isSkipped && !isHandled) throw failure;
+  if (!isSkipped && !isHandled) {
+    if (witness_ != nullptr) witness_->Ends(failure);
+    throw failure;
+  }
   if (witness_ != nullptr) witness_->Forgives(failure, statement == Statement::kTest);
 
   try {

@@ -57,9 +57,6 @@ class Guard {
     return holds;
   }
 
-  // Tells the witness of a failure that ends the routine.
-  void TellEnd(const Failure& failure) const;
-
  private:
   enum class Statement { kStep, kTest };
   enum class Reaction { kRetry, kNext };
@@ -103,7 +100,6 @@ void RunRoutine(const Guard& guard, Messages& messages, Body&& body) {
   } catch (const EscapingFailure& escaping) {
     throw escaping.failure;
   } catch (const Failure& failure) {
-    guard.TellEnd(failure);
     ShowFailure(messages, failure);
   }
 }

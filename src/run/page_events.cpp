@@ -53,6 +53,8 @@ void OnEndPage(PrintWindow& window) {
 }
 
 void OnEndDoc(PrintWindow& window) {
+  RunWitness* const witness = window.platform.witness;
+  if (witness != nullptr) witness->PagesEnd();
   StampTotalPages(window);
 }
 

@@ -49,6 +49,7 @@ TEST(RunWitness, IsToldOfARunFromItsFormatToItsEnd) {
                                                 "BandEnds",
                                                 "BandBegins 5",
                                                 "BandEnds",
+                                                "PagesEnd",
                                                 "RunEnds"}));
 }
 

@@ -31,6 +31,7 @@ class ToldWitness : public RunWitness {
   }
   void FormatChosen(const std::string& name) override { Add("FormatChosen " + name); }
   void RunEnds() override { Add("RunEnds"); }
+  void PagesEnd() override { Add("PagesEnd"); }
   void PageBegins() override { Add("PageBegins"); }
   void GroupBreaks() override { Add("GroupBreaks"); }
   void RowBegins(std::int16_t number) override {

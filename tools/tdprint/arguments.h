@@ -25,6 +25,8 @@ struct PrintArguments {
   std::string pdf;   // a file; standard output has its path, too
   std::string png;   // a folder
   std::string html;  // as pdf
+  // Where the explanation of the print goes, a file as pdf; empty: none is asked for.
+  std::string explain;
 
   bool operator==(const PrintArguments&) const = default;
 };
@@ -40,6 +42,15 @@ struct CheckArguments {
   bool json = false;
 
   bool operator==(const CheckArguments&) const = default;
+};
+
+// Writes down what a print reads, as a scenario.
+struct RecordArguments {
+  PrintArguments print;  // without outputs
+  bool mask = false;     // other values of the same kind in the data
+  std::string out;       // a file; empty: standard output
+
+  bool operator==(const RecordArguments&) const = default;
 };
 
 struct DemoArguments {
@@ -91,8 +102,8 @@ struct UnregisterArguments {
 
 // What to do, or the status to end with: help was shown, or the usage is wrong and said so.
 using Command = std::variant<PrintArguments, CheckArguments, DemoArguments, SettingsArguments,
-                             AreaPrintersArguments, SampleSqlArguments, RegisterArguments,
-                             UnregisterArguments, ExitStatus>;
+                             AreaPrintersArguments, SampleSqlArguments, RecordArguments,
+                             RegisterArguments, UnregisterArguments, ExitStatus>;
 
 Command ParseArguments(int argc, const char* const* argv);
 

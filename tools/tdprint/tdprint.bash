@@ -29,6 +29,12 @@ _tdprint_value() {
     --engine) _tdprint_words "sqlite postgresql mariadb sqlserver" "$current" ;;
     --printer) _tdprint_words "$(lpstat -e 2>/dev/null)" "$current" ;;
     --config | --module | --pdf | --html) _tdprint_files "$current" ;;
+    --explain) # its file may be left out
+      case $current in
+        -*) return 1 ;;
+        *) _tdprint_files "$current" ;;
+      esac
+      ;;
     --png | --samples) _tdprint_folders "$current" ;;
     --out)
       if [ "$command" = demo ]; then
@@ -46,7 +52,7 @@ _tdprint() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} options
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
-    _tdprint_words "print preview check demo settings area-printers sample-sql register unregister --help \
+    _tdprint_words "print preview check demo settings area-printers sample-sql record register unregister --help \
       --version" \
       "$current"
     return
@@ -64,7 +70,11 @@ _tdprint() {
   case ${COMP_WORDS[1]} in
     print | preview)
       options="--config --db --type --data --format --only-variant --blank-rows --by-area \
-        --printer --pdf --png --html"
+        --printer --pdf --png --html --explain"
+      ;;
+    record)
+      options="--config --db --type --data --format --only-variant --blank-rows --by-area --mask \
+        --out"
       ;;
     check) options="--db --type --format --data --printer --by-area --json" ;;
     demo) options="--out --samples --printer" ;;
