@@ -6,10 +6,9 @@
 #include <string_view>
 
 #include "checker/finding.h"
+#include "explanation/language.h"
 
 namespace td::checker {
-
-enum class Language { kChinese, kEnglish };
 
 // Three sentences: what is wrong, what comes of it on paper, how to mend it.
 struct FindingWords {

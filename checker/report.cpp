@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "checker/finding_list.h"
+#include "explanation/run_place.h"
 #include "text/characters.h"
 #include "text/conversions.h"
 
@@ -16,7 +17,6 @@ constexpr std::size_t kColumns = 96;
 
 struct ReportWords {
   std::array<std::string_view, 3> severities;  // by Severity
-  std::array<std::string_view, 5> bands;       // from 1
   std::string_view otherBand;
   std::string_view line;
   std::string_view picture;
@@ -29,8 +29,7 @@ struct ReportWords {
 };
 
 constexpr ReportWords kChinese = {{"提示", "警告", "错误"},
-                                  {"表头", "列头", "明细行", "表尾", "页脚"},
-                                  "部位",
+                                  "区",
                                   "线",
                                   "图片",
                                   "单据类型",
@@ -40,7 +39,6 @@ constexpr ReportWords kChinese = {{"提示", "警告", "错误"},
                                   "办法",
                                   "："};
 constexpr ReportWords kEnglish = {{"hint", "warning", "error"},
-                                  {"head", "column head", "row", "behind the rows", "foot"},
                                   "band",
                                   "line",
                                   "picture",
@@ -55,9 +53,9 @@ const ReportWords& WordsOf(Language language) {
   return language == Language::kChinese ? kChinese : kEnglish;
 }
 
-std::string Band(const FoundItem& item, const ReportWords& words) {
-  for (std::size_t i = 0; i < words.bands.size(); ++i) {
-    if (item.band == std::to_string(i + 1)) return std::string(words.bands[i]);
+std::string Band(const FoundItem& item, const ReportWords& words, Language language) {
+  for (int band = 1; band < kFillerBand; ++band) {
+    if (item.band == std::to_string(band)) return BandName(band, language);
   }
   return std::string(words.otherBand) + " " + item.band;
 }
@@ -73,15 +71,15 @@ std::string Tenths(double number) {
   return text.find('.') == std::string::npos ? text + ".0" : text;
 }
 
-// 销售单 / 表头 / 客户 (FCustName, 20.0, 35.0 mm)
-std::string Place(const Finding& finding, const ReportWords& words) {
+// 销售单 / 页眉 / 客户 (FCustName, 20.0, 35.0 mm)
+std::string Place(const Finding& finding, const ReportWords& words, Language language) {
   std::string place = finding.format;
   if (!finding.billType && place.empty()) return std::string(words.database);
   if (!finding.billType) return std::string(words.settings) + " / " + place;
   if (place.empty()) return std::string(words.billType) + " " + ToText(*finding.billType);
   if (!finding.item) return place;
   const FoundItem& item = *finding.item;
-  place += " / " + Band(item, words) + " / " + Caption(item, words) + " (";
+  place += " / " + Band(item, words, language) + " / " + Caption(item, words) + " (";
   if (!item.variable.empty()) place += item.variable + ", ";
   return place + Tenths(item.left) + ", " + Tenths(item.top) + " mm)";
 }
@@ -162,7 +160,8 @@ std::string ReportText(const CheckResult& result, Language language) {
           Wrapped(std::string(label) + std::string(words.colon) + sentence, 2, kIndent) + "\n";
     };
     report +=
-        Wrapped(severity + " " + Place(finding, words) + ": " + text.wrong, 0, kIndent) + "\n";
+        Wrapped(severity + " " + Place(finding, words, language) + ": " + text.wrong, 0, kIndent) +
+        "\n";
     addLine(words.onPaper, text.effect);
     addLine(words.mend, text.mend);
     if (!finding.sql.empty()) {

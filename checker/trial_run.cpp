@@ -51,6 +51,7 @@ class TrialWitness : public RunWitness, public TrialListener {
     extent_ = {page.width, page.height};
     if (!result.sheet) result.sheet = extent_;
   }
+  void PagesEnd() override { EndItem(); }
   void GroupBreaks() override {}
   void RowBegins(std::int16_t /*number*/) override {
     if (++result.rows > 1 && rowDrawn_ && !rowDrawn_->Eof()) rowDrawn_->MoveNext();

@@ -65,10 +65,6 @@ std::string HeaderItemStatement(const PrintContext& context) {
   return sql;
 }
 
-std::string AllItemsStatement(const PrintContext& context) {
-  return ItemsOfFormat(context, "FTranType");
-}
-
 std::string ComplexQtySettingStatement() {
   return "select FValue from t_SystemProfile where FKey='MustShowComplexQty'";
 }

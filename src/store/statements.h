@@ -31,9 +31,6 @@ inline constexpr std::string_view kOnlyLines = "t2.FTypeID=1";
 // The items of the head, hidden positions included.
 [[nodiscard]] std::string HeaderItemStatement(const PrintContext& context);
 
-// All items of the format, whatever their band and place, for those who look at it as a whole.
-[[nodiscard]] std::string AllItemsStatement(const PrintContext& context);
-
 [[nodiscard]] std::string ComplexQtySettingStatement();
 [[nodiscard]] std::string AdvertisingSettingStatement();
 

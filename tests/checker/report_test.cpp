@@ -26,7 +26,7 @@ CheckResult One(Finding finding) {
 TEST(CheckerReport, AFindingNamesFormatBandAndItem) {
   EXPECT_EQ(
       ReportText(One(Misspelt()), Language::kChinese),
-      "错误 销售单 / 表头 / 客沪 (20.0, 35.3 mm): TDVariant 中没有变量“客沪”，是否指“客户”？\n"
+      "错误 销售单 / 页眉 / 客沪 (20.0, 35.3 mm): TDVariant 中没有变量“客沪”，是否指“客户”？\n"
       "  纸上：什么也不印。\n"
       "  办法：把 FObjectFieldName 改为“客户”。\n"
       "  SQL：update TDBillDetail set FObjectFieldName='客户';\n"
@@ -45,7 +45,7 @@ TEST(CheckerReport, TheColumnStandsBesideThePlace) {
   Finding finding = Misspelt();
   finding.item->variable = "FCustName";
   EXPECT_EQ(ReportText(One(finding), Language::kChinese)
-                .find("错误 销售单 / 表头 / 客沪 (FCustName, 20.0, 35.3 mm): "),
+                .find("错误 销售单 / 页眉 / 客沪 (FCustName, 20.0, 35.3 mm): "),
             0U);
 }
 

@@ -1,8 +1,6 @@
 #include "check_command.h"
 
-#include <cstdlib>
 #include <iostream>
-#include <string_view>
 
 #include "checker/checker.h"
 #include "checker/desktop_machine.h"
@@ -10,6 +8,7 @@
 #include "complaint.h"
 #include "component_folder.h"
 #include "desktop/desktop_platform.h"
+#include "explanation/language.h"
 #include "platform/failure.h"
 #include "platform/standard_failures.h"
 
@@ -28,17 +27,6 @@ auto WaitingForLocks(Operation operation) {
       if (!IsLockConflict(failure)) throw;
     }
   }
-}
-
-// The first of these that is set decides, as everywhere.
-checker::Language LanguageOfLocale() {
-  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-    const char* locale = std::getenv(name);
-    if (locale == nullptr || *locale == '\0') continue;
-    return std::string_view(locale).starts_with("zh") ? checker::Language::kChinese
-                                                      : checker::Language::kEnglish;
-  }
-  return checker::Language::kEnglish;
 }
 
 ExitStatus StatusOf(const std::vector<checker::Finding>& findings) {
@@ -74,7 +62,7 @@ ExitStatus Check(const CheckArguments& arguments) {
   }
   const checker::CheckResult result = checker::CheckDatabase(
       database, arguments.database, {arguments.billType, arguments.format}, machine, options);
-  const checker::Language language = LanguageOfLocale();
+  const Language language = LanguageOfLocale();
   std::cout << (arguments.json ? checker::ReportJson(result, language)
                                : checker::ReportText(result, language))
             << std::flush;
