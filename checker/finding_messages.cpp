@@ -221,13 +221,13 @@ constexpr std::array kMessages = {
                     "Add the column as schema.sql has it."}},
 
     // ---- Items
-    FindingMessage{
-        kItemBand,
-        "item-band",
-        kError,
-        {"没有 FSite {0} 这个区。", "从不印出。", "FSite 是 1 到 5：页眉、列头、明细行、行后区、页脚。"},
-        {"There is no band FSite {0}.", "It is never printed.",
-         "Bands are 1 to 5: head, column head, row, behind the rows, foot."}},
+    FindingMessage{kItemBand,
+                   "item-band",
+                   kError,
+                   {"没有 FSite {0} 这个区。", "从不印出。",
+                    "FSite 是 1 到 5：页眉、列头、明细行、行后区、页脚。"},
+                   {"There is no band FSite {0}.", "It is never printed.",
+                    "Bands are 1 to 5: head, column head, row, behind the rows, foot."}},
     FindingMessage{kItemKind,
                    "item-kind",
                    kError,
