@@ -1,6 +1,7 @@
 // The language of what administrators read.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -21,15 +22,12 @@ struct Sentence {
   }
 };
 
-// The sentence with its places filled.
-template <class... Texts>
-[[nodiscard]] std::string Fill(Language language, const Sentence& sentence, const Texts&... texts);
-
+// The sentence with so many of its places filled; the others stay as they are.
 [[nodiscard]] std::string FillPlaces(std::string_view sentence, const std::string_view* texts,
                                      std::size_t count);
 
 template <class... Texts>
-std::string Fill(Language language, const Sentence& sentence, const Texts&... texts) {
+[[nodiscard]] std::string Fill(Language language, const Sentence& sentence, const Texts&... texts) {
   const std::string_view filled[] = {std::string_view(texts)..., std::string_view()};
   return FillPlaces(sentence.In(language), filled, sizeof...(texts));
 }
