@@ -24,6 +24,19 @@ constexpr const char* kPrintExamples =
     "  tdprint print --db sqlite:shop.db --type 22 --format 销售出库单A4 --only-variant \\\n"
     "      --data \"select * from v_stock_out where FInterID=22001\" --printer 针式打印机\n";
 
+constexpr const char* kCheckExamples =
+    "Examples:\n"
+    "  tdprint check --db sqlite:shop.db\n"
+    "  tdprint check --db sqlite:shop.db --type 21 --format 销售订单三联 \\\n"
+    "      --data \"select * from v_sales_order\"\n";
+
+constexpr const char* kCheckExitStatusText =
+    "Exit status:\n"
+    "  0  nothing was found, or nothing but hints\n"
+    "  1  warnings were found\n"
+    "  2  errors were found, or wrong usage\n"
+    "  3  not checked: the database or the rows can't be read\n";
+
 constexpr const char* kExamples =
     "Examples:\n"
     "  tdprint demo --out /tmp/bills\n"
@@ -181,6 +194,32 @@ void DescribePrint(CLI::App& command, PrintArguments& arguments) {
       ->type_name("FILE");
 
   command.footer(std::string(kPrintExamples) + "\n" + kExitStatusText);
+}
+
+void DescribeCheck(CLI::App& command, CheckArguments& arguments) {
+  DescribeDatabase(command, arguments.database);
+  CLI::Option* type =
+      command.add_option("--type", arguments.billType, "Bill type number (without it: all)")
+          ->check(CLI::Range(-kLargest - 1, kLargest))
+          ->type_name("N");
+  command.add_option("--format", arguments.format, "Name of the format (without it: all)")
+      ->check(RefuseEmpty)
+      ->type_name("NAME");
+  command
+      .add_option("--data", arguments.data,
+                  "Statement that selects rows of the bill type, to be checked with the formats")
+      ->check(RefuseEmpty)
+      ->needs(type)
+      ->type_name("SQL");
+  command
+      .add_option("--printer", arguments.printer,
+                  "The printer that the formats go to (without it: the one that each chooses)")
+      ->check(RefuseEmpty)
+      ->type_name("NAME");
+  command.add_flag("--by-area", arguments.byArea,
+                   "The formats are printed by stock area instead of by bill");
+  command.add_flag("--json", arguments.json, "Write the findings as JSON");
+  command.footer(std::string(kCheckExamples) + "\n" + kCheckExitStatusText);
 }
 
 void DescribeRecord(CLI::App& command, RecordArguments& arguments) {
@@ -375,6 +414,11 @@ Command ParseArguments(int argc, const char* const* argv) {
       app.add_subcommand("preview", "Show bills in a window, where they can be printed");
   DescribePrint(*previewCommand, preview);
 
+  CheckArguments check;
+  CLI::App* checkCommand =
+      app.add_subcommand("check", "Look for mistakes in formats, without printing anything");
+  DescribeCheck(*checkCommand, check);
+
   DemoArguments demo;
   DescribeDemo(*app.add_subcommand("demo", "Make a sample database and print all its bills"), demo);
 
@@ -436,6 +480,7 @@ Command ParseArguments(int argc, const char* const* argv) {
   }
   if (printCommand->parsed()) return print;
   if (previewCommand->parsed()) return preview;
+  if (checkCommand->parsed()) return check;
   if (settingsCommand->parsed()) return settings;
   if (areaPrintersCommand->parsed()) return areaPrinters;
   if (sampleSqlCommand->parsed()) return sampleSql;

@@ -34,6 +34,19 @@ struct PrintArguments {
   bool operator==(const PrintArguments&) const = default;
 };
 
+// Looks for mistakes in formats.
+struct CheckArguments {
+  std::string database;
+  std::optional<std::int16_t> billType{};  // none: all
+  std::string format{};                    // empty: all
+  std::string data{};                      // a statement that selects rows; empty: none are read
+  std::string printer{};  // that takes the documents; empty: the one that each format chooses
+  bool byArea = false;
+  bool json = false;
+
+  bool operator==(const CheckArguments&) const = default;
+};
+
 // Writes down what a print reads, as a scenario.
 struct RecordArguments {
   PrintArguments print;  // without outputs
@@ -138,7 +151,7 @@ struct LogArguments {
 };
 
 // What to do, or the status to end with: help was shown, or the usage is wrong and said so.
-using Command = std::variant<PrintArguments, DemoArguments, SettingsArguments,
+using Command = std::variant<PrintArguments, CheckArguments, DemoArguments, SettingsArguments,
                              AreaPrintersArguments, SampleSqlArguments, RecordArguments,
                              RegisterArguments, UnregisterArguments, ExportFormatArguments,
                              ImportFormatArguments, DiffFormatArguments, LogArguments, ExitStatus>;

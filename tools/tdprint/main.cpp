@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include "arguments.h"
+#include "check_command.h"
 #include "demo_command.h"
 #include "dialog_commands.h"
 #include "format_commands.h"
@@ -16,6 +17,9 @@ namespace {
 struct Runner {
   td::ExitStatus operator()(const td::PrintArguments& arguments) const {
     return td::PrintBills(arguments);
+  }
+  td::ExitStatus operator()(const td::CheckArguments& arguments) const {
+    return td::CheckFormats(arguments);
   }
   td::ExitStatus operator()(const td::DemoArguments& arguments) const {
     return td::MakeDemo(arguments);

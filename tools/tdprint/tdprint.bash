@@ -53,7 +53,7 @@ _tdprint() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} options
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
-    _tdprint_words "print preview demo settings area-printers sample-sql record register unregister \
+    _tdprint_words "print preview check demo settings area-printers sample-sql record register unregister \
       export-format import-format diff-format log --help --version" \
       "$current"
     return
@@ -77,6 +77,7 @@ _tdprint() {
       options="--config --db --type --data --format --only-variant --blank-rows --by-area --mask \
         --out"
       ;;
+    check) options="--db --type --format --data --printer --by-area --json" ;;
     demo) options="--out --samples --printer" ;;
     settings) options="--db --type" ;;
     area-printers) options="--db" ;;

@@ -26,6 +26,8 @@ struct CupsLibrary {
   decltype(::cupsCopyDestInfo)* const cupsCopyDestInfo = CupsFunction{"cupsCopyDestInfo"};
   decltype(::cupsCreateDestJob)* const cupsCreateDestJob = CupsFunction{"cupsCreateDestJob"};
   decltype(::cupsFindDestDefault)* const cupsFindDestDefault = CupsFunction{"cupsFindDestDefault"};
+  decltype(::cupsFindDestSupported)* const cupsFindDestSupported =
+      CupsFunction{"cupsFindDestSupported"};
   decltype(::cupsFinishDestDocument)* const cupsFinishDestDocument =
       CupsFunction{"cupsFinishDestDocument"};
   decltype(::cupsFreeDestInfo)* const cupsFreeDestInfo = CupsFunction{"cupsFreeDestInfo"};
@@ -45,6 +47,7 @@ struct CupsLibrary {
       CupsFunction{"cupsWriteRequestData"};
   decltype(::ippFindAttribute)* const ippFindAttribute = CupsFunction{"ippFindAttribute"};
   decltype(::ippGetCollection)* const ippGetCollection = CupsFunction{"ippGetCollection"};
+  decltype(::ippGetCount)* const ippGetCount = CupsFunction{"ippGetCount"};
   decltype(::ippGetInteger)* const ippGetInteger = CupsFunction{"ippGetInteger"};
   decltype(::ippGetString)* const ippGetString = CupsFunction{"ippGetString"};
   decltype(::pwgMediaForLegacy)* const pwgMediaForLegacy = CupsFunction{"pwgMediaForLegacy"};

@@ -3,7 +3,6 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <string_view>
 
 #include "page_document/drawing.h"
@@ -38,20 +37,14 @@ std::string PointsText(double twips) {
   return text.data();
 }
 
-bool TakesAnySize(const CupsPrinter& queue) {
-  const char* type = Cups().cupsGetOption("printer-type", queue.Destination()->num_options,
-                                          queue.Destination()->options);
-  return type != nullptr && (std::strtoul(type, nullptr, 10) & CUPS_PRINTER_VARIABLE) != 0;
-}
-
 // A printer with fixed sheets only may have a wide one that is fed with its short side first: the
 // printing system turns the pages on it.
-void AskForSheet(const PrintJob& job, const CupsPrinter& queue, CupsOptions& options) {
+void AskForSheet(const PrintJob& job, CupsOptions& options) {
   if (const auto name = SheetName(job.printer, job.sheet)) {
     options.Set("media", *name);
     return;
   }
-  if (!TakesAnySize(queue)) {
+  if (!TakesAnySize(job.printer)) {
     if (const auto name = SheetName(job.printer, {job.sheet.height, job.sheet.width})) {
       options.Set("media", *name);
       return;
@@ -71,7 +64,7 @@ void FillOptions(const PrintJob& job, const CupsPrinter& queue, CupsOptions& opt
     if (!IsPlacingOption(name)) options.Set(name, value);
   }
   options.Set("print-scaling", "none");
-  AskForSheet(job, queue, options);
+  AskForSheet(job, options);
 }
 
 // The reason is that of the last request: it is to be taken before the next one.

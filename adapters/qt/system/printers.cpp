@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 #include "page_document/drawing.h"
 #include "qt/system/cups_handles.h"
@@ -43,8 +44,12 @@ int Hundredths(double twips) {
   return static_cast<int>(std::lround(twips / kTwipsPerInch * 2540));
 }
 
+double Twips(int hundredths) {
+  return hundredths * kTwipsPerInch / 2540;
+}
+
 PaperExtent Extent(int width, int length) {
-  return {width * kTwipsPerInch / 2540, length * kTwipsPerInch / 2540};
+  return {Twips(width), Twips(length)};
 }
 
 // The size of a sheet's name, which may be the standard's, the driver's or an older one.
@@ -82,6 +87,30 @@ std::optional<PaperExtent> DefaultMediaExtent(const CupsPrinter& queue) {
   return Extent(Cups().ippGetInteger(width, 0), Cups().ippGetInteger(length, 0));
 }
 
+// The smallest of the lengths that a printer lists, twips; 0 if it lists none.
+double SmallestOf(const CupsPrinter& queue, const char* name) {
+  ipp_attribute_t* lengths =
+      Cups().cupsFindDestSupported(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details(), name);
+  const int count = lengths == nullptr ? 0 : Cups().ippGetCount(lengths);
+  int smallest = count == 0 ? 0 : Cups().ippGetInteger(lengths, 0);
+  for (int i = 1; i < count; ++i) smallest = std::min(smallest, Cups().ippGetInteger(lengths, i));
+  return Twips(smallest);
+}
+
+// The sheet that a printer has for a size.
+std::optional<cups_size_t> FindSheet(const std::string& printer, const PaperExtent& extent) {
+  const CupsPrinter queue(printer);
+  if (!queue.IsReachable()) return std::nullopt;
+  cups_size_t found = {};
+  if (Cups().cupsGetDestMediaBySize(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details(),
+                                    Hundredths(extent.width), Hundredths(extent.height),
+                                    CUPS_MEDIA_FLAGS_DEFAULT, &found) == 0) {
+    return std::nullopt;
+  }
+  const bool isSame = IsSameSheet(Extent(found.width, found.length), extent);
+  return isSame ? std::optional(found) : std::nullopt;
+}
+
 }  // namespace
 
 std::vector<std::string> PrinterNames() {
@@ -108,17 +137,28 @@ std::optional<PaperExtent> OwnSheet(const std::string& printer) {
   return DefaultMediaExtent(queue);
 }
 
-std::optional<std::string> SheetName(const std::string& printer, const PaperExtent& extent) {
+bool TakesAnySize(const std::string& printer) {
+  const CupsPrinter queue(printer);
+  const char* type = queue.IsReachable() ? SettingOf(queue, "printer-type") : nullptr;
+  return type != nullptr && (std::strtoul(type, nullptr, 10) & CUPS_PRINTER_VARIABLE) != 0;
+}
+
+std::optional<PrinterMargins> MarginsOf(const std::string& printer, const PaperExtent& extent) {
+  if (const std::optional<cups_size_t> sheet = FindSheet(printer, extent)) {
+    return PrinterMargins{Twips(sheet->left), Twips(sheet->top), Twips(sheet->right),
+                          Twips(sheet->bottom)};
+  }
+  if (!TakesAnySize(printer)) return std::nullopt;
   const CupsPrinter queue(printer);
   if (!queue.IsReachable()) return std::nullopt;
-  cups_size_t found = {};
-  if (Cups().cupsGetDestMediaBySize(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details(),
-                                    Hundredths(extent.width), Hundredths(extent.height),
-                                    CUPS_MEDIA_FLAGS_DEFAULT, &found) == 0) {
-    return std::nullopt;
-  }
-  const bool isSame = IsSameSheet(Extent(found.width, found.length), extent);
-  return isSame ? std::optional<std::string>(found.media) : std::nullopt;
+  return PrinterMargins{
+      SmallestOf(queue, "media-left-margin"), SmallestOf(queue, "media-top-margin"),
+      SmallestOf(queue, "media-right-margin"), SmallestOf(queue, "media-bottom-margin")};
+}
+
+std::optional<std::string> SheetName(const std::string& printer, const PaperExtent& extent) {
+  const std::optional<cups_size_t> sheet = FindSheet(printer, extent);
+  return sheet ? std::optional<std::string>(sheet->media) : std::nullopt;
 }
 
 }  // namespace td
