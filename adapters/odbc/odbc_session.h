@@ -28,6 +28,8 @@ class OdbcSession {
   // nothing changed.
   std::shared_ptr<const MemoryRows> Run(const std::string& sql, Access access = Access::kReadWrite);
 
+  [[nodiscard]] Engine EngineOfIt() const { return engine_; }
+
   // Whether the connection is not known to be gone. Asks nobody, which would cost each query a
   // second trip to the server: a server that went away shows in the next statement.
   [[nodiscard]] bool Usable() const { return !lost_; }

@@ -34,6 +34,9 @@ struct Difference {
 // together by what they show and where; what is left is added or removed.
 [[nodiscard]] std::vector<Difference> DifferencesOf(const Format& first, const Format& second);
 
+// Whether two rows mean the same in all columns that both have.
+[[nodiscard]] bool AreEqual(const Row& first, const Row& second);
+
 // One line in the language of the desktop or in English: "FLeft of “客户” (3): 566.93 → 567".
 [[nodiscard]] std::string InWords(const Difference& difference, bool inChinese);
 
