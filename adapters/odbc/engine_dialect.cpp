@@ -72,25 +72,6 @@ ReadOnlyTransaction ReadOnlyTransactionOf(Engine engine) {
   return {};
 }
 
-std::vector<std::string_view> TransactionOf(Engine engine, Access access) {
-  const bool onlyReads = access == Access::kReadOnly;
-  switch (engine) {
-    case Engine::kPostgreSql:
-      return {onlyReads ? "begin isolation level repeatable read read only"
-                        : "begin isolation level serializable"};
-    case Engine::kMariaDb:
-      if (onlyReads) return {"start transaction read only"};
-      return {"set transaction isolation level serializable", "start transaction"};
-    case Engine::kSqlServer:
-      return {onlyReads ? "set transaction isolation level repeatable read"
-                        : "set transaction isolation level serializable",
-              "begin transaction"};
-    case Engine::kOther:
-      break;
-  }
-  return {"start transaction"};
-}
-
 LiteralForm LiteralFormOf(Engine engine) {
   switch (engine) {
     case Engine::kPostgreSql:

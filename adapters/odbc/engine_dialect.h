@@ -5,7 +5,6 @@
 #include <string_view>
 #include <vector>
 
-#include "sql_support/read_only.h"
 #include "sql_support/sql_literal.h"
 #include "sql_support/sql_scanner.h"
 
@@ -34,9 +33,6 @@ struct ReadOnlyTransaction {
   std::string_view end;
 };
 [[nodiscard]] ReadOnlyTransaction ReadOnlyTransactionOf(Engine engine);
-
-// The statements that begin a transaction; "commit" ends it.
-[[nodiscard]] std::vector<std::string_view> TransactionOf(Engine engine, Access access);
 
 // How values are written.
 [[nodiscard]] LiteralForm LiteralFormOf(Engine engine);

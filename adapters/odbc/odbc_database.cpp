@@ -41,14 +41,14 @@ class OdbcConnection final : public Connection {
   std::unique_ptr<OdbcSession> session_;
 };
 
-// Its session ends with it, and what is not committed with the session.
 class OdbcTransaction final : public Transaction {
  public:
   OdbcTransaction(const std::string& connection, Access access) : session_(connection) {
-    for (const std::string_view sql : TransactionOf(session_.EngineOfIt(), access)) {
-      session_.Run(std::string(sql));
-    }
+    session_.Begin(access);
   }
+  OdbcTransaction(const OdbcTransaction&) = delete;
+  OdbcTransaction& operator=(const OdbcTransaction&) = delete;
+  ~OdbcTransaction() override { session_.Rollback(); }
 
   std::shared_ptr<const MemoryRows> Run(const std::string& sql) override {
     return WithEnoughMemory([&] { return session_.Run(sql); });
@@ -62,7 +62,7 @@ class OdbcTransaction final : public Transaction {
     return SqlLiteral(value, LiteralFormOf(session_.EngineOfIt()));
   }
 
-  void Commit() override { session_.Run("commit"); }
+  void Commit() override { session_.Commit(); }
 
  private:
   OdbcSession session_;

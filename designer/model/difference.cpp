@@ -227,9 +227,9 @@ std::string InWords(const Difference& difference, bool inChinese) {
     case DifferenceKind::kItemOrder:
       return inChinese ? "项目次序不同 " + subject : "item in another order: " + subject;
     case DifferenceKind::kVariableAdded:
-      return inChinese ? "增加变量 " + subject : "variable added: “" + subject + "”";
+      return inChinese ? "增加变量 “" + subject + "”" : "variable added: “" + subject + "”";
     case DifferenceKind::kVariableRemoved:
-      return inChinese ? "删除变量 " + subject : "variable removed: “" + subject + "”";
+      return inChinese ? "删除变量 “" + subject + "”" : "variable removed: “" + subject + "”";
     case DifferenceKind::kVariableColumn:
       return (inChinese ? "变量 “" : "variable “") + subject + "”: " + change;
   }

@@ -171,15 +171,11 @@ void UpdateFormat(Transaction& transaction, const Format& now, const Format& wan
   }
 }
 
-bool SameSequence(const ItemList& first, const std::vector<StoredRow>& second) {
-  if (first.Size() != second.size()) return false;
-  ItemId unused = 0;
-  std::vector<StoredRow> rows;
-  for (const Item& item : first) rows.push_back({item.row, item.others});
-  const ItemList one = ItemsOf(std::move(rows), unused);
-  const ItemList other = ItemsOf(second, unused);
-  for (std::size_t i = 0; i < one.Size(); ++i) {
-    if (!AreEqual(one[i].row, other[i].row)) return false;
+bool SameSequence(const std::vector<const Item*>& items, const StoredTable& table,
+                  const std::vector<std::size_t>& order) {
+  if (items.size() != order.size()) return false;
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    if (!AreEqual(items[i]->row, table.rows[order[i]].known)) return false;
   }
   return true;
 }
@@ -196,11 +192,9 @@ std::vector<WantedItem> FindRows(const Format& base, const Format& wanted, const
   std::iota(order.begin(), order.end(), 0);
   const auto siteOfRow = [&](std::size_t i) { return now.rows[i].known.Number("FSite"); };
   std::ranges::stable_sort(order, {}, siteOfRow);
-  std::vector<const Item*> loaded;
-  for (const Item& item : base.items) loaded.push_back(&item);
-  std::ranges::stable_sort(loaded, {}, [](const Item* item) { return item->row.Number("FSite"); });
+  const std::vector<const Item*> loaded = ByBand(base.items);
 
-  const bool isUnchanged = SameSequence(base.items, now.rows);
+  const bool isUnchanged = SameSequence(loaded, now, order);
   const auto hasKeyOf = [&](const Item& item, const StoredRow& row) {
     return std::ranges::all_of(keys, [&](const std::string& key) {
       return MeanTheSame(ColumnOf(item, key), row.Get(key));

@@ -94,12 +94,14 @@ std::vector<StoredRow> ItemWriter::Write(const std::vector<WantedItem>& wanted) 
   ReadBack back = Compare(rows, now_.rows);
   if (back.lost.empty() && KnownRows(back.rows) == KnownRows(rows)) return back.rows;
 
-  constexpr int kTries = 4;
+  constexpr int kTries = 6;
   for (int i = 0; i < kTries; ++i) {
     if (i == 0 && MayWriteChanges(wanted)) {
       WriteChanges(wanted);
+    } else if (i < 2 && !keys_.empty()) {
+      WriteOverSlots(rows);
     } else {
-      WriteAll(rows);
+      WriteAnew(rows);
     }
     now_ = ReadTable(transaction_, ItemAccess(), FormatCondition());
     back = Compare(rows, now_.rows);
@@ -150,18 +152,30 @@ void ItemWriter::WriteChanges(const std::vector<WantedItem>& wanted) {
   }
 }
 
-void ItemWriter::WriteAll(const std::vector<StoredRow>& rows) {
-  if (!keys_.empty()) {
-    WriteOverSlots(rows);
-    return;
+// Rows that lie in their table by their key have the order of the items then.
+void ItemWriter::WriteOverSlots(const std::vector<StoredRow>& rows) {
+  const std::vector<StoredRow> slots = RowsByKey();
+  for (std::size_t i = rows.size(); i < slots.size(); ++i) Delete(slots[i]);
+  for (std::size_t i = 0; i < std::min(rows.size(), slots.size()); ++i) {
+    ColumnList columns(transaction_);
+    columns.AddKnown(rows[i].known, *now_.known);
+    columns.AddOthers(rows[i].others, *now_.others, keyNames_);
+    transaction_.Run(columns.UpdateOf(kItemTable, RowCondition(slots[i])));
   }
-  transaction_.Run("delete from " + std::string(kItemTable) + " where " + FormatCondition());
-  for (const StoredRow& row : rows) Insert(row);
+  for (std::size_t i = slots.size(); i < rows.size(); ++i) Insert(rows[i]);
 }
 
-// Rows stand in their table by their key, or in the order in which they were written last: both
-// orders become that of the items.
-void ItemWriter::WriteOverSlots(const std::vector<StoredRow>& rows) {
+// Rows that lie in the order in which they came have that of the items then. An engine may put some
+// into gaps that deleted rows have left long ago; the next time the gaps are full.
+void ItemWriter::WriteAnew(const std::vector<StoredRow>& rows) {
+  const std::vector<StoredRow> slots = RowsByKey();
+  transaction_.Run("delete from " + std::string(kItemTable) + " where " + FormatCondition());
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    Insert(rows[i], i < slots.size() ? &slots[i] : nullptr);
+  }
+}
+
+std::vector<StoredRow> ItemWriter::RowsByKey() const {
   std::vector<StoredRow> slots = now_.rows;
   const auto isBefore = [&](const StoredRow& one, const StoredRow& other) {
     for (const std::string& key : keyNames_) {
@@ -176,20 +190,18 @@ void ItemWriter::WriteOverSlots(const std::vector<StoredRow>& rows) {
     return false;
   };
   std::ranges::stable_sort(slots, isBefore);
-  for (std::size_t i = rows.size(); i < slots.size(); ++i) Delete(slots[i]);
-  for (std::size_t i = 0; i < std::min(rows.size(), slots.size()); ++i) {
-    ColumnList columns(transaction_);
-    columns.AddKnown(rows[i].known, *now_.known);
-    columns.AddOthers(rows[i].others, *now_.others, keyNames_);
-    transaction_.Run(columns.UpdateOf(kItemTable, RowCondition(slots[i])));
-  }
-  for (std::size_t i = slots.size(); i < rows.size(); ++i) Insert(rows[i]);
+  return slots;
 }
 
-void ItemWriter::Insert(const StoredRow& row) {
+// With the key of a row that was deleted, or a new one.
+void ItemWriter::Insert(const StoredRow& row, const StoredRow* keySource) {
   ColumnList columns(transaction_);
   columns.Add(kFormatKey, formatId_);
-  AddNewKeys(columns, row);
+  if (keySource != nullptr) {
+    columns.AddFrom(*keySource, keyNames_);
+  } else {
+    AddNewKeys(columns, row);
+  }
   columns.AddKnown(row.known, *now_.known);
   columns.AddOthers(row.others, *now_.others, keyNames_);
   transaction_.Run(columns.InsertInto(kItemTable));

@@ -38,9 +38,10 @@ class ItemWriter {
  private:
   [[nodiscard]] bool MayWriteChanges(const std::vector<WantedItem>& wanted) const;
   void WriteChanges(const std::vector<WantedItem>& wanted);
-  void WriteAll(const std::vector<StoredRow>& rows);
   void WriteOverSlots(const std::vector<StoredRow>& rows);
-  void Insert(const StoredRow& row);
+  void WriteAnew(const std::vector<StoredRow>& rows);
+  [[nodiscard]] std::vector<StoredRow> RowsByKey() const;
+  void Insert(const StoredRow& row, const StoredRow* keySource = nullptr);
   void AddNewKeys(ColumnList& columns, const StoredRow& row);
   void Delete(const StoredRow& row);
   [[nodiscard]] std::string RowCondition(const StoredRow& row) const;

@@ -125,6 +125,12 @@ void ColumnList::AddOthers(const Row& row, const ColumnNames& names,
   }
 }
 
+void ColumnList::AddFrom(const StoredRow& row, std::span<const std::string> names) {
+  for (const std::string& name : names) {
+    if (!row.known.Has(name)) AddQuoted(name, row.others.Get(name));
+  }
+}
+
 void ColumnList::AddChanges(const Row& before, const Row& after) {
   for (std::size_t i = 0; i < before.Size(); ++i) {
     const std::string& name = before.Names().Name(i);

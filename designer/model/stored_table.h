@@ -72,6 +72,8 @@ class ColumnList {
   void AddKnown(const Row& row, const ColumnNames& names);
   // Those of the application, without some.
   void AddOthers(const Row& row, const ColumnNames& names, std::span<const std::string> without);
+  // The application's columns of those names that a row has.
+  void AddFrom(const StoredRow& row, std::span<const std::string> names);
   // The columns in which two rows of one table differ, as the second has them.
   void AddChanges(const Row& before, const Row& after);
 

@@ -183,6 +183,77 @@ void DescribeRegistration(CLI::App& command, std::string& module) {
   command.footer(kRegistrationExitStatusText);
 }
 
+constexpr const char* kFormatFileExamples =
+    "Examples:\n"
+    "  tdprint export-format --db sqlite:shop.db --type 21 --format 销售订货单A4 --out a4.json\n"
+    "  tdprint import-format --db \"DSN=branch\" --dry-run a4.json\n"
+    "  tdprint diff-format old.json a4.json\n";
+
+constexpr const char* kFormatFileExitStatusText =
+    "Exit status:\n"
+    "  0  written, or with --dry-run: it could be\n"
+    "  1  nothing was written\n"
+    "  2  wrong usage\n";
+
+constexpr const char* kDiffExitStatusText =
+    "Exit status:\n"
+    "  0  the formats are equal\n"
+    "  1  they differ\n"
+    "  2  a file can't be read, or wrong usage\n";
+
+void DescribeExportFormat(CLI::App& command, ExportFormatArguments& arguments) {
+  DescribeDatabase(command, arguments.database);
+  DescribeBillType(command, arguments.billType);
+  command
+      .add_option("--format", arguments.format,
+                  "Name of the format (without it: the selected format of the bill type)")
+      ->type_name("NAME");
+  command.add_option("--out", arguments.out, "A file (without it: standard output)")
+      ->check(RefuseEmpty)
+      ->transform(StandardOutputForDash)
+      ->type_name("FILE");
+  command.add_flag("--with-pictures", arguments.withPictures,
+                   "Put the picture files of the items into the file");
+  command.footer(std::string(kFormatFileExamples) + "\n" + kFormatFileExitStatusText);
+}
+
+void DescribeImportFormat(CLI::App& command, ImportFormatArguments& arguments) {
+  DescribeDatabase(command, arguments.database);
+  command
+      .add_option("--type", arguments.billType,
+                  "Bill type number for the format (without it: the file's)")
+      ->check(CLI::Range(-kLargest - 1, kLargest))
+      ->type_name("N");
+  command.add_option("--format", arguments.format, "Name for the format (without it: the file's)")
+      ->check(RefuseEmpty)
+      ->type_name("NAME");
+  command.add_flag("--replace", arguments.replace,
+                   "Replace the format of that name, if there is one");
+  command.add_flag("--dry-run", arguments.dryRun, "Only tell what would be written");
+  command
+      .add_option("--pictures", arguments.pictures,
+                  "Folder to put the pictures of the file into (without it: they stay in the file)")
+      ->check(CLI::ExistingDirectory)
+      ->type_name("FOLDER");
+  command.add_option("file", arguments.file, "A file that export-format has written")
+      ->required()
+      ->check(RefuseEmpty)
+      ->type_name("FILE");
+  command.footer(std::string(kFormatFileExamples) + "\n" + kFormatFileExitStatusText);
+}
+
+void DescribeDiffFormat(CLI::App& command, DiffFormatArguments& arguments) {
+  command.add_option("first", arguments.first, "A file that export-format has written")
+      ->required()
+      ->check(RefuseEmpty)
+      ->type_name("FILE");
+  command.add_option("second", arguments.second, "Another one")
+      ->required()
+      ->check(RefuseEmpty)
+      ->type_name("FILE");
+  command.footer(std::string(kFormatFileExamples) + "\n" + kDiffExitStatusText);
+}
+
 }  // namespace
 
 Command ParseArguments(int argc, const char* const* argv) {
@@ -232,6 +303,21 @@ Command ParseArguments(int argc, const char* const* argv) {
       app.add_subcommand("unregister", "Remove what register has written");
   DescribeRegistration(*unregisterCommand, unregistration.module);
 
+  ExportFormatArguments exportFormat;
+  CLI::App* exportFormatCommand =
+      app.add_subcommand("export-format", "Write a format of a database into a file");
+  DescribeExportFormat(*exportFormatCommand, exportFormat);
+
+  ImportFormatArguments importFormat;
+  CLI::App* importFormatCommand =
+      app.add_subcommand("import-format", "Take a format from a file into a database");
+  DescribeImportFormat(*importFormatCommand, importFormat);
+
+  DiffFormatArguments diffFormat;
+  CLI::App* diffFormatCommand =
+      app.add_subcommand("diff-format", "Tell two files of formats apart, in words");
+  DescribeDiffFormat(*diffFormatCommand, diffFormat);
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -245,6 +331,9 @@ Command ParseArguments(int argc, const char* const* argv) {
   if (sampleSqlCommand->parsed()) return sampleSql;
   if (registerCommand->parsed()) return registration;
   if (unregisterCommand->parsed()) return unregistration;
+  if (exportFormatCommand->parsed()) return exportFormat;
+  if (importFormatCommand->parsed()) return importFormat;
+  if (diffFormatCommand->parsed()) return diffFormat;
   return demo;
 }
 

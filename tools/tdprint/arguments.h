@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <variant>
 
@@ -75,10 +76,43 @@ struct UnregisterArguments {
   bool operator==(const UnregisterArguments&) const = default;
 };
 
+// Writes a format into a file.
+struct ExportFormatArguments {
+  std::string database;
+  std::int16_t billType = 0;
+  std::string format;         // empty: the selected one
+  std::string out;            // a file; empty: standard output
+  bool withPictures = false;  // those of the picture items go into the file
+
+  bool operator==(const ExportFormatArguments&) const = default;
+};
+
+// Takes a format from a file into a database.
+struct ImportFormatArguments {
+  std::string database;
+  std::optional<std::int16_t> billType;  // nothing: as the file says
+  std::string format;                    // likewise
+  bool replace = false;                  // a format of that name
+  bool dryRun = false;
+  std::string pictures;  // folder for the file's pictures; empty: they stay in the file
+  std::string file;
+
+  bool operator==(const ImportFormatArguments&) const = default;
+};
+
+// Tells two files of formats apart.
+struct DiffFormatArguments {
+  std::string first;
+  std::string second;
+
+  bool operator==(const DiffFormatArguments&) const = default;
+};
+
 // What to do, or the status to end with: help was shown, or the usage is wrong and said so.
 using Command =
     std::variant<PrintArguments, DemoArguments, SettingsArguments, AreaPrintersArguments,
-                 SampleSqlArguments, RegisterArguments, UnregisterArguments, ExitStatus>;
+                 SampleSqlArguments, RegisterArguments, UnregisterArguments, ExportFormatArguments,
+                 ImportFormatArguments, DiffFormatArguments, ExitStatus>;
 
 Command ParseArguments(int argc, const char* const* argv);
 
