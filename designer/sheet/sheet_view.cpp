@@ -282,7 +282,7 @@ Point SheetView::ToSheet(QPointF inView) const {
 void SheetView::FitScrollBars() {
   const QSizeF size = SheetRect().size();
   const auto fit = [](QScrollBar* bar, double length, int desk, int room) {
-    bar->setRange(0, std::max(0, static_cast<int>(std::ceil(length)) + desk - room));
+    bar->setRange(0, std::max(0, static_cast<int>(std::floor(length)) + desk - room));
     bar->setPageStep(room);
   };
   fit(horizontalScrollBar(), size.width(), kDeskLeft + kDeskRight, viewport()->width());

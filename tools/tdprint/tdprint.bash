@@ -46,7 +46,7 @@ _tdprint() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} options
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
-    _tdprint_words "print preview demo settings area-printers sample-sql register unregister --help \
+    _tdprint_words "print preview demo settings design area-printers sample-sql register unregister --help \
       --version" \
       "$current"
     return
@@ -68,6 +68,7 @@ _tdprint() {
       ;;
     demo) options="--out --samples --printer" ;;
     settings) options="--db --type" ;;
+    design) options="--db --type --format --data" ;;
     area-printers) options="--db" ;;
     sample-sql) options="--engine --only-schema --samples --out" ;;
     register | unregister) options="--module" ;;
