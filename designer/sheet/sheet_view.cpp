@@ -301,6 +301,7 @@ void SheetView::PutZoom(double percent, std::optional<QPointF> fixed) {
 }
 
 void SheetView::FitSheet() {
+  BeFresh();
   const QSizeF size = SheetRect().size() / zoom_;
   if (size.isEmpty()) return;
   PutZoom(std::min((viewport()->width() - kDeskLeft - kDeskRight) / size.width(),
@@ -308,6 +309,7 @@ void SheetView::FitSheet() {
 }
 
 void SheetView::FitWidth() {
+  BeFresh();
   const double width = SheetRect().width() / zoom_;
   if (width > 0) PutZoom((viewport()->width() - kDeskLeft - kDeskRight) / width);
 }

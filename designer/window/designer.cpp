@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QTimer>
 #include <QTranslator>
 
 #include "barcodes/barcode_settings.h"
@@ -31,7 +32,8 @@ void RunUntilClosed(DesignerWindow& window) {
   window.PutClosed([&loop] { loop.quit(); });
   window.show();
   window.activateWindow();
-  window.Sheet().FitWidth();
+  // When the window has found its size.
+  QTimer::singleShot(0, &window, [&window] { window.Sheet().FitWidth(); });
   loop.exec();
 }
 
