@@ -40,7 +40,9 @@ void RunUntilClosed(DesignerWindow& window) {
 }  // namespace
 
 bool ShowDesigner(const DesignRequest& request) {
-  DesktopPlatform desktop;
+  DesktopOptions options;
+  options.componentFolder = request.componentFolder;
+  DesktopPlatform desktop(std::move(options));
   if (!desktop.HasDisplay()) {
     throw Failure(kInvalidCall, Say("there is no display").toStdString());
   }

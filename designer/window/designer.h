@@ -10,8 +10,9 @@ namespace td::designer {
 struct DesignRequest {
   std::string connection;  // empty: the user is asked for it and for the bill type
   std::optional<int> billType;
-  std::string format;  // empty: the selected format of the bill type
-  std::string data;    // a statement whose first bill is shown
+  std::string format;           // empty: the selected format of the bill type
+  std::string data;             // a statement whose first bill is shown
+  std::string componentFolder;  // of the goods pictures, as DesktopOptions has it
 };
 
 // Shows the window and returns when it is closed. False if the user gave up before it was shown, or

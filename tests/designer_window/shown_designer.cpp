@@ -12,7 +12,8 @@ namespace td::designer {
 
 ShownDesigner::ShownDesigner(SampleRows rows) {
   RenewSample(SampleEngine::kSqlite, rows);
-  desktop_ = std::make_unique<DesktopPlatform>();
+  std::filesystem::create_directories((folder_ / "component") / "picture");
+  desktop_ = std::make_unique<DesktopPlatform>(Options());
   auto* watch = new QTimer(&timers_);
   QObject::connect(watch, &QTimer::timeout, watch, [this] { RefuseUnexpected(); });
   constexpr int kInterval = 100;  // milliseconds
@@ -24,9 +25,17 @@ void ShownDesigner::RefuseUnexpected() {
   auto* shown = dynamic_cast<QDialog*>(QApplication::activeModalWidget());
   if (shown == nullptr || expected_.contains(shown->objectName().toStdString())) return;
   const auto* text = shown->findChild<QLabel*>("text");
+  if (text == nullptr) text = shown->findChild<QLabel*>("qt_msgbox_label");
   ADD_FAILURE() << "not expected: " << shown->objectName().toStdString() << ": "
                 << (text != nullptr ? text->text().toStdString() : "");
   shown->reject();
+}
+
+DesktopOptions ShownDesigner::Options() const {
+  DesktopOptions options;
+  options.stateDirectory = (folder_ / "state").string();
+  options.componentFolder = (folder_ / "component").string();
+  return options;
 }
 
 ShownDesigner::~ShownDesigner() {

@@ -78,6 +78,9 @@ class ShownDesigner : public testing::Test {
   // The texts of the dialogs that were answered.
   std::vector<std::string> asked_;
 
+  // Of a platform that has a folder for goods pictures.
+  [[nodiscard]] DesktopOptions Options() const;
+
   // The first cell of a query.
   [[nodiscard]] std::string Cell(const std::string& statement);
 
