@@ -178,7 +178,6 @@ std::string ShownDesigner::Cell(const std::string& statement) {
 void Photograph(QWidget& widget, const std::string& name) {
   const QString folder = qEnvironmentVariable("QBTD_PICTURES");
   if (folder.isEmpty()) return;
-  QApplication::processEvents();
   widget.grab().save(folder + "/" + QString::fromStdString(name) + ".png");
 }
 
