@@ -14,13 +14,8 @@ void DrawTextItem(Band& band) {
   ReadCaption(band);
   ReadField(band);
 
-  if (HasToken(band, kBillNoBarcode)) {
-    DrawBarcode(band, "FBillNo");
-  } else if (HasToken(band, kRandomBarcode)) {
-    DrawBarcode(band, "FBillNoBarCode");
-  } else if (HasToken(band, kGoodsPicture)) {
-    DrawGoodsPicture(band);
-  } else if (band.field.empty()) {
+  if (DrawImage(band)) return;
+  if (band.field.empty()) {
     Box(band, [&] { return band.caption; });
   } else if (const NamedField* named = FindNamedField(band.field, band.window.kind)) {
     DrawNamedField(band, *named);

@@ -37,13 +37,8 @@ void DrawTextItem(Band& band) {
   ReadField(band);
   ReadCaption(band);
 
-  if (HasToken(band, kBillNoBarcode)) {
-    DrawBarcode(band, "FBillNo");
-  } else if (HasToken(band, kUserBarcode)) {
-    DrawBarcode(band, "FUserBarCode");
-  } else if (HasToken(band, kRandomBarcode)) {
-    DrawBarcode(band, "FBillNoBarCode");
-  } else if (LowerCase(band.field) == kPageNumberField) {
+  if (DrawImage(band)) return;
+  if (LowerCase(band.field) == kPageNumberField) {
     DrawPageOfDocument(band);
   } else if (LowerCase(band.field) == kTotalPageNumberField) {
     StoreTotalPageStamp(band);

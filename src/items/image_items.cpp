@@ -1,6 +1,7 @@
 #include "items/image_items.h"
 
 #include "items/item_place.h"
+#include "items/text_item.h"
 #include "store/statements.h"
 #include "text/conversions.h"
 
@@ -16,19 +17,27 @@ void DrawBarcode(Band& band, std::string_view column) {
   });
 }
 
-void DrawGoodsPicture(Band& band) {
+void DrawGoodsPicture(Band& band, std::string_view column) {
   const Guard& guard = band.guard;
   PictureHolder& holder = band.window.Image1;
   guard.Step([&] { holder.Width = ToSingle(band.Item("FWidth")); });
   guard.Step([&] { holder.Height = ToSingle(band.Item("FHeight")); });
-  guard.Step([&] {
-    LoadGoodsPicture(band.window, ToInteger32(band.request.PrintData->Field("FItemiD")));
-  });
+  guard.Step(
+      [&] { LoadGoodsPicture(band.window, ToInteger32(band.request.PrintData->Field(column))); });
   if (!holder.Picture) return;
   guard.Step([&] {
     band.vp.DrawPicture(holder.Picture, ItemLeft(band), ItemTop(band),
                         ToDouble(band.Item("FWidth")), ToDouble(band.Item("FHeight")));
   });
+}
+
+bool DrawImage(Band& band) {
+  for (const ImageToken& token : kImageTokens) {
+    if (!token.WorksIn(band.site) || !HasToken(band, token.name)) continue;
+    token.draw(band, token.column);
+    return true;
+  }
+  return false;
 }
 
 void LoadGoodsPicture(PrintWindow& window, std::int32_t itemId) {
