@@ -16,7 +16,7 @@ QString Plain(QString label) {
 
 FieldGroup::FieldGroup(const QString& title, QWidget* parent) : QGroupBox(title, parent) {
   form_ = new QFormLayout(this);
-  form_->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+  form_->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
 }
 
 void FieldGroup::Refresh() {

@@ -48,8 +48,8 @@ PaperGroup::PaperGroup(EditedFormat& rows, Workspace& workspace)
   paper_ = new ChoiceList;
   paper_->setObjectName(QStringLiteral("FPaperSize"));
   paper_->setAccessibleName(Say("Paper"));
-  paper_->KeepUsualWidth();
-  paper_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  paper_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  paper_->setMinimumContentsLength(12);
   paper_->addItem(Say("as the printer has it"), kKeepPaper);
   paper_->addItem(Say("its own size"), kUserDefinedPaper);
   for (const NamedPaper& paper : NamedPapers()) paper_->addItem(paper.name, paper.code);

@@ -146,11 +146,12 @@ QString DescriptionOf(const ItemChoice& choice) {
 
 QString BandsOf(const ItemChoice& choice) {
   QStringList bands;
+  QStringList others;
   for (const ItemSite site : kAllSites) {
-    if (choice.WorksIn(site)) bands << NameOfBand(static_cast<int>(site));
+    (choice.WorksIn(site) ? bands : others) << NameOfBand(static_cast<int>(site));
   }
-  if (bands.size() == static_cast<qsizetype>(kAllSites.size())) return {};
-  return bands.join(Say(", "));
+  if (others.size() == 1) return Say("not %1").arg(others.front());
+  return others.isEmpty() ? QString() : bands.join(Say(", "));
 }
 
 QString ReasonAgainst(const ItemChoice& choice, ItemSite site) {

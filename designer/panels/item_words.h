@@ -18,7 +18,7 @@ namespace td::designer {
 // What it prints, in a sentence or two.
 [[nodiscard]] QString DescriptionOf(const ItemChoice& choice);
 
-// Where it prints: "Head, Row"; empty if it does in every band.
+// Where it prints: "Head, Row", "not Head"; empty if it does in every band.
 [[nodiscard]] QString BandsOf(const ItemChoice& choice);
 
 // Why it doesn't in a band; empty if it does.

@@ -23,7 +23,7 @@ QString SuffixOf(NumberUnit unit) {
 
 NumberBox::NumberBox(const NumberForm& form, QWidget* parent)
     : QDoubleSpinBox(parent), form_(form) {
-  constexpr int kRoomForNumber = 8;  // digits
+  constexpr int kRoomForNumber = 7;  // digits
   setKeyboardTracking(false);
   setDecimals(form.decimals);
   setRange(form.lowest, form.highest);
@@ -35,7 +35,7 @@ NumberBox::NumberBox(const NumberForm& form, QWidget* parent)
       QDoubleSpinBox::minimumSizeHint().width() -
       fontMetrics().horizontalAdvance(QDoubleSpinBox::textFromValue(form.lowest) + suffix() + u' ');
   setMinimumWidth(text + std::max(frame, 0));
-  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   connect(this, &QDoubleSpinBox::valueChanged, this, [this](double value) {
     if (value > kNoNumber && entered) entered(value);
   });

@@ -38,7 +38,7 @@ class PaletteTree : public QTreeWidget {
   }
   void resizeEvent(QResizeEvent* event) override {
     // The names take what the bands leave.
-    const int bands = std::min(sizeHintForColumn(1), viewport()->width() / 2);
+    const int bands = std::min(sizeHintForColumn(1), viewport()->width() / 3);
     header()->resizeSection(0, viewport()->width() - bands);
     QTreeWidget::resizeEvent(event);
   }

@@ -26,6 +26,7 @@ constexpr Words kWords[] = {
     {"not set", "未设"},
     {" pt", " 磅"},
     {", ", "、"},
+    {"not %1", "除%1"},
     {"Columns of the print data", "打印数据的列"},
     {"No variable yet: it becomes one when it is put onto the sheet.",
      "还不是变量：放到纸上时自动成为变量。"},

@@ -35,6 +35,8 @@ class VariablesPanelTest : public PanelUse {
     waiting->start();
   }
   void Edit(const QModelIndex& cell, const QString& text) {
+    panel_->activateWindow();  // a question had the keyboard
+    ASSERT_TRUE(QTest::qWaitForWindowActive(panel_.get()));
     Table().setCurrentIndex(cell);
     Table().setFocus();
     QTest::keyClick(&Table(), Qt::Key_F2);
