@@ -12,6 +12,11 @@
 
 namespace td {
 
+struct KeyColumn {
+  std::string name;          // as the engine writes it
+  bool isGenerated = false;  // a new row that doesn't say otherwise gets a value of its own
+};
+
 // One transaction on a connection of its own. It sees the tables as no other writer changes them:
 // the others wait, or this one fails with a lock conflict.
 class Transaction {
@@ -23,9 +28,8 @@ class Transaction {
   // Connection::Execute; after a failure the transaction can only be given up.
   virtual std::shared_ptr<const MemoryRows> Run(const std::string& sql) = 0;
 
-  // The columns of a table's primary key, in its order and as the engine writes them; empty for a
-  // table without one.
-  virtual std::vector<std::string> PrimaryKey(const std::string& table) = 0;
+  // The columns of a table's primary key, in its order; empty for a table without one.
+  virtual std::vector<KeyColumn> PrimaryKey(const std::string& table) = 0;
 
   // A value as this engine reads it in a statement. Numbers of every kind come back as they were.
   [[nodiscard]] virtual std::string Literal(const Value& value) const = 0;
@@ -34,10 +38,16 @@ class Transaction {
   virtual void Commit() = 0;
 };
 
+// The columns of a result with a name and a number in each row, which is not 0 where it is
+// generated.
+[[nodiscard]] std::vector<KeyColumn> ReadKeyColumns(const MemoryRows& rows);
+
 class TransactionalDatabase : public ReadOnlyDatabase {
  public:
-  // Waits for a lock as a statement does. Where the engine has one lock for all, it is taken here.
-  virtual std::unique_ptr<Transaction> Begin(const std::string& connection) = 0;
+  // Waits for a lock as a statement does; where the engine has one lock for all writers, it is
+  // taken here. One that only reads sees the tables as they are now, whatever others write, keeps
+  // no writer waiting and changes nothing.
+  virtual std::unique_ptr<Transaction> Begin(const std::string& connection, Access access) = 0;
 };
 
 }  // namespace td

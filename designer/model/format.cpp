@@ -54,6 +54,13 @@ void ItemList::Move(std::size_t from, std::size_t to) {
   Insert(to, Remove(from));
 }
 
+std::vector<const Item*> ByBand(const ItemList& items) {
+  std::vector<const Item*> ordered;
+  for (const Item& item : items) ordered.push_back(&item);
+  std::ranges::stable_sort(ordered, {}, [](const Item* item) { return item->row.Number("FSite"); });
+  return ordered;
+}
+
 Variable NewVariable(const std::string& caption, const std::string& name) {
   Variable variable{.row = NewRow(VariableColumns()), .others = {}};
   variable.row.Set("FVarCaption", caption);

@@ -64,6 +64,9 @@ class ItemList {
   mutable bool indexIsBuilt_ = false;
 };
 
+// The items band by band: the order of two items of different bands means nothing to a run.
+[[nodiscard]] std::vector<const Item*> ByBand(const ItemList& items);
+
 // One row of TDVariant: what an item may name in FObjectFieldName, and what that is.
 struct Variable {
   Row row;

@@ -78,7 +78,7 @@ class FormatStore {
   void Select(const Value& id);
 
  private:
-  void InTransaction(const std::function<void(Transaction&)>& action) const;
+  void InTransaction(Access access, const std::function<void(Transaction&)>& action) const;
 
   TransactionalDatabase& database_;
   std::string connection_;

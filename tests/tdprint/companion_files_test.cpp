@@ -165,6 +165,9 @@ TEST_F(TdprintCompanions, FilesAndFoldersAreCompleted) {
   EXPECT_EQ(Completed({"print", "--png", start}), Words{folder_ / "shop"});
   EXPECT_EQ(Completed({"demo", "--out", start}), Words{folder_ / "shop"});
   EXPECT_EQ(Completed({"sample-sql", "--out", start}), both);
+  EXPECT_EQ(Completed({"import-format", start}), both);
+  EXPECT_EQ(Completed({"import-format", "--pictures", start}), Words{folder_ / "shop"});
+  EXPECT_EQ(Completed({"diff-format", file, start}), both);
   EXPECT_EQ(Completed({"print", "--db", "sqlite", ":", start}), both);
   EXPECT_EQ(Completed({"print", "--db", "sq"}), Words{"sqlite:"});
   EXPECT_EQ(Completed({"print", "--type", ""}), Words{});

@@ -1,6 +1,7 @@
 #include "arguments.h"
 
 #include <CLI/CLI.hpp>
+#include <filesystem>
 #include <limits>
 
 #include "options_file.h"
@@ -40,6 +41,19 @@ constexpr const char* kSampleSqlExamples =
     "  tdprint sample-sql --engine postgresql | psql -v ON_ERROR_STOP=1 shop\n"
     "  tdprint sample-sql --engine sqlserver --only-schema --out tables.sql\n";
 
+constexpr const char* kRecordExamples =
+    "Examples:\n"
+    "  tdprint record --db sqlite:shop.db --type 21 --mask --out misprint.json \\\n"
+    "      --data \"select * from v_sales_order where FInterID=21002\"\n"
+    "  td_replay misprint.json\n";
+
+constexpr const char* kRecordExitStatusText =
+    "Exit status:\n"
+    "  0  recorded, and the scenario prints like the database\n"
+    "  1  not recorded\n"
+    "  2  wrong usage\n"
+    "  3  recorded, but the scenario prints otherwise, as standard error tells\n";
+
 constexpr const char* kRegistrationExitStatusText =
     "Exit status:\n"
     "  0  the registration was written or removed, as standard output tells\n"
@@ -60,6 +74,10 @@ std::string StandardOutputForDash(const std::string& file) {
   return file == "-" ? "/dev/stdout" : file;
 }
 
+std::string RefuseOtherThanFolder(const std::string& folder) {
+  return std::filesystem::is_directory(folder) ? "" : "there is no such folder";
+}
+
 constexpr int kLargest = std::numeric_limits<std::int16_t>::max();
 
 void DescribeDatabase(CLI::App& command, std::string& database) {
@@ -76,7 +94,8 @@ void DescribeBillType(CLI::App& command, std::int16_t& billType) {
       ->type_name("N");
 }
 
-void DescribePrint(CLI::App& command, PrintArguments& arguments) {
+// The format and the rows.
+void DescribeRequest(CLI::App& command, PrintArguments& arguments) {
   AddOptionsFile(command);
   DescribeDatabase(command, arguments.database);
   DescribeBillType(command, arguments.billType);
@@ -99,7 +118,10 @@ void DescribePrint(CLI::App& command, PrintArguments& arguments) {
 
   command.add_flag("--by-area", arguments.byArea,
                    "Begin a new page at each stock area (FStockArea) instead of each bill");
+}
 
+void DescribePrint(CLI::App& command, PrintArguments& arguments) {
+  DescribeRequest(command, arguments);
   CLI::Option_group* output = command.add_option_group(
       "Output", "Where the document goes (without it: to the printer that the format chooses)");
   output->add_option("--printer", arguments.printer, "A printer by its name")
@@ -122,8 +144,31 @@ void DescribePrint(CLI::App& command, PrintArguments& arguments) {
       ->transform(StandardOutputForDash)
       ->type_name("FILE");
   output->require_option(0, 1);
+  command
+      .add_option_function<std::string>(
+          "--explain",
+          [&arguments](const std::string& file) {
+            arguments.explain = file.empty() ? "/dev/stderr" : StandardOutputForDash(file);
+          },
+          "Tell what became of each item of the format, and why, into a file, as JSON if its name "
+          "ends in .json (without FILE: standard error)")
+      ->expected(0, 1)
+      ->configurable(false)
+      ->type_name("FILE");
 
   command.footer(std::string(kPrintExamples) + "\n" + kExitStatusText);
+}
+
+void DescribeRecord(CLI::App& command, RecordArguments& arguments) {
+  DescribeRequest(command, arguments.print);
+  command.add_flag("--mask", arguments.mask,
+                   "Write other values of the same length and kind in the place of the data");
+  command.add_option("--out", arguments.out, "A file (without it: standard output)")
+      ->configurable(false)
+      ->check(RefuseEmpty)
+      ->transform(StandardOutputForDash)
+      ->type_name("FILE");
+  command.footer(std::string(kRecordExamples) + "\n" + kRecordExitStatusText);
 }
 
 void DescribeSamples(CLI::App& command, std::string& samples) {
@@ -183,6 +228,77 @@ void DescribeRegistration(CLI::App& command, std::string& module) {
   command.footer(kRegistrationExitStatusText);
 }
 
+constexpr const char* kFormatFileExamples =
+    "Examples:\n"
+    "  tdprint export-format --db sqlite:shop.db --type 21 --format 销售订货单A4 --out a4.json\n"
+    "  tdprint import-format --db \"DSN=branch\" --dry-run a4.json\n"
+    "  tdprint diff-format old.json a4.json\n";
+
+constexpr const char* kFormatFileExitStatusText =
+    "Exit status:\n"
+    "  0  written, or with --dry-run: it could be\n"
+    "  1  nothing was written\n"
+    "  2  wrong usage\n";
+
+constexpr const char* kDiffExitStatusText =
+    "Exit status:\n"
+    "  0  the formats are equal\n"
+    "  1  they differ\n"
+    "  2  a file can't be read, or wrong usage\n";
+
+void DescribeExportFormat(CLI::App& command, ExportFormatArguments& arguments) {
+  DescribeDatabase(command, arguments.database);
+  DescribeBillType(command, arguments.billType);
+  command
+      .add_option("--format", arguments.format,
+                  "Name of the format (without it: the selected format of the bill type)")
+      ->type_name("NAME");
+  command.add_option("--out", arguments.out, "A file (without it: standard output)")
+      ->check(RefuseEmpty)
+      ->transform(StandardOutputForDash)
+      ->type_name("FILE");
+  command.add_flag("--with-pictures", arguments.withPictures,
+                   "Put the picture files of the items into the file");
+  command.footer(std::string(kFormatFileExamples) + "\n" + kFormatFileExitStatusText);
+}
+
+void DescribeImportFormat(CLI::App& command, ImportFormatArguments& arguments) {
+  DescribeDatabase(command, arguments.database);
+  command
+      .add_option("--type", arguments.billType,
+                  "Bill type number for the format (without it: the file's)")
+      ->check(CLI::Range(-kLargest - 1, kLargest))
+      ->type_name("N");
+  command.add_option("--format", arguments.format, "Name for the format (without it: the file's)")
+      ->check(RefuseEmpty)
+      ->type_name("NAME");
+  command.add_flag("--replace", arguments.replace,
+                   "Replace the format of that name, if there is one");
+  command.add_flag("--dry-run", arguments.dryRun, "Only tell what would be written");
+  command
+      .add_option("--pictures", arguments.pictures,
+                  "Folder to put the pictures of the file into (without it: they stay in the file)")
+      ->check(RefuseOtherThanFolder)
+      ->type_name("FOLDER");
+  command.add_option("file", arguments.file, "A file that export-format has written")
+      ->required()
+      ->check(RefuseEmpty)
+      ->type_name("FILE");
+  command.footer(std::string(kFormatFileExamples) + "\n" + kFormatFileExitStatusText);
+}
+
+void DescribeDiffFormat(CLI::App& command, DiffFormatArguments& arguments) {
+  command.add_option("first", arguments.first, "A file that export-format has written")
+      ->required()
+      ->check(RefuseEmpty)
+      ->type_name("FILE");
+  command.add_option("second", arguments.second, "Another one")
+      ->required()
+      ->check(RefuseEmpty)
+      ->type_name("FILE");
+  command.footer(std::string(kFormatFileExamples) + "\n" + kDiffExitStatusText);
+}
+
 }  // namespace
 
 Command ParseArguments(int argc, const char* const* argv) {
@@ -222,6 +338,11 @@ Command ParseArguments(int argc, const char* const* argv) {
       "sample-sql", "Write the sample database as a script for a database engine");
   DescribeSampleSql(*sampleSqlCommand, sampleSql);
 
+  RecordArguments record;
+  CLI::App* recordCommand =
+      app.add_subcommand("record", "Write down what a print reads, as a scenario for td_replay");
+  DescribeRecord(*recordCommand, record);
+
   RegisterArguments registration;
   CLI::App* registerCommand =
       app.add_subcommand("register", "Make the component's classes known to programs of the user");
@@ -231,6 +352,21 @@ Command ParseArguments(int argc, const char* const* argv) {
   CLI::App* unregisterCommand =
       app.add_subcommand("unregister", "Remove what register has written");
   DescribeRegistration(*unregisterCommand, unregistration.module);
+
+  ExportFormatArguments exportFormat;
+  CLI::App* exportFormatCommand =
+      app.add_subcommand("export-format", "Write a format of a database into a file");
+  DescribeExportFormat(*exportFormatCommand, exportFormat);
+
+  ImportFormatArguments importFormat;
+  CLI::App* importFormatCommand =
+      app.add_subcommand("import-format", "Take a format from a file into a database");
+  DescribeImportFormat(*importFormatCommand, importFormat);
+
+  DiffFormatArguments diffFormat;
+  CLI::App* diffFormatCommand =
+      app.add_subcommand("diff-format", "Tell two files of formats apart, in words");
+  DescribeDiffFormat(*diffFormatCommand, diffFormat);
 
   try {
     app.parse(argc, argv);
@@ -243,8 +379,12 @@ Command ParseArguments(int argc, const char* const* argv) {
   if (settingsCommand->parsed()) return settings;
   if (areaPrintersCommand->parsed()) return areaPrinters;
   if (sampleSqlCommand->parsed()) return sampleSql;
+  if (recordCommand->parsed()) return record;
   if (registerCommand->parsed()) return registration;
   if (unregisterCommand->parsed()) return unregistration;
+  if (exportFormatCommand->parsed()) return exportFormat;
+  if (importFormatCommand->parsed()) return importFormat;
+  if (diffFormatCommand->parsed()) return diffFormat;
   return demo;
 }
 

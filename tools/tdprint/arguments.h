@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <variant>
 
@@ -24,8 +25,19 @@ struct PrintArguments {
   std::string pdf;   // a file; standard output has its path, too
   std::string png;   // a folder
   std::string html;  // as pdf
+  // Where the explanation of the print goes, a file as pdf; empty: none is asked for.
+  std::string explain;
 
   bool operator==(const PrintArguments&) const = default;
+};
+
+// Writes down what a print reads, as a scenario.
+struct RecordArguments {
+  PrintArguments print;  // without outputs
+  bool mask = false;     // other values of the same kind in the data
+  std::string out;       // a file; empty: standard output
+
+  bool operator==(const RecordArguments&) const = default;
 };
 
 struct DemoArguments {
@@ -75,10 +87,43 @@ struct UnregisterArguments {
   bool operator==(const UnregisterArguments&) const = default;
 };
 
+// Writes a format into a file.
+struct ExportFormatArguments {
+  std::string database;
+  std::int16_t billType = 0;
+  std::string format;         // empty: the selected one
+  std::string out;            // a file; empty: standard output
+  bool withPictures = false;  // those of the picture items go into the file
+
+  bool operator==(const ExportFormatArguments&) const = default;
+};
+
+// Takes a format from a file into a database.
+struct ImportFormatArguments {
+  std::string database;
+  std::optional<std::int16_t> billType;  // nothing: as the file says
+  std::string format;                    // likewise
+  bool replace = false;                  // a format of that name
+  bool dryRun = false;
+  std::string pictures;  // folder for the file's pictures; empty: they stay in the file
+  std::string file;
+
+  bool operator==(const ImportFormatArguments&) const = default;
+};
+
+// Tells two files of formats apart.
+struct DiffFormatArguments {
+  std::string first;
+  std::string second;
+
+  bool operator==(const DiffFormatArguments&) const = default;
+};
+
 // What to do, or the status to end with: help was shown, or the usage is wrong and said so.
 using Command =
     std::variant<PrintArguments, DemoArguments, SettingsArguments, AreaPrintersArguments,
-                 SampleSqlArguments, RegisterArguments, UnregisterArguments, ExitStatus>;
+                 SampleSqlArguments, RecordArguments, RegisterArguments, UnregisterArguments,
+                 ExportFormatArguments, ImportFormatArguments, DiffFormatArguments, ExitStatus>;
 
 Command ParseArguments(int argc, const char* const* argv);
 

@@ -4,7 +4,9 @@
 #include "arguments.h"
 #include "demo_command.h"
 #include "dialog_commands.h"
+#include "format_commands.h"
 #include "print_command.h"
+#include "record_command.h"
 #include "registration_commands.h"
 #include "sample_sql_command.h"
 
@@ -26,11 +28,23 @@ struct Runner {
   td::ExitStatus operator()(const td::SampleSqlArguments& arguments) const {
     return td::WriteSampleSql(arguments);
   }
+  td::ExitStatus operator()(const td::RecordArguments& arguments) const {
+    return td::RecordScenario(arguments);
+  }
   td::ExitStatus operator()(const td::RegisterArguments& arguments) const {
     return td::RegisterModule(arguments);
   }
   td::ExitStatus operator()(const td::UnregisterArguments& arguments) const {
     return td::UnregisterModule(arguments);
+  }
+  td::ExitStatus operator()(const td::ExportFormatArguments& arguments) const {
+    return td::ExportFormat(arguments);
+  }
+  td::ExitStatus operator()(const td::ImportFormatArguments& arguments) const {
+    return td::ImportFormat(arguments);
+  }
+  td::ExitStatus operator()(const td::DiffFormatArguments& arguments) const {
+    return td::DiffFormats(arguments);
   }
   td::ExitStatus operator()(td::ExitStatus status) const { return status; }
 };
