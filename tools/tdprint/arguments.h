@@ -56,6 +56,16 @@ struct SettingsArguments {
   bool operator==(const SettingsArguments&) const = default;
 };
 
+// Opens the designer of formats.
+struct DesignArguments {
+  std::string database;  // empty: the user is asked for it
+  std::optional<std::int16_t> billType;
+  std::string format;  // empty: the selected format of the bill type
+  std::string data;    // as in PrintArguments; empty: captions are shown
+
+  bool operator==(const DesignArguments&) const = default;
+};
+
 // Opens the printers of the stock areas.
 struct AreaPrintersArguments {
   std::string database;
@@ -121,9 +131,10 @@ struct DiffFormatArguments {
 
 // What to do, or the status to end with: help was shown, or the usage is wrong and said so.
 using Command =
-    std::variant<PrintArguments, DemoArguments, SettingsArguments, AreaPrintersArguments,
-                 SampleSqlArguments, RecordArguments, RegisterArguments, UnregisterArguments,
-                 ExportFormatArguments, ImportFormatArguments, DiffFormatArguments, ExitStatus>;
+    std::variant<PrintArguments, DemoArguments, SettingsArguments, DesignArguments,
+                 AreaPrintersArguments, SampleSqlArguments, RecordArguments, RegisterArguments,
+                 UnregisterArguments, ExportFormatArguments, ImportFormatArguments,
+                 DiffFormatArguments, ExitStatus>;
 
 Command ParseArguments(int argc, const char* const* argv);
 

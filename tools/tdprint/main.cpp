@@ -3,6 +3,7 @@
 
 #include "arguments.h"
 #include "demo_command.h"
+#include "design_command.h"
 #include "dialog_commands.h"
 #include "format_commands.h"
 #include "print_command.h"
@@ -21,6 +22,9 @@ struct Runner {
   }
   td::ExitStatus operator()(const td::SettingsArguments& arguments) const {
     return td::ShowSettings(arguments);
+  }
+  td::ExitStatus operator()(const td::DesignArguments& arguments) const {
+    return td::DesignFormat(arguments);
   }
   td::ExitStatus operator()(const td::AreaPrintersArguments& arguments) const {
     return td::ShowAreaPrinters(arguments);

@@ -52,7 +52,7 @@ _tdprint() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} options
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
-    _tdprint_words "print preview demo settings area-printers sample-sql record register unregister \
+    _tdprint_words "print preview demo settings design area-printers sample-sql record register unregister \
       export-format import-format diff-format --help --version" \
       "$current"
     return
@@ -78,6 +78,7 @@ _tdprint() {
       ;;
     demo) options="--out --samples --printer" ;;
     settings) options="--db --type" ;;
+    design) options="--db --type --format --data" ;;
     area-printers) options="--db" ;;
     sample-sql) options="--engine --only-schema --samples --out" ;;
     register | unregister) options="--module" ;;
