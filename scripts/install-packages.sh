@@ -17,10 +17,12 @@ packages=(
   odbc-postgresql odbc-mariadb tdsodbc postgresql mariadb-server
   # what checks the man page, the desktop entry, the file type and the description of tdprint
   man-db desktop-file-utils shared-mime-info appstream
-  # the example that prints from Python
+  # the example that prints from Python, and the check of the docs
   python3
   # what makes Debian packages, checks them, and makes the bare system that they are tried in
   debhelper dh-python lintian mmdebstrap
+  # what presses the keys where scripts/make-pictures.sh takes pictures of the windows
+  xdotool
   # what the tests and benchmarks are written with, and what they read the results with
   libgtest-dev libbenchmark-dev poppler-utils zbar-tools imagemagick chromium sqlite3 xvfb
 )

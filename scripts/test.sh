@@ -24,6 +24,9 @@ git ls-files -z '*.h' '*.cpp' '*.c' | xargs -0 clang-format --dry-run -Werror
 step "Includes"
 scripts/check-includes.sh
 
+step "Docs"
+scripts/check-docs.py
+
 step "The second compiler, with the benchmarks"
 cmake --preset clang
 cmake --build --preset clang -j "$jobs"

@@ -1,7 +1,6 @@
 #include "designer/model/command.h"
 
 #include <algorithm>
-#include <ranges>
 #include <unordered_map>
 #include <utility>
 
@@ -109,8 +108,8 @@ void Do(Format& format, const Command& command) {
 }
 
 void Undo(Format& format, const Command& command) {
-  for (const Edit& edit : command.edits | std::views::reverse) {
-    std::visit(Doing{format}, std::visit(Reversal{}, edit));
+  for (auto edit = command.edits.rbegin(); edit != command.edits.rend(); ++edit) {
+    std::visit(Doing{format}, std::visit(Reversal{}, *edit));
   }
 }
 

@@ -182,6 +182,27 @@ std::string Shown(const Value& value) {
   return ToText(value);
 }
 
+bool IsLength(const std::string& column) {
+  const KnownColumn* known = FindColumn(ItemColumns(), column);
+  if (known == nullptr) known = FindColumn(FormatColumns(), column);
+  return known != nullptr && known->kind == ColumnKind::kLength;
+}
+
+std::string InMillimetres(const Value& twips) {
+  return ToText(std::round(MillimetresOf(ToDouble(twips)) * 100) / 100);
+}
+
+// A length in millimetres, too: nobody's ruler shows twips.
+std::string ChangeOf(const Difference& difference) {
+  std::string words =
+      difference.column + ": " + Shown(difference.first) + " → " + Shown(difference.second);
+  const bool isLength =
+      IsLength(difference.column) && IsNumeric(difference.first) && IsNumeric(difference.second);
+  if (!isLength) return words;
+  return words + " (" + InMillimetres(difference.first) + " → " + InMillimetres(difference.second) +
+         " mm)";
+}
+
 }  // namespace
 
 bool AreEqual(const Row& first, const Row& second) {
@@ -212,8 +233,7 @@ std::string NameOf(const Item& item, bool inChinese) {
 }
 
 std::string InWords(const Difference& difference, bool inChinese) {
-  const std::string change =
-      difference.column + ": " + Shown(difference.first) + " → " + Shown(difference.second);
+  const std::string change = ChangeOf(difference);
   const std::string& subject = difference.subject;
   switch (difference.kind) {
     case DifferenceKind::kFormatColumn:

@@ -37,7 +37,8 @@ struct Difference {
 // Whether two rows mean the same in all columns that both have.
 [[nodiscard]] bool AreEqual(const Row& first, const Row& second);
 
-// One line in the language of the desktop or in English: "FLeft of “客户” (3): 566.93 → 567".
+// One line in the language of the desktop or in English: lengths in
+// millimetres, too: "item “客户” (3): FLeft: 566.93 → 850.39 (10 → 15 mm)".
 [[nodiscard]] std::string InWords(const Difference& difference, bool inChinese);
 
 // What an item is called in a list: its text, its variable, or its kind.

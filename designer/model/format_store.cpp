@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <numeric>
-#include <tuple>
 #include <unordered_map>
 #include <utility>
 
+#include "designer/model/format_reading.h"
 #include "designer/model/item_writer.h"
 #include "designer/model/known_columns.h"
 #include "designer/model/stored_table.h"
@@ -18,69 +18,6 @@
 namespace td::designer {
 namespace {
 
-std::string NameText(const std::string& name) {
-  return "“" + name + "”";
-}
-
-Failure NoSuchFormat(const std::string& name) {
-  return {kInvalidCall, name.empty() ? "没有选定的套打格式" : "没有套打格式" + NameText(name)};
-}
-
-std::string IdCondition(const Transaction& transaction, const Value& id) {
-  return Condition(transaction, kFormatKey, id);
-}
-
-std::string TypeCondition(const Transaction& transaction, int billType) {
-  return Condition(transaction, kBillTypeColumn, std::int64_t{billType});
-}
-
-std::string NameCondition(const Transaction& transaction, const std::string& name) {
-  return Condition(transaction, "FTDBillName", name);
-}
-
-std::vector<Variable> ReadVariables(Transaction& transaction, int billType) {
-  StoredTable table =
-      ReadTable(transaction, VariableAccess(), TypeCondition(transaction, billType));
-  std::vector<Variable> variables;
-  for (StoredRow& row : table.rows) {
-    variables.push_back({std::move(row.known), std::move(row.others)});
-  }
-  return variables;
-}
-
-// Band by band: the order of two items of different bands means nothing, and each engine has
-// another.
-ItemList ItemsOf(std::vector<StoredRow> rows, ItemId& lastId) {
-  std::ranges::stable_sort(rows, {},
-                           [](const StoredRow& row) { return row.known.Number("FSite"); });
-  ItemList items;
-  for (StoredRow& row : rows) {
-    items.Append({.id = ++lastId, .row = std::move(row.known), .others = std::move(row.others)});
-  }
-  return items;
-}
-
-// The first format of a condition, or nothing.
-std::optional<Format> ReadFormat(Transaction& transaction, const std::string& condition) {
-  StoredTable table = ReadTable(transaction, FormatAccess(), condition);
-  if (table.rows.empty()) return std::nullopt;
-  Format format;
-  format.id = table.links.front();
-  format.row = std::move(table.rows.front().known);
-  format.others = std::move(table.rows.front().others);
-  StoredTable items = ReadTable(transaction, ItemAccess(), IdCondition(transaction, format.id));
-  format.itemColumns = items.known;
-  format.items = ItemsOf(std::move(items.rows), format.lastItemId);
-  format.variables = ReadVariables(transaction, format.BillType());
-  return format;
-}
-
-Format ReadFormatById(Transaction& transaction, const Value& id) {
-  auto format = ReadFormat(transaction, IdCondition(transaction, id));
-  if (!format) throw NoSuchFormat({});
-  return *std::move(format);
-}
-
 void CheckNameIsFree(Transaction& transaction, int billType, const std::string& name,
                      const Value& except) {
   if (name.empty()) throw Failure(kInvalidCall, "套打格式要有名称");
@@ -88,7 +25,7 @@ void CheckNameIsFree(Transaction& transaction, int billType, const std::string& 
                     " and " + NameCondition(transaction, name);
   if (!IsNull(except)) sql += " and FTDBillID<>" + transaction.Literal(except);
   if (!IsNull(FirstValue(transaction, sql))) {
-    throw Failure(kInvalidCall, "已有名为" + NameText(name) + "的套打格式");
+    throw Failure(kInvalidCall, "已有名为“" + name + "”的套打格式");
   }
 }
 
@@ -221,10 +158,26 @@ std::vector<WantedItem> FindRows(const Format& base, const Format& wanted, const
   return found;
 }
 
-bool IsOfOthers(const Difference& difference) {
-  return difference.kind != DifferenceKind::kVariableAdded &&
-         difference.kind != DifferenceKind::kVariableRemoved &&
-         difference.kind != DifferenceKind::kVariableColumn;
+const Variable* VariableNamed(const std::vector<Variable>& variables, const std::string& caption) {
+  const auto found = std::ranges::find_if(
+      variables, [&](const Variable& one) { return one.Caption() == caption; });
+  return found == variables.end() ? nullptr : &*found;
+}
+
+bool IsOfVariables(const Difference& difference) {
+  return difference.kind == DifferenceKind::kVariableAdded ||
+         difference.kind == DifferenceKind::kVariableRemoved ||
+         difference.kind == DifferenceKind::kVariableColumn;
+}
+
+// Whether a save would write another value over that of somebody else's.
+bool IsVariableInDispute(const std::string& caption, const Format& base, const Format& wanted,
+                         const Format& now) {
+  if (!IsVariableWritten(base.variables, wanted.variables, caption)) return false;
+  const Variable* ours = VariableNamed(wanted.variables, caption);
+  const Variable* theirs = VariableNamed(now.variables, caption);
+  if (ours == nullptr || theirs == nullptr) return ours != theirs;
+  return ours->Name() != theirs->Name();
 }
 
 // What somebody else has changed of what a save would write.
@@ -232,15 +185,32 @@ std::vector<Difference> ForeignChanges(const Format& base, const Format& wanted,
                                        const Format& now) {
   std::vector<Difference> differences;
   for (Difference& difference : DifferencesOf(base, now)) {
-    const bool counts = IsOfOthers(difference) ||
-                        IsVariableWritten(base.variables, wanted.variables, difference.subject);
+    const bool counts =
+        !IsOfVariables(difference) || IsVariableInDispute(difference.subject, base, wanted, now);
     if (counts) differences.push_back(std::move(difference));
   }
   return differences;
 }
 
+// The variables that are wanted in their order, then what others have added. One that was removed
+// here and stays for another format's sake is none of this format.
+std::vector<Variable> InOrder(const std::vector<Variable>& stored, const Format& base,
+                              const Format& wanted) {
+  std::vector<Variable> ordered;
+  for (const Variable& variable : wanted.variables) {
+    const Variable* found = VariableNamed(stored, variable.Caption());
+    ordered.push_back(found == nullptr ? variable : *found);
+  }
+  for (const Variable& variable : stored) {
+    const bool isKnown = VariableNamed(wanted.variables, variable.Caption()) != nullptr ||
+                         VariableNamed(base.variables, variable.Caption()) != nullptr;
+    if (!isKnown) ordered.push_back(variable);
+  }
+  return ordered;
+}
+
 // The format as it stands in the tables, with the items' ids and in the order of `wanted`.
-Format Stored(Transaction& transaction, const Format& wanted, const Value& id,
+Format Stored(Transaction& transaction, const Format& base, const Format& wanted, const Value& id,
               std::vector<StoredRow> rows) {
   Format stored = ReadFormatById(transaction, id);
   if (const KnownColumn* lost = FirstLostColumn(FormatColumns(), wanted.row, stored.row)) {
@@ -253,6 +223,7 @@ Format Stored(Transaction& transaction, const Format& wanted, const Value& id,
                          .row = std::move(rows[i].known),
                          .others = std::move(rows[i].others)});
   }
+  stored.variables = InOrder(stored.variables, base, wanted);
   stored.lastItemId = wanted.lastItemId;
   return stored;
 }
@@ -268,26 +239,7 @@ Saved Write(Transaction& transaction, const Format& base, const Format& wanted,
   ItemWriter writer(transaction, id, items);
   std::vector<StoredRow> rows = writer.Write(FindRows(base, wanted, items, writer.KeyNames()));
   WriteVariables(transaction, billType, id, base.variables, wanted.variables);
-  return {Stored(transaction, wanted, id, std::move(rows))};
-}
-
-FormatEntry EntryOf(const StoredRow& row, const Value& id) {
-  return {.id = id,
-          .billType = static_cast<int>(row.known.Number(kBillTypeColumn)),
-          .name = row.known.Text("FTDBillName"),
-          .selected = row.known.Flag("FSelected")};
-}
-
-std::vector<FormatEntry> Entries(Transaction& transaction, const std::string& condition) {
-  const StoredTable table = ReadTable(transaction, FormatAccess(), condition);
-  std::vector<FormatEntry> entries;
-  for (std::size_t i = 0; i < table.rows.size(); ++i) {
-    entries.push_back(EntryOf(table.rows[i], table.links[i]));
-  }
-  std::ranges::sort(entries, {}, [](const FormatEntry& entry) {
-    return std::tuple(entry.billType, !entry.selected, entry.name);
-  });
-  return entries;
+  return {Stored(transaction, base, wanted, id, std::move(rows))};
 }
 
 }  // namespace
@@ -317,7 +269,7 @@ void FormatStore::InTransaction(Access access,
 std::vector<FormatEntry> FormatStore::List(int billType) const {
   std::vector<FormatEntry> entries;
   InTransaction(Access::kReadOnly, [&](Transaction& transaction) {
-    entries = Entries(transaction, TypeCondition(transaction, billType));
+    entries = ReadEntries(transaction, TypeCondition(transaction, billType));
   });
   return entries;
 }
@@ -325,7 +277,7 @@ std::vector<FormatEntry> FormatStore::List(int billType) const {
 std::vector<FormatEntry> FormatStore::ListAll() const {
   std::vector<FormatEntry> entries;
   InTransaction(Access::kReadOnly,
-                [&](Transaction& transaction) { entries = Entries(transaction, "1=1"); });
+                [&](Transaction& transaction) { entries = ReadEntries(transaction, "1=1"); });
   return entries;
 }
 

@@ -1,7 +1,6 @@
 #include "designer/model/hit_testing.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace td::designer {
 namespace {
@@ -37,7 +36,7 @@ std::vector<ItemId> ItemsAt(const SheetLayout& layout, const Format& format, Poi
   }
   std::ranges::stable_sort(found, {}, [](const Item* item) { return item->Site(); });
   std::vector<ItemId> ids;
-  for (const Item* item : found | std::views::reverse) ids.push_back(item->id);
+  for (auto item = found.rbegin(); item != found.rend(); ++item) ids.push_back((*item)->id);
   return ids;
 }
 

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <functional>
 #include <optional>
-#include <ranges>
 #include <utility>
 
 #include "designer/model/known_columns.h"
@@ -124,11 +123,12 @@ std::vector<ItemId> Reordered(const Format& format, const ItemIds& ids, Order or
   const auto isChosen = [&](ItemId id) { return std::ranges::find(ids, id) != ids.end(); };
   const auto siteOf = [&](ItemId id) { return format.items.Find(id)->Site(); };
   if (order == Order::kToFront) {
-    std::ranges::stable_partition(sequence, [&](ItemId id) { return !isChosen(id); });
+    std::stable_partition(sequence.begin(), sequence.end(),
+                          [&](ItemId id) { return !isChosen(id); });
     return sequence;
   }
   if (order == Order::kToBack) {
-    std::ranges::stable_partition(sequence, isChosen);
+    std::stable_partition(sequence.begin(), sequence.end(), isChosen);
     return sequence;
   }
   // One of another band is passed without an effect, so it doesn't count.

@@ -9,11 +9,12 @@ namespace td {
 
 void DrawBarcode(Band& band, std::string_view column) {
   Barcode& barcode = band.window.frame->BarcodeMaker();
-  band.guard.Step([&] { barcode.PutData(ToLoneText(band.request.PrintData->Field(column))); });
+  band.guard.Step([&] { barcode.PutData(ToLoneText(band.Data(*band.request.PrintData, column))); });
   band.guard.Step([&] {
     const PictureRef picture = barcode.GetPicture();
     band.vp.DrawPicture(picture, ItemLeft(band), FixedItemTop(band), ToDouble(band.Item("FWidth")),
                         ToDouble(band.Item("FHeight")));
+    band.Drew(DrawnAs::kPicture);
   });
 }
 
@@ -22,12 +23,17 @@ void DrawGoodsPicture(Band& band, std::string_view column) {
   PictureHolder& holder = band.window.Image1;
   guard.Step([&] { holder.Width = ToSingle(band.Item("FWidth")); });
   guard.Step([&] { holder.Height = ToSingle(band.Item("FHeight")); });
-  guard.Step(
-      [&] { LoadGoodsPicture(band.window, ToInteger32(band.request.PrintData->Field(column))); });
-  if (!holder.Picture) return;
+  guard.Step([&] {
+    LoadGoodsPicture(band.window, ToInteger32(band.Data(*band.request.PrintData, column)));
+  });
+  if (!holder.Picture) {
+    band.Meet(Circumstance::kNoPicture);
+    return;
+  }
   guard.Step([&] {
     band.vp.DrawPicture(holder.Picture, ItemLeft(band), ItemTop(band),
                         ToDouble(band.Item("FWidth")), ToDouble(band.Item("FHeight")));
+    band.Drew(DrawnAs::kPicture);
   });
 }
 
@@ -42,12 +48,13 @@ bool DrawImage(Band& band) {
 
 void LoadGoodsPicture(PrintWindow& window, std::int32_t itemId) {
   Pictures& pictures = window.platform.pictures;
-  RunRoutine(Guard(reactions::kMessageOnly), window.platform.messages, [&](const Guard& guard) {
+  const Guard routine(reactions::kMessageOnly, {}, window.platform.witness);
+  RunRoutine(routine, window.platform.messages, [&](const Guard& guard) {
     guard.Step([&] {
       window.Image1.Picture.reset();
       const std::string path = pictures.ComponentFolder() + "/picture/" + ToText(itemId) + ".jpg";
       if (pictures.FileExists(path)) pictures.DeleteFile(path);
-      Query goods(window.platform.database, window.request);
+      Query goods(window.platform, window.request);
       goods.Open(GoodsPictureStatement(itemId), CursorType::kKeyset, LockType::kPessimistic);
       if (goods.Eof()) return;
       pictures.SaveNewFile(path, goods.Field("FPicture"));

@@ -30,12 +30,14 @@ void DrawLineItem(Band& band) {
       const double x = ItemLeft(band);
       const double y = ItemTop(band);
       band.vp.DrawLine(x, y, LineRight(band), y);
+      band.Drew(DrawnAs::kLine);
     });
   } else {
     guard.Step([&] {
       const double x = ItemLeft(band);
       const double y = ItemTop(band);
       band.vp.DrawLine(x, y, x, LineBottom(band));
+      band.Drew(DrawnAs::kLine);
     });
   }
 }
@@ -45,6 +47,7 @@ void DrawPictureItem(Band& band) {
     const PictureRef picture =
         band.window.platform.pictures.Load(ToLoneText(band.Item("FPicturePath")));
     band.vp.DrawPicture(picture, ItemLeft(band), ItemTop(band));
+    band.Drew(DrawnAs::kPicture);
   });
 }
 

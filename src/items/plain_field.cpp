@@ -48,24 +48,25 @@ void DrawPlainField(Band& band) {
   Recordset& data = *band.request.PrintData;
   Recordset& clone = *band.request.PrintDataClone;
   const auto isFormatted = [&](Recordset& rows) {
-    return guard.Test([&] { return IsNumeric(rows.Field(band.field)) && HasPicture(band); });
+    return guard.Test([&] { return IsNumeric(band.Data(rows, band.field)) && HasPicture(band); });
   };
   const auto picture = [&] { return ToLoneText(band.Item("FFormatString")); };
 
   if (guard.Test([&] { return data.Eof(); })) {
     if (isFormatted(clone)) {
-      Box(band, [&] { return band.caption + FormatValue(clone.Field(band.field), picture()); });
+      Box(band,
+          [&] { return band.caption + FormatValue(band.Data(clone, band.field), picture()); });
     } else {
-      Box(band, [&] { return band.caption + PlainText(clone.Field(band.field)); });
+      Box(band, [&] { return band.caption + PlainText(band.Data(clone, band.field)); });
     }
   } else if (isFormatted(data)) {
     Box(band, [&] {
-      const Value& value = data.Field(band.field);
+      const Value& value = band.Data(data, band.field);
       return band.caption + FormatValue(value, PriceRulePicture(value, band.field, picture()));
     });
   } else {
     Recordset& rows = band.site == ItemSite::kRow ? data : clone;
-    Box(band, [&] { return band.caption + PlainText(rows.Field(band.field)); });
+    Box(band, [&] { return band.caption + PlainText(band.Data(rows, band.field)); });
   }
 }
 

@@ -23,6 +23,11 @@ void ReadField(Band& band);
 // Whether FAutoSize is set; Null counts as not.
 [[nodiscard]] bool IsAutoSize(Band& band);
 
+// A text at the current point, as a paragraph or with no line end of its own; `makeText` and the
+// writing are one statement.
+void Paragraph(Band& band, const std::function<std::string()>& makeText);
+void RunningText(Band& band, const std::function<std::string()>& makeText);
+
 // One text box at the item's place; `makeText` and the place are one statement.
 void Box(Band& band, const std::function<std::string()>& makeText);
 

@@ -40,13 +40,13 @@ TEST_F(DifferenceTest, EqualFormatsHaveNone) {
 TEST_F(DifferenceTest, AColumnIsToldWithBothValues) {
   second.row.PutNumber("FRowHeight", 12.5);
   second.items.Change(1).row.Set("FObjectCaption", Null{});
-  EXPECT_EQ(Words(), (Lines{"format: FRowHeight: 340.16 → 12.5",
+  EXPECT_EQ(Words(), (Lines{"format: FRowHeight: 340.16 → 12.5 (6 → 0.22 mm)",
                             "item “text 1” (2): FObjectCaption: “text 1” → Null"}));
 }
 
 TEST_F(DifferenceTest, AMovedItemIsTheSameItem) {
   Do(second, MoveItems(second, {second.items[2].id}, 5000, 0));
-  EXPECT_EQ(Words(), (Lines{"item “text 2” (3): FLeft: 200 → 5200"}));
+  EXPECT_EQ(Words(), (Lines{"item “text 2” (3): FLeft: 200 → 5200 (3.53 → 91.72 mm)"}));
 }
 
 TEST_F(DifferenceTest, ItemsComeAndGo) {

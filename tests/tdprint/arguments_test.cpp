@@ -162,5 +162,25 @@ TEST(TdprintArguments, RegistrationTakesTheInstalledModuleUnlessToldOtherwise) {
   EXPECT_EQ(Parse({"register", "a.so"}), Command(ExitStatus::kWrongUsage));
 }
 
+TEST(TdprintArguments, FormatsAreWrittenToFilesAndTakenFromThem) {
+  EXPECT_EQ(Parse({"export-format", "--db", "d", "--type", "21"}),
+            Command(ExportFormatArguments{"d", 21, "", "", false}));
+  EXPECT_EQ(Parse({"export-format", "--db", "d", "--type", "21", "--format", "f", "--out", "-",
+                   "--with-pictures"}),
+            Command(ExportFormatArguments{"d", 21, "f", "/dev/stdout", true}));
+  EXPECT_EQ(Parse({"export-format", "--db", "d"}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"import-format", "--db", "d", "a.json"}),
+            Command(ImportFormatArguments{"d", std::nullopt, "", false, false, "", "a.json"}));
+  EXPECT_EQ(Parse({"import-format", "--db", "d", "--type", "0", "--format", "f", "--replace",
+                   "--dry-run", "--pictures", "/", "a.json"}),
+            Command(ImportFormatArguments{"d", std::int16_t{0}, "f", true, true, "/", "a.json"}));
+  EXPECT_EQ(Parse({"import-format", "--db", "d"}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"import-format", "--db", "d", "--pictures", "/nowhere", "a.json"}),
+            Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"diff-format", "a.json", "b.json"}),
+            Command(DiffFormatArguments{"a.json", "b.json"}));
+  EXPECT_EQ(Parse({"diff-format", "a.json"}), Command(ExitStatus::kWrongUsage));
+}
+
 }  // namespace
 }  // namespace td

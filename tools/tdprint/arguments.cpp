@@ -1,6 +1,7 @@
 #include "arguments.h"
 
 #include <CLI/CLI.hpp>
+#include <filesystem>
 #include <limits>
 
 #include "options_file.h"
@@ -40,6 +41,19 @@ constexpr const char* kSampleSqlExamples =
     "  tdprint sample-sql --engine postgresql | psql -v ON_ERROR_STOP=1 shop\n"
     "  tdprint sample-sql --engine sqlserver --only-schema --out tables.sql\n";
 
+constexpr const char* kRecordExamples =
+    "Examples:\n"
+    "  tdprint record --db sqlite:shop.db --type 21 --mask --out misprint.json \\\n"
+    "      --data \"select * from v_sales_order where FInterID=21002\"\n"
+    "  td_replay misprint.json\n";
+
+constexpr const char* kRecordExitStatusText =
+    "Exit status:\n"
+    "  0  recorded, and the scenario prints like the database\n"
+    "  1  not recorded\n"
+    "  2  wrong usage\n"
+    "  3  recorded, but the scenario prints otherwise, as standard error tells\n";
+
 constexpr const char* kRegistrationExitStatusText =
     "Exit status:\n"
     "  0  the registration was written or removed, as standard output tells\n"
@@ -60,6 +74,10 @@ std::string StandardOutputForDash(const std::string& file) {
   return file == "-" ? "/dev/stdout" : file;
 }
 
+std::string RefuseOtherThanFolder(const std::string& folder) {
+  return std::filesystem::is_directory(folder) ? "" : "there is no such folder";
+}
+
 constexpr int kLargest = std::numeric_limits<std::int16_t>::max();
 
 void DescribeDatabase(CLI::App& command, std::string& database) {
@@ -76,7 +94,8 @@ void DescribeBillType(CLI::App& command, std::int16_t& billType) {
       ->type_name("N");
 }
 
-void DescribePrint(CLI::App& command, PrintArguments& arguments) {
+// The format and the rows.
+void DescribeRequest(CLI::App& command, PrintArguments& arguments) {
   AddOptionsFile(command);
   DescribeDatabase(command, arguments.database);
   DescribeBillType(command, arguments.billType);
@@ -99,7 +118,10 @@ void DescribePrint(CLI::App& command, PrintArguments& arguments) {
 
   command.add_flag("--by-area", arguments.byArea,
                    "Begin a new page at each stock area (FStockArea) instead of each bill");
+}
 
+void DescribePrint(CLI::App& command, PrintArguments& arguments) {
+  DescribeRequest(command, arguments);
   CLI::Option_group* output = command.add_option_group(
       "Output", "Where the document goes (without it: to the printer that the format chooses)");
   output->add_option("--printer", arguments.printer, "A printer by its name")
@@ -122,8 +144,31 @@ void DescribePrint(CLI::App& command, PrintArguments& arguments) {
       ->transform(StandardOutputForDash)
       ->type_name("FILE");
   output->require_option(0, 1);
+  command
+      .add_option_function<std::string>(
+          "--explain",
+          [&arguments](const std::string& file) {
+            arguments.explain = file.empty() ? "/dev/stderr" : StandardOutputForDash(file);
+          },
+          "Tell what became of each item of the format, and why, into a file, as JSON if its name "
+          "ends in .json (without FILE: standard error)")
+      ->expected(0, 1)
+      ->configurable(false)
+      ->type_name("FILE");
 
   command.footer(std::string(kPrintExamples) + "\n" + kExitStatusText);
+}
+
+void DescribeRecord(CLI::App& command, RecordArguments& arguments) {
+  DescribeRequest(command, arguments.print);
+  command.add_flag("--mask", arguments.mask,
+                   "Write other values of the same length and kind in the place of the data");
+  command.add_option("--out", arguments.out, "A file (without it: standard output)")
+      ->configurable(false)
+      ->check(RefuseEmpty)
+      ->transform(StandardOutputForDash)
+      ->type_name("FILE");
+  command.footer(std::string(kRecordExamples) + "\n" + kRecordExitStatusText);
 }
 
 void DescribeSamples(CLI::App& command, std::string& samples) {
@@ -259,7 +304,7 @@ void DescribeImportFormat(CLI::App& command, ImportFormatArguments& arguments) {
   command
       .add_option("--pictures", arguments.pictures,
                   "Folder to put the pictures of the file into (without it: they stay in the file)")
-      ->check(CLI::ExistingDirectory)
+      ->check(RefuseOtherThanFolder)
       ->type_name("FOLDER");
   command.add_option("file", arguments.file, "A file that export-format has written")
       ->required()
@@ -324,6 +369,11 @@ Command ParseArguments(int argc, const char* const* argv) {
       "sample-sql", "Write the sample database as a script for a database engine");
   DescribeSampleSql(*sampleSqlCommand, sampleSql);
 
+  RecordArguments record;
+  CLI::App* recordCommand =
+      app.add_subcommand("record", "Write down what a print reads, as a scenario for td_replay");
+  DescribeRecord(*recordCommand, record);
+
   RegisterArguments registration;
   CLI::App* registerCommand =
       app.add_subcommand("register", "Make the component's classes known to programs of the user");
@@ -361,6 +411,7 @@ Command ParseArguments(int argc, const char* const* argv) {
   if (designCommand->parsed()) return design;
   if (areaPrintersCommand->parsed()) return areaPrinters;
   if (sampleSqlCommand->parsed()) return sampleSql;
+  if (recordCommand->parsed()) return record;
   if (registerCommand->parsed()) return registration;
   if (unregisterCommand->parsed()) return unregistration;
   if (exportFormatCommand->parsed()) return exportFormat;

@@ -25,8 +25,19 @@ struct PrintArguments {
   std::string pdf;   // a file; standard output has its path, too
   std::string png;   // a folder
   std::string html;  // as pdf
+  // Where the explanation of the print goes, a file as pdf; empty: none is asked for.
+  std::string explain;
 
   bool operator==(const PrintArguments&) const = default;
+};
+
+// Writes down what a print reads, as a scenario.
+struct RecordArguments {
+  PrintArguments print;  // without outputs
+  bool mask = false;     // other values of the same kind in the data
+  std::string out;       // a file; empty: standard output
+
+  bool operator==(const RecordArguments&) const = default;
 };
 
 struct DemoArguments {
@@ -121,8 +132,9 @@ struct DiffFormatArguments {
 // What to do, or the status to end with: help was shown, or the usage is wrong and said so.
 using Command =
     std::variant<PrintArguments, DemoArguments, SettingsArguments, DesignArguments,
-                 AreaPrintersArguments, SampleSqlArguments, RegisterArguments, UnregisterArguments,
-                 ExportFormatArguments, ImportFormatArguments, DiffFormatArguments, ExitStatus>;
+                 AreaPrintersArguments, SampleSqlArguments, RecordArguments, RegisterArguments,
+                 UnregisterArguments, ExportFormatArguments, ImportFormatArguments,
+                 DiffFormatArguments, ExitStatus>;
 
 Command ParseArguments(int argc, const char* const* argv);
 

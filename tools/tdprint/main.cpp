@@ -7,6 +7,7 @@
 #include "dialog_commands.h"
 #include "format_commands.h"
 #include "print_command.h"
+#include "record_command.h"
 #include "registration_commands.h"
 #include "sample_sql_command.h"
 
@@ -30,6 +31,9 @@ struct Runner {
   }
   td::ExitStatus operator()(const td::SampleSqlArguments& arguments) const {
     return td::WriteSampleSql(arguments);
+  }
+  td::ExitStatus operator()(const td::RecordArguments& arguments) const {
+    return td::RecordScenario(arguments);
   }
   td::ExitStatus operator()(const td::RegisterArguments& arguments) const {
     return td::RegisterModule(arguments);

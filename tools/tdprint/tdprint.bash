@@ -29,7 +29,13 @@ _tdprint_value() {
     --engine) _tdprint_words "sqlite postgresql mariadb sqlserver" "$current" ;;
     --printer) _tdprint_words "$(lpstat -e 2>/dev/null)" "$current" ;;
     --config | --module | --pdf | --html) _tdprint_files "$current" ;;
-    --png | --samples) _tdprint_folders "$current" ;;
+    --explain) # its file may be left out
+      case $current in
+        -*) return 1 ;;
+        *) _tdprint_files "$current" ;;
+      esac
+      ;;
+    --png | --samples | --pictures) _tdprint_folders "$current" ;;
     --out)
       if [ "$command" = demo ]; then
         _tdprint_folders "$current"
@@ -46,8 +52,8 @@ _tdprint() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} options
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
-    _tdprint_words "print preview demo settings design area-printers sample-sql register unregister --help \
-      --version" \
+    _tdprint_words "print preview demo settings design area-printers sample-sql record register unregister \
+      export-format import-format diff-format --help --version" \
       "$current"
     return
   fi
@@ -64,7 +70,11 @@ _tdprint() {
   case ${COMP_WORDS[1]} in
     print | preview)
       options="--config --db --type --data --format --only-variant --blank-rows --by-area \
-        --printer --pdf --png --html"
+        --printer --pdf --png --html --explain"
+      ;;
+    record)
+      options="--config --db --type --data --format --only-variant --blank-rows --by-area --mask \
+        --out"
       ;;
     demo) options="--out --samples --printer" ;;
     settings) options="--db --type" ;;
@@ -72,6 +82,15 @@ _tdprint() {
     area-printers) options="--db" ;;
     sample-sql) options="--engine --only-schema --samples --out" ;;
     register | unregister) options="--module" ;;
+    export-format) options="--db --type --format --out --with-pictures" ;;
+    import-format)
+      [[ $current == [!-]* ]] && { _tdprint_files "$current"; return; }
+      options="--db --type --format --replace --dry-run --pictures"
+      ;;
+    diff-format)
+      [[ $current == [!-]* ]] && { _tdprint_files "$current"; return; }
+      options=
+      ;;
     *) options= ;;
   esac
   _tdprint_words "$options --help" "$current"

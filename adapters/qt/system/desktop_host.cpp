@@ -127,6 +127,7 @@ void DesktopHost::PointerChanged(std::int32_t shape) {
 
 void DesktopHost::Complain(const std::string& text) {
   if (!complaints_.insert(text).second) return;
+  if (settings_.outcome != nullptr) settings_.outcome->complaints.push_back(text);
   if (settings_.onComplaint) {
     settings_.onComplaint(text);
   } else {

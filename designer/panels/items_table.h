@@ -1,0 +1,34 @@
+// The items of a format as a table, in the order in which they are drawn.
+#pragma once
+
+#include <QAbstractTableModel>
+
+#include "designer/view/workspace.h"
+
+namespace td::designer {
+
+class ItemsTable : public QAbstractTableModel {
+ public:
+  enum Column { kNumber, kName, kBand, kKind, kColumnCount };
+
+  explicit ItemsTable(Workspace& workspace, QObject* parent = nullptr);
+  ~ItemsTable() override;
+
+  [[nodiscard]] ItemId IdAt(int row) const;
+  // -1 for an item that the format doesn't have.
+  [[nodiscard]] int RowOf(ItemId id) const;
+
+  [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+  [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+  [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+  [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
+                                    int role) const override;
+
+ private:
+  void DocumentChanged(const DocumentChange& change);
+
+  Workspace& workspace_;
+  int listener_;
+};
+
+}  // namespace td::designer
