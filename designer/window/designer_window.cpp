@@ -115,7 +115,7 @@ void DesignerWindow::MakeSheet() {
        .menuWanted = [this](const QPoint& global) { MakeContextMenu(global); },
        .itemOpened =
            [this](ItemId) {
-             if (auto* dock = findChild<QDockWidget*>("itemPanel")) {
+             if (auto* dock = findChild<QDockWidget*>("item")) {
                dock->show();
                dock->raise();
              }

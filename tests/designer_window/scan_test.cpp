@@ -120,7 +120,6 @@ TEST_F(ScanOfForm, IsDraggedAndSizedAndKeptBesideTheFormat) {
   Find<QSlider>("scanOpacity").setValue(30);
   const QTransform placed = Sheet().Aids().scan.toSheet;
   EXPECT_NEAR(MillimetresOf(placed.map(QPointF(1000, 600)).x()), 239.5, 0.01);
-  Photograph(Window(), "designer-scan");
   CloseWindow();
 
   Open();

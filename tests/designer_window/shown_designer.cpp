@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include "designer/view/words.h"
 #include "text/conversions.h"
 
 namespace td::designer {
@@ -178,7 +179,8 @@ std::string ShownDesigner::Cell(const std::string& statement) {
 void Photograph(QWidget& widget, const std::string& name) {
   const QString folder = qEnvironmentVariable("QBTD_PICTURES");
   if (folder.isEmpty()) return;
-  widget.grab().save(folder + "/" + QString::fromStdString(name) + ".png");
+  const QString language = SpeaksChinese() ? ".zh-CN" : "";
+  widget.grab().save(folder + "/" + QString::fromStdString(name) + language + ".png");
 }
 
 }  // namespace td::designer

@@ -9,6 +9,7 @@
 #include "designer/sheet/sheet_painter.h"
 #include "printed_document.h"
 #include "program_run.h"
+#include "qt/preview/window_font.h"
 #include "qt/render/outputs.h"
 #include "shown_designer.h"
 
@@ -46,6 +47,17 @@ class ScannedForm {
     painter.setPen(QPen(Qt::black, 0.2));
     painter.drawRect(QRectF(kFrameLeft, kFrameTop, kFrameWidth, kFrameHeight));
     for (const FormBox& box : kBoxes) painter.drawRect(box.place);
+    // What is printed on it, for the eye.
+    QFont font = FontWithChinese(QFont());
+    font.setPixelSize(3);
+    painter.setFont(font);
+    for (const FormBox& box : kBoxes) {
+      painter.drawText(box.place.topLeft() - QPointF(0, 1), QString::fromUtf8(box.caption));
+    }
+    font.setPixelSize(6);
+    painter.setFont(font);
+    painter.drawText(QRectF(kFrameLeft, 4, kFrameWidth, 10), Qt::AlignCenter,
+                     QStringLiteral("运  单"));
   }
 
   [[nodiscard]] const QImage& Image() const { return image_; }
@@ -115,6 +127,10 @@ TEST_F(FromScanToPrint, EveryTextStandsInItsBox) {
   const std::string scan = folder_ / "form.png";
   ASSERT_TRUE(form_.Image().save(QString::fromStdString(scan)));
   Window().TheScanPanel().Load(scan);
+  Window().resize(1240, 800);
+  Sheet().FitWidth();
+  Settle();
+  Photograph(Window(), "designer-crooked");
   Sheet().PutZoom(500);
 
   // Three corners of the form's frame, and what a ruler says on the paper.
@@ -149,7 +165,9 @@ TEST_F(FromScanToPrint, EveryTextStandsInItsBox) {
   AnswerName("运单");
   Trigger("save");
   ASSERT_FALSE(Window().isWindowModified());
-  Sheet().PutZoom(110);
+  Trigger("showData");
+  Sheet().FitWidth();
+  Settle();
   Photograph(Window(), "designer-waybill");
   CloseWindow();
 

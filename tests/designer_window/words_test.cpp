@@ -95,7 +95,7 @@ TEST_F(WindowWords, AreInTheLanguageOfTheDesktopAndWhole) {
     Settle();
     ExpectWhole(Window());
   }
-  Photograph(Window(), SpeaksChinese() ? "designer-window" : "designer-window-english");
+  Photograph(Window(), "designer-window");
 }
 
 TEST_F(WindowWords, OfTheQuestionsAreWhole) {
@@ -118,7 +118,7 @@ TEST_F(WindowWords, OfTheQuestionsAreWhole) {
   Trigger("deleteFormat");
   WhenShown("message", [](QDialog& dialog) {
     ExpectWhole(dialog);
-    Photograph(dialog, SpeaksChinese() ? "help" : "help-english");
+    Photograph(dialog, "help");
     dialog.reject();
   });
   Trigger("help");
