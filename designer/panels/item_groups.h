@@ -50,12 +50,14 @@ class TextGroup : public FieldGroup {
   void FillFields();
   void RefreshField();
   void RefreshExample();
+  void RefreshFinding();
 
   EditedItems& items_;
   Workspace& workspace_;
   ChoiceList* field_;
   QLabel* fieldNote_;
   QLabel* example_;
+  QLabel* pictureFinding_;
 };
 
 class FontGroup : public FieldGroup {

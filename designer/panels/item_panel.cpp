@@ -20,6 +20,7 @@ ItemPanel::ItemPanel(Workspace& workspace, QWidget* parent)
   LayOut();
   documentListener_ = workspace.document.AddListener([this](const DocumentChange&) { Refresh(); });
   selectionListener_ = workspace.selection.AddListener([this] { SelectionChanged(); });
+  findingsListener_ = workspace.findings.AddListener([this] { Refresh(); });
   SelectionChanged();
   GuardFieldsAgainstWheel(*this);
 }
@@ -27,6 +28,7 @@ ItemPanel::ItemPanel(Workspace& workspace, QWidget* parent)
 ItemPanel::~ItemPanel() {
   workspace_.document.RemoveListener(documentListener_);
   workspace_.selection.RemoveListener(selectionListener_);
+  workspace_.findings.RemoveListener(findingsListener_);
   // A field that still has the focus tells that it is left, to what is still there.
   delete groups_;
 }
@@ -42,6 +44,9 @@ void ItemPanel::LayOut() {
   for (FieldGroup* group : all_) column->addWidget(group);
   column->addStretch();
   auto* whole = new QVBoxLayout(this);
+  title_->setContentsMargins(column->contentsMargins());
+  whole->setContentsMargins({});
+  whole->setSpacing(0);
   whole->addWidget(title_);
   whole->addWidget(MakePanelScroll(groups_), 1);
 }

@@ -33,6 +33,7 @@ class ItemPanel : public QWidget {
   PictureGroup* picture_;
   int documentListener_;
   int selectionListener_;
+  int findingsListener_;
 };
 
 }  // namespace td::designer

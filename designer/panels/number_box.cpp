@@ -23,7 +23,7 @@ QString SuffixOf(NumberUnit unit) {
 
 NumberBox::NumberBox(const NumberForm& form, QWidget* parent)
     : QDoubleSpinBox(parent), form_(form) {
-  constexpr int kRoomForNumber = 7;  // digits
+  constexpr int kRoomForNumber = 8;  // digits
   setKeyboardTracking(false);
   setDecimals(form.decimals);
   setRange(form.lowest, form.highest);

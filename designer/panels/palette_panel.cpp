@@ -28,6 +28,15 @@ class PaletteTree : public QTreeWidget {
     setDragDropMode(QAbstractItemView::DragOnly);
     setTextElideMode(Qt::ElideMiddle);
     setUniformRowHeights(true);
+    setIndentation(fontMetrics().averageCharWidth() * 2);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  }
+
+  // The names take what the bands leave; in one band alone grey says it.
+  void ShareWidth() {
+    const int width = viewport()->width();
+    const int bands = isColumnHidden(1) ? 0 : std::min(sizeHintForColumn(1), width / 3);
+    header()->resizeSection(0, width - bands);
   }
 
   std::function<std::unique_ptr<QMimeData>(const QTreeWidgetItem& entry)> dragged;
@@ -37,10 +46,8 @@ class PaletteTree : public QTreeWidget {
     return entries.isEmpty() ? nullptr : dragged(*entries.front()).release();
   }
   void resizeEvent(QResizeEvent* event) override {
-    // The names take what the bands leave.
-    const int bands = std::min(sizeHintForColumn(1), viewport()->width() / 3);
-    header()->resizeSection(0, viewport()->width() - bands);
     QTreeWidget::resizeEvent(event);
+    ShareWidth();
   }
 };
 
@@ -102,6 +109,9 @@ QTreeWidgetItem* PalettePanel::AddGroup(const QString& name) {
   auto* group = new QTreeWidgetItem(tree_, {name});
   group->setFlags(Qt::ItemIsEnabled);
   group->setFirstColumnSpanned(true);
+  QFont font = tree_->font();
+  font.setBold(true);
+  group->setFont(0, font);
   group->setExpanded(true);
   return group;
 }
@@ -174,6 +184,8 @@ void PalettePanel::ShowBand() {
       (*entry)->setToolTip(column, reason.isEmpty() ? DescriptionOf(choice.choice) : reason);
     }
   }
+  tree_->setColumnHidden(1, Band().has_value());
+  tree_->ShareWidth();
   Describe();
 }
 

@@ -77,6 +77,9 @@ TextGroup::TextGroup(EditedItems& items, Workspace& workspace)
       Say("How a number prints: 0.00, #,##0.00"));
   example_ = AddNote();
   example_->setObjectName(QStringLiteral("Example"));
+  pictureFinding_ = AddNote();
+  pictureFinding_->setObjectName(QStringLiteral("PictureFinding"));
+  pictureFinding_->setForegroundRole(QPalette::WindowText);
 }
 
 void TextGroup::Refresh() {
@@ -84,6 +87,7 @@ void TextGroup::Refresh() {
   FillFields();
   RefreshField();
   RefreshExample();
+  RefreshFinding();
 }
 
 void TextGroup::FillFields() {
@@ -127,6 +131,19 @@ void TextGroup::RefreshExample() {
   example_->setText(items.empty() ? QString()
                                   : ExampleText(ExampleOf(workspace_.document.Current(),
                                                           *items.front(), workspace_.data.get())));
+}
+
+// What the checker says of the picture string of the one item.
+void TextGroup::RefreshFinding() {
+  QString words;
+  for (const FormatFinding& finding : workspace_.findings.All()) {
+    const bool isOfItem = items_.Ids().size() == 1 && finding.item == items_.Ids().front();
+    if (!isOfItem || !finding.onPictureString) continue;
+    words = QString::fromStdString(finding.wrong) + u' ' + QString::fromStdString(finding.mend);
+    break;
+  }
+  pictureFinding_->setText(words);
+  Form().setRowVisible(pictureFinding_, !words.isEmpty());
 }
 
 }  // namespace td::designer

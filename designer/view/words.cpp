@@ -23,6 +23,17 @@ constexpr Words kWords[] = {
 
     // panels
     {"mixed", "不一"},
+    {"Findings", "检查结果"},
+    {"Palette", "可放内容"},
+    {"Error", "错误"},
+    {"Warning", "警告"},
+    {"Hint", "提示"},
+    {"Errors: %1", "错误：%1"},
+    {"Warnings: %1", "警告：%1"},
+    {"Hints: %1", "提示：%1"},
+    {"Nothing found.", "没有发现问题。"},
+    {"Check &now", "立即检查(&N)"},
+    {": ", "："},
     {"not set", "未设"},
     {" pt", " 磅"},
     {", ", "、"},

@@ -8,6 +8,7 @@
 
 #include "designer/model/format_document.h"
 #include "designer/view/dropped_choice.h"
+#include "designer/view/findings.h"
 #include "designer/view/selection.h"
 #include "memory_rows/memory_rows.h"
 
@@ -24,6 +25,11 @@ struct Workspace {
   std::shared_ptr<const MemoryRows> data;
   // The machine's printers by name.
   std::vector<std::string> printers;
+
+  // What the checker found in the document when it was asked last; the sheet marks its items.
+  Findings findings;
+  // Asks the checker about a format, saved or not; without it nothing is found.
+  std::function<std::vector<FormatFinding>(const Format& format)> check;
 
   // Puts a new item into the middle of what is seen of the sheet, and selects it.
   std::function<void(const DroppedChoice& choice)> place;

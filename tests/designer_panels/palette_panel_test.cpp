@@ -83,6 +83,7 @@ TEST_F(PaletteTest, WhatDoesntPrintEverywhereSaysWhere) {
   Open<PalettePanel>();
   EXPECT_EQ(Entry("Barcode of FUserBarCode").text(1), "Head");
   EXPECT_EQ(Entry("Quantity in two units").text(1), "Column head, Row");
+  EXPECT_EQ(Entry("Page amount").text(1), "not Head");
   EXPECT_EQ(Entry("Page number").text(1), "");
 }
 

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QRegularExpression>
 
+#include "designer/panels/findings_panel.h"
 #include "designer/panels/format_panel.h"
 #include "designer/panels/item_panel.h"
 #include "designer/panels/items_panel.h"
@@ -74,6 +75,14 @@ TEST_F(PanelLayout, Palette) {
 }
 TEST_F(PanelLayout, Variables) {
   Look<VariablesPanel>();
+}
+TEST_F(PanelLayout, FindingsOfTheChecker) {
+  const std::string words = SpeaksChinese() ? "说明" : "words";
+  workspace_.check = [&](const Format&) {
+    return std::vector<FormatFinding>{
+        {FindingSeverity::kError, label_, words, words, words, false}};
+  };
+  Look<FindingsPanel>();
 }
 TEST_F(PanelLayout, Format) {
   Look<FormatPanel>();
