@@ -33,7 +33,8 @@ std::vector<BandStrip> StripsOf(SheetView& view) {
     if (!isFirst) found->second = Around(found->second, *box);
   }
   const auto tops = RowTops(layout, view.TheFormat());
-  if (!tops.empty() && layout.rowHeight > 0) {
+  // An empty sheet has no rows yet: they would lie where its head is to come.
+  if (!tops.empty() && layout.rowHeight > 0 && !view.TheFormat().items.Empty()) {
     const bool showsData = view.Options().contents == SheetContents::kData;
     const int rows = showsData ? view.Page().rows : layout.rowsPerPage;
     if (rows > 0) {

@@ -166,10 +166,13 @@ bool SheetView::viewportEvent(QEvent* event) {
   }
   const std::string name =
       item->FieldName().empty() ? item->row.Text("FObjectCaption") : item->FieldName();
-  QToolTip::showText(help->globalPos(),
-                     NameOfBand(static_cast<int>(item->Site())) + QStringLiteral(" · ") +
-                         QString::fromStdString(name),
-                     viewport());
+  QString text = NameOfBand(static_cast<int>(item->Site())) + QStringLiteral(" · ") +
+                 QString::fromStdString(name);
+  for (const FormatFinding& finding : workspace_.findings.All()) {
+    if (finding.item == item->id)
+      text += QStringLiteral("\n") + QString::fromStdString(finding.wrong);
+  }
+  QToolTip::showText(help->globalPos(), text, viewport());
   return true;
 }
 

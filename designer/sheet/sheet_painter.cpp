@@ -42,6 +42,18 @@ bool SheetPainter::IsLifted(ItemId item) const {
   return std::ranges::find(view_.lifted_, item) != view_.lifted_.end();
 }
 
+QColor ColourOf(FindingSeverity severity) {
+  switch (severity) {
+    case FindingSeverity::kHint:
+      return {70, 130, 180};
+    case FindingSeverity::kWarning:
+      return {230, 145, 0};
+    case FindingSeverity::kError:
+      return {200, 20, 30};
+  }
+  return Qt::gray;
+}
+
 void SheetPainter::DrawStill(QPainter& painter) const {
   painter.fillRect(view_.viewport()->rect(), kDesk);
   DrawPaper(painter);
@@ -77,7 +89,8 @@ void SheetPainter::DrawScan(QPainter& painter) const {
   painter.translate(view_.SheetRect().topLeft());
   painter.scale(view_.PixelsPerTwip(), view_.PixelsPerTwip());
   painter.setTransform(scan.toSheet, true);
-  painter.drawImage(QPointF(0, 0), scan.image);
+  const double shown = std::sqrt(std::abs(painter.deviceTransform().determinant()));
+  painter.drawImage(QRectF(scan.image.rect()), view_.ScanAt(shown));
   painter.restore();
 }
 
@@ -185,7 +198,25 @@ void SheetPainter::DrawLifted(QPainter& painter) const {
 
 void SheetPainter::DrawMarks(QPainter& painter) const {
   DrawGuides(painter);
+  DrawFindings(painter);
   DrawSelection(painter);
+}
+
+// A flag on the item's upper right corner.
+void SheetPainter::DrawFindings(QPainter& painter) const {
+  constexpr double kFlag = 9;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  for (const auto& [item, severity] : view_.TheWorkspace().findings.Marks()) {
+    const auto box = view_.BoxOf(item);
+    if (!box) continue;
+    const QPointF corner = view_.ToView(*box).topRight();
+    painter.setPen(QPen(Qt::white, 1));
+    painter.setBrush(ColourOf(severity));
+    painter.drawPolygon(
+        QPolygonF({corner, corner - QPointF(kFlag, 0), corner + QPointF(0, kFlag)}));
+  }
+  painter.restore();
 }
 
 void SheetPainter::DrawGuides(QPainter& painter) const {

@@ -27,11 +27,15 @@ class SheetPainter {
   void DrawPieces(QPainter& painter, bool lifted) const;
   void DrawFrames(QPainter& painter, bool lifted) const;
   void DrawGuides(QPainter& painter) const;
+  void DrawFindings(QPainter& painter) const;
   void DrawSelection(QPainter& painter) const;
   [[nodiscard]] bool IsLifted(ItemId item) const;
 
   SheetView& view_;
 };
+
+// The colour of a mark.
+[[nodiscard]] QColor ColourOf(FindingSeverity severity);
 
 // The colour of a band.
 [[nodiscard]] QColor ColourOf(ItemSite site);

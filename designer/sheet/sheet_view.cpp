@@ -50,11 +50,13 @@ SheetView::SheetView(Workspace& workspace, SheetPrinter& printer, SheetEvents ev
   documentListener_ = workspace_.document.AddListener(
       [this](const DocumentChange& change) { DocumentChanged(change); });
   selectionListener_ = workspace_.selection.AddListener([this] { viewport()->update(); });
+  findingsListener_ = workspace_.findings.AddListener([this] { viewport()->update(); });
 }
 
 SheetView::~SheetView() {
   workspace_.document.RemoveListener(documentListener_);
   workspace_.selection.RemoveListener(selectionListener_);
+  workspace_.findings.RemoveListener(findingsListener_);
 }
 
 void SheetView::PutOptions(const SheetOptions& options) {
@@ -172,11 +174,13 @@ ItemIds SheetView::ItemsIn(const designer::Box& area, bool touching) {
 }
 
 ItemSite SheetView::SiteAt(Point place) {
+  const auto& items = TheFormat().items;
+  const bool hasRows = std::ranges::find(items, ItemSite::kRow, &Item::Site) != items.end();
   std::optional<ItemSite> nearest;
   double least = 0;
   for (const BandStrip& strip : StripsOf(*this)) {
     const double distance = std::max({strip.box.top - place.y, place.y - strip.box.Bottom(), 0.0});
-    if (strip.site == ItemSite::kRow && distance == 0) return ItemSite::kRow;
+    if (strip.site == ItemSite::kRow && distance == 0 && hasRows) return ItemSite::kRow;
     if (strip.site == ItemSite::kRow || (nearest && distance >= least)) continue;
     nearest = strip.site;
     least = distance;
@@ -334,6 +338,21 @@ void SheetView::Renew() {
   still_.reset();
   viewport()->update();
   if (events_.viewChanged) events_.viewChanged();
+}
+
+// Drawn at a fraction of its size, a picture would lose its thin lines.
+const QImage& SheetView::ScanAt(double pixelsPerPixel) {
+  const QImage& whole = aids_.scan.image;
+  if (scanSizes_.empty() || scanSizes_.front().cacheKey() != whole.cacheKey()) scanSizes_ = {whole};
+  std::size_t halvings = 0;
+  for (double shown = pixelsPerPixel; shown < 0.75; shown *= 2) ++halvings;
+  while (scanSizes_.size() <= halvings) {
+    const QImage& last = scanSizes_.back();
+    if (last.width() < 2 || last.height() < 2) return last;
+    scanSizes_.push_back(last.scaled((last.size() + QSize(1, 1)) / 2, Qt::IgnoreAspectRatio,
+                                     Qt::SmoothTransformation));
+  }
+  return scanSizes_[halvings];
 }
 
 void SheetView::resizeEvent(QResizeEvent*) {

@@ -87,7 +87,8 @@ class SheetView : public QAbstractScrollArea {
   // The topmost item under a place, of a row's items in any row; 0 for none.
   [[nodiscard]] ItemId ItemAt(Point place);
   [[nodiscard]] ItemIds ItemsIn(const designer::Box& area, bool touching);
-  // In which band a place lies: that of the rows, or the one whose items are nearest.
+  // In which band a place lies: that of the rows if there is an item in it, or else the one whose
+  // items are nearest.
   [[nodiscard]] ItemSite SiteAt(Point place);
   // The lines that a dragged box snaps to, those of some items left out.
   [[nodiscard]] SnapLines LinesWithout(const ItemIds& items);
@@ -134,6 +135,7 @@ class SheetView : public QAbstractScrollArea {
   void FitScrollBars();
   void Renew();  // what lies still is drawn anew
   void FindBoxes();
+  [[nodiscard]] const QImage& ScanAt(double pixelsPerPixel);
   [[nodiscard]] SheetMouse MouseOf(const QMouseEvent& event) const;
   [[nodiscard]] std::vector<SheetTool*> Tools();
   void MoveByKey(const QKeyEvent& key);
@@ -145,6 +147,7 @@ class SheetView : public QAbstractScrollArea {
   SheetAids aids_;
   int documentListener_ = 0;
   int selectionListener_ = 0;
+  int findingsListener_ = 0;
 
   double zoom_ = 100;
   int page_ = 0;
@@ -155,6 +158,8 @@ class SheetView : public QAbstractScrollArea {
   std::unordered_map<ItemId, designer::Box> boxes_;  // on this page
 
   std::optional<QPixmap> still_;
+  // The scan, and the same at half, a quarter … of its pixels.
+  std::vector<QImage> scanSizes_;
   ItemIds lifted_;
   Point liftedBy_;
   std::optional<QPixmap> liftedPicture_;

@@ -1,5 +1,6 @@
 // The designer shows what the preview shows and what is printed: the same commands at the same
 // places, and the same ink on the screen and on paper.
+#include <QDockWidget>
 #include <QImage>
 #include <QProcess>
 #include <QScrollBar>
@@ -155,6 +156,7 @@ TEST_F(SamePlaces, InkOnTheScreenIsWhereThePdfHasIt) {
   const SamplePrint& print = SampleNamed(prints, "sales-order-1-line");
   Open({print.billType, print.format, print.data});
   for (const char* action : {"showBands", "showFrames", "showGrid"}) Trigger(action);
+  for (QDockWidget* dock : Window().findChildren<QDockWidget*>()) dock->hide();
   Window().resize(2300, 1500);
   Settle();
   Sheet().PutZoom(500);
