@@ -1,4 +1,5 @@
 // From an empty database and a scanned form to a format whose print stands in the form's boxes.
+#include <QDockWidget>
 #include <QDoubleSpinBox>
 #include <QMimeData>
 #include <QPainter>
@@ -44,7 +45,7 @@ class ScannedForm {
     QPainter painter(&image_);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setTransform(toPixels_);
-    painter.setPen(QPen(Qt::black, 0.2));
+    painter.setPen(QPen(Qt::black, 0.3));
     painter.drawRect(QRectF(kFrameLeft, kFrameTop, kFrameWidth, kFrameHeight));
     for (const FormBox& box : kBoxes) painter.drawRect(box.place);
     // What is printed on it, for the eye.
@@ -123,11 +124,16 @@ class FromScanToPrint : public ShownDesigner {
 TEST_F(FromScanToPrint, EveryTextStandsInItsBox) {
   Open({77, "", kData});
   ASSERT_TRUE(Document().Current().items.Empty());
+  Document().SetFormatNumber("FPaperSize", 256);
+  Document().SetFormatNumber("FPaperWidth", TwipsOf(205));
+  Document().SetFormatNumber("FPaperHeight", TwipsOf(130));
   Trigger("showData");
   const std::string scan = folder_ / "form.png";
   ASSERT_TRUE(form_.Image().save(QString::fromStdString(scan)));
   Window().TheScanPanel().Load(scan);
-  Window().resize(1240, 800);
+  Window().resize(1180, 680);
+  Find<QDockWidget>("scanPanel").raise();
+  Settle();
   Sheet().FitWidth();
   Settle();
   Photograph(Window(), "designer-crooked");
@@ -166,6 +172,8 @@ TEST_F(FromScanToPrint, EveryTextStandsInItsBox) {
   Trigger("save");
   ASSERT_FALSE(Window().isWindowModified());
   Trigger("showData");
+  Find<QDockWidget>("variables").raise();
+  Settle();
   Sheet().FitWidth();
   Settle();
   Photograph(Window(), "designer-waybill");

@@ -96,6 +96,12 @@ TEST_F(WindowWords, AreInTheLanguageOfTheDesktopAndWhole) {
     Settle();
     ExpectWhole(Window());
   }
+  Find<QDockWidget>("palette").raise();
+  Find<QDockWidget>("item").raise();
+  Window().resize(1360, 860);
+  Settle();
+  Sheet().FitWidth();
+  Settle();
   Photograph(Window(), "designer-window");
 }
 
