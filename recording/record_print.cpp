@@ -131,7 +131,13 @@ std::string DifferenceOf(const std::vector<Json>& real, const std::vector<Json>&
   for (std::size_t i = 0; i < lines; ++i) {
     const std::string one = i < real.size() ? LineText(real[i]) : "nothing";
     const std::string other = i < replayed.size() ? LineText(replayed[i]) : "nothing";
-    if (one != other) return "line " + std::to_string(i + 1) + ": " + one + " became " + other;
+    if (one == other) continue;
+    std::string difference = "line ";
+    return difference.append(std::to_string(i + 1))
+        .append(": ")
+        .append(one)
+        .append(" became ")
+        .append(other);
   }
   return {};
 }

@@ -33,7 +33,7 @@ cmake --build --preset clang -j "$jobs"
 
 step "Static analysis"
 run-clang-tidy -quiet -p build/clang -j "$jobs" \
-  '/(src|adapters|recording|server|tools)/.*\.cpp$' >build/clang-tidy.log 2>&1 ||
+  '/(src|adapters|recording|checker|server|tools)/.*\.cpp$' >build/clang-tidy.log 2>&1 ||
   { grep -E 'warning:|error:' build/clang-tidy.log | sort -u; exit 1; }
 
 step "Fuzzers, ten seconds each"

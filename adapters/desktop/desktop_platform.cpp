@@ -5,6 +5,7 @@
 #include "barcodes/barcode_settings.h"
 #include "desktop/databases.h"
 #include "desktop/lock_waits.h"
+#include "desktop/print_journal.h"
 #include "explanation/explainer.h"
 #include "platform/failure.h"
 #include "qt/pictures/qt_picture_files.h"
@@ -14,6 +15,7 @@
 #include "qt/system/message_boxes.h"
 #include "qt/system/printers.h"
 #include "qt/system/qt_windows.h"
+#include "run_witnesses/witness_group.h"
 
 namespace td {
 namespace {
@@ -39,23 +41,34 @@ struct DesktopPlatform::Parts {
   }
 
   [[nodiscard]] RunPlace CurrentPlace() const {
-    const bool explains = platform.witness == &explainer;
     return explains ? explainer.CurrentPlace() : placeKeeper.CurrentPlace();
   }
 
   void Put(DesktopOptions options) {
-    if (!options.explain) explainer.Clear();
-    platform.witness = options.explain ? &explainer : &placeKeeper;
     messages.PutMode(options.messages);
+    journal.Put(
+        {.logFile = std::move(options.logFile), .onLogFailure = std::move(options.onLogFailure)});
     lockWaits.Put({.seconds = options.lockWaitLimit, .goOn = std::move(options.onLockWait)});
     windows.PutSettings({.printer = std::move(options.printer),
                          .stateDirectory = std::move(options.stateDirectory),
                          .documentSink = std::move(options.documentSink),
+                         .sinkTarget = std::move(options.sinkTarget),
                          .onPage = std::move(options.onPage),
                          .onPrinted = std::move(options.onPrinted),
                          .onComplaint = std::move(options.onComplaint),
                          .outcome = &outcome,
-                         .stop = &stop});
+                         .stop = &stop,
+                         .listener = journal.IsOn() ? &journal : nullptr});
+    PutWitnesses(options.explain);
+  }
+
+  void PutWitnesses(bool withExplanation) {
+    explains = withExplanation;
+    if (!explains) explainer.Clear();
+    witnesses = {};
+    witnesses.Add(explains ? explainer : placeKeeper);
+    if (journal.IsOn()) witnesses.Add(journal.Witness());
+    platform.witness = witnesses.OrNone();
   }
 
   Databases databases;
@@ -66,9 +79,12 @@ struct DesktopPlatform::Parts {
   QtPictureFiles pictures;
   MessageBoxes messages;
   LocalMachine machine;
+  PrintJournal journal{outcome, machine};
+  WitnessGroup witnesses;
   QtWindows windows;
   PlaceKeeper placeKeeper;
   Explainer explainer;
+  bool explains = false;
   Platform platform{patientDatabases, pictures, messages, machine, windows};
 };
 

@@ -35,6 +35,9 @@ struct DesktopOptions {
   // used. The reference is good during the call. A Failure that it throws leaves PrintDoc.
   std::function<void(const PageDocument&)> documentSink;
 
+  // What the sink writes to, in words: a file's path, for LastDocument().file and the log.
+  std::string sinkTarget;
+
   MessageMode messages = MessageMode::kAutomatic;
 
   // The folder of the export file 订单.html. Default: the environment variable
@@ -71,6 +74,15 @@ struct DesktopOptions {
   // paper code that nobody knows, a text that no barcode can carry. Once for each text and print
   // window. Default: a line on standard error.
   std::function<void(const std::string& text)> onComplaint;
+
+  // The file to which each print call adds a line of JSON: who printed which bills, when, where,
+  // and with what result. Empty: no log. Default: the absolute path in the environment variable
+  // QBTDPRINTER_LOG_FILE, else no log. Several processes may share a file.
+  std::optional<std::string> logFile;
+
+  // Called when the log can't be written, once until it can be again; the print goes on. Default: a
+  // line on standard error.
+  std::function<void(const std::string& text)> onLogFailure;
 };
 
 class DesktopPlatform {

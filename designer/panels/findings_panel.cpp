@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -63,17 +62,16 @@ void FindingsPanel::LayOut() {
   auto* top = new QHBoxLayout;
   top->addWidget(counts_, 1);
   top->addWidget(now);
-  list_ = new QTreeWidget(this);
+  list_ = new QListWidget(this);
   list_->setObjectName(QStringLiteral("Findings"));
   list_->setAccessibleName(Say("Findings"));
-  list_->setHeaderHidden(true);
-  list_->setRootIsDecorated(false);
   list_->setWordWrap(true);
   list_->setTextElideMode(Qt::ElideNone);
-  list_->header()->setSectionResizeMode(QHeaderView::Stretch);
-  connect(list_, &QTreeWidget::currentItemChanged, this, [this] { Explain(); });
-  connect(list_, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* entry) {
-    const FormatFinding* finding = FindingAt(entry);
+  list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  list_->setResizeMode(QListView::Adjust);
+  connect(list_, &QListWidget::currentRowChanged, this, [this] { Explain(); });
+  connect(list_, &QListWidget::activated, this, [this](const QModelIndex& index) {
+    const FormatFinding* finding = FindingAt(index.row());
     if (finding != nullptr && finding->item != 0 && workspace_.goTo) workspace_.goTo(finding->item);
   });
   explanation_ = MakeNote(this);
@@ -102,12 +100,12 @@ void FindingsPanel::Check() {
 void FindingsPanel::ShowFindings() {
   list_->clear();
   for (const FormatFinding& finding : workspace_.findings.All()) {
-    auto* entry = new QTreeWidgetItem(list_);
+    auto* entry = new QListWidgetItem(list_);
     const Item* item = workspace_.document.Find(finding.item);
     const QString wrong = QString::fromStdString(finding.wrong);
-    entry->setText(0, item == nullptr ? wrong : NameOfItem(*item) + Say(": ") + wrong);
-    entry->setIcon(0, style()->standardIcon(IconOf(finding.severity)));
-    entry->setToolTip(0, NameOf(finding.severity));
+    entry->setText(item == nullptr ? wrong : NameOfItem(*item) + Say(": ") + wrong);
+    entry->setIcon(style()->standardIcon(IconOf(finding.severity)));
+    entry->setToolTip(NameOf(finding.severity));
   }
   ShowCounts();
   Explain();
@@ -126,15 +124,14 @@ void FindingsPanel::ShowCounts() {
   counts_->setText(counts.isEmpty() ? Say("Nothing found.") : counts.join(Say(", ")));
 }
 
-const FormatFinding* FindingsPanel::FindingAt(QTreeWidgetItem* entry) const {
-  const int index = entry == nullptr ? -1 : list_->indexOfTopLevelItem(entry);
+const FormatFinding* FindingsPanel::FindingAt(int row) const {
   const auto& all = workspace_.findings.All();
-  if (index < 0 || static_cast<std::size_t>(index) >= all.size()) return nullptr;
-  return &all[static_cast<std::size_t>(index)];
+  if (row < 0 || static_cast<std::size_t>(row) >= all.size()) return nullptr;
+  return &all[static_cast<std::size_t>(row)];
 }
 
 void FindingsPanel::Explain() {
-  const FormatFinding* finding = FindingAt(list_->currentItem());
+  const FormatFinding* finding = FindingAt(list_->currentRow());
   explanation_->setVisible(finding != nullptr);
   if (finding == nullptr) return;
   explanation_->setText(QString::fromStdString(finding->effect) + u'\n' +

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTimer>
-#include <QTreeWidget>
 #include <QWidget>
 
 #include "designer/view/workspace.h"
@@ -27,13 +27,13 @@ class FindingsPanel : public QWidget {
   void ShowFindings();
   void ShowCounts();
   void Explain();
-  [[nodiscard]] const FormatFinding* FindingAt(QTreeWidgetItem* entry) const;
+  [[nodiscard]] const FormatFinding* FindingAt(int row) const;
 
   Workspace& workspace_;
   QTimer soon_;
   int cost_ = 0;  // milliseconds that the last check took
   QLabel* counts_;
-  QTreeWidget* list_;
+  QListWidget* list_;
   QLabel* explanation_;
   int documentListener_;
   int findingsListener_;

@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QPalette>
+#include <utility>
 
 #include "designer/model/sheet_layout.h"
 #include "designer/panels/item_words.h"
@@ -13,23 +14,45 @@ ItemsTable::ItemsTable(Workspace& workspace, QObject* parent)
     : QAbstractTableModel(parent), workspace_(workspace) {
   listener_ = workspace.document.AddListener(
       [this](const DocumentChange& change) { DocumentChanged(change); });
+  ShowAll();
 }
 
 ItemsTable::~ItemsTable() {
   workspace_.document.RemoveListener(listener_);
 }
 
+ItemsTable::Shown ItemsTable::ShownOf(const Item& item) const {
+  return {.name = NameOfItem(item),
+          .band = NameOfBand(static_cast<int>(item.Site())),
+          .kind = NameOfKind(ChoiceOf(workspace_.document.Current(), item).kind),
+          .isDrawn = IsDrawn(item)};
+}
+
+void ItemsTable::ShowAll() {
+  beginResetModel();
+  shown_.clear();
+  for (const Item& item : workspace_.document.Current().items) shown_.push_back(ShownOf(item));
+  endResetModel();
+}
+
+void ItemsTable::ShowRow(int row) {
+  const auto place = static_cast<std::size_t>(row);
+  Shown shown = ShownOf(workspace_.document.Current().items[place]);
+  if (shown == shown_[place]) return;
+  shown_[place] = std::move(shown);
+  emit dataChanged(index(row, 0), index(row, kColumnCount - 1));
+}
+
 void ItemsTable::DocumentChanged(const DocumentChange& change) {
   if (change.itemsCameOrWent) {
-    beginResetModel();
-    endResetModel();
-    return;
+    ShowAll();
+  } else if (change.variables) {
+    for (int row = 0; row < rowCount(); ++row) ShowRow(row);
+  } else {
+    for (const ItemId id : change.items) {
+      if (const int row = RowOf(id); row >= 0) ShowRow(row);
+    }
   }
-  for (const ItemId id : change.items) {
-    const int row = RowOf(id);
-    if (row >= 0) emit dataChanged(index(row, 0), index(row, kColumnCount - 1));
-  }
-  if (change.variables) emit dataChanged(index(0, kKind), index(rowCount() - 1, kKind));
 }
 
 ItemId ItemsTable::IdAt(int row) const {
@@ -42,7 +65,7 @@ int ItemsTable::RowOf(ItemId id) const {
 }
 
 int ItemsTable::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(workspace_.document.Current().items.Size());
+  return parent.isValid() ? 0 : static_cast<int>(shown_.size());
 }
 
 int ItemsTable::columnCount(const QModelIndex& parent) const {
@@ -50,28 +73,26 @@ int ItemsTable::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant ItemsTable::data(const QModelIndex& index, int role) const {
-  const Format& format = workspace_.document.Current();
   const auto row = static_cast<std::size_t>(index.row());
-  if (!index.isValid() || row >= format.items.Size()) return {};
-  const Item& item = format.items[row];
+  if (!index.isValid() || row >= shown_.size()) return {};
+  const Shown& shown = shown_[row];
   if (role == Qt::DisplayRole) {
     switch (index.column()) {
       case kNumber:
         return index.row() + 1;
       case kName:
-        return NameOfItem(item);
+        return shown.name;
       case kBand:
-        return NameOfBand(static_cast<int>(item.Site()));
+        return shown.band;
       default:
-        return NameOfKind(ChoiceOf(format, item).kind);
+        return shown.kind;
     }
   }
-  const bool isDrawn = IsDrawn(item);
-  if (role == Qt::ForegroundRole && !isDrawn) {
+  if (role == Qt::ForegroundRole && !shown.isDrawn) {
     return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
   }
   if (role == Qt::ToolTipRole) {
-    return isDrawn ? NameOfItem(item) : Say("This item is not printed.");
+    return shown.isDrawn ? shown.name : Say("This item is not printed.");
   }
   return {};
 }

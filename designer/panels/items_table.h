@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QString>
+#include <vector>
 
 #include "designer/view/workspace.h"
 
@@ -25,9 +27,22 @@ class ItemsTable : public QAbstractTableModel {
                                     int role) const override;
 
  private:
+  // What a row shows: a drag changes many items at each step, but seldom this.
+  struct Shown {
+    QString name;
+    QString band;
+    QString kind;
+    bool isDrawn = true;
+    bool operator==(const Shown&) const = default;
+  };
+
+  [[nodiscard]] Shown ShownOf(const Item& item) const;
+  void ShowAll();
+  void ShowRow(int row);
   void DocumentChanged(const DocumentChange& change);
 
   Workspace& workspace_;
+  std::vector<Shown> shown_;  // of each item, in their order
   int listener_;
 };
 

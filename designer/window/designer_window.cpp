@@ -12,6 +12,7 @@
 #include <cmath>
 
 #include "designer/model/hit_testing.h"
+#include "designer/panels/format_check.h"
 #include "designer/view/words.h"
 #include "designer/window/aids_file.h"
 #include "designer/window/questions.h"
@@ -46,11 +47,13 @@ QWidget* Scrolling(QWidget* panel) {
 
 DesignerWindow::DesignerWindow(DesignerSetup setup)
     : setup_(std::move(setup)),
+      machine_(setup_.platform),
       printer_(setup_.platform, setup_.connection, setup_.barcodes),
       session_({setup_.database, setup_.connection, setup_.billType, setup_.stateFolder},
                workspace_, *this, [this] { FormatOpened(); }) {
   ReadData();
   workspace_.printers = setup_.printers;
+  workspace_.check = CheckWith(machine_, workspace_.data, &setup_.database, setup_.connection);
   workspace_.place = [this](const DroppedChoice& choice) { PlaceChoice(choice); };
   workspace_.goTo = [this](ItemId item) { GoTo(item); };
   setObjectName("designer");

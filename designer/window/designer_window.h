@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "checker/desktop_machine.h"
 #include "designer/sheet/ruler.h"
 #include "designer/sheet/sheet_view.h"
 #include "designer/window/format_session.h"
@@ -82,6 +83,7 @@ class DesignerWindow : public QMainWindow {
 
   DesignerSetup setup_;
   Workspace workspace_;
+  checker::DesktopMachine machine_;
   SheetPrinter printer_;
   FormatSession session_;
   SheetView* sheet_ = nullptr;

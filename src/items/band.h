@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "platform/run_witness.h"
+#include "platform/standard_failures.h"
 #include "policy/error_policy.h"
 #include "state/print_window.h"
 #include "store/query.h"
@@ -35,6 +36,17 @@ struct Band {
   // A column of the print data, or of its parked clone.
   [[nodiscard]] const Value& Data(Recordset& rows, std::string_view column) const {
     return ReadColumn(witness, rows, column);
+  }
+
+  // The same for a column that many data lack: nothing then, which is forgiven as a failure would
+  // be, but none is raised.
+  [[nodiscard]] const Value* FindData(Recordset& rows, std::string_view column, bool isTest) const {
+    if (witness != nullptr) witness->Reads(rows, column);
+    const Value* value = rows.Find(column);
+    if (value == nullptr && witness != nullptr) {
+      witness->Forgives(NoSuchColumnFailure(column), isTest);
+    }
+    return value;
   }
 
   // For the witness: what the item has become.

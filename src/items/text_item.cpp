@@ -83,13 +83,14 @@ void RunningText(Band& band, const std::function<std::string()>& makeText) {
   });
 }
 
+void DrawBox(Band& band, const std::string& text) {
+  band.vp.TextBox(text, ItemLeft(band), ItemTop(band), ToDouble(band.Item("FWidth")),
+                  ToDouble(band.Item("FHeight")), StoredFlag{band.Item("FWordWrap")});
+  band.Drew(DrawnAs::kText, text);
+}
+
 void Box(Band& band, const std::function<std::string()>& makeText) {
-  band.guard.Step([&] {
-    const std::string text = makeText();
-    band.vp.TextBox(text, ItemLeft(band), ItemTop(band), ToDouble(band.Item("FWidth")),
-                    ToDouble(band.Item("FHeight")), StoredFlag{band.Item("FWordWrap")});
-    band.Drew(DrawnAs::kText, text);
-  });
+  band.guard.Step([&] { DrawBox(band, makeText()); });
 }
 
 void WriteFreeOrBoxed(Band& band, const std::function<std::string()>& makeText) {

@@ -35,7 +35,7 @@ class FindingsPanelTest : public PanelUse {
       return findings;
     };
   }
-  QTreeWidget& List() { return Named<QTreeWidget>("Findings"); }
+  QListWidget& List() { return Named<QListWidget>("Findings"); }
   // Until the moment after the last change is over.
   void WaitForCheck(int before) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return checks_ > before; }));
@@ -52,9 +52,9 @@ TEST_F(FindingsPanelTest, AMomentAfterSomeChangesTheFormatIsCheckedOnce) {
   Document().Set({value_}, "FFormatString", std::string("?"));
   WaitForCheck(before);
   EXPECT_EQ(checks_, before + 1);
-  ASSERT_EQ(List().topLevelItemCount(), 2);
-  EXPECT_EQ(List().topLevelItem(0)->text(0), "the name");
-  EXPECT_EQ(List().topLevelItem(1)->text(0), "金额: the picture");
+  ASSERT_EQ(List().count(), 2);
+  EXPECT_EQ(List().item(0)->text(), "the name");
+  EXPECT_EQ(List().item(1)->text(), "金额: the picture");
   EXPECT_EQ(Named<QLabel>("FindingCounts").text(), "Errors: 1, Warnings: 1");
   EXPECT_EQ(workspace_.findings.Marks(), (std::map<ItemId, FindingSeverity>{{value_, kWarning}}));
 }
@@ -65,9 +65,9 @@ TEST_F(FindingsPanelTest, EnterGoesToTheItemAndTheWordsBelowSayWhatToDo) {
   Document().Set({value_}, "FFormatString", std::string("?"));
   Open<FindingsPanel>();
   Named<QPushButton>("CheckNow").click();
-  ASSERT_EQ(List().topLevelItemCount(), 1);
+  ASSERT_EQ(List().count(), 1);
   List().setFocus();
-  List().setCurrentItem(List().topLevelItem(0));
+  List().setCurrentRow(0);
   EXPECT_EQ(Named<QLabel>("FindingExplanation").text(), "a question mark\nwrite 0");
   QTest::keyClick(&List(), Qt::Key_Return);
   EXPECT_EQ(gone, value_);
@@ -81,7 +81,7 @@ TEST_F(FindingsPanelTest, AnItemThatIsGoneStaysInNoList) {
   Document().Remove({value_});
   QTest::keyClick(&List(), Qt::Key_Return);
   Named<QPushButton>("CheckNow").click();
-  EXPECT_EQ(List().topLevelItemCount(), 0);
+  EXPECT_EQ(List().count(), 0);
   EXPECT_TRUE(workspace_.findings.Marks().empty());
 }
 

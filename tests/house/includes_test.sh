@@ -10,7 +10,7 @@ trap 'rm -rf "$folder"' EXIT
 "$check" "$source"
 
 plant() { # file, include, what the check says
-  cp -r "$source"/{src,adapters,recording,server,designer,tools,docs} "$folder"
+  cp -r "$source"/{src,adapters,recording,checker,server,designer,tools,docs} "$folder"
   mkdir -p "$(dirname "$folder/$1")"
   echo "#include \"$2\"" >>"$folder/$1"
   if "$check" "$folder" 2>"$folder/said"; then

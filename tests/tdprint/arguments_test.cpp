@@ -124,6 +124,21 @@ TEST(TdprintArguments, TheVersionIsThatOfTheProject) {
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "tdprint " QBTD_VERSION "\n");
 }
 
+TEST(TdprintArguments, CheckNeedsNothingButADatabase) {
+  EXPECT_EQ(Parse({"check", "--db", "sqlite:a.db"}), Command(CheckArguments{"sqlite:a.db"}));
+  EXPECT_EQ(Parse({"check"}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"check", "--db", "x", "--type", "32768"}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"check", "--db", "x", "--format", ""}), Command(ExitStatus::kWrongUsage));
+}
+
+TEST(TdprintArguments, CheckTakesRowsOfABillType) {
+  const Command command = Parse({"check", "--db", "x", "--type", "-3", "--format", "单", "--data",
+                                 "select 1", "--printer", "Dot", "--by-area", "--json"});
+  EXPECT_EQ(command,
+            Command(CheckArguments{"x", std::int16_t{-3}, "单", "select 1", "Dot", true, true}));
+  EXPECT_EQ(Parse({"check", "--db", "x", "--data", "select 1"}), Command(ExitStatus::kWrongUsage));
+}
+
 TEST(TdprintArguments, DemoWritesIntoOutUnlessToldOtherwise) {
   EXPECT_EQ(std::get<DemoArguments>(Parse({"demo"})).out, "out");
   EXPECT_EQ(std::get<DemoArguments>(Parse({"demo", "--out", "there"})).out, "there");

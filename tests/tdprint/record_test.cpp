@@ -53,8 +53,7 @@ TEST_F(TdprintRecord, PrintsNothingAndChangesNothing) {
   const std::string before = ContentOf("sample.db");
   EXPECT_EQ(Record("--out order.json").status, 0);
   EXPECT_EQ(ContentOf("sample.db"), before);
-  EXPECT_EQ(Shell("ls -A | grep -v -e order.json -e sample.db -e ^standard- || true").out,
-            "");
+  EXPECT_EQ(Shell("ls -A | grep -v -e order.json -e sample.db -e ^standard- || true").out, "");
 }
 
 TEST_F(TdprintRecord, ARefusedStatementIsTold) {

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "options_file.h"
+#include "print_log/log_time.h"
 
 namespace td {
 namespace {
@@ -22,6 +23,19 @@ constexpr const char* kPrintExamples =
     "      --data \"select * from v_sales_order where FInterID=21002\" --pdf order.pdf\n"
     "  tdprint print --db sqlite:shop.db --type 22 --format 销售出库单A4 --only-variant \\\n"
     "      --data \"select * from v_stock_out where FInterID=22001\" --printer 针式打印机\n";
+
+constexpr const char* kCheckExamples =
+    "Examples:\n"
+    "  tdprint check --db sqlite:shop.db\n"
+    "  tdprint check --db sqlite:shop.db --type 21 --format 销售订单三联 \\\n"
+    "      --data \"select * from v_sales_order\"\n";
+
+constexpr const char* kCheckExitStatusText =
+    "Exit status:\n"
+    "  0  nothing was found, or nothing but hints\n"
+    "  1  warnings were found\n"
+    "  2  errors were found, or wrong usage\n"
+    "  3  not checked: the database or the rows can't be read\n";
 
 constexpr const char* kExamples =
     "Examples:\n"
@@ -60,6 +74,17 @@ constexpr const char* kRegistrationExitStatusText =
     "  1  it was not: the module isn't there, or others could change it or the registration\n"
     "  2  wrong usage\n";
 
+constexpr const char* kLogExamples =
+    "Examples:\n"
+    "  tdprint log --bill XD-2403-0002\n"
+    "  tdprint log --since 2024-03-01 --until \"2024-03-01 12:00\" --json prints.log\n";
+
+constexpr const char* kLogExitStatusText =
+    "Exit status:\n"
+    "  0  prints were found\n"
+    "  1  none was found, or a log can't be read\n"
+    "  2  wrong usage\n";
+
 // An empty name is mostly a shell's variable that isn't set: without this the document would go to
 // the printer that the format chooses.
 std::string RefuseEmpty(const std::string& name) {
@@ -68,6 +93,10 @@ std::string RefuseEmpty(const std::string& name) {
 
 std::string RefuseStandardOutput(const std::string& folder) {
   return folder == "-" ? "standard output is no folder; --pdf - and --html - go there" : "";
+}
+
+std::string RefuseOtherThanTime(const std::string& text) {
+  return ParseTimeSpan(text) ? "" : text + " is no time such as 2024-03-01 or \"2024-03-01 09:30\"";
 }
 
 std::string StandardOutputForDash(const std::string& file) {
@@ -156,7 +185,41 @@ void DescribePrint(CLI::App& command, PrintArguments& arguments) {
       ->configurable(false)
       ->type_name("FILE");
 
+  command
+      .add_option("--log", arguments.log,
+                  "Add a line about the print to this file (without it: to the file that "
+                  "QBTDPRINTER_LOG_FILE names, if it does)")
+      ->configurable(false)
+      ->check(RefuseEmpty)
+      ->type_name("FILE");
+
   command.footer(std::string(kPrintExamples) + "\n" + kExitStatusText);
+}
+
+void DescribeCheck(CLI::App& command, CheckArguments& arguments) {
+  DescribeDatabase(command, arguments.database);
+  CLI::Option* type =
+      command.add_option("--type", arguments.billType, "Bill type number (without it: all)")
+          ->check(CLI::Range(-kLargest - 1, kLargest))
+          ->type_name("N");
+  command.add_option("--format", arguments.format, "Name of the format (without it: all)")
+      ->check(RefuseEmpty)
+      ->type_name("NAME");
+  command
+      .add_option("--data", arguments.data,
+                  "Statement that selects rows of the bill type, to be checked with the formats")
+      ->check(RefuseEmpty)
+      ->needs(type)
+      ->type_name("SQL");
+  command
+      .add_option("--printer", arguments.printer,
+                  "The printer that the formats go to (without it: the one that each chooses)")
+      ->check(RefuseEmpty)
+      ->type_name("NAME");
+  command.add_flag("--by-area", arguments.byArea,
+                   "The formats are printed by stock area instead of by bill");
+  command.add_flag("--json", arguments.json, "Write the findings as JSON");
+  command.footer(std::string(kCheckExamples) + "\n" + kCheckExitStatusText);
 }
 
 void DescribeRecord(CLI::App& command, RecordArguments& arguments) {
@@ -325,6 +388,37 @@ void DescribeDiffFormat(CLI::App& command, DiffFormatArguments& arguments) {
   command.footer(std::string(kFormatFileExamples) + "\n" + kDiffExitStatusText);
 }
 
+void DescribeLog(CLI::App& command, LogArguments& arguments) {
+  command.add_option("--bill", arguments.bill, "Number of a bill")
+      ->check(RefuseEmpty)
+      ->type_name("NO");
+  command.add_option("--type", arguments.billType, "Bill type number")
+      ->check(CLI::Range(-kLargest - 1, kLargest))
+      ->type_name("N");
+  command.add_option("--format", arguments.format, "Name of a format")
+      ->check(RefuseEmpty)
+      ->type_name("NAME");
+  command.add_option("--printer", arguments.printer, "Name of a printer")
+      ->check(RefuseEmpty)
+      ->type_name("NAME");
+  command.add_option("--user", arguments.user, "Who printed")
+      ->check(RefuseEmpty)
+      ->type_name("NAME");
+  command
+      .add_option("--since", arguments.since,
+                  "First day, minute or second: 2024-03-01 or \"2024-03-01 09:30\"")
+      ->check(RefuseOtherThanTime)
+      ->type_name("TIME");
+  command
+      .add_option("--until", arguments.until, "Last day, minute or second, with the whole of it")
+      ->check(RefuseOtherThanTime)
+      ->type_name("TIME");
+  command.add_flag("--json", arguments.asJson, "The lines as they stand in the log");
+  command.add_option("FILE", arguments.files,
+                     "Logs (without it: the one that QBTDPRINTER_LOG_FILE names)");
+  command.footer(std::string(kLogExamples) + "\n" + kLogExitStatusText);
+}
+
 }  // namespace
 
 Command ParseArguments(int argc, const char* const* argv) {
@@ -345,6 +439,11 @@ Command ParseArguments(int argc, const char* const* argv) {
   CLI::App* previewCommand =
       app.add_subcommand("preview", "Show bills in a window, where they can be printed");
   DescribePrint(*previewCommand, preview);
+
+  CheckArguments check;
+  CLI::App* checkCommand =
+      app.add_subcommand("check", "Look for mistakes in formats, without printing anything");
+  DescribeCheck(*checkCommand, check);
 
   DemoArguments demo;
   DescribeDemo(*app.add_subcommand("demo", "Make a sample database and print all its bills"), demo);
@@ -399,6 +498,11 @@ Command ParseArguments(int argc, const char* const* argv) {
       app.add_subcommand("diff-format", "Tell two files of formats apart, in words");
   DescribeDiffFormat(*diffFormatCommand, diffFormat);
 
+  LogArguments log;
+  CLI::App* logCommand =
+      app.add_subcommand("log", "Look up in a print log who printed what, when and where");
+  DescribeLog(*logCommand, log);
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -407,6 +511,7 @@ Command ParseArguments(int argc, const char* const* argv) {
   }
   if (printCommand->parsed()) return print;
   if (previewCommand->parsed()) return preview;
+  if (checkCommand->parsed()) return check;
   if (settingsCommand->parsed()) return settings;
   if (designCommand->parsed()) return design;
   if (areaPrintersCommand->parsed()) return areaPrinters;
@@ -417,6 +522,7 @@ Command ParseArguments(int argc, const char* const* argv) {
   if (exportFormatCommand->parsed()) return exportFormat;
   if (importFormatCommand->parsed()) return importFormat;
   if (diffFormatCommand->parsed()) return diffFormat;
+  if (logCommand->parsed()) return log;
   return demo;
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <variant>
+#include <vector>
 
 #include "exit_status.h"
 
@@ -28,7 +29,22 @@ struct PrintArguments {
   // Where the explanation of the print goes, a file as pdf; empty: none is asked for.
   std::string explain;
 
+  std::string log;  // a file to which a line is added; empty: as the environment says
+
   bool operator==(const PrintArguments&) const = default;
+};
+
+// Looks for mistakes in formats.
+struct CheckArguments {
+  std::string database;
+  std::optional<std::int16_t> billType{};  // none: all
+  std::string format{};                    // empty: all
+  std::string data{};                      // a statement that selects rows; empty: none are read
+  std::string printer{};  // that takes the documents; empty: the one that each format chooses
+  bool byArea = false;
+  bool json = false;
+
+  bool operator==(const CheckArguments&) const = default;
 };
 
 // Writes down what a print reads, as a scenario.
@@ -129,12 +145,27 @@ struct DiffFormatArguments {
   bool operator==(const DiffFormatArguments&) const = default;
 };
 
+// Looks prints up in a print log. Empty texts ask for nothing.
+struct LogArguments {
+  std::string bill;  // its number
+  std::optional<std::int16_t> billType;
+  std::string format;
+  std::string printer;
+  std::string user;
+  std::string since;  // as ParseTimeSpan reads it
+  std::string until;
+  bool asJson = false;             // the lines as they stand in the log
+  std::vector<std::string> files;  // none: the one that the environment names
+
+  bool operator==(const LogArguments&) const = default;
+};
+
 // What to do, or the status to end with: help was shown, or the usage is wrong and said so.
 using Command =
-    std::variant<PrintArguments, DemoArguments, SettingsArguments, DesignArguments,
+    std::variant<PrintArguments, CheckArguments, DemoArguments, SettingsArguments, DesignArguments,
                  AreaPrintersArguments, SampleSqlArguments, RecordArguments, RegisterArguments,
                  UnregisterArguments, ExportFormatArguments, ImportFormatArguments,
-                 DiffFormatArguments, ExitStatus>;
+                 DiffFormatArguments, LogArguments, ExitStatus>;
 
 Command ParseArguments(int argc, const char* const* argv);
 

@@ -2,10 +2,12 @@
 #include <unistd.h>
 
 #include "arguments.h"
+#include "check_command.h"
 #include "demo_command.h"
 #include "design_command.h"
 #include "dialog_commands.h"
 #include "format_commands.h"
+#include "log_command.h"
 #include "print_command.h"
 #include "record_command.h"
 #include "registration_commands.h"
@@ -16,6 +18,9 @@ namespace {
 struct Runner {
   td::ExitStatus operator()(const td::PrintArguments& arguments) const {
     return td::PrintBills(arguments);
+  }
+  td::ExitStatus operator()(const td::CheckArguments& arguments) const {
+    return td::CheckFormats(arguments);
   }
   td::ExitStatus operator()(const td::DemoArguments& arguments) const {
     return td::MakeDemo(arguments);
@@ -49,6 +54,9 @@ struct Runner {
   }
   td::ExitStatus operator()(const td::DiffFormatArguments& arguments) const {
     return td::DiffFormats(arguments);
+  }
+  td::ExitStatus operator()(const td::LogArguments& arguments) const {
+    return td::ShowLog(arguments);
   }
   td::ExitStatus operator()(td::ExitStatus status) const { return status; }
 };

@@ -127,6 +127,10 @@ DesktopOptions OptionsFor(const PrintArguments& arguments, const ComponentFolder
   if (!arguments.preview) options.messages = MessageMode::kStandardError;
   options.componentFolder = folder.Path();
   options.explain = !arguments.explain.empty();
+  if (!arguments.log.empty()) options.logFile = arguments.log;
+  options.onLogFailure = [](const std::string& text) {
+    Complain("the print isn't in the log", text);
+  };
   options.onPage = [&](int page) {
     progress.PageFinished(page);
     seen.hasPages = true;
@@ -139,6 +143,7 @@ DesktopOptions OptionsFor(const PrintArguments& arguments, const ComponentFolder
   };
   if (GoesToFiles(arguments)) {
     options.documentSink = [&](const PageDocument& document) { WriteFiles(document, arguments); };
+    options.sinkTarget = arguments.pdf + arguments.png + arguments.html;
   }
   return options;
 }

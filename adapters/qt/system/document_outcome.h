@@ -22,6 +22,7 @@ struct DocumentOutcome {
   std::string printer;    // that was chosen; empty: none was asked
   std::vector<int> jobs;  // their numbers in the printing system; pages on different sheets are
                           // jobs of their own, in the document's order
+  std::string file;       // that was written in a printer's place, as far as it is known
   std::string reason;     // of a refusal, as it is shown
   int messages = 0;       // shown since the print call began, in whatever way
   std::vector<std::string> texts;       // of these messages, in their order

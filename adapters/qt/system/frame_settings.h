@@ -8,6 +8,7 @@
 
 namespace td {
 
+class CallListener;
 class PageDocument;
 class PrintStop;
 
@@ -18,6 +19,7 @@ struct FrameSettings {
   std::string stateDirectory;  // of the export file; empty: DefaultStateFolder()
   // Takes a finished document in the place of any printer, if it is set.
   std::function<void(const PageDocument&)> documentSink;
+  std::string sinkTarget;  // what the sink writes to
   // Called with the number of each page, from 1, when the run has finished it, if it is set. What
   // it throws stops the print.
   std::function<void(int page)> onPage;
@@ -30,6 +32,8 @@ struct FrameSettings {
   DocumentOutcome* outcome = nullptr;
   // What ends a run of theirs before its time, if there is one; outlives the frames.
   PrintStop* stop = nullptr;
+  // Told of the print calls, if there is one; outlives the frames.
+  CallListener* listener = nullptr;
 };
 
 }  // namespace td

@@ -5,6 +5,7 @@
 
 #include "platform/failure.h"
 #include "qt/system/application.h"
+#include "qt/system/call_listener.h"
 #include "qt/system/print_stop.h"
 
 namespace td {
@@ -26,6 +27,7 @@ void ReportingDocument::CheckStop() const {
 
 void ReportingDocument::StartDoc() {
   CheckStop();
+  if (settings_.listener != nullptr) settings_.listener->DocumentBegins();
   if (settings_.outcome != nullptr) BeginOutcome(*settings_.outcome, 0);
   PageDocument::StartDoc();
 }
@@ -38,6 +40,7 @@ void ReportingDocument::NewPage() {
 
 void ReportingDocument::EndDoc() {
   PageDocument::EndDoc();
+  if (settings_.listener != nullptr) settings_.listener->DocumentEnds();
   Report(PageCount());
 }
 
@@ -49,11 +52,13 @@ QtPrintFrame::QtPrintFrame(std::shared_ptr<const FrameSettings> settings, Messag
       document_(host_, *settings_),
       barcode_(barcodeSettings, [this](const std::string& reason) { host_.Complain(reason); }) {
   if (settings_->outcome != nullptr) *settings_->outcome = {};
+  if (settings_->listener != nullptr) settings_->listener->CallBegins();
   BeginAction();
 }
 
 QtPrintFrame::~QtPrintFrame() {
   if (settings_->stop != nullptr) settings_->stop->End();
+  if (settings_->listener != nullptr) settings_->listener->CallEnds();
 }
 
 void QtPrintFrame::BeginAction() const {
@@ -81,6 +86,7 @@ void QtPrintFrame::ShowModal() {
     messages_.ShowBox(failure.Description(), kInformationIcon);
     throw failure;
   }
+  if (settings_->listener != nullptr) settings_->listener->PreviewBegins();
   isUnloaded_ = false;
   wasActivated_ = false;
   failureOfActivation_ = nullptr;

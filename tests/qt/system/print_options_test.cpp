@@ -1,35 +1,17 @@
 // What a C++ program chooses for its print calls: where they go, how long they wait for locks, when
 // they end before their time, and who gets their messages. On a machine without a display and
 // without a printer.
-#include <gtest/gtest.h>
 #include <stdlib.h>
 
 #include <future>
-#include <memory>
 #include <stdexcept>
 #include <thread>
 
-#include "desktop/desktop_platform.h"
-#include "memory_rows/memory_recordset.h"
-#include "page_document/page_document.h"
+#include "optioned_print.h"
 #include "platform/standard_failures.h"
-#include "service/printer.h"
-#include "temporary_database.h"
-#include "test_tools.h"
 
 namespace td {
 namespace {
-
-// Two rows a page.
-constexpr const char* kFormats = R"(
-  insert into TDBill (FTDBillID, FTranType, FTDBillName, FSelected, FPaperSize, FPaperWidth,
-                      FPaperHeight, FRowsPerPage, FRowHeight)
-    values (1, 21, '两行订单', 1, 256, 13663, 7937, 2, 400);
-  insert into TDVariant (FTranType, FVarCaption, FVarName) values (21, '品名', 'FItemName');
-  insert into TDBillDetail (FTDBillID, FSite, FLeft, FTop, FWidth, FHeight, FTypeID, FIsVariant,
-                            FObjectFieldName, FObjectCaption)
-    values (1, 3, 1000, 2000, 4000, 400, 0, 1, '品名', '品名');
-)";
 
 // Rows whose values are locked by somebody who never ends.
 class LockedRows : public Recordset {
@@ -49,45 +31,7 @@ class LockedRows : public Recordset {
   RecordsetRef rows_;
 };
 
-class PrintOptions : public testing::Test {
- protected:
-  PrintOptions() {
-    options_.stateDirectory = folder_.File("state");
-    options_.messages = MessageMode::kCollected;
-    options_.documentSink = [this](const PageDocument&) { ++documents_; };
-  }
-  void Start() {
-    desktop_ = std::make_unique<DesktopPlatform>(options_);
-    printer_ = std::make_unique<Printer>(desktop_->Get());
-  }
-  static RecordsetRef Rows(int count) {
-    const std::vector<Value> row = {std::int64_t{7}, Value("大米")};
-    return std::make_shared<MemoryRecordset>(
-        std::vector<std::string>{"FInterID", "FItemName"},
-        std::vector<std::vector<Value>>(static_cast<std::size_t>(count), row));
-  }
-  void Print(const RecordsetRef& rows) {
-    printer_->DoPrint(true, connection_, 21, false, false, rows);
-  }
-  // The text of the only message of the last print call.
-  [[nodiscard]] std::string Message() const {
-    const DocumentOutcome outcome = desktop_->LastDocument();
-    EXPECT_EQ(outcome.messages, 1);
-    return outcome.texts.size() == 1 ? outcome.texts[0] : std::string();
-  }
-  // Another program writes, and doesn't end.
-  void Lock() { other_.Run("begin exclusive"); }
-  void Unlock() { other_.Run("rollback"); }
-
-  TemporaryFolder folder_;
-  const std::string connection_ = MakeDatabase(
-      folder_.File("bills.db"), ReadFile(QBTD_SOURCE_DIR "/examples/schema.sql") + kFormats);
-  OtherUser other_{folder_.File("bills.db")};
-  DesktopOptions options_;
-  int documents_ = 0;
-  std::unique_ptr<DesktopPlatform> desktop_;
-  std::unique_ptr<Printer> printer_;
-};
+using PrintOptions = OptionedPrint;
 
 TEST_F(PrintOptions, ALimitedWaitForALockEndsThePrintInItsOwnWords) {
   options_.lockWaitLimit = 0;
