@@ -277,6 +277,32 @@ void DescribeSettings(CLI::App& command, SettingsArguments& arguments) {
   command.footer(kDialogExitStatusText);
 }
 
+void DescribeDesign(CLI::App& command, DesignArguments& arguments) {
+  CLI::Option* database =
+      command
+          .add_option("--db", arguments.database,
+                      "Connection text of the database: sqlite:PATH, or Driver=…;… (without it: "
+                      "asked for in a window)")
+          ->check(RefuseEmpty)
+          ->type_name("TEXT");
+  CLI::Option* billType =
+      command.add_option("--type", arguments.billType, "Bill type number of the format")
+          ->check(CLI::Range(-kLargest - 1, kLargest))
+          ->type_name("N");
+  database->needs(billType);
+  command
+      .add_option("--format", arguments.format,
+                  "Name of the format (without it: the selected format of the bill type)")
+      ->needs(database)
+      ->type_name("NAME");
+  command
+      .add_option("--data", arguments.data,
+                  "Statement that selects rows to show: the first bill of them is drawn")
+      ->needs(database)
+      ->type_name("SQL");
+  command.footer(kDialogExitStatusText);
+}
+
 void DescribeAreaPrinters(CLI::App& command, AreaPrintersArguments& arguments) {
   DescribeDatabase(command, arguments.database);
   command.footer(kDialogExitStatusText);
@@ -427,6 +453,11 @@ Command ParseArguments(int argc, const char* const* argv) {
       app.add_subcommand("settings", "Choose and fine-tune the format of a bill type in a window");
   DescribeSettings(*settingsCommand, settings);
 
+  DesignArguments design;
+  CLI::App* designCommand =
+      app.add_subcommand("design", "Lay formats out in a window, over a scan of the form");
+  DescribeDesign(*designCommand, design);
+
   AreaPrintersArguments areaPrinters;
   CLI::App* areaPrintersCommand = app.add_subcommand(
       "area-printers", "Assign printers to the stock areas of formats in a window");
@@ -482,6 +513,7 @@ Command ParseArguments(int argc, const char* const* argv) {
   if (previewCommand->parsed()) return preview;
   if (checkCommand->parsed()) return check;
   if (settingsCommand->parsed()) return settings;
+  if (designCommand->parsed()) return design;
   if (areaPrintersCommand->parsed()) return areaPrinters;
   if (sampleSqlCommand->parsed()) return sampleSql;
   if (recordCommand->parsed()) return record;
