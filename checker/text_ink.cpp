@@ -1,5 +1,6 @@
 #include "checker/text_ink.h"
 
+#include <QString>
 #include <algorithm>
 #include <set>
 
@@ -18,7 +19,7 @@ TextInk InkOf(const BoxText& text) {
   TextInk ink;
   std::set<double> baseLines;
   for (const PlacedText& piece : LayOut(text)) {
-    if (piece.text.trimmed().isEmpty()) continue;
+    if (QString::fromStdString(piece.text).trimmed().isEmpty()) continue;
     const double top = piece.y - kAbove * piece.face->size;
     const double bottom = piece.y + kBelow * piece.face->size;
     if (baseLines.empty()) {

@@ -100,6 +100,33 @@ order 21002 print --png "$work/pages"
 convert "$work"/pages/*.png -resize 1200x -colorspace gray -colors 64 -strip \
   -define png:compression-level=9 "$images/sales-order.png"
 
+# The recipes, each with the first of its page's prints; of the cheque the values alone, too.
+cp -r examples "$work/examples"
+"$tdprint" sample-sql --engine sqlite --only-schema | sqlite3 "$work/recipes.db"
+recipe() { # name, bill type, query, width of the picture, pages
+  local name=$1 type=$2 data=$3 width=$4 pages=("${@:5}")
+  sqlite3 -bail "$work/recipes.db" <"$work/examples/recipes/$name.sql"
+  "$tdprint" import-format --db "sqlite:$work/recipes.db" "$work/examples/recipes/$name.json" >/dev/null
+  local print=("$tdprint" print --db "sqlite:$work/recipes.db" --type "$type" --data "$data")
+  "${print[@]}" --pdf "$work/$name.pdf"
+  "${print[@]}" --only-variant --pdf "$work/$name-values.pdf"
+  local page parts=()
+  for page in "${pages[@]}"; do # such as 1 or values-1
+    local pdf=$work/$name.pdf
+    [ "$page" = "${page#values-}" ] || pdf=$work/$name-values.pdf
+    pdftoppm -r 150 -gray -png -singlefile -f "${page#values-}" "$pdf" "$work/$name-$page"
+    parts+=("$work/$name-$page.png")
+  done
+  montage "${parts[@]}" -tile "${tile:-1x}" -background gray60 -geometry +6+6 -resize "${width}x" miff:- |
+    convert - +dither -colors 16 -depth 8 -strip -define png:compression-level=9 "PNG8:$images/recipe-$name.png"
+}
+recipe waybill 51 "select * from v_waybill order by FWaybillID" 900 1
+recipe cheque 52 "select * from v_cheque order by FChequeID" 900 1 values-1
+recipe invoice 53 "select * from v_invoice order by FInterID, FEntryID" 900 1
+recipe delivery 54 "select * from v_delivery where FCopy=0 order by FInterID, FEntryID" 900 2
+recipe labels 55 "select * from v_label order by FFirstPlace" 600 1
+tile=3x recipe tag 56 "select * from v_staff_tag order by FStaffID" 250 1 2 3
+
 order 21003 preview &
 processes+=($!)
 until_it_works has_window 打印预览

@@ -67,6 +67,12 @@ pdftotext again.pdf - | expect 要大朵
 sqlite3 -json out/sample.db "select * from v_sales_order where FInterID=21001" >rows.json
 $examples/python/print_bill.py sqlite:out/sample.db 21 rows.json
 expect XD-2403-0001 <state/订单.html
+
+# The commands of the page of recipes, as they stand there.
+cp -r $examples examples
+zcat -f /usr/share/doc/qbtdprinter-doc/docs/recipes.md* | sed -n '/^```sh$/,/^```$/{/^```/!p}' >commands.sh
+(cd examples/recipes && bash -euo pipefail /root/commands.sh)
+pdftotext examples/recipes/cheque.pdf - | expect 壹拾万柒仟元伍角叁分
 NEW_USER
 
 in_root apt-get purge -q -y "${names[@]}"

@@ -19,7 +19,11 @@ void SetColumn(Format& format, ItemId id, const std::string& column, const Value
 struct Doing {
   Format& format;
 
-  void operator()(const InsertItem& edit) const { format.items.Insert(edit.index, edit.item); }
+  // An id that came in by a command is used, wherever the command was made.
+  void operator()(const InsertItem& edit) const {
+    format.items.Insert(edit.index, edit.item);
+    format.lastItemId = std::max(format.lastItemId, edit.item.id);
+  }
   void operator()(const RemoveItem& edit) const { format.items.Remove(edit.index); }
   void operator()(const ReorderItem& edit) const { format.items.Move(edit.from, edit.to); }
   void operator()(const SetItemColumn& edit) const {

@@ -152,6 +152,16 @@ TEST(TdprintArguments, SettingsNeedDatabaseAndType) {
   EXPECT_EQ(Parse({"settings", "--db", "x", "--type", "32768"}), Command(ExitStatus::kWrongUsage));
 }
 
+TEST(TdprintArguments, TheDesignerAsksForADatabaseThatIsNotGiven) {
+  EXPECT_EQ(Parse({"design"}), Command(DesignArguments{}));
+  EXPECT_EQ(Parse({"design", "--db", "sqlite:a.db", "--type", "21", "--format", "运单", "--data",
+                   "select 1"}),
+            Command(DesignArguments{"sqlite:a.db", 21, "运单", "select 1"}));
+  EXPECT_EQ(Parse({"design", "--db", "sqlite:a.db"}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"design", "--format", "运单"}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"design", "--data", "select 1"}), Command(ExitStatus::kWrongUsage));
+}
+
 TEST(TdprintArguments, AreaPrintersNeedADatabase) {
   EXPECT_EQ(Parse({"area-printers", "--db", "sqlite:a.db"}),
             Command(AreaPrintersArguments{"sqlite:a.db"}));

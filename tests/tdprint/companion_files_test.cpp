@@ -190,6 +190,15 @@ TEST_F(TdprintCompanions, TheDesktopEntryIsValidAndOpensThePreview) {
   EXPECT_TRUE(lines.contains("MimeType=application/x-tdprint;"));
 }
 
+TEST_F(TdprintCompanions, TheDesignersDesktopEntryIsValidAndOpensIt) {
+  const ProgramResult result = Run({"desktop-file-validate", kFiles / "tdprint-design.desktop"});
+  EXPECT_EQ(result.status, 0) << result.out;
+  EXPECT_EQ(result.out, "");
+  const std::set<std::string> lines = Lines(ContentOf(kFiles / "tdprint-design.desktop"));
+  EXPECT_TRUE(lines.contains("Exec=tdprint design"));
+  EXPECT_TRUE(lines.contains("Name[zh_CN]=套打格式设计"));
+}
+
 TEST_F(TdprintCompanions, TheDesktopKnowsFilesOfOptionsByTheirName) {
   fs::create_directories(folder_ / "mime/packages");
   fs::copy_file(kFiles / "tdprint-mime.xml", folder_ / "mime/packages/tdprint.xml");

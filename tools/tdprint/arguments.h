@@ -72,6 +72,16 @@ struct SettingsArguments {
   bool operator==(const SettingsArguments&) const = default;
 };
 
+// Opens the designer of formats.
+struct DesignArguments {
+  std::string database;  // empty: the user is asked for it
+  std::optional<std::int16_t> billType;
+  std::string format;  // empty: the selected format of the bill type
+  std::string data;    // as in PrintArguments; empty: captions are shown
+
+  bool operator==(const DesignArguments&) const = default;
+};
+
 // Opens the printers of the stock areas.
 struct AreaPrintersArguments {
   std::string database;
@@ -151,10 +161,11 @@ struct LogArguments {
 };
 
 // What to do, or the status to end with: help was shown, or the usage is wrong and said so.
-using Command = std::variant<PrintArguments, CheckArguments, DemoArguments, SettingsArguments,
-                             AreaPrintersArguments, SampleSqlArguments, RecordArguments,
-                             RegisterArguments, UnregisterArguments, ExportFormatArguments,
-                             ImportFormatArguments, DiffFormatArguments, LogArguments, ExitStatus>;
+using Command =
+    std::variant<PrintArguments, CheckArguments, DemoArguments, SettingsArguments, DesignArguments,
+                 AreaPrintersArguments, SampleSqlArguments, RecordArguments, RegisterArguments,
+                 UnregisterArguments, ExportFormatArguments, ImportFormatArguments,
+                 DiffFormatArguments, LogArguments, ExitStatus>;
 
 Command ParseArguments(int argc, const char* const* argv);
 

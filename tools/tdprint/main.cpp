@@ -4,6 +4,7 @@
 #include "arguments.h"
 #include "check_command.h"
 #include "demo_command.h"
+#include "design_command.h"
 #include "dialog_commands.h"
 #include "format_commands.h"
 #include "log_command.h"
@@ -26,6 +27,9 @@ struct Runner {
   }
   td::ExitStatus operator()(const td::SettingsArguments& arguments) const {
     return td::ShowSettings(arguments);
+  }
+  td::ExitStatus operator()(const td::DesignArguments& arguments) const {
+    return td::DesignFormat(arguments);
   }
   td::ExitStatus operator()(const td::AreaPrintersArguments& arguments) const {
     return td::ShowAreaPrinters(arguments);

@@ -53,8 +53,8 @@ _tdprint() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} options
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
-    _tdprint_words "print preview check demo settings area-printers sample-sql record register unregister \
-      export-format import-format diff-format log --help --version" \
+    _tdprint_words "print preview check demo settings design area-printers sample-sql record register \
+      unregister export-format import-format diff-format log --help --version" \
       "$current"
     return
   fi
@@ -80,6 +80,7 @@ _tdprint() {
     check) options="--db --type --format --data --printer --by-area --json" ;;
     demo) options="--out --samples --printer" ;;
     settings) options="--db --type" ;;
+    design) options="--db --type --format --data" ;;
     area-printers) options="--db" ;;
     sample-sql) options="--engine --only-schema --samples --out" ;;
     register | unregister) options="--module" ;;
