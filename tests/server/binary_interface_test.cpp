@@ -113,6 +113,9 @@ constexpr Number kNumbers[] = {
     NUMBER(TD_CALL_GET, 2),
     NUMBER(TD_CALL_PUT, 4),
     NUMBER(TD_CALL_PUT_REFERENCE, 8),
+    NUMBER(TD_MESSAGES_SHOWN, 0),
+    NUMBER(TD_MESSAGES_ON_STANDARD_ERROR, 1),
+    NUMBER(TD_MESSAGES_COLLECTED, 2),
     NUMBER(TD_MEMBER_VALUE, 0),
     NUMBER(TD_MEMBER_UNKNOWN, -1),
     NUMBER(TD_MEMBER_PUT, -3),
@@ -197,6 +200,39 @@ constexpr Number kTables[] = {
     OPERATION(TdPrinterTable, TdPrinter, PrintOk, 9, TdFlag*),
     OPERATION(TdPrinterTable, TdPrinter, PrintBlankRows, 10, std::int16_t),
 
+    SIZE(TdSession, 8),
+    SIZE(TdSessionTable, 35 * 8),
+    OPERATION(TdSessionTable, TdSession, DoPrint, 7, TdFlag, TdString, std::int16_t, TdFlag, TdFlag,
+              TdDispatch**, TdString, TdVariant*),
+    OPERATION(TdSessionTable, TdSession, DoPrint_GroupByArea, 8, TdFlag, TdString, std::int16_t,
+              TdFlag, TdFlag, TdDispatch**, TdString, TdVariant*),
+    OPERATION(TdSessionTable, TdSession, PrintOk, 9, TdFlag*),
+    OPERATION(TdSessionTable, TdSession, PrintBlankRows, 10, std::int16_t),
+    OPERATION(TdSessionTable, TdSession, ToPrinter, 11, TdString),
+    OPERATION(TdSessionTable, TdSession, ToPdf, 12, TdString),
+    OPERATION(TdSessionTable, TdSession, ToPng, 13, TdString, double),
+    OPERATION(TdSessionTable, TdSession, ToHtml, 14, TdString),
+    OPERATION(TdSessionTable, TdSession, MessageMode, 15, std::int32_t),
+    OPERATION(TdSessionTable, TdSession, LockWaitLimit, 16, double),
+    OPERATION(TdSessionTable, TdSession, Progress, 17, TdDispatch*),
+    OPERATION(TdSessionTable, TdSession, Explain, 18, TdFlag),
+    OPERATION(TdSessionTable, TdSession, LogFile, 19, TdString),
+    OPERATION(TdSessionTable, TdSession, Cancel, 20),
+    OPERATION(TdSessionTable, TdSession, Delivered, 21, TdFlag*),
+    OPERATION(TdSessionTable, TdSession, Result, 22, TdString*),
+    OPERATION(TdSessionTable, TdSession, Reason, 23, TdString*),
+    OPERATION(TdSessionTable, TdSession, Pages, 24, std::int32_t*),
+    OPERATION(TdSessionTable, TdSession, PrinterName, 25, TdString*),
+    OPERATION(TdSessionTable, TdSession, JobNumber, 26, std::int32_t*),
+    OPERATION(TdSessionTable, TdSession, Jobs, 27, TdString*),
+    OPERATION(TdSessionTable, TdSession, MessageCount, 28, std::int32_t*),
+    OPERATION(TdSessionTable, TdSession, Message, 29, std::int32_t, TdString*),
+    OPERATION(TdSessionTable, TdSession, Messages, 30, TdString*),
+    OPERATION(TdSessionTable, TdSession, MessagePlace, 31, std::int32_t, TdString*),
+    OPERATION(TdSessionTable, TdSession, Complaints, 32, TdString*),
+    OPERATION(TdSessionTable, TdSession, Explanation, 33, TdString*),
+    OPERATION(TdSessionTable, TdSession, ExplanationJson, 34, TdString*),
+
     SIZE(TdSettings, 8),
     SIZE(TdSettingsTable, 8 * 8),
     OPERATION(TdSettingsTable, TdSettings, TDSet, 7, TdString, std::int16_t),
@@ -222,8 +258,10 @@ const Identifier kIdentifiers[] = {
     {"kTdClassFactoryId", kTdClassFactoryId, "00000001-0000-0000-C000-000000000046"},
     {"kTdDispatchId", kTdDispatchId, "00020400-0000-0000-C000-000000000046"},
     {"kTdPrinterClass", kTdPrinterClass, "2389511E-AE07-4A8F-BF68-F2D15542C87E"},
+    {"kTdSessionClass", kTdSessionClass, "BEC9E21A-8357-4EC5-B261-5CEC43B82E3B"},
     {"kTdSettingsClass", kTdSettingsClass, "A15FD0B3-9AE9-4BD7-9165-600AB8D40FD1"},
     {"kTdPrinterId", kTdPrinterId, "136F0717-EE88-4E14-BE20-17F115F0DCAB"},
+    {"kTdSessionId", kTdSessionId, "D0C96F7D-0D70-479A-82AD-828783E904B2"},
     {"kTdSettingsId", kTdSettingsId, "EE531EA5-2136-4D71-BD6E-2AD86F122119"},
     {"kTdRecordsetId", kTdRecordsetId, "350B0D1E-80DD-4237-B057-109118376536"},
     {"kTdErrorSourceId", kTdErrorSourceId, "DD8EFB2F-8722-4F45-84E2-01F0EDB5F360"},
@@ -236,6 +274,7 @@ struct Name {
 
 constexpr Name kNames[] = {
     {"TD_PRINTER_CLASS_NAME", TD_PRINTER_CLASS_NAME, "QbTdPrinter.Printer"},
+    {"TD_SESSION_CLASS_NAME", TD_SESSION_CLASS_NAME, "QbTdPrinter.Session"},
     {"TD_SETTINGS_CLASS_NAME", TD_SETTINGS_CLASS_NAME, "QbTdPrinter.TDSet"},
 };
 
@@ -254,6 +293,34 @@ const std::vector<CalledMember> kPrinterMembers = {{u"DoPrint", 1, kPrintArgumen
                                                    {u"DoPrint_GroupByArea", 2, kPrintArguments},
                                                    {u"PrintOk", 3, {}},
                                                    {u"PrintBlankRows", 4, {u"NewValue"}}};
+const std::vector<CalledMember> kSessionMembers = {{u"DoPrint", 1, kPrintArguments},
+                                                   {u"DoPrint_GroupByArea", 2, kPrintArguments},
+                                                   {u"PrintOk", 3, {}},
+                                                   {u"PrintBlankRows", 4, {u"NewValue"}},
+                                                   {u"ToPrinter", 5, {u"Name"}},
+                                                   {u"ToPdf", 6, {u"File"}},
+                                                   {u"ToPng", 7, {u"Folder", u"DotsPerInch"}},
+                                                   {u"ToHtml", 8, {u"File"}},
+                                                   {u"MessageMode", 9, {u"NewValue"}},
+                                                   {u"LockWaitLimit", 10, {u"NewValue"}},
+                                                   {u"Progress", 11, {u"NewValue"}},
+                                                   {u"Explain", 12, {u"NewValue"}},
+                                                   {u"LogFile", 13, {u"NewValue"}},
+                                                   {u"Cancel", 14, {}},
+                                                   {u"Delivered", 15, {}},
+                                                   {u"Result", 16, {}},
+                                                   {u"Reason", 17, {}},
+                                                   {u"Pages", 18, {}},
+                                                   {u"PrinterName", 19, {}},
+                                                   {u"JobNumber", 20, {}},
+                                                   {u"Jobs", 21, {}},
+                                                   {u"MessageCount", 22, {}},
+                                                   {u"Message", 23, {u"Index"}},
+                                                   {u"Messages", 24, {}},
+                                                   {u"MessagePlace", 25, {u"Index"}},
+                                                   {u"Complaints", 26, {}},
+                                                   {u"Explanation", 27, {}},
+                                                   {u"ExplanationJson", 28, {}}};
 const std::vector<CalledMember> kSettingsMembers = {{u"TDSet", 1, {u"PromptString", u"TranType"}}};
 const std::vector<CalledMember> kRecordsetMembers = {
     {u"EOF", 1, {}},       {u"Fields", 2, {u"Index"}},   {u"MoveNext", 3, {}},
@@ -317,6 +384,7 @@ class BinaryInterfaceByName : public ServerTest {};
 
 TEST_F(BinaryInterfaceByName, MembersHaveThePublishedNumbers) {
   ExpectMembers(NewPrinter().Get(), kPrinterMembers);
+  ExpectMembers(module_->Create(kTdSessionClass).Get(), kSessionMembers);
   ExpectMembers(module_->Create(kTdSettingsClass).Get(), kSettingsMembers);
   TdDispatch* rows = NewRecordsetObject(std::make_shared<MemoryRecordset>(
       std::vector<std::string>{}, std::vector<std::vector<Value>>{}));
