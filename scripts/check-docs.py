@@ -18,6 +18,7 @@ import re
 import sys
 
 TWIN = ".zh-CN.md"
+TWIN_PICTURE = ".zh-CN.png"  # of a window that speaks both languages
 # Pages for those who work on the component; all others have a twin.
 ENGLISH_ONLY = {
     "CHANGELOG.md", "CONTRIBUTING.md", "SECURITY.md",
@@ -215,7 +216,7 @@ class Check:
                 if target == partner.name:
                     has_twin_link |= link.line <= LINES_BEFORE_TWIN_LINK
                     continue
-                original = target.replace(TWIN, ".md")
+                original = target.replace(TWIN, ".md").replace(TWIN_PICTURE, ".png")
                 language = original.replace(".md", TWIN) if one.name.endswith(TWIN) else original
                 if target != language and language in self.pages:
                     self.complain(one.name, link.line, f"{link.target} leads to the page in the other language")
