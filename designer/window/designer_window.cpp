@@ -24,6 +24,7 @@
 namespace td::designer {
 namespace {
 
+constexpr int kPanelWidth = 270;     // pixels, at the first start
 constexpr int kRecoveryLook = 5000;  // milliseconds; the file itself is written once a minute
 
 QString Millimetres(double twips) {
@@ -158,7 +159,10 @@ void DesignerWindow::MakePanels() {
   }
   scanPanel_ = new ScanPanel(*sheet_, [this] { WriteAids(true); });
   add("scanPanel", "Scan of the form", Qt::LeftDockWidgetArea, scanPanel_);
-  for (const auto& [area, dock] : first) dock->raise();
+  for (const auto& [area, dock] : first) {
+    dock->raise();
+    resizeDocks({dock}, {kPanelWidth}, Qt::Horizontal);
+  }
 }
 
 void DesignerWindow::MakeStatusBar() {
