@@ -33,7 +33,7 @@ QString SampleText(const std::vector<const Item*>& items) {
 
 FontGroup::FontGroup(EditedItems& items, Workspace& /*workspace*/)
     : FieldGroup(Say("Font")), items_(items) {
-  Add(Say("&Font"),
+  Add(Say("F&ont"),
       new ListedTextField(items, "FFontName", FontNames(), ListedTextField::Typing::kWhenFinished));
   Add(Say("Si&ze"), new NumberField(items, "FFontSize", kFontSize));
   AddWide(new FlagField(items, "FFontBold", Say("Bold")));

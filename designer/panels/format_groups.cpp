@@ -57,7 +57,7 @@ PaperGroup::PaperGroup(EditedFormat& rows, Workspace& workspace)
           [this](int index) { Choose(paper_->itemData(index).toInt()); });
   Form().addRow(Say("&Paper"), paper_);
   width_ = MakeSide("FPaperWidth", Say("&Width"));
-  height_ = MakeSide("FPaperHeight", Say("&Height"));
+  height_ = MakeSide("FPaperHeight", Say("He&ight"));
   Add(Say("&Turned"),
       new CodeField(rows, "FOrientation", {{0, Say("Upright")}, {1, Say("Across")}}));
   sheet_ = AddNote();
@@ -130,7 +130,7 @@ RowsGroup::RowsGroup(EditedFormat& rows, Workspace& workspace)
     : FieldGroup(Say("Rows and pages")), workspace_(workspace) {
   Add(Say("&Rows a page"),
       new NumberField(rows, "FRowsPerPage", {NumberUnit::kNone, 0, 1, 10000, 1}));
-  Add(Say("Row h&eight"), new NumberField(rows, "FRowHeight", kSize));
+  Add(Say("Row hei&ght"), new NumberField(rows, "FRowHeight", kSize));
   AddWide(new FlagField(rows, "FHeaderPerPage", Say("Head on every page")),
           Say("Else on the first page of each bill."));
   AddWide(new FlagField(rows, "FFooterPerPage", Say("Foot on every page")),
@@ -164,7 +164,7 @@ OffsetGroup::OffsetGroup(EditedFormat& rows) : FieldGroup(Say("Moves everything"
 
 PrinterGroup::PrinterGroup(EditedFormat& rows, Workspace& workspace)
     : FieldGroup(Say("Printer")), rows_(rows), workspace_(workspace) {
-  Add(Say("Pr&inter"),
+  Add(Say("Printer"),
       new ListedTextField(rows, "FPrintDevice", Printers(workspace),
                           ListedTextField::Typing::kWhenFinished),
       Say("Where a printer of exactly this name is installed, the format goes there. Empty: the "

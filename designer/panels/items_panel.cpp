@@ -18,10 +18,10 @@ struct OrderButton {
 };
 
 std::vector<OrderButton> Orders() {
-  return {{"ToBack", Say("To &back"), Order::kToBack},
-          {"Backward", Say("Back&ward"), Order::kBackward},
-          {"Forward", Say("F&orward"), Order::kForward},
-          {"ToFront", Say("To &front"), Order::kToFront}};
+  return {{"ToBack", Say("To back"), Order::kToBack},
+          {"Backward", Say("Backward"), Order::kBackward},
+          {"Forward", Say("Forward"), Order::kForward},
+          {"ToFront", Say("To front"), Order::kToFront}};
 }
 
 }  // namespace

@@ -61,7 +61,7 @@ void KindGroup::Refresh() {
 }
 
 LineGroup::LineGroup(EditedItems& items) : FieldGroup(Say("Line")), items_(items) {
-  Add(Say("&Thickness"), new NumberField(items, "Fborderwidth", {NumberUnit::kNone, 0, 1, 100, 1}));
+  Add(Say("Thick&ness"), new NumberField(items, "Fborderwidth", {NumberUnit::kNone, 0, 1, 100, 1}));
   thickness_ = AddNote();
 }
 

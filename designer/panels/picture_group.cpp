@@ -25,7 +25,7 @@ QString SizeText(const PictureSize& size) {
 }  // namespace
 
 PictureGroup::PictureGroup(EditedItems& items) : FieldGroup(Say("Picture")), items_(items) {
-  Add(Say("&File"), new LineField(items, "FPicturePath"),
+  Add(Say("File"), new LineField(items, "FPicturePath"),
       Say("With its whole path, as the machine that prints finds it."));
   auto* choose = new QPushButton(Say("&Choose…"));
   choose->setObjectName(QStringLiteral("ChoosePicture"));

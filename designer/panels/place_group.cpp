@@ -25,7 +25,7 @@ PlaceGroup::PlaceGroup(EditedItems& items, Workspace& workspace)
     : FieldGroup(Say("Place and size")), items_(items), workspace_(workspace) {
   AddPair(Say("&Left"), new NumberField(items, "FLeft", kAnyLength), Say("To&p"),
           new NumberField(items, "FTop", kAnyLength));
-  AddPair(Say("&Width"), new NumberField(items, "FWidth", kAnyLength), Say("&Height"),
+  AddPair(Say("&Width"), new NumberField(items, "FWidth", kAnyLength), Say("He&ight"),
           new NumberField(items, "FHeight", kAnyLength));
   left_ = MakeSheetBox("SheetLeft", Say("On the sheet, left"), PutLeftOnSheet);
   top_ = MakeSheetBox("SheetTop", Say("On the sheet, top"), PutTopOnSheet);

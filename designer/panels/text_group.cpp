@@ -65,7 +65,7 @@ TextGroup::TextGroup(EditedItems& items, Workspace& workspace)
   Add(Say("Te&xt"), new LinesField(items, "FObjectCaption", 2),
       Say("The text itself, or what stands before the value. The name of the variable doesn't "
           "print."));
-  Add(Say("&Align"), new CodeField(items, "FAlignMent", Alignments(), kAlignRightCode),
+  Add(Say("Ali&gn"), new CodeField(items, "FAlignMent", Alignments(), kAlignRightCode),
       Say("Down, it is always centred in its box."));
   AddWide(new FlagField(items, "FWordWrap", Say("Wraps in its box")),
           Say("Else a long text runs over its neighbour."));

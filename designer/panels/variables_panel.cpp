@@ -111,7 +111,7 @@ QWidget* VariablesPanel::MakeTable() {
   refusal_->setForegroundRole(QPalette::WindowText);
   refusal_->hide();
   auto* buttons = new QHBoxLayout;
-  buttons->addWidget(MakeButton("AddVariable", Say("&Add"), &VariablesPanel::AddNew));
+  buttons->addWidget(MakeButton("AddVariable", Say("A&dd"), &VariablesPanel::AddNew));
   remove_ = MakeButton("RemoveVariable", Say("Re&move"), &VariablesPanel::RemoveCurrent);
   buttons->addWidget(remove_);
   buttons->addStretch();
@@ -142,8 +142,8 @@ QWidget* VariablesPanel::MakeColumns() {
   });
   connect(columns_, &QListWidget::itemSelectionChanged, this,
           [this] { addColumns_->setEnabled(!columns_->SelectedNewOnes().empty()); });
-  addColumns_ = MakeButton("AddColumns", Say("Add as &variables"), &VariablesPanel::AddColumns);
-  auto* title = new QLabel(Say("&Columns of the print data, first row:"));
+  addColumns_ = MakeButton("AddColumns", Say("Add as variables"), &VariablesPanel::AddColumns);
+  auto* title = new QLabel(Say("Columns of the print data, first row:"));
   title->setBuddy(columns_);
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(addColumns_);

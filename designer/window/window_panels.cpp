@@ -20,8 +20,8 @@ QWidget* Make(Workspace& workspace) {
 constexpr std::array kPanels = {
     Panel{"palette", "Palette", Qt::LeftDockWidgetArea, Make<PalettePanel>},
     Panel{"variables", "Variables", Qt::LeftDockWidgetArea, Make<VariablesPanel>},
-    Panel{"items", "Items", Qt::LeftDockWidgetArea, Make<ItemsPanel>},
-    Panel{"item", "Item", Qt::RightDockWidgetArea, Make<ItemPanel>},
+    Panel{"items", "Item list", Qt::LeftDockWidgetArea, Make<ItemsPanel>},
+    Panel{"item", "Properties", Qt::RightDockWidgetArea, Make<ItemPanel>},
     Panel{"format", "Format", Qt::RightDockWidgetArea, Make<FormatPanel>},
     Panel{"findings", "Findings", Qt::RightDockWidgetArea, Make<FindingsPanel>},
 };

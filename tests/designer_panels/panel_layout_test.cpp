@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpression>
+#include <set>
 
 #include "designer/panels/findings_panel.h"
 #include "designer/panels/format_panel.h"
@@ -29,7 +30,7 @@ class PanelLayout : public PanelUse {
     Open<Panel>();
     panel_->resize(panel_->minimumSizeHint().width(), 1400);
     QApplication::processEvents();
-    const QString name = QString::fromUtf8(typeid(Panel).name());
+    keys_.clear();
     for (QWidget* part : panel_->findChildren<QWidget*>()) {
       if (part->isVisible() && part->parentWidget() != nullptr) Check(*part);
     }
@@ -43,6 +44,7 @@ class PanelLayout : public PanelUse {
     const QString text = TextOf(part);
     if (text.isEmpty()) return;
     ExpectLanguage(text);
+    ExpectKeyOfItsOwn(text);
     EXPECT_GE(place.left(), 0) << text.toStdString();
     EXPECT_LE(place.right(), panel_->width()) << text.toStdString();
     if (!isText) return;
@@ -59,12 +61,20 @@ class PanelLayout : public PanelUse {
     if (const auto* group = qobject_cast<const QGroupBox*>(&part)) return group->title();
     return {};
   }
+  void ExpectKeyOfItsOwn(const QString& text) {
+    static const QRegularExpression key(QStringLiteral("&(\\w)"));
+    const auto found = key.match(text);
+    if (!found.hasMatch()) return;
+    EXPECT_TRUE(keys_.insert(found.captured(1).toLower()).second) << text.toStdString();
+  }
   static void ExpectLanguage(const QString& text) {
     static const QRegularExpression words(QStringLiteral("[A-Za-z]{3,}"));
     static const QRegularExpression chinese(QStringLiteral("\\p{Han}"));
     if (!SpeaksChinese() || !words.match(text).hasMatch()) return;
     EXPECT_TRUE(chinese.match(text).hasMatch()) << text.toStdString();
   }
+
+  std::set<QString> keys_;  // that lead to a part with Alt
 };
 
 TEST_F(PanelLayout, Items) {
