@@ -24,7 +24,6 @@
 namespace td::designer {
 namespace {
 
-constexpr int kPanelWidth = 270;     // pixels, at the first start
 constexpr int kRecoveryLook = 5000;  // milliseconds; the file itself is written once a minute
 
 QString Millimetres(double twips) {
@@ -142,11 +141,14 @@ void DesignerWindow::MakeSheet() {
 
 void DesignerWindow::MakePanels() {
   std::map<Qt::DockWidgetArea, QDockWidget*> first;
+  std::map<Qt::DockWidgetArea, int> titles;  // how wide the tabs are that stand side by side
+  constexpr int kAroundTitle = 34;           // pixels
   const auto add = [&](const char* name, const char* title, Qt::DockWidgetArea area,
                        QWidget* panel) {
     auto* dock = new QDockWidget(Say(title), this);
     dock->setObjectName(name);
     dock->setWidget(Scrolling(panel));
+    titles[area] += fontMetrics().horizontalAdvance(Say(title)) + kAroundTitle;
     const auto [front, isFirst] = first.try_emplace(area, dock);
     if (isFirst) {
       addDockWidget(area, dock);
@@ -158,10 +160,10 @@ void DesignerWindow::MakePanels() {
     add(panel.name, panel.title, panel.area, panel.make(workspace_));
   }
   scanPanel_ = new ScanPanel(*sheet_, [this] { WriteAids(true); });
-  add("scanPanel", "Scan of the form", Qt::LeftDockWidgetArea, scanPanel_);
+  add("scanPanel", "Scan", Qt::LeftDockWidgetArea, scanPanel_);
   for (const auto& [area, dock] : first) {
     dock->raise();
-    resizeDocks({dock}, {kPanelWidth}, Qt::Horizontal);
+    resizeDocks({dock}, {std::max(titles[area], dock->sizeHint().width())}, Qt::Horizontal);
   }
 }
 
