@@ -17,11 +17,6 @@ QString Shown(const Value& value) {
   return QString::fromStdString(ToText(value));
 }
 
-bool MeansSet(const Value& value) {
-  if (const auto* flag = std::get_if<bool>(&value)) return *flag;
-  return IsNumeric(value) && ToDouble(value) != 0;
-}
-
 }  // namespace
 
 void ColumnField::Refresh() {
@@ -64,7 +59,7 @@ FlagField::FlagField(EditedRows& rows, std::string column, const QString& text)
     : QCheckBox(text), ColumnField(rows, std::move(column)) {
   connect(this, &QCheckBox::clicked, this, [this](bool isSet) {
     rows_.EndGesture();
-    rows_.PutNumber(Column(), isSet ? 1 : 0);
+    rows_.PutFlag(Column(), isSet);
     rows_.EndGesture();
   });
 }
@@ -75,7 +70,7 @@ void FlagField::Show(const SharedValue& shared) {
   if (shared.isMixed) {
     setCheckState(Qt::PartiallyChecked);
   } else {
-    setChecked(MeansSet(shared.value));
+    setChecked(shared.isSet);
   }
 }
 

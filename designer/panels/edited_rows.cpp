@@ -11,7 +11,7 @@ SharedValue EditedRows::Shared(std::string_view column) const {
     if (!row->Has(column)) continue;
     const Value& value = row->Get(column);
     if (!shared.isThere) {
-      shared = {.isThere = true, .isMixed = false, .value = value};
+      shared = {.isThere = true, .isMixed = false, .value = value, .isSet = row->Flag(column)};
     } else if (!MeanTheSame(shared.value, value)) {
       shared.isMixed = true;
     }
@@ -25,6 +25,14 @@ void EditedRows::Put(std::string_view column, const Value& value) {
 
 void EditedRows::PutNumber(std::string_view column, double number) {
   DoWithin(column, SettingNumber(column, number));
+}
+
+void EditedRows::PutFlag(std::string_view column, bool flag) {
+  const std::vector<const Row*> rows = Rows();
+  if (rows.empty()) return;
+  Row written = *rows.front();
+  written.PutFlag(column, flag);
+  Put(column, written.Get(column));
 }
 
 bool EditedRows::Do(Command command) {

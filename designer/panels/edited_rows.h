@@ -15,6 +15,7 @@ struct SharedValue {
   bool isThere = false;  // one of the rows has the column
   bool isMixed = false;  // they hold different values; `value` is that of the first
   Value value = Null{};
+  bool isSet = false;  // of a flag; of the first, too
 };
 
 class EditedRows {
@@ -29,6 +30,8 @@ class EditedRows {
   // Changes of one column that follow each other are one step of the history, until EndGesture.
   void Put(std::string_view column, const Value& value);
   void PutNumber(std::string_view column, double number);
+  // In the kind that the column holds: a number, a flag or a text.
+  void PutFlag(std::string_view column, bool flag);
   void EndGesture() { gestureColumn_.clear(); }
 
   // A change of several columns at once, or of what is no column: a step of its own.

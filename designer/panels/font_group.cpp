@@ -31,8 +31,7 @@ QString SampleText(const std::vector<const Item*>& items) {
 
 }  // namespace
 
-FontGroup::FontGroup(EditedItems& items, Workspace& /*workspace*/)
-    : FieldGroup(Say("Font")), items_(items) {
+FontGroup::FontGroup(EditedItems& items) : FieldGroup(Say("Font")), items_(items) {
   Add(Say("F&ont"),
       new ListedTextField(items, "FFontName", FontNames(), ListedTextField::Typing::kWhenFinished));
   Add(Say("Si&ze"), new NumberField(items, "FFontSize", kFontSize));
@@ -60,14 +59,11 @@ void FontGroup::Refresh() {
   if (!isOne) return;
   const QString wanted = WordsFor(name);
   const QStringList families = FontTable::Instance().Families(wanted.toStdString());
-  const auto isOn = [](const SharedValue& flag) {
-    return !flag.isMixed && IsNumeric(flag.value) && ToDouble(flag.value) != 0;
-  };
   QFont font(families);
   const double points = IsNumeric(size.value) ? ToDouble(size.value) : font.pointSizeF();
   font.setPointSizeF(std::clamp(points, 1.0, kLargestSample));
-  font.setBold(isOn(bold));
-  font.setItalic(isOn(italic));
+  font.setBold(bold.isSet && !bold.isMixed);
+  font.setItalic(italic.isSet && !italic.isMixed);
   sample_->setFont(font);
   sample_->setText(SampleText(items_.Items()));
   const bool standsIn =

@@ -62,7 +62,7 @@ class TextGroup : public FieldGroup {
 
 class FontGroup : public FieldGroup {
  public:
-  FontGroup(EditedItems& items, Workspace& workspace);
+  explicit FontGroup(EditedItems& items);
   void Refresh() override;
 
  private:

@@ -14,7 +14,7 @@ ItemPanel::ItemPanel(Workspace& workspace, QWidget* parent)
   kind_ = new KindGroup(items_, workspace);
   place_ = new PlaceGroup(items_, workspace);
   text_ = new TextGroup(items_, workspace);
-  font_ = new FontGroup(items_, workspace);
+  font_ = new FontGroup(items_);
   line_ = new LineGroup(items_);
   picture_ = new PictureGroup(items_);
   LayOut();

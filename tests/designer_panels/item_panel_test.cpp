@@ -100,6 +100,16 @@ TEST_F(ItemPanelTest, AMixedFlagIsSetByTheFirstClick) {
   EXPECT_FALSE(RowOf(value_).Flag("FFontBold"));
 }
 
+TEST_F(ItemPanelTest, AFlagMayBeStoredAsAText) {
+  Document().Set({label_}, "FWordWrap", std::string("True"));
+  Open<ItemPanel>();
+  workspace_.selection.Select({label_});
+  auto& wraps = Named<QCheckBox>("FWordWrap");
+  EXPECT_TRUE(wraps.isChecked());
+  wraps.click();
+  EXPECT_FALSE(RowOf(label_).Flag("FWordWrap"));
+}
+
 TEST_F(ItemPanelTest, WhatWasTypedStaysWithTheItemForWhichItWas) {
   Open<ItemPanel>();
   workspace_.selection.Select({label_});
