@@ -294,7 +294,7 @@ constexpr Words kWords[] = {
     {"the rows have no column FInterID", "数据中没有 FInterID 列"},
     {"Page %1 of %2", "第 %1 页，共 %2 页"},
     {"%1 items: %2", "%1 项：%2"},
-    {"Scan of the form", "表单扫描图"},
+    {"Scan", "扫描图"},
     {"OK", "确定"},
     {"Cancel", "取消"},
     {"Close", "关闭"},

@@ -67,6 +67,12 @@ SheetAids AidsFile::Read() const {
   return aids;
 }
 
+void AidsFile::Remove() const {
+  for (const char* ending : {".json", ".png"}) {
+    QFile::remove(QString::fromStdString(folder_ + "/" + name_ + ending));
+  }
+}
+
 void AidsFile::WritePlaces(const SheetAids& aids) const {
   QJsonObject places;
   places["guides-down"] = ToJson(aids.guides.x);

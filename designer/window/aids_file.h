@@ -21,6 +21,7 @@ class AidsFile {
   // Both fail with Failure. The picture is large and changes seldom.
   void WritePlaces(const SheetAids& aids) const;
   void WritePicture(const SheetAids& aids) const;
+  void Remove() const;
 
  private:
   std::string folder_;

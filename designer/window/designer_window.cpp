@@ -10,11 +10,11 @@
 #include <QStatusBar>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "designer/model/hit_testing.h"
 #include "designer/panels/format_check.h"
 #include "designer/view/words.h"
-#include "designer/window/aids_file.h"
 #include "designer/window/questions.h"
 #include "designer/window/window_panels.h"
 #include "platform/failure.h"
@@ -50,7 +50,7 @@ DesignerWindow::DesignerWindow(DesignerSetup setup)
       machine_(setup_.platform),
       printer_(setup_.platform, setup_.connection, setup_.barcodes),
       session_({setup_.database, setup_.connection, setup_.billType, setup_.stateFolder},
-               workspace_, *this, [this] { FormatOpened(); }) {
+               workspace_, *this, [this](Opened opened) { FormatOpened(opened); }) {
   ReadData();
   workspace_.printers = setup_.printers;
   workspace_.check = CheckWith(machine_, workspace_.data, &setup_.database, setup_.connection);
@@ -141,11 +141,14 @@ void DesignerWindow::MakeSheet() {
 
 void DesignerWindow::MakePanels() {
   std::map<Qt::DockWidgetArea, QDockWidget*> first;
+  std::map<Qt::DockWidgetArea, int> titles;  // how wide the tabs are that stand side by side
+  constexpr int kAroundTitle = 34;           // pixels
   const auto add = [&](const char* name, const char* title, Qt::DockWidgetArea area,
                        QWidget* panel) {
     auto* dock = new QDockWidget(Say(title), this);
     dock->setObjectName(name);
     dock->setWidget(Scrolling(panel));
+    titles[area] += fontMetrics().horizontalAdvance(Say(title)) + kAroundTitle;
     const auto [front, isFirst] = first.try_emplace(area, dock);
     if (isFirst) {
       addDockWidget(area, dock);
@@ -157,8 +160,11 @@ void DesignerWindow::MakePanels() {
     add(panel.name, panel.title, panel.area, panel.make(workspace_));
   }
   scanPanel_ = new ScanPanel(*sheet_, [this] { WriteAids(true); });
-  add("scanPanel", "Scan of the form", Qt::LeftDockWidgetArea, scanPanel_);
-  for (const auto& [area, dock] : first) dock->raise();
+  add("scanPanel", "Scan", Qt::LeftDockWidgetArea, scanPanel_);
+  for (const auto& [area, dock] : first) {
+    dock->raise();
+    resizeDocks({dock}, {std::max(titles[area], dock->sizeHint().width())}, Qt::Horizontal);
+  }
 }
 
 void DesignerWindow::MakeStatusBar() {
@@ -177,17 +183,14 @@ void DesignerWindow::MakeStatusBar() {
   statusBar()->addPermanentWidget(pageLabel_);
 }
 
-void DesignerWindow::FormatOpened() {
-  const std::string name = session_.StoredName();
-  if (name != aidsName_ || name.empty()) {
-    // A format that is saved for the first time takes its aids along.
-    const bool takesAlong = aidsName_.empty() && !name.empty() && !sheet_->Aids().scan.Empty();
-    aidsName_ = name;
-    if (takesAlong) {
-      WriteAids(true);
-    } else {
-      ReadAids();
-    }
+// Scan and guides go where the format goes.
+void DesignerWindow::FormatOpened(Opened opened) {
+  const std::string former = std::exchange(aidsName_, session_.StoredName());
+  if (opened == Opened::kAnother) {
+    ReadAids();
+  } else if (former != aidsName_) {
+    WriteAids(true);
+    if (opened == Opened::kRenamed) AidsOf(former).Remove();
   }
   DocumentChanged();
   ShowSelection();
@@ -259,11 +262,12 @@ void DesignerWindow::GoTo(ItemId item) {
   sheet_->setFocus();
 }
 
+AidsFile DesignerWindow::AidsOf(const std::string& format) const {
+  return {setup_.stateFolder + "/designer", setup_.connection, setup_.billType, format};
+}
+
 void DesignerWindow::ReadAids() {
-  sheet_->Aids() = aidsName_.empty() ? SheetAids()
-                                     : AidsFile(setup_.stateFolder + "/designer", setup_.connection,
-                                                setup_.billType, aidsName_)
-                                           .Read();
+  sheet_->Aids() = aidsName_.empty() ? SheetAids() : AidsOf(aidsName_).Read();
   sheet_->ShowAids();
   scanPanel_->ShowAids();
 }
@@ -271,8 +275,7 @@ void DesignerWindow::ReadAids() {
 // Those of a format without a name in the tables are kept when it is saved.
 void DesignerWindow::WriteAids(bool withPicture) {
   if (aidsName_.empty()) return;
-  const AidsFile file(setup_.stateFolder + "/designer", setup_.connection, setup_.billType,
-                      aidsName_);
+  const AidsFile file = AidsOf(aidsName_);
   try {
     if (withPicture) file.WritePicture(sheet_->Aids());
     file.WritePlaces(sheet_->Aids());

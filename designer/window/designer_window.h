@@ -10,6 +10,7 @@
 #include "checker/desktop_machine.h"
 #include "designer/sheet/ruler.h"
 #include "designer/sheet/sheet_view.h"
+#include "designer/window/aids_file.h"
 #include "designer/window/format_session.h"
 #include "designer/window/scan_panel.h"
 
@@ -68,7 +69,7 @@ class DesignerWindow : public QMainWindow {
 
   void PutOption(const std::function<void(SheetOptions&)>& change);
   void ReadData();
-  void FormatOpened();
+  void FormatOpened(Opened opened);
   void DocumentChanged();
   void ShowPicture();
   void ShowMouse(std::optional<Point> place);
@@ -77,6 +78,7 @@ class DesignerWindow : public QMainWindow {
   void GoTo(ItemId item);
   void Export();
   void Import();
+  [[nodiscard]] AidsFile AidsOf(const std::string& format) const;
   void WriteAids(bool withPicture);
   void ReadAids();
   void ShowHelp();

@@ -19,7 +19,7 @@ QString Text(const std::string& text) {
 }  // namespace
 
 FormatSession::FormatSession(SessionSetup setup, Workspace& workspace, QWidget& window,
-                             std::function<void()> opened)
+                             std::function<void(Opened)> opened)
     : setup_(std::move(setup)),
       workspace_(workspace),
       window_(window),
@@ -64,12 +64,12 @@ RecoveryFile FormatSession::RecoveryOf(const std::string& name) const {
   return {setup_.stateFolder, setup_.connection, setup_.billType, name};
 }
 
-void FormatSession::Show(Format format) {
+void FormatSession::Show(Format format, Opened opened) {
   workspace_.selection.Clear();
   workspace_.document.Reset(std::move(format));
   recovery_.emplace(RecoveryOf(StoredName()));
   OfferRecovery();
-  opened_();
+  opened_(opened);
 }
 
 void FormatSession::OfferRecovery() {
@@ -203,7 +203,7 @@ bool FormatSession::SaveAs(Format base, Format wanted, OnConflict onConflict) {
   if (recovery_) recovery_->Remove();
   workspace_.document.MarkSaved(std::get<Saved>(*result).stored);
   recovery_.emplace(RecoveryOf(StoredName()));
-  opened_();
+  opened_(Opened::kSaved);
   return true;
 }
 
@@ -231,7 +231,7 @@ bool FormatSession::ResolveConflict(const Conflict& conflict) {
   if (answer == 0) return SaveAs(document.Base(), document.Current(), OnConflict::kOverwrite);
   if (answer == 1) {
     if (recovery_) recovery_->Remove();
-    Show(conflict.theirs);
+    Show(conflict.theirs, Opened::kSaved);
   }
   return false;
 }
@@ -243,7 +243,7 @@ bool FormatSession::Copy() {
   if (!name) return false;
   Format copy;
   if (!Attempt([&] { copy = store_.Copy(workspace_.document.Base().id, *name); })) return false;
-  Show(std::move(copy));
+  Show(std::move(copy), Opened::kCopied);
   return true;
 }
 
@@ -259,7 +259,7 @@ bool FormatSession::Rename() {
       })) {
     return false;
   }
-  Show(std::move(renamed));
+  Show(std::move(renamed), Opened::kRenamed);
   return true;
 }
 
@@ -285,7 +285,7 @@ bool FormatSession::Select() {
       })) {
     return false;
   }
-  Show(std::move(selected));
+  Show(std::move(selected), Opened::kSaved);
   return true;
 }
 

@@ -23,13 +23,21 @@ struct SessionSetup {
   std::string stateFolder;  // of the recovery files
 };
 
+// What has become of the format that was open before.
+enum class Opened {
+  kAnother,  // it was left
+  kSaved,    // it is the same, perhaps in the tables for the first time
+  kCopied,
+  kRenamed,
+};
+
 // Every failure is shown on the window, and leaves the format as it was.
 class FormatSession {
  public:
   // Workspace and window outlive the session. `opened` is called when another format is open, or
-  // the same under another name.
+  // the same was saved.
   FormatSession(SessionSetup setup, Workspace& workspace, QWidget& window,
-                std::function<void()> opened);
+                std::function<void(Opened)> opened);
 
   [[nodiscard]] const SessionSetup& Setup() const { return setup_; }
   [[nodiscard]] FormatStore& Store() { return store_; }
@@ -60,7 +68,7 @@ class FormatSession {
   void KeepRecovery();
 
  private:
-  void Show(Format format);
+  void Show(Format format, Opened opened = Opened::kAnother);
   void OfferRecovery();
   bool Attempt(const std::function<void()>& action);
   bool SaveAs(Format base, Format wanted, OnConflict onConflict);
@@ -73,7 +81,7 @@ class FormatSession {
   SessionSetup setup_;
   Workspace& workspace_;
   QWidget& window_;
-  std::function<void()> opened_;
+  std::function<void(Opened)> opened_;
   FormatStore store_;
   std::optional<RecoveryFile> recovery_;
   std::unique_ptr<QWidget> waiting_;  // while a lock is waited for

@@ -74,7 +74,13 @@ std::vector<DesignerWindow::ActionRow> DesignerWindow::FileActions() {
           {},
           {"copyFormat", "Copy the format …", {}, [this] { session_.Copy(); }},
           {"rename", "Rename …", {}, [this] { session_.Rename(); }},
-          {"deleteFormat", "Delete the format …", {}, [this] { session_.Delete(); }},
+          {"deleteFormat",
+           "Delete the format …",
+           {},
+           [this] {
+             const AidsFile aids = AidsOf(session_.StoredName());
+             if (session_.Delete()) aids.Remove();
+           }},
           {"select", "Make it the selected format", {}, [this] { session_.Select(); }},
           {},
           {"export", "Export to a file …", {}, [this] { Export(); }},

@@ -2,9 +2,12 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QSpinBox>
 
 #include "designer/window/clipboard.h"
+#include "designer/window/connection_dialog.h"
 #include "shown_designer.h"
+#include "table_lock.h"
 
 namespace td::designer {
 namespace {
@@ -116,6 +119,20 @@ TEST_F(SavingFormats, AnotherFormatIsChosenFromTheList) {
   EXPECT_EQ(Sheet().Layout().rowsPerPage, 5);
 }
 
+TEST_F(SavingFormats, ALockIsWaitedForUntilTheUserGivesUp) {
+  MoveCustomer();
+  TableLock lock(databases_, SampleEngine::kSqlite, "TDBillDetail");
+  WhenShown("waiting", [](QDialog& dialog) {
+    QTest::mouseClick(dialog.findChild<QPushButton*>(), Qt::LeftButton);
+  });
+  Answer("message", "close");
+  Trigger("save");
+  EXPECT_TRUE(Window().isWindowModified());
+  WhenShown("waiting", [&lock](QDialog&) { lock.Release(); });
+  Trigger("save");
+  EXPECT_FALSE(Window().isWindowModified());
+}
+
 TEST_F(SavingFormats, WhatSomebodyElseHasChangedIsShownAndDecided) {
   const std::string items =
       "FObjectFieldName='客户' and FTDBillID=(select FTDBillID from TDBill where FSelected=1 and "
@@ -188,6 +205,34 @@ TEST_F(SavingFormats, ItemsTravelToAFormatOfAnotherBillTypeWithTheirVariables) {
   EXPECT_EQ(VariableOf(Document().Current(), ItemNamed("客户"))->Name(), column);
   Trigger("undo");
   EXPECT_TRUE(Document().Current().variables.empty());
+}
+
+// A designer that was started without a database.
+TEST_F(SavingFormats, ADatabaseIsAskedForAndRememberedWithoutPasswords) {
+  const std::string state = (folder_ / "state").string();
+  WhenShown("connection", [this](QDialog& dialog) {
+    auto* text = dialog.findChild<QLineEdit*>("text");
+    text->setText("sqlite:/nonexistent/shop.db");
+    Answer("message", "close");
+    WhenShown("connection", [](QDialog& again) {
+      again.findChild<QLineEdit*>("text")->setText(
+          QString::fromStdString(SampleOn(SampleEngine::kSqlite)));
+      again.findChild<QSpinBox*>("type")->setValue(22);
+      QTest::mouseClick(again.findChild<QPushButton*>("accept"), Qt::LeftButton);
+    });
+    QTest::mouseClick(dialog.findChild<QPushButton*>("accept"), Qt::LeftButton);
+  });
+  const auto chosen = AskForConnection(databases_, state);
+  ASSERT_TRUE(chosen);
+  EXPECT_EQ(chosen->connection, SampleOn(SampleEngine::kSqlite));
+  EXPECT_EQ(chosen->billType, 22);
+  WhenShown("connection", [](QDialog& dialog) {
+    EXPECT_EQ(dialog.findChild<QLineEdit*>("text")->text().toStdString(),
+              SampleOn(SampleEngine::kSqlite));
+    EXPECT_EQ(dialog.findChild<QSpinBox*>("type")->value(), 22);
+    dialog.reject();
+  });
+  EXPECT_FALSE(AskForConnection(databases_, state));
 }
 
 }  // namespace

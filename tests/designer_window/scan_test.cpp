@@ -1,5 +1,6 @@
 // The scan of a form under the sheet.
 #include <QDoubleSpinBox>
+#include <QListWidget>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPushButton>
@@ -193,6 +194,43 @@ TEST_F(ScanOfForm, EscapeGivesUpThePoints) {
   EXPECT_FALSE(WidgetNamed("scanHint").isVisible());
   EXPECT_EQ(Sheet().Tool(), nullptr);
   EXPECT_EQ(Sheet().Aids().scan.toSheet, before);
+}
+
+TEST_F(ScanOfForm, GoesWhereTheFormatGoes) {
+  Open({77});
+  Window().TheScanPanel().Load(Saved("form.png"));
+  AnswerName("甲");
+  Trigger("save");
+  Open({77, "甲"});
+  EXPECT_FALSE(Sheet().Aids().scan.Empty()) << "saved for the first time";
+  AnswerName("乙");
+  Trigger("rename");
+  Open({77, "乙"});
+  EXPECT_FALSE(Sheet().Aids().scan.Empty()) << "renamed";
+  AnswerName("丙");
+  Trigger("copyFormat");
+  Open({77, "丙"});
+  EXPECT_FALSE(Sheet().Aids().scan.Empty()) << "copied";
+  Answer("question", "answer0");
+  Trigger("deleteFormat");
+  EXPECT_EQ(Document().Current().Name(), "乙");
+  EXPECT_FALSE(Sheet().Aids().scan.Empty()) << "that of the other format";
+  const auto files = std::filesystem::directory_iterator((folder_ / "state") / "designer");
+  EXPECT_EQ(std::distance(begin(files), end(files)), 2);
+}
+
+TEST_F(ScanOfForm, OfANewFormatStaysOutOfTheNextOne) {
+  Open();
+  AnswerName("新表单");
+  Trigger("new");
+  Window().TheScanPanel().Load(Saved("form.png"));
+  WhenShown("formats", [](QDialog& dialog) {
+    dialog.findChild<QListWidget*>("list")->setCurrentRow(0);
+    QTest::mouseClick(dialog.findChild<QPushButton*>("accept"), Qt::LeftButton);
+  });
+  Trigger("open");
+  EXPECT_NE(Document().Current().Name(), "新表单");
+  EXPECT_TRUE(Sheet().Aids().scan.Empty());
 }
 
 TEST_F(ScanOfForm, FilesOfScansSayNothingOfTheDatabase) {

@@ -241,6 +241,21 @@ TEST_F(DesignerSheet, ValuesOnlyHidesWhatThePreprintedFormHas) {
   EXPECT_TRUE(Sheet().BoxOf(ItemNamed("客户").id));
 }
 
+TEST_F(DesignerSheet, ItemsWithFindingsAreMarked) {
+  const ItemId item = ItemNamed("客户").id;
+  const auto corner = Sheet().ToView(*Sheet().BoxOf(item)).topRight().toPoint() + QPoint(-3, 2);
+  Window().TheWorkspace().findings.Put({});
+  const QColor before = Sheet().viewport()->grab().toImage().pixelColor(corner);
+  Window().TheWorkspace().findings.Put({{.severity = FindingSeverity::kError,
+                                         .item = item,
+                                         .wrong = "x",
+                                         .effect = "",
+                                         .mend = ""}});
+  const QColor after = Sheet().viewport()->grab().toImage().pixelColor(corner);
+  EXPECT_NE(before, after);
+  EXPECT_EQ(after, ColourOf(FindingSeverity::kError));
+}
+
 TEST_F(DesignerSheet, ItemsAreCopiedAndPastedAsOneStep) {
   Click(PixelOf("客户"));
   Click(PixelOf("地址"), Qt::ControlModifier);
