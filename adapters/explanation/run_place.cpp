@@ -7,8 +7,8 @@ namespace td {
 namespace {
 
 constexpr std::array kBands = {
-    Sentence{"head", "页眉"},         Sentence{"column head", "列头"},
-    Sentence{"detail row", "明细行"}, Sentence{"band behind the rows", "行后区"},
+    Sentence{"head", "页眉"},         Sentence{"column head", "列标题"},
+    Sentence{"detail row", "明细行"}, Sentence{"band behind the rows", "明细之后"},
     Sentence{"foot", "页脚"},         Sentence{"empty row", "空行"},
 };
 

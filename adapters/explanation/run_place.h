@@ -25,7 +25,7 @@ struct RunPlace {
 
 inline constexpr int kFillerBand = 6;  // an empty row that fills a page
 
-// "column head", "列头"; other numbers as they are.
+// "column head", "列标题"; other numbers as they are.
 [[nodiscard]] std::string BandName(int band, Language language);
 
 // "format 销售单, column head, 客户 (variable FCustName), bill XD-2403-0002, row 3, page 2": what

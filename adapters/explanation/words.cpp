@@ -63,7 +63,7 @@ constexpr std::array kCauses = {
                "stampNotWritten",
                {"the total page count was not written there: its item must stand on page 1, or in "
                 "the column head, and have a font",
-                "总页数未写到此处：该项须在第 1 页出现或位于列头，并指定字体"}},
+                "总页数未写到此处：该项须在第 1 页出现或位于列标题，并指定字体"}},
     CauseWords{Cause::kStampTaken,
                "stampTaken",
                {"another item took the place of the total page count", "总页数的位置被另一项占用"}},

@@ -15,9 +15,9 @@ struct Words {
 constexpr Words kWords[] = {
     // bands
     {"Head", "页眉"},
-    {"Column head", "表头"},
+    {"Column head", "列标题"},
     {"Row", "明细行"},
-    {"After the rows", "表尾"},
+    {"After the rows", "明细之后"},
     {"Foot", "页脚"},
     {"No band", "无带区"},
 

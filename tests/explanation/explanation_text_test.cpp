@@ -34,7 +34,7 @@ TEST(ExplanationText, SpeaksChinese) {
   EXPECT_EQ(
       ExplanationText(Explained(scenario), Language::kChinese),
       "格式“销售单”（单据类型 21）：1 页，1 行，1 张单据\n"
-      "列头，客户（变量 FCustName，左 1.8、上 17.6 毫米）：1 次中有 1 次未印出：打印数据中没有 "
+      "列标题，客户（变量 FCustName，左 1.8、上 17.6 毫米）：1 次中有 1 次未印出：打印数据中没有 "
       "FCustName 列（首次：单据 1，第 1 页）\n"
       "按格式印出的项：1 项中的 0 项\n");
 }

@@ -110,7 +110,7 @@ TEST(RunPlaces, AreToldInBothLanguages) {
   EXPECT_EQ(PlaceText(place, Language::kEnglish),
             "format 销售单, column head, 客户 (variable FCustName), bill XD-1, row 3, page 2");
   EXPECT_EQ(PlaceText(place, Language::kChinese),
-            "格式“销售单”，列头，客户（变量 FCustName），单据 XD-1，第 3 行，第 2 页");
+            "格式“销售单”，列标题，客户（变量 FCustName），单据 XD-1，第 3 行，第 2 页");
   EXPECT_EQ(PlaceText({}, Language::kEnglish), "");
   EXPECT_EQ(WithPlace("类型不匹配", {}, Language::kEnglish), "类型不匹配");
   EXPECT_EQ(WithPlace("类型不匹配", {.billType = 21}, Language::kEnglish),
