@@ -34,8 +34,8 @@ void AppendUnit(std::string& text, unsigned unit) {
 
 }  // namespace
 
-PdfFont::PdfFont(QRawFont raw, int number)
-    : raw_(std::move(raw)), number_(number), mayBeEmbedded_(AllowsEmbedding(raw_)) {
+PdfFont::PdfFont(const QRawFont& raw, int number)
+    : raw_(raw), number_(number), mayBeEmbedded_(AllowsEmbedding(raw_)) {
   used_.push_back({});
   advances_.push_back(AdvanceInFont(0));
 }

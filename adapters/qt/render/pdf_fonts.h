@@ -23,7 +23,7 @@ using GlyphCode = std::uint16_t;
 class PdfFont {
  public:
   // `raw` is at kTrueTypeEm pixels. Its outlines are those of its file, whatever it adds to them.
-  PdfFont(QRawFont raw, int number);
+  PdfFont(const QRawFont& raw, int number);
 
   // The object that pages refer to.
   [[nodiscard]] int Number() const { return number_; }
