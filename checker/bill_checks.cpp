@@ -21,7 +21,8 @@ std::string Twips(double millimetres) {
   return ToText(std::round(millimetres * kTwipsPerMillimetre));
 }
 
-void CheckRows(const FormatRows& format, const TrialResult& trial, FindingList& findings) {
+void CheckRows(const FormatRows& format, const TrialResult& trial, bool hasRows,
+               FindingList& findings) {
   const StoredRow bill = format.Bill();
   const std::string stored = StoredText(bill, "FRowsPerPage");
   const double rows = bill.Number("FRowsPerPage").value_or(0);
@@ -29,8 +30,8 @@ void CheckRows(const FormatRows& format, const TrialResult& trial, FindingList& 
     findings.Add(kRowsMissing, {stored});
   } else if (rows != std::round(rows)) {
     findings.Add(kRowsFraction, {stored, ToText(std::nearbyint(rows))});
-  } else if (rows == 1) {
-    findings.Add(kRowsOne, {}, UpdateFormat(format, "FRowsPerPage=2"));
+  } else if (rows == 1 && !hasRows) {
+    findings.Add(kRowsOne, {});
   }
 
   const std::string storedHeight = StoredText(bill, "FRowHeight");
@@ -126,13 +127,13 @@ void CheckScale(const FormatRows& format, const TrialResult& trial, FindingList&
 }  // namespace
 
 void CheckBill(const FormatRows& format, const TrialResult& trial, const CheckedMachine& machine,
-               FindingList& findings) {
+               bool hasRows, FindingList& findings) {
   if (format.ItemCount() == 0) {
     findings.Add(kNoItems, {StoredText(format.Bill(), "FTDBillID")});
   }
   if (format.name.find('\'') != std::string::npos) findings.Add(kNameQuote, {format.name});
   if (HasOuterBlanks(format.name)) findings.Add(kNameBlanks, {format.name});
-  CheckRows(format, trial, findings);
+  CheckRows(format, trial, hasRows, findings);
   CheckPaper(format, trial, findings);
   CheckPrinter(format, trial, machine, findings);
   CheckScale(format, trial, findings);

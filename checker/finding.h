@@ -95,6 +95,7 @@ enum class FindingKind {
   kSumColumnMissing,
   kMarkerColumnMissing,
   kMarkerRows,
+  kRowsNowhere,
   kAmountText,
   // Settings of machines.
   kMachineNoFormat,

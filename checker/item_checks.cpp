@@ -35,6 +35,10 @@ bool LooksLikeImage(const std::string& name) {
       kSigns, [&](const char* sign) { return name.find(sign) != std::string::npos; });
 }
 
+std::string LowerCaseOf(const std::string& text) {
+  return LowerCase(text);
+}
+
 bool IsKind(const StoredRow& item, ItemKind kind) {
   return item.Number("FTypeID") == static_cast<double>(kind);
 }
@@ -43,12 +47,13 @@ bool IsKind(const StoredRow& item, ItemKind kind) {
 class ItemCheck {
  public:
   ItemCheck(const FormatRows& format, const TrialResult& trial, std::size_t index, bool byArea,
-            FindingList& findings)
+            const std::vector<std::string>& dataColumns, FindingList& findings)
       : format_(format),
         trial_(trial.items[index]),
         item_(format.Item(index)),
         index_(index),
         kind_(byArea ? kStockAreaWindow : kPlainWindow),
+        dataColumns_(dataColumns),
         findings_(findings) {}
 
   void Run() {
@@ -149,7 +154,8 @@ class ItemCheck {
     }
     const std::string nearest = NearestName(name, captions);
     if (item_.Flag("FIsVariant") || !nearest.empty() || trial_.text.empty()) {
-      Add(kVariableUnknown, {name, nearest, trial_.text}, Rename(nearest));
+      Add(kVariableUnknown, {name, nearest, trial_.text},
+          nearest.empty() ? Register(name) : Rename(nearest));
     } else {
       Add(kVariableUnmarked, {name, trial_.text},
           UpdateItem(format_, index_, "FObjectFieldName=''"));
@@ -158,6 +164,16 @@ class ItemCheck {
 
   [[nodiscard]] std::string Rename(const std::string& name) const {
     return name.empty() ? "" : UpdateItem(format_, index_, "FObjectFieldName=" + Quoted(name));
+  }
+
+  // The variable as a new one. Where no column of the rows resembles its name, the statement has a
+  // place for it.
+  [[nodiscard]] std::string Register(const std::string& name) const {
+    const auto same = std::ranges::find(dataColumns_, LowerCase(name), LowerCaseOf);
+    std::string column = same == dataColumns_.end() ? NearestName(name, dataColumns_) : *same;
+    if (column.empty()) column = "FColumn";
+    return "insert into TDVariant (FTranType,FVarCaption,FVarName) values (" +
+           ToText(format_.billType) + "," + Quoted(name) + "," + Quoted(column) + ")";
   }
 
   void CheckField(const std::string& field) {
@@ -232,17 +248,21 @@ class ItemCheck {
   StoredRow item_;
   std::size_t index_;
   const WindowKind& kind_;
+  const std::vector<std::string>& dataColumns_;
   FindingList& findings_;
 };
 
 // Where some values are marked for pre-printed forms, those that are not were forgotten.
-void CheckPreprinted(const FormatRows& format, FindingList& findings) {
+void CheckPreprinted(const FormatRows& format, bool byArea, FindingList& findings) {
+  const WindowKind& kind = byArea ? kStockAreaWindow : kPlainWindow;
   std::vector<std::size_t> unmarked;
   bool isMarked = false;
   for (std::size_t i = 0; i < format.ItemCount(); ++i) {
     const StoredRow item = format.Item(i);
     const Value* field = item.Find("FFieldName");
-    if (field == nullptr || IsNull(*field)) continue;
+    const bool isImage = kind.drawsImages && IsKind(item, ItemKind::kText) &&
+                         IsImageName(item.Text("FObjectFieldName"));
+    if (!isImage && (field == nullptr || IsNull(*field))) continue;
     if (item.Flag("FIsVariant")) {
       isMarked = true;
     } else if (!item.Flag("FMustPrint")) {
@@ -258,11 +278,11 @@ void CheckPreprinted(const FormatRows& format, FindingList& findings) {
 }  // namespace
 
 void CheckItems(const FormatRows& format, const TrialResult& trial, bool byArea,
-                FindingList& findings) {
+                const std::vector<std::string>& dataColumns, FindingList& findings) {
   for (std::size_t i = 0; i < format.ItemCount(); ++i) {
-    ItemCheck(format, trial, i, byArea, findings).Run();
+    ItemCheck(format, trial, i, byArea, dataColumns, findings).Run();
   }
-  CheckPreprinted(format, findings);
+  CheckPreprinted(format, byArea, findings);
 }
 
 }  // namespace td::checker
