@@ -14,12 +14,9 @@ namespace {
 using enum FindingKind;
 
 // A sheet or a row below this was measured in millimetres and not in twips.
-constexpr double kSmallestSheet = 1000;  // 17.6 mm
+constexpr double kSmallestSheet = 1000;  // 17.6 mm, both sides
+constexpr double kSmallestSide = 450;    // 7.9 mm, one side
 constexpr double kSmallestRow = 60;      // 1 mm
-
-std::string Twips(double millimetres) {
-  return ToText(std::round(millimetres * kTwipsPerMillimetre));
-}
 
 void CheckRows(const FormatRows& format, const TrialResult& trial, bool hasRows,
                FindingList& findings) {
@@ -40,8 +37,9 @@ void CheckRows(const FormatRows& format, const TrialResult& trial, bool hasRows,
     findings.Add(kRowHeightMissing,
                  {storedHeight, trial.rowHeight > 0 ? ToText(trial.rowHeight) : ""});
   } else if (*height < kSmallestRow) {
-    findings.Add(kRowHeightSmall, {MillimetresText(*height), storedHeight, Twips(*height)},
-                 UpdateFormat(format, "FRowHeight=" + Twips(*height)));
+    findings.Add(kRowHeightSmall,
+                 {MillimetresText(*height), TenthsText(*height), TwipsText(*height)},
+                 UpdateFormat(format, "FRowHeight=" + TwipsText(*height)));
   }
 }
 
@@ -55,10 +53,14 @@ void CheckUserSheet(const FormatRows& format, FindingList& findings) {
   }
   const double w = *width;
   const double h = *height;
-  if (w < kSmallestSheet && h < kSmallestSheet) {
-    findings.Add(kPaperMillimetres,
-                 {ToText(w), ToText(h), MillimetresText(w), MillimetresText(h), Twips(w), Twips(h)},
-                 UpdateFormat(format, "FPaperWidth=" + Twips(w) + ",FPaperHeight=" + Twips(h)));
+  const bool areBoth = w < kSmallestSheet && h < kSmallestSheet;
+  if (areBoth || w < kSmallestSide || h < kSmallestSide) {
+    const std::string width = areBoth || w < kSmallestSide ? TwipsText(w) : TenthsText(w);
+    const std::string height = areBoth || h < kSmallestSide ? TwipsText(h) : TenthsText(h);
+    findings.Add(
+        kPaperMillimetres,
+        {TenthsText(w), TenthsText(h), MillimetresText(w), MillimetresText(h), width, height},
+        UpdateFormat(format, "FPaperWidth=" + width + ",FPaperHeight=" + height));
   } else if (w > h && bill.Flag("FOrientation")) {
     findings.Add(kPaperTurned, {MillimetresText(w), MillimetresText(h)},
                  UpdateFormat(format, "FOrientation=0"));
@@ -88,6 +90,7 @@ void CheckPrinter(const FormatRows& format, const TrialResult& trial, const Chec
     findings.Add(kPrinterMissing, {wanted, nearest},
                  nearest.empty() ? "" : UpdateFormat(format, "FPrintDevice=" + Quoted(nearest)));
   }
+  if (findings.Has(kPaperMillimetres)) return;
   if (trial.printer.empty() || !trial.sheet || !machine.Answers(trial.printer)) return;
   const PaperExtent across{trial.sheet->height, trial.sheet->width};
   if (machine.Margins(trial.printer, *trial.sheet) || machine.Margins(trial.printer, across)) {

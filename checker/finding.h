@@ -64,6 +64,7 @@ enum class FindingKind {
   kNoArea,
   kBoxSize,
   kItemMillimetres,
+  kPlaceMillimetres,
   kLineLength,
   kFontMissing,
   kFontSize,

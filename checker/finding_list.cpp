@@ -88,6 +88,14 @@ std::string MillimetresText(double twips) {
   return text.find('.') == std::string::npos ? text + ".0" : text;
 }
 
+std::string TenthsText(double number) {
+  return ToText(std::round(number * 10) / 10);
+}
+
+std::string TwipsText(double millimetres) {
+  return ToText(std::round(millimetres * kTwipsPerMillimetre));
+}
+
 std::string NameOf(const StoredRow& item) {
   for (const char* column : {"FObjectFieldName", "FObjectCaption", "FPicturePath"}) {
     std::string name = item.Text(column);

@@ -219,8 +219,7 @@ class ItemCheck {
     if (findings_.Has(kItemsMillimetres) || width <= 0 || height <= 0) return;
     if (height >= font * kOfFont || width >= font * kLetters) return;
     Add(kItemMillimetres,
-        {MillimetresText(width), MillimetresText(height), ToText(height),
-         ToText(ToMillimetres(height * kTwipsPerMillimetre * kTwipsPerMillimetre))});
+        {MillimetresText(width), MillimetresText(height), TenthsText(height), TwipsText(height)});
   }
 
   void CheckPictureFile() {
@@ -275,6 +274,34 @@ void CheckPreprinted(const FormatRows& format, bool byArea, FindingList& finding
   }
 }
 
+// Few items in the corner where printers don't reach: their places were measured in
+// millimetres. On a small sheet an item may well begin there.
+void CheckPlaces(const FormatRows& format, const TrialResult& trial, FindingList& findings) {
+  constexpr double kCorner = 250;          // 4.4 mm, and a place in millimetres on most sheets
+  constexpr double kSmallestSheet = 5700;  // 100 mm
+  if (!trial.sheet || findings.Has(kPaperMillimetres) || findings.Has(kItemsMillimetres)) return;
+  if (std::min(trial.sheet->width, trial.sheet->height) < kSmallestSheet) return;
+  std::vector<std::size_t> suspects;
+  for (std::size_t i = 0; i < format.ItemCount(); ++i) {
+    const double left = format.Item(i).Number("FLeft").value_or(0);
+    const double top = format.Item(i).Number("FTop").value_or(0);
+    if (left > 0 && top > 0 && left < kCorner && top < kCorner) {
+      suspects.push_back(i);
+    }
+  }
+  if (suspects.size() * 2 >= format.ItemCount()) return;
+  for (const std::size_t i : suspects) {
+    if (findings.HasItem(i, kItemMillimetres)) continue;
+    const double left = format.Item(i).Number("FLeft").value_or(0);
+    const double top = format.Item(i).Number("FTop").value_or(0);
+    const std::string change = "FLeft=" + TwipsText(left) + ",FTop=" + TwipsText(top);
+    findings.AddItem(i, kPlaceMillimetres,
+                     {TenthsText(left), TenthsText(top), MillimetresText(left),
+                      MillimetresText(top), TwipsText(left), TwipsText(top)},
+                     UpdateItem(format, i, change));
+  }
+}
+
 }  // namespace
 
 void CheckItems(const FormatRows& format, const TrialResult& trial, bool byArea,
@@ -282,6 +309,7 @@ void CheckItems(const FormatRows& format, const TrialResult& trial, bool byArea,
   for (std::size_t i = 0; i < format.ItemCount(); ++i) {
     ItemCheck(format, trial, i, byArea, dataColumns, findings).Run();
   }
+  CheckPlaces(format, trial, findings);
   CheckPreprinted(format, byArea, findings);
 }
 

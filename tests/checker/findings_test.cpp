@@ -83,6 +83,8 @@ std::vector<Broken> AllBroken() {
       {kRowHeightSmall, Bill("FRowHeight=6"), ""},
       {kRowsOffSheet, Bill("FRowsPerPage=20"), ""},
       {kPaperMillimetres, Bill("FPaperWidth=241,FPaperHeight=140"), ""},
+      {kPaperMillimetres, Bill("FPaperWidth=241"), ""},
+      {kPaperMillimetres, Bill("FPaperHeight=140"), ""},
       {kPaperUnknown, Bill("FPaperSize=9999"), ""},
       {kPaperIncomplete, Bill("FPaperWidth=null"), ""},
       {kPaperIncomplete, Bill("FPaperHeight=null"), ""},
@@ -127,6 +129,10 @@ std::vector<Broken> AllBroken() {
       {kNoArea, Item("<单号条码图>", "FHeight=0", 2103), "<单号条码图>"},
       {kBoxSize, Item("客户", "FWidth=0"), "客户"},
       {kItemMillimetres, Item("客户", "FWidth=80,FHeight=5"), "客户"},
+      {kPlaceMillimetres, Item("客户", "FLeft=10,FTop=10"), "客户"},
+      {kPlaceMillimetres,
+       "update TDBillDetail set FLeft=10,FTop=17 where FTDBillID=2101 and FTypeID=1 and FTop=985",
+       ""},
       {kLineLength,
        "update TDBillDetail set FWidth=0,FHeight=0 where FTDBillID=2101 and FTypeID=1 and FTop=985",
        ""},
@@ -314,6 +320,37 @@ TEST_F(CheckerFindings, TheColumnThatWasMeantIsTold) {
   const auto found = std::ranges::find(result.findings, kColumnMissing, &Finding::kind);
   ASSERT_NE(found, result.findings.end()) << Listed(result);
   EXPECT_EQ(found->arguments[1], "FCustName");
+}
+
+TEST_F(CheckerFindings, AnImplausibleSheetIsOneFinding) {
+  for (const char* change : {"FPaperWidth=241", "FPaperHeight=140"}) {
+    CheckedSample sample;
+    sample.Run(Bill(change));
+    EXPECT_EQ(Listed(sample.Check({21, kOrder})), "paper-millimetres 销售订单三联 \n") << change;
+    const CheckResult result = sample.Check({21, kOrder}, kOrderRows);
+    EXPECT_EQ(CountOf(result.findings, Severity::kError), 1) << Listed(result);
+    EXPECT_EQ(CountOf(result.findings, Severity::kWarning), 0) << Listed(result);
+  }
+}
+
+TEST_F(CheckerFindings, NumbersInSentencesAreRounded) {
+  CheckedSample sample;
+  sample.Run(Item("客户", "FWidth=80.123456789,FHeight=6.70194003527337"));
+  const CheckResult result = sample.Check({21, kOrder});
+  const auto found = std::ranges::find(result.findings, kItemMillimetres, &Finding::kind);
+  ASSERT_NE(found, result.findings.end()) << Listed(result);
+  EXPECT_EQ(TextOf(*found, Language::kEnglish).mend, "Lengths are twips: 6.7 mm are 380.");
+}
+
+TEST_F(CheckerFindings, OneRemarkIsToldAsOne) {
+  const CheckedSample sample;
+  const CheckResult result =
+      sample.Check({21, kOrder},
+                   "select 1 as FInterID,2 as FMainQty,3 as FAmount,4 as FQty "
+                   "union all select 1,-999.99,null,null");
+  const auto found = std::ranges::find(result.findings, kMarkerRows, &Finding::kind);
+  ASSERT_NE(found, result.findings.end()) << Listed(result);
+  EXPECT_EQ(TextOf(*found, Language::kEnglish).wrong, "1 row has FMainQty −999.99.");
 }
 
 // The findings of one kind, and no others.
