@@ -508,9 +508,13 @@ constexpr std::array kMessages = {
         "texts-overlap",
         kWarning,
         {"“{0}”和“{1}”的“{2}”重叠 {3} × {4} 毫米。", "两处文字印在一起，看不清。",
-         "移开其中一个，或缩小字号。"},
+         "<5?FAdjuctHeader 把第一页之后各页的列头、明细行等移动 {5} "
+         "毫米：改正它，或逐张打印单据。|><6?移开其中一个，或缩小条码框。|><7?"
+         "移开其中一个，或缩小字号。|>"},
         {"“{0}” lies over “{2}” of “{1}” by {3} × {4} mm.", "Both are printed into each other.",
-         "Move one of them, or make the font smaller."}},
+         "<5?FAdjuctHeader moves the bands below the head by {5} mm on all pages but the first: "
+         "correct it, or print one bill at a time.|><6?Move one of them, or make the code's box "
+         "smaller.|><7?Move one of them, or make the font smaller.|>"}},
     FindingMessage{kBarcodeRefused,
                    "barcode-refused",
                    kError,

@@ -204,6 +204,12 @@ class TextWriter {
 }  // namespace
 
 std::string ReasonText(const ExplainedItem& item, const Reason& reason, Language language) {
+  if (item.caption.empty() && reason.cause == Cause::kUnknownImage) {
+    return Fill(language, words::kNoImageNoLabel, item.name);
+  }
+  if (item.caption.empty() && reason.cause == Cause::kUnknownVariable) {
+    return Fill(language, words::kNoVariableNoLabel, item.name);
+  }
   return Fill(language, WordsOf(reason.cause).sentence, reason.column, reason.words, item.name,
               std::to_string(item.band));
 }

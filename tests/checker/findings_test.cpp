@@ -436,6 +436,32 @@ TEST_F(CheckerFindings, ANullLeavesTheBoxEmptyWhereTheCaptionIsNotPrinted) {
   EXPECT_EQ(TextOf(labelled[0], Language::kEnglish).effect, "Only the caption is printed.");
 }
 
+TEST_F(CheckerFindings, ABarcodeOverATextIsFound) {
+  CheckedSample sample;
+  EXPECT_TRUE(OfKind(sample.Check({21, kCatalogue}, kOrderRows), kTextsOverlap).empty());
+  const std::string code =
+      " from TDBillDetail where FTDBillID=2103 and FObjectFieldName='<单号条码图>')";
+  sample.Run("update TDBillDetail set FLeft=(select FLeft" + code + ",FTop=(select FTop" + code +
+             " where FTDBillID=2103 and FObjectFieldName='客户'");
+  const std::vector<Finding> found =
+      OfKind(sample.Check({21, kCatalogue}, kOrderRows), kTextsOverlap);
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_NE(TextOf(found[0], Language::kEnglish).mend.find("the code's box"), std::string::npos);
+}
+
+TEST_F(CheckerFindings, BandsThatLaterPagesMoveAreTheCauseOfOverlaps) {
+  CheckedSample sample;
+  sample.Run(Bill("FAdjuctHeader=-1000,FHeaderPerPage=1"));
+  const std::vector<Finding> found = OfKind(
+      sample.Check({21, kOrder},
+                   "select * from v_sales_order where FInterID in (21002,21007) order by FInterID"),
+      kTextsOverlap);
+  ASSERT_FALSE(found.empty());
+  EXPECT_EQ(TextOf(found[0], Language::kEnglish).mend,
+            "FAdjuctHeader moves the bands below the head by -17.6 mm on all pages but the first: "
+            "correct it, or print one bill at a time.");
+}
+
 TEST_F(CheckerFindings, TheLongestValueIsTold) {
   CheckedSample sample;
   sample.Run(Item("商品名称", "FWidth=700"));

@@ -64,6 +64,21 @@ TEST(ExplanationText, TellsSumsAndFailures) {
       << text;
 }
 
+TEST(ExplanationText, AMisspeltNameWithoutALabelDrawsNothing) {
+  ExplainedItem item;
+  item.name = "<单号条形码>";
+  Reason reason;
+  reason.cause = Cause::kUnknownImage;
+  EXPECT_NE(ReasonText(item, reason, Language::kEnglish).find("nothing is drawn"),
+            std::string::npos);
+  reason.cause = Cause::kUnknownVariable;
+  EXPECT_NE(ReasonText(item, reason, Language::kEnglish).find("nothing is drawn"),
+            std::string::npos);
+  item.caption = "条码";
+  EXPECT_NE(ReasonText(item, reason, Language::kEnglish).find("only the label is drawn"),
+            std::string::npos);
+}
+
 TEST(ExplanationText, ASumOfThePageIsTold) {
   Scenario scenario;
   scenario.Format({{"FRowsPerPage", 1}}).FieldItem("ftotalpage", {{"FSite", 4}});
