@@ -14,14 +14,12 @@ namespace {
 using enum FindingKind;
 
 // A sheet or a row below this was measured in millimetres and not in twips.
-constexpr double kSmallestSheet = 1000;  // 17.6 mm
+constexpr double kSmallestSheet = 1000;  // 17.6 mm, both sides
+constexpr double kSmallestSide = 450;    // 7.9 mm, one side
 constexpr double kSmallestRow = 60;      // 1 mm
 
-std::string Twips(double millimetres) {
-  return ToText(std::round(millimetres * kTwipsPerMillimetre));
-}
-
-void CheckRows(const FormatRows& format, const TrialResult& trial, FindingList& findings) {
+void CheckRows(const FormatRows& format, const TrialResult& trial, bool hasRows,
+               FindingList& findings) {
   const StoredRow bill = format.Bill();
   const std::string stored = StoredText(bill, "FRowsPerPage");
   const double rows = bill.Number("FRowsPerPage").value_or(0);
@@ -29,8 +27,8 @@ void CheckRows(const FormatRows& format, const TrialResult& trial, FindingList& 
     findings.Add(kRowsMissing, {stored});
   } else if (rows != std::round(rows)) {
     findings.Add(kRowsFraction, {stored, ToText(std::nearbyint(rows))});
-  } else if (rows == 1) {
-    findings.Add(kRowsOne, {}, UpdateFormat(format, "FRowsPerPage=2"));
+  } else if (rows == 1 && !hasRows) {
+    findings.Add(kRowsOne, {});
   }
 
   const std::string storedHeight = StoredText(bill, "FRowHeight");
@@ -39,8 +37,9 @@ void CheckRows(const FormatRows& format, const TrialResult& trial, FindingList& 
     findings.Add(kRowHeightMissing,
                  {storedHeight, trial.rowHeight > 0 ? ToText(trial.rowHeight) : ""});
   } else if (*height < kSmallestRow) {
-    findings.Add(kRowHeightSmall, {MillimetresText(*height), storedHeight, Twips(*height)},
-                 UpdateFormat(format, "FRowHeight=" + Twips(*height)));
+    findings.Add(kRowHeightSmall,
+                 {MillimetresText(*height), TenthsText(*height), TwipsText(*height)},
+                 UpdateFormat(format, "FRowHeight=" + TwipsText(*height)));
   }
 }
 
@@ -54,10 +53,14 @@ void CheckUserSheet(const FormatRows& format, FindingList& findings) {
   }
   const double w = *width;
   const double h = *height;
-  if (w < kSmallestSheet && h < kSmallestSheet) {
-    findings.Add(kPaperMillimetres,
-                 {ToText(w), ToText(h), MillimetresText(w), MillimetresText(h), Twips(w), Twips(h)},
-                 UpdateFormat(format, "FPaperWidth=" + Twips(w) + ",FPaperHeight=" + Twips(h)));
+  const bool areBoth = w < kSmallestSheet && h < kSmallestSheet;
+  if (areBoth || w < kSmallestSide || h < kSmallestSide) {
+    const std::string width = areBoth || w < kSmallestSide ? TwipsText(w) : TenthsText(w);
+    const std::string height = areBoth || h < kSmallestSide ? TwipsText(h) : TenthsText(h);
+    findings.Add(
+        kPaperMillimetres,
+        {TenthsText(w), TenthsText(h), MillimetresText(w), MillimetresText(h), width, height},
+        UpdateFormat(format, "FPaperWidth=" + width + ",FPaperHeight=" + height));
   } else if (w > h && bill.Flag("FOrientation")) {
     findings.Add(kPaperTurned, {MillimetresText(w), MillimetresText(h)},
                  UpdateFormat(format, "FOrientation=0"));
@@ -87,6 +90,7 @@ void CheckPrinter(const FormatRows& format, const TrialResult& trial, const Chec
     findings.Add(kPrinterMissing, {wanted, nearest},
                  nearest.empty() ? "" : UpdateFormat(format, "FPrintDevice=" + Quoted(nearest)));
   }
+  if (findings.Has(kPaperMillimetres)) return;
   if (trial.printer.empty() || !trial.sheet || !machine.Answers(trial.printer)) return;
   const PaperExtent across{trial.sheet->height, trial.sheet->width};
   if (machine.Margins(trial.printer, *trial.sheet) || machine.Margins(trial.printer, across)) {
@@ -126,13 +130,13 @@ void CheckScale(const FormatRows& format, const TrialResult& trial, FindingList&
 }  // namespace
 
 void CheckBill(const FormatRows& format, const TrialResult& trial, const CheckedMachine& machine,
-               FindingList& findings) {
+               bool hasRows, FindingList& findings) {
   if (format.ItemCount() == 0) {
     findings.Add(kNoItems, {StoredText(format.Bill(), "FTDBillID")});
   }
   if (format.name.find('\'') != std::string::npos) findings.Add(kNameQuote, {format.name});
   if (HasOuterBlanks(format.name)) findings.Add(kNameBlanks, {format.name});
-  CheckRows(format, trial, findings);
+  CheckRows(format, trial, hasRows, findings);
   CheckPaper(format, trial, findings);
   CheckPrinter(format, trial, machine, findings);
   CheckScale(format, trial, findings);

@@ -22,8 +22,9 @@ void CheckAlone(const FormatRows& format, const CheckedMachine& machine,
   const TrialResult trial =
       RunTrial(format, machine, {.byArea = options.byArea, .printer = options.printer},
                {&sheet, &texts, &barcodes});
-  CheckBill(format, trial, machine, findings);
-  CheckItems(format, trial, options.byArea, findings);
+  CheckBill(format, trial, machine, hasRows, findings);
+  const auto columns = hasRows ? ColumnsOf(*options.rows) : std::vector<std::string>();
+  CheckItems(format, trial, options.byArea, columns, findings);
   CheckFormatStrings(format, trial, findings);
   CheckFonts(format, findings);
   sheet.Report(trial, machine, findings);

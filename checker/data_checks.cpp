@@ -5,6 +5,7 @@
 #include "checker/checks.h"
 #include "checker/nearest_name.h"
 #include "items/named_fields.h"
+#include "memory_rows/memory_recordset.h"
 #include "platform/failure.h"
 #include "state/window_kind.h"
 #include "store/template_item.h"
@@ -25,9 +26,10 @@ bool HasColumn(Recordset& rows, std::string_view column) {
   }
 }
 
-// Columns that the rows have, of those that variables and the component know.
+// Columns that the rows have: all of them, or those that variables know.
 std::vector<std::string> KnownColumns(const FormatRows& format, Recordset& rows) {
-  std::vector<std::string> columns;
+  std::vector<std::string> columns = ColumnsOf(rows);
+  if (!columns.empty()) return columns;
   for (std::size_t i = 0; i < format.variables.rows.size(); ++i) {
     const std::string name = StoredRow(format.variables, i).Text("FVarName");
     if (!name.empty() && HasColumn(rows, name)) columns.push_back(name);
@@ -96,19 +98,42 @@ class DataCheck {
       }
     }
     if (trial_.markerRows > 0 && trial_.markerRows < trial_.rows) {
-      findings_.Add(kMarkerRows, {ToText(trial_.markerRows)});
+      findings_.Add(kMarkerRows,
+                    {ToText(trial_.markerRows), trial_.markerRows == 1 ? "" : "several"});
     }
+    if (trial_.lostRows > 0) {
+      findings_.Add(kRowsNowhere, {ToText(trial_.lostRows), ToText(trial_.rows),
+                                   StoredText(format_.Bill(), "FRowsPerPage")});
+    }
+    CheckOneRowPages();
   }
 
  private:
+  // One row a page is right where no page without it has come of it. Rows of a single bill can't
+  // show that, unless they are of no bill at all.
+  void CheckOneRowPages() {
+    if (format_.Bill().Number("FRowsPerPage") != 1) return;
+    std::set<std::string> bills;
+    bool isOfBill = false;
+    for (rows_.MoveFirst(); !rows_.Eof(); rows_.MoveNext()) {
+      const std::string bill = ToText(rows_.Field("FInterID"));
+      bills.insert(bill);
+      isOfBill = isOfBill || (!bill.empty() && bill != "0");
+    }
+    if (isOfBill && (bills.size() == 1 || trial_.pagesWithoutRows > 0)) {
+      findings_.Add(kRowsOne, {});
+    }
+  }
+
   void CheckColumn(std::size_t index, const std::string& column, const ColumnUse& use) {
     const ItemTrial& item = trial_.items[index];
     const std::string field = format_.Item(index).Text("FFieldName");
     const bool isImage = !item.barcodes.empty() || column == "FItemiD" ||
                          item.met.contains(Circumstance::kNoPicture) || field.empty();
     if (use.isMissing) {
-      // A computed field in a band that knows no such field was told of already.
-      if (findings_.HasItem(index, kFieldBand)) return;
+      // A computed field in a band that knows no such field was told of already, and so were
+      // blanks in the column's name.
+      if (findings_.HasItem(index, kFieldBand) || findings_.HasItem(index, kColumnBlanks)) return;
       if (isImage) return findings_.AddItem(index, kImageColumnMissing, {column});
       const std::string nearest = NearestName(column, knownColumns_);
       findings_.AddItem(index, kColumnMissing, {column, nearest, item.text},
@@ -126,7 +151,7 @@ class DataCheck {
                                  ToText(use.times),
                                  use.firstNullBill,
                                  ToText(use.firstNullRow),
-                                 trial_.items[index].text.empty() ? "" : "1"};
+                                 PrintsCaption(index) ? "1" : ""};
     const NamedField* named = FindNamedField(format_.Item(index).Text("FFieldName"), kPlainWindow);
     const bool isQuantity =
         named != nullptr && std::holds_alternative<QuantityColumns>(named->drawing);
@@ -137,6 +162,15 @@ class DataCheck {
     } else if (!isQuantity) {
       findings_.AddItem(index, kValueNull, arguments);
     }
+  }
+
+  // Whether a label stands where the value is Null.
+  [[nodiscard]] bool PrintsCaption(std::size_t index) const {
+    const ItemTrial& item = trial_.items[index];
+    const std::string caption = format_.Item(index).Text("FObjectCaption");
+    return !caption.empty() && caption != format_.Item(index).Text("FObjectFieldName") &&
+           !item.met.contains(Circumstance::kRepeatedCaption) &&
+           !item.met.contains(Circumstance::kNullInBox);
   }
 
   // A picture that no value has come under: none of them is a number.
@@ -183,6 +217,16 @@ class DataCheck {
 };
 
 }  // namespace
+
+std::vector<std::string> ColumnsOf(const Recordset& rows) {
+  std::vector<std::string> columns;
+  const auto* memory = dynamic_cast<const MemoryRecordset*>(&rows);
+  const ColumnNames* names = memory == nullptr ? nullptr : memory->Columns();
+  for (std::size_t i = 0; names != nullptr && i < names->Size(); ++i) {
+    columns.push_back(names->Name(i));
+  }
+  return columns;
+}
 
 bool CheckGroups(Recordset& rows, bool byArea, FindingList& findings) {
   if (!HasColumn(rows, "FInterID")) {

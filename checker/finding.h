@@ -64,6 +64,7 @@ enum class FindingKind {
   kNoArea,
   kBoxSize,
   kItemMillimetres,
+  kPlaceMillimetres,
   kLineLength,
   kFontMissing,
   kFontSize,
@@ -95,6 +96,7 @@ enum class FindingKind {
   kSumColumnMissing,
   kMarkerColumnMissing,
   kMarkerRows,
+  kRowsNowhere,
   kAmountText,
   // Settings of machines.
   kMachineNoFormat,

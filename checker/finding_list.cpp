@@ -1,6 +1,8 @@
 #include "checker/finding_list.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <tuple>
 
@@ -24,12 +26,22 @@ FoundItem FoundItemOf(const FormatRows& format, std::size_t index) {
   return found;
 }
 
+// All digits of a number: a statement that compares fewer of them finds nothing.
+std::string WholeNumber(double number) {
+  constexpr std::size_t kLongest = 32;
+  std::array<char, kLongest> digits{};
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+  return {digits.data(), end};
+}
+
 // A condition that a column has the item's value.
 std::string IsAsStored(const StoredRow& item, const char* column) {
   const Value* value = item.Find(column);
   if (value == nullptr || IsNull(*value)) return std::string(column) + " is null";
-  const bool isText = std::holds_alternative<std::string>(*value);
-  return std::string(column) + "=" + (isText ? Quoted(ToText(*value)) : ToText(*value));
+  std::string text = ToText(*value);
+  if (std::holds_alternative<std::string>(*value)) text = Quoted(text);
+  if (const auto* number = std::get_if<double>(value)) text = WholeNumber(*number);
+  return std::string(column) + "=" + text;
 }
 
 }  // namespace
@@ -74,6 +86,14 @@ double ToMillimetres(double twips) {
 std::string MillimetresText(double twips) {
   const std::string text = ToText(ToMillimetres(twips));
   return text.find('.') == std::string::npos ? text + ".0" : text;
+}
+
+std::string TenthsText(double number) {
+  return ToText(std::round(number * 10) / 10);
+}
+
+std::string TwipsText(double millimetres) {
+  return ToText(std::round(millimetres * kTwipsPerMillimetre));
 }
 
 std::string NameOf(const StoredRow& item) {

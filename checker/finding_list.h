@@ -37,6 +37,9 @@ class FindingList {
 // A length in millimetres, to a tenth.
 [[nodiscard]] double ToMillimetres(double twips);
 [[nodiscard]] std::string MillimetresText(double twips);
+// A stored number that is meant as millimetres: as it is, to a tenth, and in whole twips.
+[[nodiscard]] std::string TenthsText(double number);
+[[nodiscard]] std::string TwipsText(double millimetres);
 
 // How an item is known: its variable, its fixed text, its file.
 [[nodiscard]] std::string NameOf(const StoredRow& item);

@@ -35,6 +35,10 @@ bool LooksLikeImage(const std::string& name) {
       kSigns, [&](const char* sign) { return name.find(sign) != std::string::npos; });
 }
 
+std::string LowerCaseOf(const std::string& text) {
+  return LowerCase(text);
+}
+
 bool IsKind(const StoredRow& item, ItemKind kind) {
   return item.Number("FTypeID") == static_cast<double>(kind);
 }
@@ -43,12 +47,13 @@ bool IsKind(const StoredRow& item, ItemKind kind) {
 class ItemCheck {
  public:
   ItemCheck(const FormatRows& format, const TrialResult& trial, std::size_t index, bool byArea,
-            FindingList& findings)
+            const std::vector<std::string>& dataColumns, FindingList& findings)
       : format_(format),
         trial_(trial.items[index]),
         item_(format.Item(index)),
         index_(index),
         kind_(byArea ? kStockAreaWindow : kPlainWindow),
+        dataColumns_(dataColumns),
         findings_(findings) {}
 
   void Run() {
@@ -149,7 +154,8 @@ class ItemCheck {
     }
     const std::string nearest = NearestName(name, captions);
     if (item_.Flag("FIsVariant") || !nearest.empty() || trial_.text.empty()) {
-      Add(kVariableUnknown, {name, nearest, trial_.text}, Rename(nearest));
+      Add(kVariableUnknown, {name, nearest, trial_.text},
+          nearest.empty() ? Register(name) : Rename(nearest));
     } else {
       Add(kVariableUnmarked, {name, trial_.text},
           UpdateItem(format_, index_, "FObjectFieldName=''"));
@@ -158,6 +164,16 @@ class ItemCheck {
 
   [[nodiscard]] std::string Rename(const std::string& name) const {
     return name.empty() ? "" : UpdateItem(format_, index_, "FObjectFieldName=" + Quoted(name));
+  }
+
+  // The variable as a new one. Where no column of the rows resembles its name, the statement has a
+  // place for it.
+  [[nodiscard]] std::string Register(const std::string& name) const {
+    const auto same = std::ranges::find(dataColumns_, LowerCase(name), LowerCaseOf);
+    std::string column = same == dataColumns_.end() ? NearestName(name, dataColumns_) : *same;
+    if (column.empty()) column = "FColumn";
+    return "insert into TDVariant (FTranType,FVarCaption,FVarName) values (" +
+           ToText(format_.billType) + "," + Quoted(name) + "," + Quoted(column) + ")";
   }
 
   void CheckField(const std::string& field) {
@@ -203,8 +219,7 @@ class ItemCheck {
     if (findings_.Has(kItemsMillimetres) || width <= 0 || height <= 0) return;
     if (height >= font * kOfFont || width >= font * kLetters) return;
     Add(kItemMillimetres,
-        {MillimetresText(width), MillimetresText(height), ToText(height),
-         ToText(ToMillimetres(height * kTwipsPerMillimetre * kTwipsPerMillimetre))});
+        {MillimetresText(width), MillimetresText(height), TenthsText(height), TwipsText(height)});
   }
 
   void CheckPictureFile() {
@@ -232,17 +247,21 @@ class ItemCheck {
   StoredRow item_;
   std::size_t index_;
   const WindowKind& kind_;
+  const std::vector<std::string>& dataColumns_;
   FindingList& findings_;
 };
 
 // Where some values are marked for pre-printed forms, those that are not were forgotten.
-void CheckPreprinted(const FormatRows& format, FindingList& findings) {
+void CheckPreprinted(const FormatRows& format, bool byArea, FindingList& findings) {
+  const WindowKind& kind = byArea ? kStockAreaWindow : kPlainWindow;
   std::vector<std::size_t> unmarked;
   bool isMarked = false;
   for (std::size_t i = 0; i < format.ItemCount(); ++i) {
     const StoredRow item = format.Item(i);
     const Value* field = item.Find("FFieldName");
-    if (field == nullptr || IsNull(*field)) continue;
+    const bool isImage = kind.drawsImages && IsKind(item, ItemKind::kText) &&
+                         IsImageName(item.Text("FObjectFieldName"));
+    if (!isImage && (field == nullptr || IsNull(*field))) continue;
     if (item.Flag("FIsVariant")) {
       isMarked = true;
     } else if (!item.Flag("FMustPrint")) {
@@ -255,14 +274,43 @@ void CheckPreprinted(const FormatRows& format, FindingList& findings) {
   }
 }
 
+// Few items in the corner where printers don't reach: their places were measured in
+// millimetres. On a small sheet an item may well begin there.
+void CheckPlaces(const FormatRows& format, const TrialResult& trial, FindingList& findings) {
+  constexpr double kCorner = 250;          // 4.4 mm, and a place in millimetres on most sheets
+  constexpr double kSmallestSheet = 5700;  // 100 mm
+  if (!trial.sheet || findings.Has(kPaperMillimetres) || findings.Has(kItemsMillimetres)) return;
+  if (std::min(trial.sheet->width, trial.sheet->height) < kSmallestSheet) return;
+  std::vector<std::size_t> suspects;
+  for (std::size_t i = 0; i < format.ItemCount(); ++i) {
+    const double left = format.Item(i).Number("FLeft").value_or(0);
+    const double top = format.Item(i).Number("FTop").value_or(0);
+    if (left > 0 && top > 0 && left < kCorner && top < kCorner) {
+      suspects.push_back(i);
+    }
+  }
+  if (suspects.size() * 2 >= format.ItemCount()) return;
+  for (const std::size_t i : suspects) {
+    if (findings.HasItem(i, kItemMillimetres)) continue;
+    const double left = format.Item(i).Number("FLeft").value_or(0);
+    const double top = format.Item(i).Number("FTop").value_or(0);
+    const std::string change = "FLeft=" + TwipsText(left) + ",FTop=" + TwipsText(top);
+    findings.AddItem(i, kPlaceMillimetres,
+                     {TenthsText(left), TenthsText(top), MillimetresText(left),
+                      MillimetresText(top), TwipsText(left), TwipsText(top)},
+                     UpdateItem(format, i, change));
+  }
+}
+
 }  // namespace
 
 void CheckItems(const FormatRows& format, const TrialResult& trial, bool byArea,
-                FindingList& findings) {
+                const std::vector<std::string>& dataColumns, FindingList& findings) {
   for (std::size_t i = 0; i < format.ItemCount(); ++i) {
-    ItemCheck(format, trial, i, byArea, findings).Run();
+    ItemCheck(format, trial, i, byArea, dataColumns, findings).Run();
   }
-  CheckPreprinted(format, findings);
+  CheckPlaces(format, trial, findings);
+  CheckPreprinted(format, byArea, findings);
 }
 
 }  // namespace td::checker

@@ -46,19 +46,28 @@ std::size_t Distance(const std::vector<std::string_view>& a,
 std::string NearestName(const std::string& name, const std::vector<std::string>& candidates) {
   const std::string lowerName = LowerCase(WithoutBlanks(name));
   const auto wanted = CharactersOf(lowerName);
-  // Half of a short name may be wrong, a third of a long one.
-  const std::size_t most = wanted.size() <= 4 ? wanted.size() / 2 : (wanted.size() + 2) / 3;
+  // A quarter of the letters may be wrong, or a third of other characters, which say more each; one
+  // of a short name.
+  const bool isLatin = wanted.size() == lowerName.size();
+  const std::size_t most =
+      wanted.size() < 2 ? 0 : std::max<std::size_t>(1, wanted.size() / (isLatin ? 4 : 3));
   std::string nearest;
+  bool isOneOfSeveral = false;
   std::size_t fewest = most + 1;
   for (const std::string& candidate : candidates) {
     if (candidate == name) continue;
     const std::string lowerCandidate = LowerCase(WithoutBlanks(candidate));
     const std::size_t distance = Distance(wanted, CharactersOf(lowerCandidate));
-    if (distance >= fewest) continue;
+    if (distance > fewest || distance > most) continue;
+    if (distance == fewest) {
+      isOneOfSeveral = isOneOfSeveral || LowerCase(nearest) != LowerCase(candidate);
+      continue;
+    }
     fewest = distance;
     nearest = candidate;
+    isOneOfSeveral = false;
   }
-  return nearest;
+  return isOneOfSeveral ? std::string() : nearest;
 }
 
 std::string WithoutBlanks(const std::string& text) {

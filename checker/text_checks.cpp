@@ -27,6 +27,11 @@ void Keep(std::map<std::size_t, Overflow>& overflows, std::size_t item, const Ov
 }  // namespace
 
 void TextCheck::Draws(const Drawing& drawing) {
+  if (drawing.isBarcode) {
+    const TextInk box{drawing.left, drawing.top, drawing.right, drawing.bottom, 1};
+    page_.push_back(
+        {drawing.item, std::string(drawing.barcode), box, drawing.band, drawing.page, true});
+  }
   if (drawing.what != DrawnAs::kText || drawing.box == nullptr) return;
   if (!hasValues_ && !drawing.isFixedText) return;
   const BoxText& box = *drawing.box;
@@ -43,10 +48,11 @@ void TextCheck::Draws(const Drawing& drawing) {
   if (hasBox && ink.lines > 1 && above > kBoxTolerance) {
     Keep(tooHigh_, drawing.item, {box.text, above, height, box.height, ink.lines});
   }
-  page_.push_back({drawing.item, box.text, ink});
+  page_.push_back({drawing.item, box.text, ink, drawing.band, drawing.page});
 }
 
 void TextCheck::Compare(const Text& a, const Text& b) {
+  if (a.isBarcode && b.isBarcode) return;
   const double width = std::min(a.ink.right, b.ink.right) - std::max(a.ink.left, b.ink.left);
   const double height = std::min(a.ink.bottom, b.ink.bottom) - std::max(a.ink.top, b.ink.top);
   if (width <= kOverlapTolerance || height <= kOverlapTolerance) return;
@@ -54,9 +60,14 @@ void TextCheck::Compare(const Text& a, const Text& b) {
   if (a.text == b.text && a.ink.left == b.ink.left && a.ink.top == b.ink.top) return;
   const auto [found, isNew] = overlaps_.try_emplace(std::minmax(a.item, b.item));
   Overlap& overlap = found->second;
+  overlap.isBarcode = overlap.isBarcode || a.isBarcode || b.isBarcode;
+  if (a.page == 1 || a.band == b.band) overlap.isOfLaterPages = false;
   if (width * height <= overlap.width * overlap.height) return;
   const bool isInOrder = a.item <= b.item;
-  overlap = {isInOrder ? a.text : b.text, isInOrder ? b.text : a.text, width, height};
+  overlap.text = isInOrder ? a.text : b.text;
+  overlap.other = isInOrder ? b.text : a.text;
+  overlap.width = width;
+  overlap.height = height;
 }
 
 void TextCheck::PageEnds(const PaperExtent& /*page*/) {
@@ -81,11 +92,15 @@ void TextCheck::Report(FindingList& findings) const {
                      {Shortened(overflow.text), ToText(overflow.lines),
                       MillimetresText(overflow.size), MillimetresText(overflow.box)});
   }
+  const double shift = format_.Bill().Number("FAdjuctHeader").value_or(0);
   for (const auto& [items, overlap] : overlaps_) {
-    findings.AddItem(items.first, kTextsOverlap,
-                     {Shortened(overlap.text), Shortened(NameOf(format_.Item(items.second))),
-                      Shortened(overlap.other), MillimetresText(overlap.width),
-                      MillimetresText(overlap.height)});
+    const bool isShifted = shift != 0 && overlap.isOfLaterPages;
+    findings.AddItem(
+        items.first, kTextsOverlap,
+        {Shortened(overlap.text), Shortened(NameOf(format_.Item(items.second))),
+         Shortened(overlap.other), MillimetresText(overlap.width), MillimetresText(overlap.height),
+         isShifted ? MillimetresText(shift) : "", !isShifted && overlap.isBarcode ? "barcode" : "",
+         !isShifted && !overlap.isBarcode ? "text" : ""});
   }
 }
 

@@ -32,12 +32,17 @@ class TextCheck : public TrialObserver {
     std::size_t item = 0;
     std::string text;
     TextInk ink;
+    WitnessedBand band{};
+    int page = 0;
+    bool isBarcode = false;
   };
   struct Overlap {
     std::string text;
     std::string other;
     double width = 0;
     double height = 0;
+    bool isOfLaterPages = true;  // of two bands, and never on the first page
+    bool isBarcode = false;      // one of both
   };
 
   void Compare(const Text& a, const Text& b);

@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "checker/format_database.h"
+#include "checker/numbered_rows.h"
 #include "checker/sample_rows.h"
 #include "checker/trial_platform.h"
 #include "platform/failure.h"
@@ -41,12 +42,14 @@ class TrialWitness : public RunWitness, public TrialListener {
   void RunEnds() override {
     EndItem();
     EndPage();
+    CountLostRows();
     data_ = nullptr;
   }
   void PageBegins() override {
     EndItem();
     EndPage();
     ++page_;
+    rowsOnPage_ = 0;
     const Page& page = document_->Pages().back();
     extent_ = {page.width, page.height};
     if (!result.sheet) result.sheet = extent_;
@@ -56,6 +59,9 @@ class TrialWitness : public RunWitness, public TrialListener {
   void RowBegins(std::int16_t /*number*/) override {
     if (++result.rows > 1 && rowDrawn_ && !rowDrawn_->Eof()) rowDrawn_->MoveNext();
     isMarkerRow_ = false;
+    ++rowsOnPage_;
+    row_ = NumberOf(*data_);
+    billOfRow_[row_] = GroupOf(*data_, row_);
   }
   void RowIsMarker() override {
     ++result.markerRows;
@@ -64,7 +70,10 @@ class TrialWitness : public RunWitness, public TrialListener {
   void RowIsSkipped() override {}
   void Adds(const double& sum, std::string_view columns, double amount) override {
     SumTrial& trial = result.sums[&sum];
-    if (!std::isnan(amount)) ++trial.added;
+    if (!std::isnan(amount)) {
+      ++trial.added;
+      trial.rows.insert(row_);
+    }
     if (!addedColumns_.insert({&sum, std::string(columns)}).second) return;
     std::istringstream names{std::string(columns)};
     for (std::string name; std::getline(names, name, ',');) trial.columns.insert(name);
@@ -86,6 +95,8 @@ class TrialWitness : public RunWitness, public TrialListener {
     if (item_ == kNoItem) return;
     if (what == DrawnAs::kText && text.empty()) return;
     if (what == DrawnAs::kText) CompareBills();
+    if (band_ == WitnessedBand::kRow) shownRows_.insert(row_);
+    shownRows_.insert(rowsRead_.begin(), rowsRead_.end());
     ++Item().drawn;
     if (what == DrawnAs::kText && Item().text.empty()) Item().text = text;
   }
@@ -195,6 +206,7 @@ class TrialWitness : public RunWitness, public TrialListener {
 
   void ReadData(Recordset& rows, const std::string& column, const Value* value, bool isAtEnd) {
     if (isAtEnd) return;
+    rowsRead_.insert(NumberOf(rows));
     lastData_ = &rows;
     lastDataColumn_ = column;
     ColumnUse& use = Item().dataColumns[column];
@@ -223,6 +235,32 @@ class TrialWitness : public RunWitness, public TrialListener {
     if (shown == nullptr || meant == nullptr || *shown == *meant) return;
     Item().nextBill = {lastDataColumn_, BillOf(*rowDrawn_), BillOf(*lastData_), TextOf(*shown),
                        TextOf(*meant)};
+  }
+
+  // The rows of one bill stand for each other; a row of no bill stands for itself.
+  static std::string GroupOf(Recordset& rows, int number) {
+    const Value* id = rows.Find("FInterID");
+    const std::string bill = id == nullptr ? std::string() : TextOf(*id);
+    return bill.empty() || bill == "0" ? "#" + ToText(number) : bill;
+  }
+
+  // Of a format that shows no value at all, no row is lost.
+  void CountLostRows() {
+    for (const ItemTrial& item : result.items) {
+      for (const double* sum : item.sums) {
+        const auto shown = result.sums.find(sum);
+        if (shown == result.sums.end()) continue;
+        shownRows_.insert(shown->second.rows.begin(), shown->second.rows.end());
+      }
+    }
+    std::set<std::string> shownGroups;
+    for (const int row : shownRows_) {
+      const auto found = billOfRow_.find(row);
+      if (found != billOfRow_.end()) shownGroups.insert(found->second);
+    }
+    if (shownGroups.empty()) return;
+    result.lostRows = static_cast<int>(std::ranges::count_if(
+        billOfRow_, [&](const auto& row) { return !shownGroups.contains(row.second); }));
   }
 
   static std::string TextOf(const Value& value) {
@@ -264,6 +302,7 @@ class TrialWitness : public RunWitness, public TrialListener {
       }
     }
     columnsOfItem_.clear();
+    rowsRead_.clear();
     lastData_ = nullptr;
     item_ = kNoItem;
     itemRow_ = nullptr;
@@ -273,6 +312,7 @@ class TrialWitness : public RunWitness, public TrialListener {
 
   void EndPage() {
     if (page_ == 0) return;
+    if (rowsOnPage_ == 0) ++result.pagesWithoutRows;
     for (TrialObserver* observer : observers_) observer->PageEnds(extent_);
   }
 
@@ -287,8 +327,15 @@ class TrialWitness : public RunWitness, public TrialListener {
   const Recordset* clone_ = nullptr;
   RecordsetRef rowDrawn_;  // on the row that was drawn last
 
+  // Which rows have come onto a page: by their values, by what their band draws or in a sum.
+  std::map<int, std::string> billOfRow_;  // of the rows that have been placed
+  std::set<int> shownRows_;
+  std::set<int> rowsRead_;  // by the item
+
   // Where the run is.
   int page_ = 0;
+  int rowsOnPage_ = 0;
+  int row_ = 0;
   bool isMarkerRow_ = false;  // a remark, which lacks most values
   PaperExtent extent_;
   WitnessedBand band_{};
@@ -338,7 +385,8 @@ TrialResult RunTrial(const FormatRows& format, const CheckedMachine& machine,
   context.New_DoPrint = true;
   context.New_TranType = format.billType;
   context.TDBillName = format.name;
-  context.PrintData = request.rows ? request.rows : SampleRows(SampleCount(format));
+  context.PrintData =
+      std::make_shared<NumberedRows>(request.rows ? request.rows : SampleRows(SampleCount(format)));
   context.PrintDataClone = context.PrintData->Clone();
 
   const auto window =

@@ -53,7 +53,8 @@ struct ItemTrial {
 // A sum of the run: the columns that rows have added to it.
 struct SumTrial {
   std::set<std::string> columns;
-  int added = 0;  // rows that had a number for it
+  int added = 0;       // rows that had a number for it
+  std::set<int> rows;  // which
 };
 
 struct TrialResult {
@@ -65,6 +66,8 @@ struct TrialResult {
   double rowHeight = 0;                  // twips, as the run took it
   int rowsPerPage = 0;
   int rows = 0;
+  int lostRows = 0;          // of which, and of whose bill, nothing came onto a page
+  int pagesWithoutRows = 0;  // that have begun, and no row stands on them
   int markerRows = 0;
   std::optional<PaperExtent> sheet;  // of the first page, as it is drawn; none: no page
   std::string printer;               // that the document would go to

@@ -1,6 +1,7 @@
 #include "explanation/explanation_text.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <vector>
 
@@ -137,6 +138,9 @@ class TextWriter {
 
   void WriteRows() {
     for (const MarkerRows& marker : explanation_.markerRows) {
+      // Rows stand outside of sums; where there are none, a column that is lacking lacks nobody.
+      const bool isMissing = marker.cause == MarkerCause::kMissingColumn;
+      if (isMissing && explanation_.sums.empty()) continue;
       const std::string line =
           Fill(language_, words::kMarkerRows, std::to_string(marker.times),
                std::to_string(explanation_.rows), WordsOf(marker.cause).sentence.In(language_));
@@ -154,11 +158,20 @@ class TextWriter {
     }
   }
 
+  // A sum that begins again on each page, of a print of several.
+  [[nodiscard]] bool IsOfPage(const ExplainedSum& sum) const {
+    constexpr std::array kOfPrint = {"_1", "freight", "fsumtotalpage"};
+    const std::string name = LowerCase(sum.variable);
+    const auto has = [&](const char* part) { return name.find(part) != std::string::npos; };
+    return explanation_.pages > 1 && has("totalpage") && std::ranges::none_of(kOfPrint, has);
+  }
+
   [[nodiscard]] std::string SumLine(const ExplainedSum& sum) const {
-    std::string line = sum.rowsAdded == 0
-                           ? Fill(language_, words::kEmptySum, sum.variable)
-                           : Fill(language_, words::kSum, sum.variable, ToText(sum.amount),
-                                  std::to_string(sum.rowsAdded), sum.columns);
+    std::string line =
+        sum.rowsAdded == 0
+            ? Fill(language_, words::kEmptySum, sum.variable)
+            : Fill(language_, IsOfPage(sum) ? words::kPageSum : words::kSum, sum.variable,
+                   ToText(sum.amount), std::to_string(sum.rowsAdded), sum.columns);
     if (sum.rowsWithout > 0) {
       line += Fill(language_, words::kSumWithout, std::to_string(sum.rowsWithout));
     }
@@ -191,6 +204,12 @@ class TextWriter {
 }  // namespace
 
 std::string ReasonText(const ExplainedItem& item, const Reason& reason, Language language) {
+  if (item.caption.empty() && reason.cause == Cause::kUnknownImage) {
+    return Fill(language, words::kNoImageNoLabel, item.name);
+  }
+  if (item.caption.empty() && reason.cause == Cause::kUnknownVariable) {
+    return Fill(language, words::kNoVariableNoLabel, item.name);
+  }
   return Fill(language, WordsOf(reason.cause).sentence, reason.column, reason.words, item.name,
               std::to_string(item.band));
 }

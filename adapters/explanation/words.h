@@ -68,6 +68,16 @@ inline constexpr Sentence kMarkerRows{
     "marker rows, which stand outside all sums but FSumTotalPage: {0} of {1} rows: {2}",
     "标记行（除 FSumTotalPage 外不计入任何合计）：{1} 行中的 {0} 行：{2}"};
 inline constexpr Sentence kSum{"sum {0}: {1} from {2} rows ({3})", "合计 {0}：{2} 行共 {1}（{3}）"};
+inline constexpr Sentence kNoImageNoLabel{
+    "{0} is no image of this band or of this kind of print, and there is no label: nothing is "
+    "drawn",
+    "此区或此类打印不支持图像“{0}”，又没有标题：什么也不印"};
+inline constexpr Sentence kNoVariableNoLabel{
+    "TDVariant has no FVarCaption '{0}' for this bill type, and there is no label: nothing is "
+    "drawn",
+    "TDVariant 中该单据类型没有 FVarCaption 为“{0}”的变量，又没有标题：什么也不印"};
+inline constexpr Sentence kPageSum{"sum {0}: of each page; all pages {1} from {2} rows ({3})",
+                                   "合计 {0}：每页各计；各页共 {1}，{2} 行（{3}）"};
 inline constexpr Sentence kEmptySum{"sum {0}: no row added anything", "合计 {0}：没有任何行计入"};
 inline constexpr Sentence kSumWithout{"; {0} rows without a number", "；{0} 行没有数值"};
 inline constexpr Sentence kSumMissing{"; the data have no column {0}", "；打印数据中没有 {0} 列"};

@@ -21,6 +21,13 @@ constexpr const char* kCatalogue = "带图订货单";
 // One row with all that the sales order shows.
 constexpr const char* kOrderRows = "select * from v_sales_order where FInterID=21002";
 
+// Bills of one row each, and rows of no bill.
+constexpr const char* kTwoOrders =
+    "select 1 as FInterID,'A' as FBillNo,0 as FMainQty union all select 2,'B',0";
+constexpr const char* kWaybills =
+    "select 0 as FInterID,'A' as FBillNo,'甲' as FCustName union all select 0,'B','乙' "
+    "union all select 0,'C','丙'";
+
 // The sample's rows with some columns instead of theirs: they come first and so are the ones found.
 std::string RowsWith(const std::string& columns) {
   return "select " + columns + ",v.* from v_sales_order v where FInterID=21002";
@@ -76,6 +83,8 @@ std::vector<Broken> AllBroken() {
       {kRowHeightSmall, Bill("FRowHeight=6"), ""},
       {kRowsOffSheet, Bill("FRowsPerPage=20"), ""},
       {kPaperMillimetres, Bill("FPaperWidth=241,FPaperHeight=140"), ""},
+      {kPaperMillimetres, Bill("FPaperWidth=241"), ""},
+      {kPaperMillimetres, Bill("FPaperHeight=140"), ""},
       {kPaperUnknown, Bill("FPaperSize=9999"), ""},
       {kPaperIncomplete, Bill("FPaperWidth=null"), ""},
       {kPaperIncomplete, Bill("FPaperHeight=null"), ""},
@@ -99,6 +108,7 @@ std::vector<Broken> AllBroken() {
       {kItemFontNull, Loosened("TDBillDetail") + Item("客户", "FFontSize=null"), "客户"},
       {kItemCaptionNull, Loosened("TDBillDetail") + Item("金额", "FObjectCaption=null"), "金额"},
       {kVariableUnknown, Item("客户", "FObjectFieldName='客沪'"), "客沪"},
+      {kVariableUnknown, Item("客户", "FObjectFieldName='送货路线'"), "送货路线"},
       {kVariableUnmarked, Caption("客户：", "FObjectFieldName='label for the customer'"),
        "label for the customer"},
       {kVariableBlanks, Item("客户", "FObjectFieldName='客户 '"), "客户 "},
@@ -119,6 +129,10 @@ std::vector<Broken> AllBroken() {
       {kNoArea, Item("<单号条码图>", "FHeight=0", 2103), "<单号条码图>"},
       {kBoxSize, Item("客户", "FWidth=0"), "客户"},
       {kItemMillimetres, Item("客户", "FWidth=80,FHeight=5"), "客户"},
+      {kPlaceMillimetres, Item("客户", "FLeft=10,FTop=10"), "客户"},
+      {kPlaceMillimetres,
+       "update TDBillDetail set FLeft=10,FTop=17 where FTDBillID=2101 and FTypeID=1 and FTop=985",
+       ""},
       {kLineLength,
        "update TDBillDetail set FWidth=0,FHeight=0 where FTDBillID=2101 and FTypeID=1 and FTop=985",
        ""},
@@ -137,6 +151,8 @@ std::vector<Broken> AllBroken() {
       {kFormatStringUnused, "", "金额", RowsWith("'12.50元' as FAmount"), false, kOrder},
       {kFormatStringUnused, Item("客户", "FFormatString='0.00'"), "客户"},
       {kPreprintedMissing, Item("客户", "FIsVariant=0"), "客户"},
+      {kPreprintedMissing, Item("客户", "FIsVariant=0,FLeft=1700.9291338582677"), "客户"},
+      {kPreprintedMissing, Item("<单号条码图>", "FIsVariant=0", 2103), "<单号条码图>"},
       {kTotalPagesTaken,
        Caption("审核：", "FObjectFieldName='总页数'") +
            Caption("仓管：", "FObjectFieldName='总页数'"),
@@ -170,6 +186,10 @@ std::vector<Broken> AllBroken() {
       {kSumColumnMissing, "", "本页金额", "select 1 as FInterID, 2 as FMainQty, 3 as FQty"},
       {kMarkerColumnMissing, "", "本页金额", "select 1 as FInterID, 2 as FAmount, 3 as FQty"},
       {kMarkerRows, "", "", "select * from v_sales_order where FInterID=21005"},
+      {kRowsOne, Bill("FRowsPerPage=1"), "", kTwoOrders, false, kOrder},
+      {kRowsNowhere,
+       Bill("FRowsPerPage=2") + "delete from TDBillDetail where FTDBillID=2101 and FSite>1", "",
+       kWaybills, false, kOrder},
       {kAmountText, "", "本页金额", RowsWith("'1,234.50' as FAmount")},
 
       {kMachineNoFormat, "insert into TDBill_PaperSize values ('192.0.2.8','旧订单',9,0,0,0,'')",
@@ -302,6 +322,146 @@ TEST_F(CheckerFindings, TheColumnThatWasMeantIsTold) {
   EXPECT_EQ(found->arguments[1], "FCustName");
 }
 
+TEST_F(CheckerFindings, AnImplausibleSheetIsOneFinding) {
+  for (const char* change : {"FPaperWidth=241", "FPaperHeight=140"}) {
+    CheckedSample sample;
+    sample.Run(Bill(change));
+    EXPECT_EQ(Listed(sample.Check({21, kOrder})), "paper-millimetres 销售订单三联 \n") << change;
+    const CheckResult result = sample.Check({21, kOrder}, kOrderRows);
+    EXPECT_EQ(CountOf(result.findings, Severity::kError), 1) << Listed(result);
+    EXPECT_EQ(CountOf(result.findings, Severity::kWarning), 0) << Listed(result);
+  }
+}
+
+TEST_F(CheckerFindings, NumbersInSentencesAreRounded) {
+  CheckedSample sample;
+  sample.Run(Item("客户", "FWidth=80.123456789,FHeight=6.70194003527337"));
+  const CheckResult result = sample.Check({21, kOrder});
+  const auto found = std::ranges::find(result.findings, kItemMillimetres, &Finding::kind);
+  ASSERT_NE(found, result.findings.end()) << Listed(result);
+  EXPECT_EQ(TextOf(*found, Language::kEnglish).mend, "Lengths are twips: 6.7 mm are 380.");
+}
+
+TEST_F(CheckerFindings, OneRemarkIsToldAsOne) {
+  const CheckedSample sample;
+  const CheckResult result =
+      sample.Check({21, kOrder},
+                   "select 1 as FInterID,2 as FMainQty,3 as FAmount,4 as FQty "
+                   "union all select 1,-999.99,null,null");
+  const auto found = std::ranges::find(result.findings, kMarkerRows, &Finding::kind);
+  ASSERT_NE(found, result.findings.end()) << Listed(result);
+  EXPECT_EQ(TextOf(*found, Language::kEnglish).wrong, "1 row has FMainQty −999.99.");
+}
+
+// The findings of one kind, and no others.
+std::vector<Finding> OfKind(const CheckResult& result, FindingKind kind) {
+  std::vector<Finding> found;
+  std::ranges::copy_if(result.findings, std::back_inserter(found),
+                       [kind](const Finding& finding) { return finding.kind == kind; });
+  return found;
+}
+
+TEST_F(CheckerFindings, OneRowAPageIsRightForRowsOfNoBill) {
+  CheckedSample sample;
+  sample.Run(Bill("FRowsPerPage=1"));
+  EXPECT_TRUE(OfKind(sample.Check({21, kOrder}, kWaybills), kRowsOne).empty());
+  EXPECT_TRUE(OfKind(sample.Check({21, kOrder}, kWaybills), kRowsNowhere).empty());
+  const std::vector<Finding> found = OfKind(sample.Check({21, kOrder}), kRowsOne);
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found[0].sql, "");
+}
+
+TEST_F(CheckerFindings, RowsThatNoPageShowsAreCounted) {
+  CheckedSample sample;
+  sample.Run(Bill("FRowsPerPage=2") + "delete from TDBillDetail where FTDBillID=2101 and FSite>1");
+  const std::vector<Finding> found = OfKind(sample.Check({21, kOrder}, kWaybills), kRowsNowhere);
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found[0].arguments, (std::vector<std::string>{"1", "3", "2"}));
+  // The head of a bill stands for all of its rows.
+  EXPECT_TRUE(OfKind(sample.Check({21, kOrder}, kOrderRows), kRowsNowhere).empty());
+}
+
+TEST_F(CheckerFindings, ColumnsOfTheRowsAreWhatMayBeMeant) {
+  CheckedSample sample;
+  sample.Run(
+      "update TDVariant set FVarName='FGoodsNam' where FVarCaption='商品名称';"
+      "update TDVariant set FVarName='FBiller' where FVarCaption='客户'");
+  const CheckResult result = sample.Check(
+      {21, kOrder}, "select 1 as FInterID,0 as FMainQty,'米' as FGoodsName,'A' as FBillNo");
+  std::string told;
+  for (const Finding& finding : OfKind(result, kColumnMissing)) {
+    if (finding.item->caption == "商品名称" || finding.item->caption == "客户") {
+      told += finding.arguments[0] + ">" + finding.arguments[1] + (finding.sql.empty() ? "" : "!");
+    }
+  }
+  EXPECT_EQ(told, "FBiller>FGoodsNam>FGoodsName!");
+}
+
+TEST_F(CheckerFindings, AVariableThatResemblesNoneIsRegistered) {
+  CheckedSample sample;
+  sample.Run(Item("客户", "FObjectFieldName='FCustNam'") +
+             Item("单据编号", "FObjectFieldName='送货路线'"));
+  std::string told;
+  for (const Finding& finding : OfKind(sample.Check({21, kOrder}, kOrderRows), kVariableUnknown)) {
+    told += finding.sql + "\n";
+  }
+  EXPECT_EQ(told,
+            "insert into TDVariant (FTranType,FVarCaption,FVarName) values "
+            "(21,'FCustNam','FCustName')\n"
+            "insert into TDVariant (FTranType,FVarCaption,FVarName) values "
+            "(21,'送货路线','FColumn')\n");
+}
+
+TEST_F(CheckerFindings, ABlankInAColumnsNameIsOneFinding) {
+  CheckedSample sample;
+  sample.Run("update TDVariant set FVarName='FCustName ' where FVarCaption='客户'");
+  const CheckResult result = sample.Check({21, kOrder}, kOrderRows);
+  EXPECT_TRUE(OfKind(result, kColumnMissing).empty()) << Listed(result);
+  const std::vector<Finding> found = OfKind(result, kColumnBlanks);
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_NE(found[0].sql.find("FVarName='FCustName' where"), std::string::npos);
+}
+
+TEST_F(CheckerFindings, ANullLeavesTheBoxEmptyWhereTheCaptionIsNotPrinted) {
+  CheckedSample sample;
+  sample.Run(Item("规格型号", "FObjectCaption='规格型号'"));
+  const std::vector<Finding> found =
+      OfKind(sample.Check({21, kOrder}, RowsWith("null as FModel")), kValueAlwaysNull);
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(TextOf(found[0], Language::kEnglish).effect, "The box is empty.");
+  sample.Run(Item("规格型号", "FObjectCaption='规格：'"));
+  const std::vector<Finding> labelled =
+      OfKind(sample.Check({21, kOrder}, RowsWith("null as FModel")), kValueAlwaysNull);
+  ASSERT_EQ(labelled.size(), 1U);
+  EXPECT_EQ(TextOf(labelled[0], Language::kEnglish).effect, "Only the caption is printed.");
+}
+
+TEST_F(CheckerFindings, ABarcodeOverATextIsFound) {
+  CheckedSample sample;
+  EXPECT_TRUE(OfKind(sample.Check({21, kCatalogue}, kOrderRows), kTextsOverlap).empty());
+  const std::string code =
+      " from TDBillDetail where FTDBillID=2103 and FObjectFieldName='<单号条码图>')";
+  sample.Run("update TDBillDetail set FLeft=(select FLeft" + code + ",FTop=(select FTop" + code +
+             " where FTDBillID=2103 and FObjectFieldName='客户'");
+  const std::vector<Finding> found =
+      OfKind(sample.Check({21, kCatalogue}, kOrderRows), kTextsOverlap);
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_NE(TextOf(found[0], Language::kEnglish).mend.find("the code's box"), std::string::npos);
+}
+
+TEST_F(CheckerFindings, BandsThatLaterPagesMoveAreTheCauseOfOverlaps) {
+  CheckedSample sample;
+  sample.Run(Bill("FAdjuctHeader=-1000,FHeaderPerPage=1"));
+  const std::vector<Finding> found = OfKind(
+      sample.Check({21, kOrder},
+                   "select * from v_sales_order where FInterID in (21002,21007) order by FInterID"),
+      kTextsOverlap);
+  ASSERT_FALSE(found.empty());
+  EXPECT_EQ(TextOf(found[0], Language::kEnglish).mend,
+            "FAdjuctHeader moves the bands below the head by -17.6 mm on all pages but the first: "
+            "correct it, or print one bill at a time.");
+}
+
 TEST_F(CheckerFindings, TheLongestValueIsTold) {
   CheckedSample sample;
   sample.Run(Item("商品名称", "FWidth=700"));
@@ -322,7 +482,7 @@ TEST_F(CheckerFindings, AValueThatOnlySomeRowsLackIsCounted) {
                    "all select 7,'XD-7',0,null union all select 7,'XD-7',0,'油'");
   const auto found = std::ranges::find(result.findings, kValueNull, &Finding::kind);
   ASSERT_NE(found, result.findings.end()) << Listed(result);
-  EXPECT_EQ(found->arguments, (std::vector<std::string>{"FItemName", "1", "3", "XD-7", "2", "1"}));
+  EXPECT_EQ(found->arguments, (std::vector<std::string>{"FItemName", "1", "3", "XD-7", "2", ""}));
 }
 
 TEST_F(CheckerFindings, TheColumnsThatASumIsMadeOfAreTold) {

@@ -28,6 +28,12 @@ TEST(NearestName, AnotherNameIsNotNear) {
   EXPECT_EQ(NearestName("客户", {}), "");
 }
 
+TEST(NearestName, OfTwoThatAreEquallyNearNoneIsMeant) {
+  EXPECT_EQ(NearestName("客人", {"客户", "客服"}), "");
+  EXPECT_EQ(NearestName("FBiller", {"FBillNo"}), "");
+  EXPECT_EQ(NearestName("单据编号", {"单据日期"}), "");
+}
+
 TEST(NearestName, BlanksOfFullWidthAreBlanks) {
   EXPECT_EQ(WithoutBlanks("客　户 "), "客户");
   EXPECT_TRUE(HasOuterBlanks("客户　"));

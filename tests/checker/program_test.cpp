@@ -1,6 +1,8 @@
 // tdprint check as a person at a shell runs it.
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
 #include <nlohmann/json.hpp>
 
 #include "checked_sample.h"
@@ -33,6 +35,29 @@ TEST_F(CheckProgram, ASoundDatabaseEndsWithStatus0) {
   EXPECT_EQ(result.status, 0) << result.out;
   EXPECT_EQ(result.out, "formats checked: 9; errors: 0, warnings: 0, hints: 0\n");
   EXPECT_EQ(result.err, "");
+}
+
+TEST_F(CheckProgram, TheRecipesHaveNoWarningsWithTheirRows) {
+  struct Recipe {
+    const char* name;
+    const char* billType;
+    const char* view;
+  };
+  for (const Recipe& recipe :
+       {Recipe{"waybill", "51", "v_waybill"}, Recipe{"cheque", "52", "v_cheque"},
+        Recipe{"tag", "56", "v_staff_tag"}}) {
+    const std::string file = std::string(QBTD_SOURCE_DIR "/examples/recipes/") + recipe.name;
+    std::ifstream script(file + ".sql");
+    sample_.Run(std::string(std::istreambuf_iterator<char>(script), {}));
+    const ProgramResult imported =
+        ProgramRun({TDPRINT_PROGRAM, "import-format", "--db", sample_.Connection(), file + ".json"},
+                   sample_.Folder())
+            .Finish();
+    ASSERT_EQ(imported.status, 0) << imported.err;
+    const ProgramResult result = CheckSample(
+        {"--type", recipe.billType, "--data", std::string("select * from ") + recipe.view});
+    EXPECT_EQ(result.status, 0) << result.out << result.err;
+  }
 }
 
 TEST_F(CheckProgram, HintsAloneEndWithStatus0) {

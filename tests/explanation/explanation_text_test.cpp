@@ -22,8 +22,6 @@ TEST(ExplanationText, TellsAMissingColumnInASentence) {
             "column head, 客户 (variable FCustName) at 10.0, 17.6 mm: not drawn 1 of 1 times: the "
             "data have no column FCustName (first: bill 1, page 1)\n"
             "items drawn as the format says: 0 of 1\n"
-            "marker rows, which stand outside all sums but FSumTotalPage: 1 of 1 rows: the data "
-            "have no column FMainQty (first: bill 1, row 1, page 1)\n"
             "bill 1: rows 1, marker rows 1, rows passed over 0\n");
 }
 
@@ -64,6 +62,38 @@ TEST(ExplanationText, TellsSumsAndFailures) {
       text.find("\nmessage: 卡纸 了 (format 销售单, detail row, FName, bill 1, row 1, page 1)\n"),
       std::string::npos)
       << text;
+}
+
+TEST(ExplanationText, AMisspeltNameWithoutALabelDrawsNothing) {
+  ExplainedItem item;
+  item.name = "<单号条形码>";
+  Reason reason;
+  reason.cause = Cause::kUnknownImage;
+  EXPECT_NE(ReasonText(item, reason, Language::kEnglish).find("nothing is drawn"),
+            std::string::npos);
+  reason.cause = Cause::kUnknownVariable;
+  EXPECT_NE(ReasonText(item, reason, Language::kEnglish).find("nothing is drawn"),
+            std::string::npos);
+  item.caption = "条码";
+  EXPECT_NE(ReasonText(item, reason, Language::kEnglish).find("only the label is drawn"),
+            std::string::npos);
+}
+
+TEST(ExplanationText, ASumOfThePageIsTold) {
+  Scenario scenario;
+  scenario.Format({{"FRowsPerPage", 1}}).FieldItem("ftotalpage", {{"FSite", 4}});
+  scenario.Data({"FInterID", "FMainQty", "FAmount"}, {{1, 1, 401.2}, {1, 1, 99.9}});
+  const std::string text = English(scenario);
+  EXPECT_NE(text.find("\nsum ftotalpage: of each page; all pages 501.1 from 2 rows (FAmount)\n"),
+            std::string::npos)
+      << text;
+}
+
+TEST(ExplanationText, RowsOutsideTheSumsAreToldWhereThereAreSums) {
+  Scenario scenario;
+  scenario.FieldItem("ftotalpage", {{"FSite", 5}});
+  scenario.Data({"FInterID", "FAmount"}, {{1, 10}});
+  EXPECT_NE(English(scenario).find("the data have no column FMainQty"), std::string::npos);
 }
 
 TEST(ExplanationText, TellsThatNothingWasPrinted) {
