@@ -131,7 +131,7 @@ constexpr std::array kMessages = {
         kError,
         {"每页 {0} 行、行高 {1} 毫米，超出了纸张。",
          "{2} 个随行移动的项目印到了纸外：最低的到 {3} 毫米，纸高 {4} 毫米。",
-         "减少 FRowsPerPage 或 FRowHeight；行后区和页脚的位置要减去（行数 − 1）× 行高。"},
+         "减少 FRowsPerPage 或 FRowHeight；明细之后和页脚的位置要减去（行数 − 1）× 行高。"},
         {"{0} rows a page of {1} mm leave the sheet.",
          "Items that ride on the rows are printed beside the paper ({2}): the lowest reaches {3} "
          "mm, the sheet is {4} mm high.",
@@ -228,7 +228,7 @@ constexpr std::array kMessages = {
                    "item-band",
                    kError,
                    {"没有 FSite {0} 这个区。", "从不印出。",
-                    "FSite 是 1 到 5：页眉、列头、明细行、行后区、页脚。"},
+                    "FSite 是 1 到 5：页眉、列标题、明细行、明细之后、页脚。"},
                    {"There is no band FSite {0}.", "It is never printed.",
                     "Bands are 1 to 5: head, column head, row, behind the rows, foot."}},
     FindingMessage{kItemKind,
@@ -333,7 +333,7 @@ constexpr std::array kMessages = {
         "image-repeated",
         kWarning,
         {"条码放在明细行中。", "每一行的条码都印在同一处，看得见的只有最后一行的。",
-         "条码放在页眉或行后区。"},
+         "条码放在页眉或明细之后。"},
         {"A barcode stands in the row band.",
          "The codes of all rows are printed at one place; only the last row's can be seen.",
          "Put it into the head or behind the rows."}},
@@ -483,7 +483,7 @@ constexpr std::array kMessages = {
                    "total-pages-taken",
                    kWarning,
                    {"总页数还有一处：“{0}”。", "这里不印，只在后画的那一处印。",
-                    "只留一处；列头中的一处不与别处相争。"},
+                    "只留一处；列标题中的一处不与别处相争。"},
                    {"The total page count stands in another place, too: “{0}”.",
                     "It is not written here, but where it was drawn last.",
                     "Keep one of them; one in the column head stands for itself."}},
@@ -508,7 +508,7 @@ constexpr std::array kMessages = {
         "texts-overlap",
         kWarning,
         {"“{0}”和“{1}”的“{2}”重叠 {3} × {4} 毫米。", "两处文字印在一起，看不清。",
-         "<5?FAdjuctHeader 把第一页之后各页的列头、明细行等移动 {5} "
+         "<5?FAdjuctHeader 把第一页之后各页的列标题、明细行等移动 {5} "
          "毫米：改正它，或逐张打印单据。|><6?移开其中一个，或缩小条码框。|><7?"
          "移开其中一个，或缩小字号。|>"},
         {"“{0}” lies over “{2}” of “{1}” by {3} × {4} mm.", "Both are printed into each other.",
@@ -598,7 +598,7 @@ constexpr std::array kMessages = {
         "next-bill",
         kWarning,
         {"列 {0} 在单据 {1} 的末页上取自下一张单据 {2}。", "印出“{3}”，而这张单据的值是“{4}”。",
-         "带格式串的数改由数据给出文字；FFooterPerPage=1 时放到行后区（FSite 4）；或逐张打印。"},
+         "带格式串的数改由数据给出文字；FFooterPerPage=1 时放到明细之后（FSite 4）；或逐张打印。"},
         {"The column {0} is read from the next bill {2} on the last page of bill {1}.",
          "“{3}” is printed, and the value of this bill is “{4}”.",
          "Deliver numbers under a picture as texts; with FFooterPerPage=1 put it behind the "
