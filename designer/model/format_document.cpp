@@ -58,7 +58,7 @@ std::vector<ItemId> FormatDocument::Undo() {
   if (!CanUndo()) return {};
   const Command& step = history_[--done_];
   td::designer::Undo(current_, step);
-  const std::vector<ItemId> items = step.items;
+  std::vector<ItemId> items = step.items;
   Tell(step);
   return items;
 }
@@ -67,7 +67,7 @@ std::vector<ItemId> FormatDocument::Redo() {
   if (!CanRedo()) return {};
   const Command& step = history_[done_++];
   td::designer::Do(current_, step);
-  const std::vector<ItemId> items = step.items;
+  std::vector<ItemId> items = step.items;
   Tell(step);
   return items;
 }
