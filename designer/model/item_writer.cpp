@@ -22,6 +22,7 @@ std::vector<std::size_t> ByBand(const std::vector<Row>& rows) {
 
 std::vector<Row> KnownRows(const std::vector<StoredRow>& rows) {
   std::vector<Row> known;
+  known.reserve(rows.size());
   for (const StoredRow& row : rows) known.push_back(row.known);
   return known;
 }
@@ -88,6 +89,7 @@ ItemWriter::ItemWriter(Transaction& transaction, Value formatId, StoredTable now
 
 std::vector<StoredRow> ItemWriter::Write(const std::vector<WantedItem>& wanted) {
   std::vector<StoredRow> rows;
+  rows.reserve(wanted.size());
   for (const WantedItem& one : wanted) {
     rows.push_back({one.item->row, one.now ? now_.rows[*one.now].others : one.item->others});
   }
@@ -117,6 +119,7 @@ bool ItemWriter::MayWriteChanges(const std::vector<WantedItem>& wanted) const {
   std::optional<std::size_t> last;
   bool newBegan = false;
   std::vector<Row> rows;
+  rows.reserve(wanted.size());
   for (const WantedItem& one : wanted) rows.push_back(one.item->row);
   for (const std::size_t i : ByBand(rows)) {
     const WantedItem& one = wanted[i];

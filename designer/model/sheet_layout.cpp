@@ -125,9 +125,12 @@ std::optional<Box> BandBox(const SheetLayout& layout, const Format& format, Item
 }
 
 std::vector<double> RowTops(const SheetLayout& layout, const Format& format) {
+  constexpr int kMostRows = 10000;  // a mistyped number of rows is no reason to run out of memory
+  const int rows = std::clamp(layout.rowsPerPage, 0, kMostRows);
   std::vector<double> tops;
+  tops.reserve(static_cast<std::size_t>(rows));
   const double first = TopOfFirstRow(layout, format);
-  for (int row = 0; row < layout.rowsPerPage; ++row) tops.push_back(first + row * layout.rowHeight);
+  for (int row = 0; row < rows; ++row) tops.push_back(first + row * layout.rowHeight);
   return tops;
 }
 

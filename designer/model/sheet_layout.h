@@ -62,9 +62,9 @@ struct SheetLayout {
 [[nodiscard]] std::optional<Box> BandBox(const SheetLayout& layout, const Format& format,
                                          ItemSite site);
 
-// The top of each row on a full first page, rowsPerPage of them: where the ghosts of the first
-// row's items go. The first row begins at the topmost item of band 3, or below the lowest item of
-// the bands 1 and 2 if the row is empty.
+// The top of each row on a full first page, rowsPerPage of them, but 10,000 at most: where the
+// ghosts of the first row's items go. The first row begins at the topmost item of band 3, or below
+// the lowest item of the bands 1 and 2 if the row is empty.
 [[nodiscard]] std::vector<double> RowTops(const SheetLayout& layout, const Format& format);
 
 // Turns a place on the sheet into the one that is stored, and back.

@@ -87,6 +87,7 @@ std::function<std::vector<FormatFinding>(const Format& format)> CheckWith(
       found = checker::CheckFormat(rows, machine);
     }
     std::vector<FormatFinding> findings;
+    findings.reserve(found.size());
     for (const checker::Finding& finding : found) findings.push_back(FindingOf(format, finding));
     return findings;
   };

@@ -43,6 +43,7 @@ std::vector<BandStrip> StripsOf(SheetView& view) {
     }
   }
   std::vector<BandStrip> strips;
+  strips.reserve(boxes.size());
   for (const auto& [site, box] : boxes) strips.push_back({site, box});
   return strips;
 }

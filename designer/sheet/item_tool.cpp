@@ -112,7 +112,7 @@ void ItemTool::BeginMoving() {
 void ItemTool::Drag(const SheetMouse& mouse) {
   now_ = mouse;
   const bool isFar =
-      (mouse.at - start_.at).manhattanLength() >= QApplication::startDragDistance() / 2;
+      2 * (mouse.at - start_.at).manhattanLength() >= QApplication::startDragDistance();
   if (state_ == State::kPressed && isFar) BeginMoving();
   if (state_ == State::kMoving) MoveTo(mouse);
   if (state_ == State::kResizing) ResizeTo(mouse);

@@ -33,7 +33,7 @@ QJsonArray ToJson(const std::vector<double>& numbers) {
 
 std::vector<double> ToNumbers(const QJsonValue& json) {
   std::vector<double> numbers;
-  for (const QJsonValue& number : json.toArray()) numbers.push_back(number.toDouble());
+  for (const auto& number : json.toArray()) numbers.push_back(number.toDouble());
   return numbers;
 }
 

@@ -75,7 +75,7 @@ ItemIds PasteCopied(FormatDocument& document, double distance) {
   const std::vector<Item> items(copied->items.begin(), copied->items.end());
   Command pasted = PasteItems(now, items, distance, distance);
   pasted.edits.insert(pasted.edits.begin(), command.edits.begin(), command.edits.end());
-  const ItemIds ids = pasted.items;
+  ItemIds ids = pasted.items;
   document.Do(std::move(pasted));
   return ids;
 }
