@@ -122,7 +122,7 @@ class PictureFolder {
     if (given.empty() || given == "." || given == "..") given = "picture";
     const fs::path name(given);
     for (int number = 1;; ++number) {
-      const std::string path = (fs::absolute(folder_) /
+      std::string path = (fs::absolute(folder_) /
                                 (number == 1 ? given
                                              : name.stem().string() + "-" + std::to_string(number) +
                                                    name.extension().string()))
