@@ -46,11 +46,13 @@ bool FormatDocument::Do(Command command) {
   history_.resize(done_);
   td::designer::Do(current_, command);
   const bool mayMerge = done_ > 0 && saved_ != done_;
-  if (!mayMerge || !Merge(history_.back(), command)) {
-    history_.push_back(command);
-    ++done_;
+  if (mayMerge && Merge(history_.back(), command)) {
+    Tell(command);
+    return true;
   }
-  Tell(command);
+  history_.push_back(std::move(command));
+  ++done_;
+  Tell(history_.back());
   return true;
 }
 
