@@ -123,11 +123,11 @@ class PictureFolder {
     const fs::path name(given);
     for (int number = 1;; ++number) {
       std::string path = (fs::absolute(folder_) /
-                                (number == 1 ? given
-                                             : name.stem().string() + "-" + std::to_string(number) +
-                                                   name.extension().string()))
-                                   .lexically_normal()
-                                   .string();
+                          (number == 1 ? given
+                                       : name.stem().string() + "-" + std::to_string(number) +
+                                             name.extension().string()))
+                             .lexically_normal()
+                             .string();
       const bool isTaken =
           std::ranges::any_of(files_,
                               [&](const designer::FilePicture& file) {
