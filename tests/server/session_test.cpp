@@ -4,10 +4,10 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <sstream>
 #include <thread>
 
 #include "command_output.h"
+#include "file_content.h"
 #include "objects/dispatch_object.h"
 #include "objects/variant_values.h"
 #include "platform/failure.h"
@@ -141,9 +141,7 @@ TEST_F(Session, PrintsIntoPicturesAndAPage) {
 
   Choose("ToHtml", folder_.File("order.html"));
   ExpectOk(PrintNames({"Rice"}));
-  std::stringstream page;
-  page << std::ifstream(folder_.File("order.html")).rdbuf();
-  EXPECT_NE(page.str().find("Rice"), std::string::npos);
+  EXPECT_NE(ContentOf(folder_.File("order.html")).find("Rice"), std::string::npos);
 }
 
 TEST_F(Session, TheLastOutputCountsAndAnEmptyOneIsTheFormatsPrinter) {
