@@ -163,6 +163,22 @@ TEST_F(PdfContents, AFontThatMustNotBeEmbeddedIsDrawnAsShapes) {
   EXPECT_NEAR(shapes.bottom(), letters.bottom(), kTolerance);
 }
 
+TEST_F(PdfContents, ABoldThatIsDrawnAsShapesIsStruckTwice) {
+  constexpr double kDotsPerInch = 600;
+  const QRectF region(5, 5, 90, 40);
+  const auto left = [&](bool bold) {
+    const Page page =
+        PageOf(100, 50,
+               {Box("H", 30, 10, 60, 30, TextAlignment::kLeft, Font("Forbidding Mono", 48, bold))});
+    Write({page});
+    const double shown = InkIn(ImageOf(Path(), kDotsPerInch), kDotsPerInch, region).left();
+    const double painted = InkIn(RenderPage(page, kDotsPerInch), kDotsPerInch, region).left();
+    EXPECT_NEAR(shown, painted, kTolerance) << bold;
+    return shown;
+  };
+  EXPECT_LT(left(true), left(false) - 0.2);
+}
+
 TEST_F(PdfContents, AJpegFileStandsInThePdfAsItIs) {
   for (const QImage::Format format : {QImage::Format_RGB32, QImage::Format_Grayscale8}) {
     QImage image(60, 40, QImage::Format_RGB32);
