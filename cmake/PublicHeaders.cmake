@@ -24,6 +24,7 @@ set(qbtd_public_headers
   server/client/recordsets.h
   server/interface/binary_interface.h
   server/interface/binary_objects.h
+  server/interface/printer_interface.h
   server/interface/session_interface.h
   server/recordsets/recordset_object.h
   src/platform/barcode.h

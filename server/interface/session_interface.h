@@ -2,7 +2,7 @@
 #ifndef QBTDPRINTER_SESSION_INTERFACE_H
 #define QBTDPRINTER_SESSION_INTERFACE_H
 
-#include "interface/binary_objects.h"
+#include "interface/printer_interface.h"
 
 #ifdef __cplusplus
 extern "C" {
@@ -23,19 +23,9 @@ typedef struct TdSession {
 } TdSession;
 typedef struct TdSessionTable {
   TD_DISPATCH_OPERATIONS(TdSession)
-  /* The four of TdPrinter. A print call fails with number 380, and stores nothing, when the session
-   * was sent to a printer that isn't installed. */
-  TdResult(TD_CALL* DoPrint)(TdSession* self, TdFlag New_DoPrint, TdString New_PromptString,
-                             int16_t New_TranType, TdFlag New_OnlyPrintVariantItem,
-                             TdFlag New_PrintBorder, TdDispatch** PrintData, TdString TDBillName,
-                             TdVariant* PrintDevice);
-  TdResult(TD_CALL* DoPrint_GroupByArea)(TdSession* self, TdFlag New_DoPrint,
-                                         TdString New_PromptString, int16_t New_TranType,
-                                         TdFlag New_OnlyPrintVariantItem, TdFlag New_PrintBorder,
-                                         TdDispatch** PrintData, TdString TDBillName,
-                                         TdVariant* PrintDevice);
-  TdResult(TD_CALL* PrintOk)(TdSession* self, TdFlag* value);
-  TdResult(TD_CALL* PrintBlankRows)(TdSession* self, int16_t NewValue);
+  /* A print call fails with number 380, and stores nothing, when the session was sent to a printer
+   * that isn't installed. */
+  TD_PRINT_OPERATIONS(TdSession)
 
   /* Where the documents go from now on; in a preview, when its user prints. The last of the four
    * counts. An empty text, and a session that was told nothing: the printer that the format
