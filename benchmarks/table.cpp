@@ -69,9 +69,8 @@ class Table {
   void CompareWithLoop(const std::string& connection) const {
     MakeWorkFormat(connection);
     std::puts(
-        "| rows | work, loop = 1 | processor, loop = 1 | rows per second | memory, MB | of the "
-        "loop "
-        "| PDF, MB | of the loop |\n|---|---|---|---|---|---|---|---|");
+        "| rows | work, loop = 1 | processor, loop = 1 | rows per second | memory, MB "
+        "| of the loop | PDF, MB | of the loop |\n|---|---|---|---|---|---|---|---|");
     for (const int rows : {100, 1000, 10'000, 30'000}) {
       MakeWorkRows(connection, rows);
       std::vector<Cost> work;

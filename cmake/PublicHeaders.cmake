@@ -23,6 +23,9 @@ set(qbtd_public_headers
   server/client/client.h
   server/client/recordsets.h
   server/interface/binary_interface.h
+  server/interface/binary_objects.h
+  server/interface/printer_interface.h
+  server/interface/session_interface.h
   server/recordsets/recordset_object.h
   src/platform/barcode.h
   src/platform/database.h

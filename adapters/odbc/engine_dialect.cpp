@@ -67,8 +67,12 @@ std::string_view JoinSetting(Engine engine, bool mayShuffle) {
 }
 
 ReadOnlyTransaction ReadOnlyTransactionOf(Engine engine) {
-  if (engine == Engine::kPostgreSql) return {"begin read only", "rollback"};
-  if (engine == Engine::kMariaDb) return {"start transaction read only", "rollback"};
+  if (engine == Engine::kPostgreSql) {
+    return {"begin read only", "rollback", "set session characteristics as transaction read only"};
+  }
+  if (engine == Engine::kMariaDb) {
+    return {"start transaction read only", "rollback", "set session transaction read only"};
+  }
   return {};
 }
 

@@ -26,11 +26,12 @@ enum class Engine { kPostgreSql, kMariaDb, kSqlServer, kOther };
 // table; empty where the engine has none.
 [[nodiscard]] std::string_view JoinSetting(Engine engine, bool mayShuffle);
 
-// The statements around one that must change nothing: between them the engine refuses to write.
-// Both are empty where the engine has no such transaction.
+// The statements around one that must change nothing: between them the engine refuses to write. All
+// are empty where the engine has no such transaction.
 struct ReadOnlyTransaction {
   std::string_view begin;
   std::string_view end;
+  std::string_view ofSession;  // makes each transaction that a session begins later such a one
 };
 [[nodiscard]] ReadOnlyTransaction ReadOnlyTransactionOf(Engine engine);
 

@@ -41,8 +41,8 @@ class OdbcDatabase final : public TransactionalDatabase {
   // write, the words of the statement decide.
   RecordsetRef OpenReadOnly(const std::string& connection, const std::string& sql) override;
   std::unique_ptr<Connection> Connect(const std::string& connection) override;
-  // Serializable: where the engine can't keep others from changing what was read, the transaction
-  // fails as locked.
+  // One that only reads is held to it as OpenReadOnly is. One that writes is serializable: where
+  // the engine can't keep others from changing what was read, the transaction fails as locked.
   std::unique_ptr<Transaction> Begin(const std::string& connection, Access access) override;
 
  private:

@@ -78,8 +78,9 @@ bool OdbcSession::IsQuery(const std::string& sql) const {
 
 void OdbcSession::Begin(Access access) {
   reusable_ = false;
-  const bool writes = access == Access::kReadWrite;
-  if (!connection_.BeginTransaction(writes ? SQL_TXN_SERIALIZABLE : SQL_TXN_REPEATABLE_READ)) {
+  onlyReads_ = access == Access::kReadOnly;
+  if (onlyReads_) RunOnce(ReadOnlyTransactionOf(engine_).ofSession);
+  if (!connection_.BeginTransaction(onlyReads_ ? SQL_TXN_REPEATABLE_READ : SQL_TXN_SERIALIZABLE)) {
     FailConnection();
   }
 }
@@ -95,6 +96,7 @@ void OdbcSession::Rollback() noexcept {
 
 std::shared_ptr<const MemoryRows> OdbcSession::Run(const std::string& sql, Access access) {
   const bool wasReusable = std::exchange(reusable_, false);  // stays so when a failure leaves
+  if (onlyReads_ || access == Access::kReadOnly) CheckOnlyReads(sql);
   ArrangeJoins(sql);
   auto rows = access == Access::kReadOnly ? RunReadOnly(sql) : RunKept(sql);
   if (!rows) rows = Execute(prepared_.Add(sql, Prepare(sql)));
@@ -102,11 +104,15 @@ std::shared_ptr<const MemoryRows> OdbcSession::Run(const std::string& sql, Acces
   return *std::move(rows);
 }
 
+void OdbcSession::CheckOnlyReads(const std::string& sql) const {
+  CheckIsQuery(sql, LexiconOf(engine_));
+  const bool engineRefuses = !ReadOnlyTransactionOf(engine_).begin.empty();
+  if (!engineRefuses) CheckHoldsNoCommand(sql, LexiconOf(engine_));
+}
+
 // A failure ends the connection, and the transaction with it.
 std::optional<OdbcSession::Rows> OdbcSession::RunReadOnly(const std::string& sql) {
-  CheckIsQuery(sql, LexiconOf(engine_));
   const ReadOnlyTransaction transaction = ReadOnlyTransactionOf(engine_);
-  if (transaction.begin.empty()) CheckHoldsNoCommand(sql, LexiconOf(engine_));
   RunOnce(transaction.begin);
   Prepared prepared = Prepare(sql);
   Rows rows = Execute(prepared);

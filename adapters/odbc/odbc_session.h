@@ -28,8 +28,8 @@ class OdbcSession {
   // nothing changed.
   std::shared_ptr<const MemoryRows> Run(const std::string& sql, Access access = Access::kReadWrite);
 
-  // A transaction of all statements that follow, which nothing but Commit lets take effect.
-  // Rollback comes before the session dies.
+  // A transaction of all statements that follow, which nothing but Commit lets take effect. One
+  // that only reads refuses statements that would write. Rollback comes before the session dies.
   void Begin(Access access);
   void Commit();
   void Rollback() noexcept;
@@ -63,6 +63,7 @@ class OdbcSession {
 
   using Rows = std::shared_ptr<const MemoryRows>;
 
+  void CheckOnlyReads(const std::string& sql) const;
   void ArrangeJoins(const std::string& sql);
   [[nodiscard]] std::optional<Rows> RunReadOnly(const std::string& sql);
   void RunOnce(std::string_view sql);
@@ -80,6 +81,7 @@ class OdbcSession {
   Engine engine_;
   TableNames tables_;
   StatementCache<Prepared> prepared_;
+  bool onlyReads_ = false;  // the transaction that Begin began
   bool joinsShuffle_ = true;
   bool reusable_ = true;
   bool lost_ = false;

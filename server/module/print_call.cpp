@@ -4,13 +4,6 @@
 
 namespace td {
 
-const std::vector<const char*>& PrintArgumentNames() {
-  static const std::vector<const char*> names = {
-      "New_DoPrint",     "New_PromptString", "New_TranType", "New_OnlyPrintVariantItem",
-      "New_PrintBorder", "PrintData",        "TDBillName",   "PrintDevice"};
-  return names;
-}
-
 PrintCall PrintCallOf(const CallArguments& given) {
   return {given.Flag(0), given.Text(1),   given.Integer16(2), given.Flag(3),
           given.Flag(4), given.Object(5), given.Text(6)};

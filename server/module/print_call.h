@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <string>
-#include <vector>
 
 #include "objects/call_arguments.h"
 #include "objects/owned.h"
@@ -24,9 +23,7 @@ struct PrintCall {
   std::string TDBillName;
 };
 
-// By name: the arguments' names in their order, of which the first six can't be left out.
-[[nodiscard]] const std::vector<const char*>& PrintArgumentNames();
-inline constexpr std::uint32_t kRequiredPrintArguments = 6;
+// By name.
 [[nodiscard]] PrintCall PrintCallOf(const CallArguments& given);
 
 // Directly.

@@ -3,16 +3,14 @@
 
 #include <cstdint>
 
+#include "module/printing_object.h"
 #include "objects/members.h"
 
 namespace td {
 
+// Behind those of PrintMember.
 enum SessionMember : std::int32_t {
-  kDoPrint = 1,
-  kDoPrintGroupByArea,
-  kPrintOk,
-  kPrintBlankRows,
-  kToPrinter,
+  kToPrinter = kPrintBlankRows + 1,
   kToPdf,
   kToPng,
   kToHtml,

@@ -2,18 +2,19 @@
 
 #include <atomic>
 #include <cmath>
-#include <functional>
 #include <optional>
+#include <string>
 #include <utility>
+#include <variant>
+#include <vector>
 
 #include "module/component.h"
+#include "module/printing_object.h"
 #include "module/session_answers.h"
 #include "module/session_members.h"
 #include "module/session_print.h"
-#include "objects/dispatch_object.h"
 #include "objects/variant_values.h"
 #include "platform/standard_failures.h"
-#include "service/request.h"
 
 namespace td {
 namespace {
@@ -35,9 +36,11 @@ MessageMode MessageModeOf(std::int32_t number) {
   }
 }
 
-class SessionObject final : public DispatchObject<SessionObject, TdSession> {
+class SessionObject final : public PrintingObject<SessionObject, TdSession> {
+  friend PrintingObject;
+
  public:
-  SessionObject() : DispatchObject(&kTable) {}
+  SessionObject() : PrintingObject(&kTable) {}
 
   static bool Has(const TdGuid& id) {
     return SameGuid(id, kTdDispatchId) || SameGuid(id, kTdSessionId);
@@ -95,17 +98,6 @@ class SessionObject final : public DispatchObject<SessionObject, TdSession> {
     return RunOwned(self, [&](SessionObject& session) { session.SendTo(output, TextOf(target)); });
   }
 
-  static TdResult TD_CALL DoPrint(TdSession* self, TdFlag New_DoPrint, TdString New_PromptString,
-                                  std::int16_t New_TranType, TdFlag New_OnlyPrintVariantItem,
-                                  TdFlag New_PrintBorder, TdDispatch** PrintData,
-                                  TdString TDBillName, TdVariant* PrintDevice);
-  static TdResult TD_CALL DoPrint_GroupByArea(TdSession* self, TdFlag New_DoPrint,
-                                              TdString New_PromptString, std::int16_t New_TranType,
-                                              TdFlag New_OnlyPrintVariantItem,
-                                              TdFlag New_PrintBorder, TdDispatch** PrintData,
-                                              TdString TDBillName, TdVariant* PrintDevice);
-  static TdResult TD_CALL PrintOk(TdSession* self, TdFlag* value);
-  static TdResult TD_CALL PrintBlankRows(TdSession* self, std::int16_t NewValue);
   static TdResult TD_CALL ToPng(TdSession* self, TdString Folder, double DotsPerInch);
   static TdResult TD_CALL DirectMessageMode(TdSession* self, std::int32_t NewValue);
   static TdResult TD_CALL DirectLockWaitLimit(TdSession* self, double NewValue);
@@ -135,8 +127,8 @@ const TdSessionTable SessionObject::kTable = {QueryInterface,
                                               GetTypeInfo,
                                               GetIDsOfNames,
                                               Invoke,
-                                              DoPrint,
-                                              DoPrint_GroupByArea,
+                                              DirectPrint<&Printer::DoPrint>,
+                                              DirectPrint<&Printer::DoPrint_GroupByArea>,
                                               PrintOk,
                                               PrintBlankRows,
                                               Send<Output::kPrinter>,
@@ -167,14 +159,8 @@ const TdSessionTable SessionObject::kTable = {QueryInterface,
 void SessionObject::Call(std::int32_t member, const CallArguments& arguments, TdVariant& result) {
   if (member == kCancel) return Cancel();
   Component::Get().CheckThread();
+  if (CallPrintMember(member, arguments, result)) return;
   switch (member) {
-    case kDoPrint:
-      return Print(&Printer::DoPrint, PrintCallOf(arguments));
-    case kDoPrintGroupByArea:
-      return Print(&Printer::DoPrint_GroupByArea, PrintCallOf(arguments));
-    case kPrintOk:
-      result = TdFlagVariant(Context().PrintOk ? 1 : 0);
-      return;
     case kMessage:
       result = VariantOf(OfMessage(&DocumentOutcome::texts, arguments.Integer32(0)));
       return;
@@ -190,9 +176,6 @@ void SessionObject::Call(std::int32_t member, const CallArguments& arguments, Td
 // Methods and properties that choose.
 void SessionObject::Put(std::int32_t member, const CallArguments& arguments) {
   switch (member) {
-    case kPrintBlankRows:
-      Context().PrintBlankRows = arguments.Integer16(0);
-      return;
     case kToPrinter:
       return SendTo(Output::kPrinter, arguments.Text(0));
     case kToPdf:
@@ -255,39 +238,6 @@ const std::string& SessionObject::OfMessage(std::vector<std::string> DocumentOut
     throw Failure(kNoSuchElement, "下标越界");
   }
   return (result_->document.*texts)[static_cast<std::size_t>(index) - 1];
-}
-
-TdResult SessionObject::DoPrint(TdSession* self, TdFlag New_DoPrint, TdString New_PromptString,
-                                std::int16_t New_TranType, TdFlag New_OnlyPrintVariantItem,
-                                TdFlag New_PrintBorder, TdDispatch** PrintData, TdString TDBillName,
-                                TdVariant* /*PrintDevice*/) {
-  return RunOwned(self, [&](SessionObject& session) {
-    session.Print(&Printer::DoPrint,
-                  PrintCallOf(New_DoPrint, New_PromptString, New_TranType, New_OnlyPrintVariantItem,
-                              New_PrintBorder, PrintData, TDBillName));
-  });
-}
-
-TdResult SessionObject::DoPrint_GroupByArea(TdSession* self, TdFlag New_DoPrint,
-                                            TdString New_PromptString, std::int16_t New_TranType,
-                                            TdFlag New_OnlyPrintVariantItem, TdFlag New_PrintBorder,
-                                            TdDispatch** PrintData, TdString TDBillName,
-                                            TdVariant* /*PrintDevice*/) {
-  return RunOwned(self, [&](SessionObject& session) {
-    session.Print(&Printer::DoPrint_GroupByArea,
-                  PrintCallOf(New_DoPrint, New_PromptString, New_TranType, New_OnlyPrintVariantItem,
-                              New_PrintBorder, PrintData, TDBillName));
-  });
-}
-
-TdResult SessionObject::PrintOk(TdSession* self, TdFlag* value) {
-  if (value == nullptr) return TD_BAD_POINTER;
-  return RunOwned(
-      self, [value](SessionObject&) { *value = Context().PrintOk ? TD_TRUE_FLAG : TD_FALSE_FLAG; });
-}
-
-TdResult SessionObject::PrintBlankRows(TdSession* self, std::int16_t NewValue) {
-  return RunOwned(self, [NewValue](SessionObject&) { Context().PrintBlankRows = NewValue; });
 }
 
 TdResult SessionObject::ToPng(TdSession* self, TdString Folder, double DotsPerInch) {

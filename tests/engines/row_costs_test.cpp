@@ -4,10 +4,10 @@
 
 #include <cstdlib>
 #include <memory>
-#include <new>
 #include <string>
 #include <utility>
 
+#include "allocation_count.h"
 #include "desktop/databases.h"
 #include "desktop/desktop_platform.h"
 #include "sample_engine.h"
@@ -17,7 +17,6 @@
 namespace {
 
 long thrown = 0;
-long allocated = 0;
 
 }  // namespace
 
@@ -28,18 +27,6 @@ extern "C" [[noreturn]] void __cxa_throw(void* exception, void* type, void (*des
   ++thrown;
   real(exception, type, destroy);
   std::abort();
-}
-
-void* operator new(std::size_t size) {
-  ++allocated;
-  if (void* memory = std::malloc(size == 0 ? 1 : size)) return memory;
-  throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept {
-  std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-  std::free(memory);
 }
 
 namespace td {
@@ -58,8 +45,8 @@ class CountedRows : public Recordset {
   void MoveNext() override {
     rows_->MoveNext();
     ++row_;
-    if (row_ == kFirst) start_ = {thrown, allocated};
-    if (row_ == kLast) end_ = {thrown, allocated};
+    if (row_ == kFirst) start_ = {thrown, AllocationCount()};
+    if (row_ == kLast) end_ = {thrown, AllocationCount()};
   }
   void MoveFirst() override { rows_->MoveFirst(); }
   void Close() override { rows_->Close(); }

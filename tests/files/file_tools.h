@@ -12,9 +12,9 @@
 #include <filesystem>
 #include <fstream>
 #include <set>
-#include <sstream>
 #include <string>
 
+#include "file_content.h"
 #include "files/descriptor.h"
 #include "files/file_error.h"
 
@@ -51,12 +51,6 @@ class TestFolder {
  private:
   std::filesystem::path path_;
 };
-
-inline std::string ContentOf(const std::filesystem::path& path) {
-  std::stringstream content;
-  content << std::ifstream(path, std::ios::binary).rdbuf();
-  return content.str();
-}
 
 inline void Put(const std::filesystem::path& path, const std::string& content) {
   std::ofstream(path, std::ios::binary) << content;

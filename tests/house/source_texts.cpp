@@ -1,18 +1,11 @@
 #include "source_texts.h"
 
-#include <fstream>
-#include <sstream>
+#include "file_content.h"
 
 namespace td {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string ContentOf(const fs::path& path) {
-  std::stringstream content;
-  content << std::ifstream(path, std::ios::binary).rdbuf();
-  return content.str();
-}
 
 // Takes a source apart. A statement ends at a semicolon, and at a brace that ends its line or
 // begins it; others belong to values.

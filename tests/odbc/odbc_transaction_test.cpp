@@ -4,6 +4,7 @@
 #include "odbc/engine_dialect.h"
 #include "odbc_fixture.h"
 #include "platform/standard_failures.h"
+#include "scratch_folder.h"
 
 namespace td {
 namespace {
@@ -16,6 +17,8 @@ class OdbcTransactions : public OnEachServer {
     return database_.Begin(connection_, access);
   }
   std::int64_t Count() { return std::get<std::int64_t>(One("select count(*) as a from Pairs")); }
+
+  ScratchFolder scratch_;
 };
 
 INSTANTIATE_TEST_SUITE_P(Servers, OdbcTransactions,
@@ -53,6 +56,26 @@ TEST_P(OdbcTransactions, ThatOnlyReadSeeTheTablesAsTheyWere) {
   EXPECT_EQ(transaction->Run("select * from Pairs")->RowCount(), 0U);
   Execute("insert into Pairs values(1,'x')");
   EXPECT_EQ(transaction->Run("select * from Pairs")->RowCount(), 0U);
+}
+
+// Some of these would end the transaction and take effect at once.
+TEST_P(OdbcTransactions, ThatOnlyReadRefuseToWrite) {
+  const std::string function =
+      IsPostgreSql()
+          ? "create or replace function add_pair() returns integer language plpgsql as "
+            "$$ begin insert into pairs values(9,'x'); return 1; end $$;\n"
+          : "drop function if exists add_pair;\ndelimiter //\ncreate function add_pair() "
+            "returns integer begin insert into Pairs values(9,'x'); return 1; end//\n";
+  RunScript(GetParam(), scratch_.Write("function.sql", function));
+  for (const char* sql : {"insert into Pairs values(1,'x')", "drop table Pairs",
+                          "truncate table Pairs", "commit", "select add_pair() as a"}) {
+    const auto transaction = Begin(Access::kReadOnly);
+    EXPECT_EQ(transaction->Run("select * from Pairs")->RowCount(), 0U);
+    EXPECT_THROW(transaction->Run(sql), Failure) << sql;
+    EXPECT_EQ(Count(), 0) << sql;
+  }
+  const auto transaction = Begin(Access::kReadOnly);
+  EXPECT_THROW(transaction->Run("select add_pair() as a"), Failure);
 }
 
 TEST_P(OdbcTransactions, WaitForAnotherAndSaySo) {

@@ -24,11 +24,7 @@ namespace fs = std::filesystem;
 
 class LogWriter : public testing::Test {
  protected:
-  [[nodiscard]] std::string Content() const {
-    std::stringstream content;
-    content << std::ifstream(path_).rdbuf();
-    return content.str();
-  }
+  [[nodiscard]] std::string Content() const { return ContentOf(path_); }
   static int ErrorOf(const std::string& path) {
     try {
       AppendLine(path, "line\n");

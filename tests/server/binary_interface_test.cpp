@@ -1,16 +1,16 @@
 // What programs and helpers in other languages have built into them: sizes, places, numbers and
 // identifiers of the binary interface. A published line of these tables never changes; a new thing
-// in the header gets a line of its own, and the last test names those that are still missing.
+// in a header gets a line of its own, and the last test names those that are still missing.
 #include "interface/binary_interface.h"
 
 #include <cstddef>
-#include <fstream>
+#include <filesystem>
 #include <regex>
 #include <set>
-#include <sstream>
 #include <string_view>
 #include <type_traits>
 
+#include "file_content.h"
 #include "memory_rows/memory_recordset.h"
 #include "recordsets/recordset_object.h"
 #include "server_fixture.h"
@@ -392,15 +392,9 @@ TEST_F(BinaryInterfaceByName, MembersHaveThePublishedNumbers) {
   rows->table->Release(rows);
 }
 
-std::string ContentOf(const std::string& file) {
-  std::stringstream content;
-  content << std::ifstream(std::string(QBTD_SOURCE_DIR "/server/") + file).rdbuf();
-  return content.str();
-}
-
 // The helper writes them down once more: it has no compiler that reads the header.
 TEST(BinaryInterface, TheHelperForPythonHasThePublishedResultCodes) {
-  const std::string helper = ContentOf("python/qbtdprinter/_structures.py");
+  const std::string helper = ContentOf(QBTD_SOURCE_DIR "/server/python/qbtdprinter/_structures.py");
   std::size_t found = 0;
   for (const Number& code : kResults) {
     const std::string name = std::string(code.name).substr(std::string_view("TD_").size());
@@ -412,13 +406,17 @@ TEST(BinaryInterface, TheHelperForPythonHasThePublishedResultCodes) {
   EXPECT_GE(found, 15U);
 }
 
-// Constants, structures and identifiers of the header; not the macros that only shorten it.
+// Constants, structures and identifiers of the headers; not the macros that only shorten them.
 std::set<std::string> DeclaredNames() {
-  const std::string header = ContentOf("interface/binary_interface.h");
+  std::string headers;
+  for (const auto& file :
+       std::filesystem::directory_iterator(QBTD_SOURCE_DIR "/server/interface")) {
+    headers += ContentOf(file.path());
+  }
   const std::regex declaration(
       R"(#define (TD_\w+) [^\\\n]*\w|\b(TD_[A-Z0-9_]+) = |typedef struct (Td\w+) \{|TdGuid (kTd\w+) =)");
   std::set<std::string> names;
-  for (std::sregex_iterator found(header.begin(), header.end(), declaration), end; found != end;
+  for (std::sregex_iterator found(headers.begin(), headers.end(), declaration), end; found != end;
        ++found) {
     for (std::size_t group = 1; group < found->size(); ++group) {
       if ((*found)[group].matched) names.insert((*found)[group]);
@@ -428,7 +426,7 @@ std::set<std::string> DeclaredNames() {
   return names;
 }
 
-TEST(BinaryInterface, EachNameOfTheHeaderStandsInATable) {
+TEST(BinaryInterface, EachNameOfTheHeadersStandsInATable) {
   std::set<std::string> published;
   const auto add = [&published](const auto& entries) {
     for (const auto& entry : entries) published.insert(entry.name);

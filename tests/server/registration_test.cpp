@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
-#include <sstream>
 
+#include "file_content.h"
 #include "objects/variant_values.h"
 #include "server_fixture.h"
 #include "test_rows.h"
@@ -15,12 +15,6 @@ namespace td {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string Content(const fs::path& path) {
-  std::stringstream content;
-  content << std::ifstream(path, std::ios::binary).rdbuf();
-  return content.str();
-}
 
 unsigned ModeOf(const fs::path& path) {
   struct stat state {};
@@ -67,7 +61,7 @@ TEST_F(Registration, IsTheUsersAlone) {
   EXPECT_EQ(ModeOf(Classes()), 0600U);
   EXPECT_EQ(ModeOf(Classes().parent_path()), 0700U);
   EXPECT_EQ(ModeOf(Data()), 0700U);
-  const std::string content = Content(Classes());
+  const std::string content = ContentOf(Classes());
   EXPECT_NE(content.find("QbTdPrinter.Printer\t{2389511E-AE07-4A8F-BF68-F2D15542C87E}\t" QBTD_MODULE
                          "\n"),
             std::string::npos)
@@ -108,7 +102,7 @@ TEST_F(Registration, NeitherFollowsNorKeepsALink) {
   fs::create_symlink(victim, Classes());
   EXPECT_EQ(Create(TD_PRINTER_CLASS_NAME), TD_NO_ACCESS);
   EXPECT_EQ(module_->registerServer(), TD_OK);
-  EXPECT_EQ(Content(victim), "unchanged");
+  EXPECT_EQ(ContentOf(victim), "unchanged");
   EXPECT_FALSE(fs::is_symlink(Classes()));
   fs::remove(Classes());
   fs::create_symlink(victim, Classes());
@@ -170,7 +164,7 @@ TEST_F(Registration, RefusesAModuleThatOthersMayChange) {
   fs::copy_file(QBTD_MODULE, copy);
   const LoadedModule module(copy);
   ASSERT_EQ(module.registerServer(), TD_OK);
-  EXPECT_NE(Content(Classes()).find(copy), std::string::npos);
+  EXPECT_NE(ContentOf(Classes()).find(copy), std::string::npos);
   chmod(copy.c_str(), 0777);
   EXPECT_EQ(Create(TD_PRINTER_CLASS_NAME), TD_NO_ACCESS);
   EXPECT_EQ(module.registerServer(), TD_NO_ACCESS);
@@ -200,7 +194,7 @@ TEST_F(Registration, LeavesTheFileOfAProcessWithTheSameNumberAlone) {
   const fs::path other = Classes().string() + "." + std::to_string(getpid());
   std::ofstream(other) << "still being written";
   ASSERT_EQ(module_->registerServer(), TD_OK);
-  EXPECT_EQ(Content(other), "still being written");
+  EXPECT_EQ(ContentOf(other), "still being written");
 }
 
 TEST_F(Registration, IsARegularFileOfAModestSize) {

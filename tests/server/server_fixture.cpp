@@ -6,9 +6,9 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <stdexcept>
 
+#include "file_content.h"
 #include "objects/variant_values.h"
 #include "test_rows.h"
 
@@ -24,12 +24,6 @@ constexpr const char* kFormats = R"(
     values (1, 3, 500, 1500, 5000, 300, 1, '品名'), (2, 3, 500, 1500, 5000, 300, 1, '金额');
   insert into TDVariant values (21, '品名', 'FName'), (21, '金额', 'FAmount');
 )";
-
-std::string Content(const std::string& path) {
-  std::stringstream content;
-  content << std::ifstream(path, std::ios::binary).rdbuf();
-  return content.str();
-}
 
 template <class Function>
 Function Exported(void* handle, const char* name) {
@@ -108,7 +102,7 @@ void ExpectRaised(const Outcome& outcome, TdResult number, const std::string& de
 
 ServerTest::ServerTest()
     : connection_(MakeDatabase(folder_.File("bills.db"),
-                               Content(QBTD_SOURCE_DIR "/examples/schema.sql") + kFormats)) {
+                               ContentOf(QBTD_SOURCE_DIR "/examples/schema.sql") + kFormats)) {
   setenv("QBTDPRINTER_STATE_DIR", folder_.File("state").c_str(), 1);
   setenv("XDG_CONFIG_HOME", folder_.File("config").c_str(), 1);
   testing::internal::CaptureStderr();
@@ -142,7 +136,7 @@ bool ServerTest::PrintOk(TdDispatch* printer) {
 }
 
 std::string ServerTest::Exported() const {
-  return Content(folder_.File("state/订单.html"));
+  return ContentOf(folder_.File("state/订单.html"));
 }
 
 void ServerTest::WriteBarcodeSettings(const std::string& content) const {

@@ -1,111 +1,17 @@
-// Prints with an output and answers of their own, by name and directly.
-#include <unistd.h>
-
+// Prints with an output and answers of their own, by name.
 #include <filesystem>
 #include <fstream>
-#include <functional>
-#include <sstream>
 #include <thread>
 
 #include "command_output.h"
-#include "objects/dispatch_object.h"
-#include "objects/variant_values.h"
+#include "file_content.h"
 #include "platform/failure.h"
-#include "server_fixture.h"
-#include "test_rows.h"
+#include "session_use.h"
 
 namespace td {
 namespace {
 
 namespace fs = std::filesystem;
-
-// What a program writes to be told how its prints go on.
-struct Listener {
-  std::function<TdVariant(std::int32_t page)> onPage;
-  std::function<TdVariant(double seconds)> onLockWait;
-  bool knowsPages = true;
-  bool knowsLocks = true;
-};
-
-class ListenerObject final : public DispatchObject<ListenerObject, TdDispatch> {
- public:
-  explicit ListenerObject(Listener listener) : DispatchObject(&kTable), listener_(listener) {}
-  static bool Has(const TdGuid& id) { return SameGuid(id, kTdDispatchId); }
-  static void Enter() {}
-  static const Members& AllMembers() {
-    static const Members members = {{"onpage", 5, TD_CALL_METHOD, {"Page"}, 1},
-                                    {"OnLockWait", 6, TD_CALL_METHOD, {"Seconds"}, 1}};
-    return members;
-  }
-  void Call(std::int32_t member, const CallArguments& arguments, TdVariant& result) {
-    result = member == 5 ? listener_.onPage(arguments.Integer32(0))
-                         : listener_.onLockWait(arguments.Real(0));
-  }
-
- private:
-  static TdResult TD_CALL GetIds(TdDispatch* self, const TdGuid* reserved,
-                                 const TdUnit* const* names, std::uint32_t count,
-                                 std::uint32_t language, std::int32_t* ids) {
-    const bool isPage = std::u16string(names[0]) == u"OnPage";
-    const Listener& listener = Of(self).listener_;
-    if (isPage ? !listener.knowsPages : !listener.knowsLocks) return TD_UNKNOWN_NAME;
-    return GetIDsOfNames(self, reserved, names, count, language, ids);
-  }
-
-  static const TdDispatchTable kTable;
-  Listener listener_;
-};
-
-const TdDispatchTable ListenerObject::kTable = {QueryInterface, AddRef, Release, GetTypeInfoCount,
-                                                GetTypeInfo,    GetIds, Invoke};
-
-class Session : public ServerTest {
- protected:
-  ~Session() override { session_ = {}; }
-
-  [[nodiscard]] Reference<TdDispatch> NewSession() const {
-    return module_->Create(kTdSessionClass);
-  }
-  Outcome PrintNames(const std::vector<std::string>& names, const char* format = "") const {
-    return Print(session_.Get(), TestRows::Make(NamedRows(names)).Get(), format);
-  }
-  void Choose(const char* method, const std::string& target) const {
-    ExpectOk(Call(session_.Get(), method, {TdTextVariant(target.c_str())}));
-  }
-  void Put(const char* property, TdVariant value) const {
-    ExpectOk(td::Put(session_.Get(), property, value));
-  }
-  void Collect() const { Put("MessageMode", TdIntegerVariant(TD_MESSAGES_COLLECTED)); }
-  // The session keeps a reference of its own.
-  void Listen(Listener listener) const {
-    const auto object = Reference<TdDispatch>::Taking(new ListenerObject(std::move(listener)));
-    Put("Progress", TdDispatchVariant(object.Get()));
-  }
-  [[nodiscard]] OwnedVariant Read(const char* property) const {
-    OwnedVariant value;
-    ExpectOk(Get(session_.Get(), property, value));
-    return value;
-  }
-  [[nodiscard]] std::string Text(const char* property) const {
-    OwnedVariant value = Read(property);
-    EXPECT_EQ(value->type, TD_STRING) << property;
-    return TextOf(value->value.string);
-  }
-  [[nodiscard]] std::int32_t Number(const char* property) const {
-    OwnedVariant value = Read(property);
-    EXPECT_EQ(value->type, TD_INT32) << property;
-    return value->value.integer32;
-  }
-  [[nodiscard]] bool Delivered() const {
-    OwnedVariant value = Read("Delivered");
-    EXPECT_EQ(value->type, TD_BOOLEAN);
-    return value->value.flag == TD_TRUE_FLAG;
-  }
-
-  const std::string pdf_ = folder_.File("order.pdf");
-  OtherUser other_{folder_.File("bills.db")};
-  Reference<TdDispatch> session_ = NewSession();
-};
 
 std::string TextOfPdf(const std::string& file) {
   return OutputOf("pdftotext '" + file + "' -");
@@ -141,9 +47,7 @@ TEST_F(Session, PrintsIntoPicturesAndAPage) {
 
   Choose("ToHtml", folder_.File("order.html"));
   ExpectOk(PrintNames({"Rice"}));
-  std::stringstream page;
-  page << std::ifstream(folder_.File("order.html")).rdbuf();
-  EXPECT_NE(page.str().find("Rice"), std::string::npos);
+  EXPECT_NE(ContentOf(folder_.File("order.html")).find("Rice"), std::string::npos);
 }
 
 TEST_F(Session, TheLastOutputCountsAndAnEmptyOneIsTheFormatsPrinter) {
@@ -450,120 +354,6 @@ TEST_F(Session, BelongsToTheThreadThatMadeIt) {
   }).join();
   EXPECT_EQ(results, (std::vector<TdResult>(3, TD_EXCEPTION)));
   EXPECT_EQ(Text("Result"), "");
-}
-
-// The direct interface.
-
-class DirectSession : public Session {
- protected:
-  [[nodiscard]] const TdSessionTable& Table() const { return *direct_.Get()->table; }
-  [[nodiscard]] std::string TextFrom(TdResult(TD_CALL* member)(TdSession*, TdString*)) const {
-    TdString given = nullptr;
-    EXPECT_EQ(member(direct_.Get(), &given), TD_OK);
-    const OwnedString text(given);
-    return TextOf(text.Get());
-  }
-  [[nodiscard]] std::int32_t NumberFrom(TdResult(TD_CALL* member)(TdSession*,
-                                                                  std::int32_t*)) const {
-    std::int32_t number = -1;
-    EXPECT_EQ(member(direct_.Get(), &number), TD_OK);
-    return number;
-  }
-  TdResult PrintDirectly(const std::string& format) const {
-    const OwnedString connection(StringOf(connection_));
-    const OwnedString name(StringOf(format));
-    const auto rows = TestRows::Make(NamedRows({"Rice"}));
-    TdDispatch* data = rows.Get();
-    return Table().DoPrint(direct_.Get(), TD_TRUE_FLAG, connection.Get(), 21, TD_FALSE_FLAG,
-                           TD_FALSE_FLAG, &data, name.Get(), nullptr);
-  }
-
-  Reference<TdSession> direct_ = InterfaceOf<TdSession>(session_.Get(), kTdSessionId);
-};
-
-TEST_F(DirectSession, ChoosesAndAnswersAsByName) {
-  const OwnedString file(StringOf(pdf_));
-  const OwnedString log(StringOf(folder_.File("prints.log")));
-  ASSERT_EQ(Table().ToPdf(direct_.Get(), file.Get()), TD_OK);
-  ASSERT_EQ(Table().MessageMode(direct_.Get(), TD_MESSAGES_COLLECTED), TD_OK);
-  ASSERT_EQ(Table().LockWaitLimit(direct_.Get(), 5), TD_OK);
-  ASSERT_EQ(Table().LogFile(direct_.Get(), log.Get()), TD_OK);
-  ASSERT_EQ(Table().Explain(direct_.Get(), TD_TRUE_FLAG), TD_OK);
-  int pages = 0;
-  const auto listener =
-      Reference<TdDispatch>::Taking(new ListenerObject({.onPage =
-                                                            [&](std::int32_t page) {
-                                                              pages = page;
-                                                              return TdEmptyVariant();
-                                                            },
-                                                        .onLockWait = nullptr}));
-  ASSERT_EQ(Table().Progress(direct_.Get(), listener.Get()), TD_OK);
-  ASSERT_EQ(PrintDirectly(""), TD_OK);
-  TdFlag flag = TD_FALSE_FLAG;
-  EXPECT_EQ(Table().Delivered(direct_.Get(), &flag), TD_OK);
-  EXPECT_EQ(flag, TD_TRUE_FLAG);
-  flag = TD_FALSE_FLAG;
-  EXPECT_EQ(Table().PrintOk(direct_.Get(), &flag), TD_OK);
-  EXPECT_EQ(flag, TD_TRUE_FLAG);
-  EXPECT_EQ(pages, 1);
-  EXPECT_EQ(NumberFrom(Table().Pages), 1);
-  EXPECT_EQ(NumberFrom(Table().JobNumber), 0);
-  EXPECT_EQ(NumberFrom(Table().MessageCount), 0);
-  EXPECT_EQ(TextFrom(Table().Result), "written");
-  EXPECT_EQ(TextFrom(Table().Jobs), "");
-  EXPECT_EQ(TextFrom(Table().PrinterName), "");
-  EXPECT_EQ(TextFrom(Table().Complaints), "");
-  EXPECT_TRUE(fs::exists(folder_.File("prints.log")));
-  EXPECT_NE(TextFrom(Table().Explanation), "");
-  EXPECT_TRUE(TextFrom(Table().ExplanationJson).starts_with("{"));
-
-  ASSERT_EQ(PrintDirectly("没有"), TD_OK);
-  EXPECT_EQ(TextFrom(Table().Result), "not printed");
-  EXPECT_EQ(TextFrom(Table().Reason), "");
-  EXPECT_EQ(TextFrom(Table().Messages), "未指定套打格式，打印被取消！");
-  TdString message = nullptr;
-  EXPECT_EQ(Table().Message(direct_.Get(), 1, &message), TD_OK);
-  EXPECT_EQ(TextOf(message), "未指定套打格式，打印被取消！");
-  TdFreeString(message);
-  message = nullptr;
-  EXPECT_EQ(Table().MessagePlace(direct_.Get(), 1, &message), TD_OK);
-  TdFreeString(message);
-  message = nullptr;
-  EXPECT_EQ(Table().Message(direct_.Get(), 2, &message), TD_RESULT_OF_NUMBER(9));
-  EXPECT_EQ(message, nullptr);
-}
-
-TEST_F(DirectSession, SendsToEachOutput) {
-  const OwnedString target(StringOf(folder_.File("out")));
-  ASSERT_EQ(Table().ToPng(direct_.Get(), target.Get(), 0), TD_OK);
-  ASSERT_EQ(PrintDirectly(""), TD_OK);
-  EXPECT_TRUE(fs::exists(folder_.File("out/page-001.png")));
-  const OwnedString page(StringOf(folder_.File("out.html")));
-  ASSERT_EQ(Table().ToHtml(direct_.Get(), page.Get()), TD_OK);
-  ASSERT_EQ(PrintDirectly(""), TD_OK);
-  EXPECT_TRUE(fs::exists(folder_.File("out.html")));
-  const OwnedString printer(StringOf("nowhere"));
-  ASSERT_EQ(Table().ToPrinter(direct_.Get(), printer.Get()), TD_OK);
-  EXPECT_EQ(PrintDirectly(""), TD_RESULT_OF_NUMBER(380));
-}
-
-TEST_F(DirectSession, IsCancelledOnAnyThreadAndElseRefusesOthers) {
-  TdResult cancelled = TD_FALSE;
-  TdResult chosen = TD_OK;
-  std::thread([&] {
-    cancelled = Table().Cancel(direct_.Get());
-    chosen = Table().MessageMode(direct_.Get(), TD_MESSAGES_COLLECTED);
-  }).join();
-  EXPECT_EQ(cancelled, TD_OK);
-  EXPECT_EQ(chosen, TD_WRONG_THREAD);
-}
-
-TEST_F(DirectSession, ANullPointerIsNoPlaceForAnAnswer) {
-  EXPECT_EQ(Table().Result(direct_.Get(), nullptr), TD_BAD_POINTER);
-  EXPECT_EQ(Table().Pages(direct_.Get(), nullptr), TD_BAD_POINTER);
-  EXPECT_EQ(Table().Delivered(direct_.Get(), nullptr), TD_BAD_POINTER);
-  EXPECT_EQ(Table().PrintOk(direct_.Get(), nullptr), TD_BAD_POINTER);
-  EXPECT_EQ(Table().Message(direct_.Get(), 1, nullptr), TD_BAD_POINTER);
 }
 
 }  // namespace

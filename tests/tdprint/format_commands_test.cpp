@@ -2,9 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
+#include "file_content.h"
 #include "program_run.h"
 #include "sample_files.h"
 #include "scratch_folder.h"
@@ -13,12 +12,6 @@ namespace td {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string ContentOf(const fs::path& path) {
-  std::stringstream content;
-  content << std::ifstream(path, std::ios::binary).rdbuf();
-  return content.str();
-}
 
 class FormatCommands : public testing::Test {
  protected:

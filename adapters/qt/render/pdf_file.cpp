@@ -10,6 +10,7 @@ namespace {
 constexpr std::size_t kPartSize = 32768;  // of the file: what is handed on at a time
 
 }  // namespace
+
 std::string Reference(int number) {
   return std::to_string(number) + " 0 R";
 }

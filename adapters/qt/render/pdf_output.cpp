@@ -1,8 +1,9 @@
 #include <QByteArray>
 #include <QDateTime>
 #include <QString>
+#include <string>
+#include <vector>
 
-#include "render/number_text.h"
 #include "render/outputs.h"
 #include "render/pdf_file.h"
 #include "render/pdf_fonts.h"

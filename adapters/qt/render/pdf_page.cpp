@@ -171,16 +171,14 @@ void PdfPage::AddShaped(const PlacedText& text) {
 
 // A bold that the family lacks is struck twice; readers extract the first stroke alone.
 void PdfPage::AddGlyphs(const PdfFace& face, Glyphs& glyphs) {
-  if (!face.font->MayBeEmbedded()) {
-    FillOutlines(face, glyphs);
-    return;
-  }
-  Show(face, glyphs);
+  const bool areText = face.font->MayBeEmbedded();
+  const auto strike = [&] { areText ? Show(face, glyphs) : FillOutlines(face, glyphs); };
+  strike();
   if (face.strikeBack == 0) return;
   for (PlacedGlyph& glyph : glyphs) glyph.x -= face.strikeBack;
-  texts_ += "/Span<</ActualText<FEFF>>>BDC\n";
-  Show(face, glyphs);
-  texts_ += "EMC\n";
+  if (areText) texts_ += "/Span<</ActualText<FEFF>>>BDC\n";
+  strike();
+  if (areText) texts_ += "EMC\n";
 }
 
 void PdfPage::Show(const PdfFace& face, const Glyphs& glyphs) {

@@ -3,8 +3,9 @@
 
 namespace td {
 
-// Told on the thread of the calls, in this order, whatever fails. A preview may make and print any
-// number of documents. Nothing that a listener does may fail.
+// Told on the thread of the calls, in this order; each call and each print that begins ends,
+// whatever fails. A preview may make and print any number of documents. Nothing that a listener
+// does may fail.
 class CallListener {
  public:
   virtual ~CallListener() = default;
@@ -12,6 +13,7 @@ class CallListener {
   virtual void CallBegins() = 0;
   virtual void PreviewBegins() = 0;
   virtual void DocumentBegins() = 0;
+  // Not of one that a failure leaves open.
   virtual void DocumentEnds() = 0;
   virtual void PrintBegins() = 0;
   // What became of it stands in the outcome. The message about a refusal comes afterwards.

@@ -9,22 +9,40 @@
 namespace td {
 namespace {
 
+struct Library {
+  void* handle;
+  std::string reason;  // without a handle
+};
+
+std::string LastReason() {
+  const char* reason = dlerror();
+  return reason == nullptr ? std::string() : reason;
+}
+
 // Stays loaded: the libraries that it needs leave memory behind each time they are unloaded.
-void* Library() {
-  static void* const library = dlopen("libcups.so.2", RTLD_NOW | RTLD_LOCAL);
+const Library& Loaded() {
+  static const Library library = [] {
+    void* const handle = dlopen("libcups.so.2", RTLD_NOW | RTLD_LOCAL);
+    return Library{handle, handle == nullptr ? LastReason() : std::string()};
+  }();
   return library;
+}
+
+[[noreturn]] void Fail(const std::string& reason) {
+  throw DeviceFailure(kDeviceIo, "这台机器没有打印系统，未打印：" + reason);
 }
 
 }  // namespace
 
 void* CupsFunction::Find() const {
-  void* function = Library() == nullptr ? nullptr : dlsym(Library(), name);
-  if (function == nullptr) {
-    const char* reason = dlerror();
-    throw DeviceFailure(kDeviceIo, std::string("这台机器没有打印系统，未打印：") +
-                                       (reason == nullptr ? name : reason));
-  }
+  if (!HasCups()) Fail(Loaded().reason);
+  void* function = dlsym(Loaded().handle, name);
+  if (function == nullptr) Fail(LastReason());
   return function;
+}
+
+bool HasCups() {
+  return Loaded().handle != nullptr;
 }
 
 const CupsLibrary& Cups() {

@@ -55,6 +55,9 @@ struct CupsLibrary {
   decltype(::pwgMediaForPWG)* const pwgMediaForPWG = CupsFunction{"pwgMediaForPWG"};
 };
 
+// Whether this machine has a printing system.
+[[nodiscard]] bool HasCups();
+
 // Fails with kDeviceIo on a machine without a printing system.
 [[nodiscard]] const CupsLibrary& Cups();
 

@@ -81,6 +81,7 @@ void DesktopHost::Deliver(PageDocument& document, bool withDialog, DocumentOutco
     choice = *answer;
   }
   if (choice.printer.empty() && choice.pdfFile.empty()) {
+    RequirePrintingSystem();
     throw DeviceFailure(kDeviceIo, "本机没有安装打印机，无法打印。");
   }
   if (choice.pages && choice.pages->empty()) {

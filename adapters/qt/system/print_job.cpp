@@ -7,8 +7,8 @@
 
 #include "page_document/drawing.h"
 #include "qt/system/cups_handles.h"
+#include "qt/system/cups_sheets.h"
 #include "qt/system/device_failure.h"
-#include "qt/system/printers.h"
 
 namespace td {
 namespace {
@@ -39,13 +39,13 @@ std::string PointsText(double twips) {
 
 // A printer with fixed sheets only may have a wide one that is fed with its short side first: the
 // printing system turns the pages on it.
-void AskForSheet(const PrintJob& job, CupsOptions& options) {
-  if (const auto name = SheetName(job.printer, job.sheet)) {
+void AskForSheet(const PrintJob& job, const CupsPrinter& queue, CupsOptions& options) {
+  if (const auto name = SheetName(queue, job.sheet)) {
     options.Set("media", *name);
     return;
   }
-  if (!TakesAnySize(job.printer)) {
-    if (const auto name = SheetName(job.printer, {job.sheet.height, job.sheet.width})) {
+  if (!TakesAnySize(queue)) {
+    if (const auto name = SheetName(queue, {job.sheet.height, job.sheet.width})) {
       options.Set("media", *name);
       return;
     }
@@ -64,7 +64,7 @@ void FillOptions(const PrintJob& job, const CupsPrinter& queue, CupsOptions& opt
     if (!IsPlacingOption(name)) options.Set(name, value);
   }
   options.Set("print-scaling", "none");
-  AskForSheet(job, options);
+  AskForSheet(job, queue, options);
 }
 
 // The reason is that of the last request: it is to be taken before the next one.

@@ -9,6 +9,10 @@
 
 namespace td {
 
+// Fails with kDeviceIo on a machine without a printing system; on such a one the others find
+// nothing.
+void RequirePrintingSystem();
+
 // In the printing system's order. Empty when it has none or can't be reached.
 [[nodiscard]] std::vector<std::string> PrinterNames();
 
@@ -22,9 +26,6 @@ namespace td {
 // The sheet that the user, or else the system, has chosen for a printer. Nothing if it doesn't say,
 // or can't be asked.
 [[nodiscard]] std::optional<PaperExtent> OwnSheet(const std::string& printer);
-
-// Whether the printer takes sheets of any size. Not if it can't be asked.
-[[nodiscard]] bool TakesAnySize(const std::string& printer);
 
 // What a printer leaves empty along the edges of a sheet as it is fed, twips.
 struct PrinterMargins {

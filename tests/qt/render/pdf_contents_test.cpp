@@ -1,12 +1,10 @@
 // What stands inside a PDF file: objects, fonts, characters and pictures.
 #include <gtest/gtest.h>
 
-#include <QBuffer>
 #include <QFile>
 #include <QFontDatabase>
 #include <QRawFont>
 #include <QRegularExpression>
-#include <cstring>
 
 #include "page_document/pictures.h"
 #include "render/outputs.h"
@@ -35,16 +33,6 @@ class PdfContents : public testing::Test {
 BoxText Sample(const std::string& text, const std::string& font, bool bold = false,
                bool italic = false) {
   return Box(text, 10, 10, 80, 10, TextAlignment::kLeft, Font(font, 12, bold, italic));
-}
-
-PictureRef PictureOf(const QImage& image, const char* format) {
-  QByteArray file;
-  QBuffer buffer(&file);
-  buffer.open(QIODevice::WriteOnly);
-  EXPECT_TRUE(image.save(&buffer, format));
-  Bytes bytes(static_cast<std::size_t>(file.size()));
-  std::memcpy(bytes.data(), file.data(), bytes.size());
-  return std::make_shared<ImagePicture>(std::move(bytes), image.width(), image.height());
 }
 
 std::size_t CountOf(const std::string& text, const std::string& part) {
@@ -173,6 +161,22 @@ TEST_F(PdfContents, AFontThatMustNotBeEmbeddedIsDrawnAsShapes) {
   EXPECT_NEAR(shapes.top(), letters.top(), kTolerance);
   EXPECT_NEAR(shapes.right(), letters.right(), kTolerance);
   EXPECT_NEAR(shapes.bottom(), letters.bottom(), kTolerance);
+}
+
+TEST_F(PdfContents, ABoldThatIsDrawnAsShapesIsStruckTwice) {
+  constexpr double kDotsPerInch = 600;
+  const QRectF region(5, 5, 90, 40);
+  const auto left = [&](bool bold) {
+    const Page page =
+        PageOf(100, 50,
+               {Box("H", 30, 10, 60, 30, TextAlignment::kLeft, Font("Forbidding Mono", 48, bold))});
+    Write({page});
+    const double shown = InkIn(ImageOf(Path(), kDotsPerInch), kDotsPerInch, region).left();
+    const double painted = InkIn(RenderPage(page, kDotsPerInch), kDotsPerInch, region).left();
+    EXPECT_NEAR(shown, painted, kTolerance) << bold;
+    return shown;
+  };
+  EXPECT_LT(left(true), left(false) - 0.2);
 }
 
 TEST_F(PdfContents, AJpegFileStandsInThePdfAsItIs) {

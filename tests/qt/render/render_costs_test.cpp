@@ -1,11 +1,10 @@
 // What each text of a long document costs an output: layouts and allocations, counted.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <new>
 #include <string>
 #include <vector>
 
+#include "allocation_count.h"
 #include "render/outputs.h"
 #include "render/text_layout.h"
 #include "sample_page.h"
@@ -13,21 +12,8 @@
 namespace {
 
 long laidOut = 0;
-long allocated = 0;
 
 }  // namespace
-
-void* operator new(std::size_t size) {
-  ++allocated;
-  if (void* memory = std::malloc(size == 0 ? 1 : size)) return memory;
-  throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept {
-  std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-  std::free(memory);
-}
 
 namespace td {
 
@@ -71,9 +57,10 @@ Costs CostsOf(const Stream& stream) {
   const auto pages = Pages(11);
   const std::vector<Page> first(1, pages.front());
   const auto count = [&stream](const std::vector<Page>& some) {
-    laidOut = allocated = 0;
+    laidOut = 0;
+    const long allocated = AllocationCount();
     stream(some);
-    return Costs{static_cast<double>(laidOut), static_cast<double>(allocated)};
+    return Costs{static_cast<double>(laidOut), static_cast<double>(AllocationCount() - allocated)};
   };
   count(pages);  // finds all glyphs
   const Costs few = count(first);

@@ -30,6 +30,16 @@ BoxText Box(const std::string& text, double left, double top, double width, doub
           std::move(font)};
 }
 
+PictureRef PictureOf(const QImage& image, const char* format) {
+  QByteArray file;
+  QBuffer buffer(&file);
+  buffer.open(QIODevice::WriteOnly);
+  EXPECT_TRUE(image.save(&buffer, format));
+  Bytes bytes(static_cast<std::size_t>(file.size()));
+  std::memcpy(bytes.data(), file.data(), bytes.size());
+  return std::make_shared<ImagePicture>(std::move(bytes), image.width(), image.height());
+}
+
 PictureRef Image(int width, int height, const char* format) {
   QImage image(width, height, QImage::Format_RGB32);
   image.fill(Qt::black);
@@ -39,13 +49,7 @@ PictureRef Image(int width, int height, const char* format) {
     painter.drawLine(0, height / 2, width, height / 2);
     painter.drawLine(width / 2, 0, width / 2, height);
   }
-  QByteArray file;
-  QBuffer buffer(&file);
-  buffer.open(QIODevice::WriteOnly);
-  EXPECT_TRUE(image.save(&buffer, format));
-  Bytes bytes(static_cast<std::size_t>(file.size()));
-  std::memcpy(bytes.data(), file.data(), bytes.size());
-  return std::make_shared<ImagePicture>(std::move(bytes), width, height);
+  return PictureOf(image, format);
 }
 
 namespace {

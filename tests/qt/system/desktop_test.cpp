@@ -152,11 +152,3 @@ TEST_F(Desktop, FailsOnAConnectionTextThatNoEngineKnows) {
 
 }  // namespace
 }  // namespace td
-
-// Set before anything asks the printing system, which reads this once.
-int main(int argc, char** argv) {
-  setenv("CUPS_SERVER", "/nonexistent/cups.sock", 1);
-  for (const char* name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"}) unsetenv(name);
-  testing::InitGoogleTest(&argc, argv);
-  return RUN_ALL_TESTS();
-}

@@ -14,19 +14,9 @@
 #include "service/printer.h"
 #include "temporary_database.h"
 #include "test_tools.h"
+#include "two_row_format.h"
 
 namespace td {
-
-// One format, of two rows a page.
-inline constexpr const char* kTwoRowFormat = R"(
-  insert into TDBill (FTDBillID, FTranType, FTDBillName, FSelected, FPaperSize, FPaperWidth,
-                      FPaperHeight, FRowsPerPage, FRowHeight)
-    values (1, 21, '两行订单', 1, 256, 13663, 7937, 2, 400);
-  insert into TDVariant (FTranType, FVarCaption, FVarName) values (21, '品名', 'FItemName');
-  insert into TDBillDetail (FTDBillID, FSite, FLeft, FTop, FWidth, FHeight, FTypeID, FIsVariant,
-                            FObjectFieldName, FObjectCaption)
-    values (1, 3, 1000, 2000, 4000, 400, 0, 1, '品名', '品名');
-)";
 
 class OptionedPrint : public testing::Test {
  protected:

@@ -15,19 +15,10 @@
 #include "service/td_set.h"
 #include "temporary_database.h"
 #include "test_tools.h"
+#include "two_row_format.h"
 
 namespace td {
 namespace {
-
-constexpr const char* kFormats = R"(
-  insert into TDBill (FTDBillID, FTranType, FTDBillName, FSelected, FPaperSize, FPaperWidth,
-                      FPaperHeight, FRowsPerPage, FRowHeight)
-    values (1, 21, '两行订单', 1, 256, 13663, 7937, 2, 400);
-  insert into TDVariant (FTranType, FVarCaption, FVarName) values (21, '品名', 'FItemName');
-  insert into TDBillDetail (FTDBillID, FSite, FLeft, FTop, FWidth, FHeight, FTypeID, FIsVariant,
-                            FObjectFieldName, FObjectCaption)
-    values (1, 3, 1000, 2000, 4000, 400, 0, 1, '品名', '品名');
-)";
 
 // Rows of one bill that call the program back when the run goes on to the next.
 class CallingRows : public Recordset {
@@ -93,7 +84,7 @@ class PrintCall : public testing::Test {
 
   TemporaryFolder folder_;
   const std::string connection_ = MakeDatabase(
-      folder_.File("bills.db"), ReadFile(QBTD_SOURCE_DIR "/examples/schema.sql") + kFormats);
+      folder_.File("bills.db"), ReadFile(QBTD_SOURCE_DIR "/examples/schema.sql") + kTwoRowFormat);
   std::unique_ptr<DesktopPlatform> desktop_;
   std::unique_ptr<Printer> printer_;
 };
