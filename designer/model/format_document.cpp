@@ -177,18 +177,18 @@ bool FormatDocument::Forget(std::uint64_t gesture) {
   return DoAnew(gesture, [](const Format&) { return Command(); });
 }
 
-std::vector<ItemId> FormatDocument::Add(std::span<const Item> items) {
-  Command command = AddItems(current_, items);
+std::vector<ItemId> FormatDocument::DoAdding(Command command) {
   std::vector<ItemId> ids = command.items;
   Do(std::move(command));
   return ids;
 }
 
+std::vector<ItemId> FormatDocument::Add(std::span<const Item> items) {
+  return DoAdding(AddItems(current_, items));
+}
+
 std::vector<ItemId> FormatDocument::Paste(std::span<const Item> items, double dx, double dy) {
-  Command command = PasteItems(current_, items, dx, dy);
-  std::vector<ItemId> ids = command.items;
-  Do(std::move(command));
-  return ids;
+  return DoAdding(PasteItems(current_, items, dx, dy));
 }
 
 bool FormatDocument::Remove(const ItemIds& ids) {

@@ -98,6 +98,7 @@ class FormatDocument {
   void TellAll() const;
   void Enter(Command command);
   bool DoWithin(Command command, std::uint64_t gesture);
+  std::vector<ItemId> DoAdding(Command command);
   bool DoAnew(std::uint64_t gesture, const std::function<Command(const Format& format)>& make);
   DocumentChange TakeBack(std::uint64_t gesture);
 

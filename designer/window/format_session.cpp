@@ -175,8 +175,7 @@ bool FormatSession::Adopt(Format format) {
     take(SetOnFormat(now, column, format.row.At(i)));
   }
   for (const Variable& variable : format.variables) {
-    if (std::ranges::find(now.variables, variable.Caption(), &Variable::Caption) ==
-        now.variables.end()) {
+    if (FindVariable(now.variables, variable.Caption()) == nullptr) {
       take(AddVariable(now, variable));
     }
   }
