@@ -38,6 +38,7 @@ bool FormatSession::KeepsWaiting() {
         Say("Somebody else is writing to these tables. Waiting …"), Say("Give up"), 0, 0, &window_);
     box->setObjectName("waiting");
     box->setWindowModality(Qt::WindowModal);
+    box->setFont(window_.font());
     box->setMinimumDuration(0);
     QObject::connect(box.get(), &QProgressDialog::canceled, [this] { hasGivenUp_ = true; });
     box->show();
