@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "checker/desktop_machine.h"
+#include "designer/model/format_file.h"
 #include "designer/sheet/ruler.h"
 #include "designer/sheet/sheet_view.h"
 #include "designer/window/aids_file.h"
@@ -77,8 +78,10 @@ class DesignerWindow : public QMainWindow {
   void PlaceChoice(const DroppedChoice& choice);
   void GoTo(ItemId item);
   void Export();
+  // Formats as files (window_files.cpp).
   void Import();
   [[nodiscard]] AidsFile AidsOf(const std::string& format) const;
+  bool TakePictures(FormatFile& file);
   void WriteAids(bool withPicture);
   void ReadAids();
   void ShowHelp();

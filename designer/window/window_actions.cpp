@@ -2,23 +2,20 @@
 #include <QActionGroup>
 #include <QComboBox>
 #include <QDockWidget>
-#include <QFile>
-#include <QFileDialog>
+#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QRegularExpression>
-#include <QSaveFile>
 #include <QToolBar>
 
-#include "designer/model/format_file.h"
 #include "designer/view/words.h"
 #include "designer/window/action_icons.h"
 #include "designer/window/clipboard.h"
 #include "designer/window/designer_window.h"
 #include "designer/window/questions.h"
-#include "platform/failure.h"
 
 namespace td::designer {
 
@@ -356,36 +353,6 @@ void DesignerWindow::PutOption(const std::function<void(SheetOptions&)>& change)
   SheetOptions options = sheet_->Options();
   change(options);
   sheet_->PutOptions(options);
-}
-
-void DesignerWindow::Export() {
-  const QString filter = Say("Formats") + QStringLiteral(" (*.json)");
-  const QString suggested = QString::fromStdString(workspace_.document.Current().Name()) + ".json";
-  const QString path =
-      QFileDialog::getSaveFileName(this, Say("Export to a file"), suggested, filter);
-  if (path.isEmpty()) return;
-  QSaveFile file(path);
-  const std::string text = WriteFormatFile(workspace_.document.Current());
-  if (!file.open(QIODevice::WriteOnly) ||
-      file.write(text.data(), static_cast<qint64>(text.size())) < 0 || !file.commit()) {
-    Tell(this, path + QStringLiteral(": ") + file.errorString());
-  }
-}
-
-void DesignerWindow::Import() {
-  const QString filter = Say("Formats") + QStringLiteral(" (*.json)");
-  const QString path = QFileDialog::getOpenFileName(this, Say("Import from a file"), {}, filter);
-  if (path.isEmpty()) return;
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) {
-    Tell(this, path + QStringLiteral(": ") + file.errorString());
-    return;
-  }
-  try {
-    session_.Adopt(ReadFormatFile(file.readAll().toStdString()).format);
-  } catch (const Failure& failure) {
-    Tell(this, path + QStringLiteral(": ") + QString::fromStdString(failure.Description()));
-  }
 }
 
 void DesignerWindow::ShowHelp() {
