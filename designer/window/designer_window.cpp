@@ -201,7 +201,6 @@ void DesignerWindow::DocumentChanged() {
   setWindowTitle(QString::fromStdString(document.Current().Name()) + QStringLiteral("[*] – ") +
                  Say("Form designer"));
   setWindowModified(document.IsModified());
-  ShowActions();
   ShowSelection();
 }
 

@@ -103,6 +103,7 @@ class DesignerWindow : public QMainWindow {
   QLabel* pageLabel_ = nullptr;
   QLabel* messageLabel_ = nullptr;
   QTimer recoveryTimer_;
+  bool canPaste_ = false;
   std::string aidsName_;  // of the format whose aids are shown
   std::function<void()> closed_;
   int documentListener_ = 0;

@@ -1,5 +1,5 @@
 // Menus and toolbar of the designer's window.
-#include <QActionGroup>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDockWidget>
 #include <QGuiApplication>
@@ -91,7 +91,6 @@ std::vector<DesignerWindow::ActionRow> DesignerWindow::EditActions() {
   Selection& selection = workspace_.selection;
   const auto copy = [this] {
     CopyItems(workspace_.document.Current(), workspace_.selection.Items());
-    ShowActions();
   };
   return {{"undo", "Undo", QKeySequence::Undo, [&] { selection.Select(document.Undo()); }},
           {"redo", "Redo", QKeySequence::Redo, [&] { selection.Select(document.Redo()); }},
@@ -245,6 +244,13 @@ void DesignerWindow::MakeActions() {
     actions_["showData"]->setChecked(true);
     PutOption([](SheetOptions& options) { options.contents = SheetContents::kData; });
   }
+  // Another program's clipboard may be slow to answer: it isn't asked at each change.
+  const QClipboard* clipboard = QGuiApplication::clipboard();
+  QObject::connect(clipboard, &QClipboard::dataChanged, this, [this] {
+    canPaste_ = CanPaste();
+    ShowActions();
+  });
+  canPaste_ = CanPaste();
   MakeToolBar();
   ShowActions();
 }
@@ -342,11 +348,21 @@ void DesignerWindow::ShowActions() {
   }
   for (const char* name : {"sameWidth", "sameHeight"}) show(name, count > 1);
   for (const char* name : {"distributeAcross", "distributeDown"}) show(name, count > 2);
-  show("paste", CanPaste());
+  show("paste", canPaste_);
   show("save", document.IsModified() || IsNull(document.Base().id));
   const bool isStored = !session_.StoredName().empty();
   for (const char* name : {"copyFormat", "rename", "deleteFormat", "select"}) show(name, isStored);
   show("previousPage", sheet_->PageNumber() > 0);
+}
+
+// A value that is being typed is no change yet: there may be nothing else to save.
+void DesignerWindow::keyPressEvent(QKeyEvent* event) {
+  if (!event->matches(QKeySequence::Save)) {
+    QMainWindow::keyPressEvent(event);
+    return;
+  }
+  session_.TakeTyped();
+  actions_.at("save")->trigger();
 }
 
 void DesignerWindow::PutOption(const std::function<void(SheetOptions&)>& change) {
