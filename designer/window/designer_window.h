@@ -82,7 +82,8 @@ class DesignerWindow : public QMainWindow {
   void Import();
   [[nodiscard]] AidsFile AidsOf(const std::string& format) const;
   bool TakePictures(FormatFile& file);
-  void WriteAids(bool withPicture);
+  [[nodiscard]] AidsFile AidsOf(const std::string& format) const;
+  bool WriteAids(bool withPicture);
   void ReadAids();
   void ShowHelp();
 

@@ -259,7 +259,7 @@ bool FormatSession::Rename() {
       })) {
     return false;
   }
-  Show(std::move(renamed), Opened::kRenamed);
+  Show(std::move(renamed), Opened::kSaved);
   return true;
 }
 

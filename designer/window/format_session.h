@@ -26,9 +26,8 @@ struct SessionSetup {
 // What has become of the format that was open before.
 enum class Opened {
   kAnother,  // it was left
-  kSaved,    // it is the same, perhaps in the tables for the first time
+  kSaved,    // it is the same, perhaps in the tables for the first time or under another name
   kCopied,
-  kRenamed,
 };
 
 // Every failure is shown on the window, and leaves the format as it was.
