@@ -49,6 +49,7 @@ class DesignerWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   struct ActionRow;
@@ -77,10 +78,9 @@ class DesignerWindow : public QMainWindow {
   void ShowSelection();
   void PlaceChoice(const DroppedChoice& choice);
   void GoTo(ItemId item);
-  void Export();
   // Formats as files (window_files.cpp).
+  void Export();
   void Import();
-  [[nodiscard]] AidsFile AidsOf(const std::string& format) const;
   bool TakePictures(FormatFile& file);
   [[nodiscard]] AidsFile AidsOf(const std::string& format) const;
   bool WriteAids(bool withPicture);
@@ -103,8 +103,8 @@ class DesignerWindow : public QMainWindow {
   QLabel* selectionLabel_ = nullptr;
   QLabel* pageLabel_ = nullptr;
   QLabel* messageLabel_ = nullptr;
-  QTimer recoveryTimer_;
   bool canPaste_ = false;
+  QTimer recoveryTimer_;
   std::string aidsName_;  // of the format whose aids are shown
   std::function<void()> closed_;
   int documentListener_ = 0;
