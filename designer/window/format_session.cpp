@@ -336,6 +336,8 @@ void FormatSession::TakeTyped() {
   const QPointer<QWidget> field = window_.focusWidget();
   if (field == nullptr) return;
   field->clearFocus();
+  // A cell of a list asks its question when it is left, in a call of its own.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
   if (field != nullptr) field->setFocus();
 }
 

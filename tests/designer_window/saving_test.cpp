@@ -1,9 +1,11 @@
 // Opening and saving formats, and the questions before something would be lost.
+#include <QDockWidget>
 #include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTreeView>
 
 #include "designer/window/clipboard.h"
 #include "designer/window/connection_dialog.h"
@@ -253,6 +255,27 @@ TEST_F(SavingFormats, WhatIsBeingTypedIsSaved) {
   Answer("question", "answer0");
   Window().close();
   EXPECT_NEAR(MillimetresOf(std::stod(Cell(kLeftOfCustomer))), 44.5, 0.01);
+}
+
+TEST_F(SavingFormats, ACaptionThatIsBeingTypedIsAskedAboutBeforeTheWindowCloses) {
+  Find<QDockWidget>("variables").raise();
+  auto& list = Find<QTreeView>("Variables");
+  const auto& variables = Document().Current().variables;
+  const auto row = static_cast<int>(FindVariable(variables, "客户") - variables.data());
+  const QModelIndex cell = list.model()->index(row, 0);
+  list.setCurrentIndex(cell);
+  list.edit(cell);
+  auto* editor = list.viewport()->findChild<QLineEdit*>();
+  ASSERT_NE(editor, nullptr);
+  editor->setText("顾客");
+  WhenShown("", [this](QDialog& dialog) {
+    Answer("question", "answer0");
+    for (QPushButton* button : dialog.findChildren<QPushButton*>()) {
+      if (button->isDefault()) QTest::mouseClick(button, Qt::LeftButton);
+    }
+  });
+  Window().close();
+  EXPECT_EQ(Cell("select count(*) from TDVariant where FTranType=21 and FVarCaption='顾客'"), "1");
 }
 
 TEST_F(SavingFormats, AFormatGoesIntoAFileWithItsPicturesAndComesBack) {
