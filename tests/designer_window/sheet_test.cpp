@@ -32,6 +32,12 @@ class DesignerSheet : public ShownDesigner {
     QApplication::sendEvent(Sheet().viewport(), &drop);
   }
 
+  // Presses the handle at the lower right corner of what is selected.
+  QPoint PressCorner() {
+    const QPoint corner = HandlesOf(Sheet()).back().at.toPoint();
+    QTest::mousePress(Sheet().viewport(), Qt::LeftButton, {}, corner);
+    return corner;
+  }
   // With the left button pressed.
   void MoveTo(QPointF at) {
     QMouseEvent move(QEvent::MouseMove, at, Sheet().viewport()->mapToGlobal(at), Qt::NoButton,
@@ -153,8 +159,7 @@ TEST_F(DesignerSheet, EscapeTakesAResizeBack) {
   Click(PixelOf("客户"));
   Click(PixelOf("地址"), Qt::ControlModifier);
   const Box one = PlaceOf("客户");
-  const QPoint corner = HandlesOf(Sheet()).back().at.toPoint();
-  QTest::mousePress(Sheet().viewport(), Qt::LeftButton, {}, corner);
+  const QPoint corner = PressCorner();
   MoveTo(corner - QPoint(90, 0));
   MoveTo(corner + QPoint(40, 30));
   EXPECT_NE(PlaceOf("客户"), one);
@@ -168,8 +173,7 @@ TEST_F(DesignerSheet, EscapeTakesAResizeBack) {
 TEST_F(DesignerSheet, WhatIsDeletedWhileItIsResizedIsGone) {
   Click(PixelOf("客户"));
   const std::size_t items = Document().Current().items.Size();
-  const QPoint corner = HandlesOf(Sheet()).back().at.toPoint();
-  QTest::mousePress(Sheet().viewport(), Qt::LeftButton, {}, corner);
+  const QPoint corner = PressCorner();
   MoveTo(corner + QPoint(20, 10));
   Trigger("delete");
   MoveTo(corner + QPoint(40, 20));
