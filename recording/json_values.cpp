@@ -4,53 +4,17 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
-#include <string_view>
+#include <utility>
+
+#include "text_encoding/base64.h"
 
 namespace td::recording {
 namespace {
 
-constexpr std::string_view kBase64 =
-    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-
-Bytes DecodeBase64(std::string_view text, const std::string& where) {
-  std::size_t length = text.size();
-  while (length > 0 && text.size() - length < 2 && text[length - 1] == '=') {
-    --length;
-  }
-  if (text.size() % 4 != 0) {
-    throw ScenarioError(where + ": the length of a base64 text must be a multiple of 4");
-  }
-  Bytes bytes;
-  unsigned buffer = 0;
-  unsigned bits = 0;
-  for (const char c : text.substr(0, length)) {
-    const std::size_t digit = kBase64.find(c);
-    if (digit == std::string_view::npos) {
-      throw ScenarioError(where + ": no base64 text");
-    }
-    buffer = (buffer << 6 | static_cast<unsigned>(digit)) & 0xFFFFU;
-    bits += 6;
-    if (bits >= 8) {
-      bits -= 8;
-      bytes.push_back(static_cast<std::byte>(buffer >> bits & 0xFFU));
-    }
-  }
-  return bytes;
-}
-
-std::string EncodeBase64(const Bytes& bytes) {
-  std::string text;
-  for (std::size_t i = 0; i < bytes.size(); i += 3) {
-    unsigned group = 0;
-    for (std::size_t k = 0; k < 3; ++k) {
-      group = group << 8 | (i + k < bytes.size() ? static_cast<unsigned>(bytes[i + k]) : 0U);
-    }
-    for (std::size_t k = 0; k < 4; ++k) {
-      const bool isPadding = i + k > bytes.size();
-      text += isPadding ? '=' : kBase64[group >> (6 * (3 - k)) & 0x3FU];
-    }
-  }
-  return text;
+Bytes BytesOf(const std::string& base64, const std::string& where) {
+  auto bytes = DecodeBase64(base64);
+  if (!bytes) throw ScenarioError(where + ": no base64 text");
+  return *std::move(bytes);
 }
 
 bool IsWhole(double number) {
@@ -112,7 +76,7 @@ Value ToValue(const Json& json, const std::string& where) {
       return json.get<std::string>();
     case Json::value_t::object:
       if (json.contains("base64") && json["base64"].is_string()) {
-        return DecodeBase64(json["base64"].get<std::string>(), where);
+        return BytesOf(json["base64"].get<std::string>(), where);
       }
       break;
     default:

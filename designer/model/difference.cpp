@@ -144,16 +144,10 @@ void AddItems(std::vector<Difference>& differences, const Format& first, const F
   }
 }
 
-const Variable* VariableNamed(const std::vector<Variable>& variables, const std::string& caption) {
-  const auto found = std::ranges::find_if(
-      variables, [&](const Variable& one) { return one.Caption() == caption; });
-  return found == variables.end() ? nullptr : &*found;
-}
-
 void AddVariables(std::vector<Difference>& differences, const std::vector<Variable>& first,
                   const std::vector<Variable>& second) {
   for (const Variable& variable : first) {
-    const Variable* other = VariableNamed(second, variable.Caption());
+    const Variable* other = FindVariable(second, variable.Caption());
     if (other == nullptr) {
       differences.push_back({DifferenceKind::kVariableRemoved, variable.Caption(), {}});
     } else {
@@ -162,7 +156,7 @@ void AddVariables(std::vector<Difference>& differences, const std::vector<Variab
     }
   }
   for (const Variable& variable : second) {
-    if (VariableNamed(first, variable.Caption()) == nullptr) {
+    if (FindVariable(first, variable.Caption()) == nullptr) {
       differences.push_back({DifferenceKind::kVariableAdded, variable.Caption(), {}});
     }
   }

@@ -61,6 +61,12 @@ std::vector<const Item*> ByBand(const ItemList& items) {
   return ordered;
 }
 
+const Variable* FindVariable(const std::vector<Variable>& variables, std::string_view caption) {
+  const auto found = std::ranges::find_if(
+      variables, [caption](const Variable& one) { return one.Caption() == caption; });
+  return found == variables.end() ? nullptr : &*found;
+}
+
 Variable NewVariable(const std::string& caption, const std::string& name) {
   Variable variable{.row = NewRow(VariableColumns()), .others = {}};
   variable.row.Set("FVarCaption", caption);
@@ -91,9 +97,7 @@ Item NewItem(const Format& format, ItemKind kind, ItemSite site, const Box& plac
 const Variable* VariableOf(const Format& format, const Item& item) {
   const std::string name = item.FieldName();
   if (name.empty()) return nullptr;
-  const auto found = std::ranges::find_if(
-      format.variables, [&](const Variable& variable) { return variable.Caption() == name; });
-  return found == format.variables.end() ? nullptr : &*found;
+  return FindVariable(format.variables, name);
 }
 
 }  // namespace td::designer

@@ -77,6 +77,10 @@ struct Variable {
   [[nodiscard]] std::string Name() const { return row.Text("FVarName"); }
 };
 
+// The variable of a caption, compared exactly as the run does, or nothing.
+[[nodiscard]] const Variable* FindVariable(const std::vector<Variable>& variables,
+                                           std::string_view caption);
+
 // A variable that is in no table yet.
 [[nodiscard]] Variable NewVariable(const std::string& caption, const std::string& name);
 
@@ -107,7 +111,7 @@ struct Format {
 // the document gives it one.
 [[nodiscard]] Item NewItem(const Format& format, ItemKind kind, ItemSite site, const Box& place);
 
-// The variable that an item names, compared exactly as the run does, or nothing.
+// The variable that an item names, or nothing.
 [[nodiscard]] const Variable* VariableOf(const Format& format, const Item& item);
 
 }  // namespace td::designer

@@ -1,6 +1,8 @@
 #include "designer/model/format_document.h"
 
 #include <algorithm>
+#include <iterator>
+#include <unordered_set>
 #include <utility>
 
 namespace td::designer {
@@ -27,6 +29,25 @@ struct Reach {
   }
 };
 
+DocumentChange ChangeOf(const Command& command) {
+  DocumentChange change;
+  for (const Edit& edit : command.edits) std::visit(Reach{change}, edit);
+  return change;
+}
+
+bool IsNone(const DocumentChange& change) {
+  return change.items.empty() && !change.itemsCameOrWent && !change.format && !change.variables;
+}
+
+void Add(DocumentChange& change, const DocumentChange& other) {
+  const std::unordered_set<ItemId> known(change.items.begin(), change.items.end());
+  std::ranges::copy_if(other.items, std::back_inserter(change.items),
+                       [&known](ItemId id) { return !known.contains(id); });
+  change.itemsCameOrWent |= other.itemsCameOrWent;
+  change.format |= other.format;
+  change.variables |= other.variables;
+}
+
 }  // namespace
 
 FormatDocument::FormatDocument(Format format) : base_(format), current_(std::move(format)) {}
@@ -42,18 +63,22 @@ void FormatDocument::RemoveListener(int number) {
 
 bool FormatDocument::Do(Command command) {
   if (command.Empty()) return false;
+  const DocumentChange change = ChangeOf(command);
+  Enter(std::move(command));
+  Tell(change);
+  return true;
+}
+
+// As the last step of the history. A step that was saved takes nothing more in: an undo leads back
+// to what the tables hold.
+void FormatDocument::Enter(Command command) {
   if (saved_ > done_) savedIsReachable_ = false;
   history_.resize(done_);
   td::designer::Do(current_, command);
-  const bool mayMerge = done_ > 0 && saved_ != done_;
-  if (mayMerge && Merge(history_.back(), command)) {
-    Tell(command);
-    return true;
-  }
+  const bool mayMerge = done_ > 0 && IsModified();
+  if (mayMerge && Merge(history_.back(), command)) return;
   history_.push_back(std::move(command));
   ++done_;
-  Tell(history_.back());
-  return true;
 }
 
 std::vector<ItemId> FormatDocument::Undo() {
@@ -61,7 +86,7 @@ std::vector<ItemId> FormatDocument::Undo() {
   const Command& step = history_[--done_];
   td::designer::Undo(current_, step);
   std::vector<ItemId> items = step.items;
-  Tell(step);
+  Tell(ChangeOf(step));
   return items;
 }
 
@@ -70,7 +95,7 @@ std::vector<ItemId> FormatDocument::Redo() {
   const Command& step = history_[done_++];
   td::designer::Do(current_, step);
   std::vector<ItemId> items = step.items;
-  Tell(step);
+  Tell(ChangeOf(step));
   return items;
 }
 
@@ -102,9 +127,7 @@ void FormatDocument::Recover(Format recovered) {
   TellAll();
 }
 
-void FormatDocument::Tell(const Command& command) const {
-  DocumentChange change;
-  for (const Edit& edit : command.edits) std::visit(Reach{change}, edit);
+void FormatDocument::Tell(const DocumentChange& change) const {
   const auto listeners = listeners_;  // one may remove itself
   for (const auto& [number, listener] : listeners) listener(change);
 }
@@ -112,8 +135,7 @@ void FormatDocument::Tell(const Command& command) const {
 void FormatDocument::TellAll() const {
   DocumentChange change{.items = {}, .itemsCameOrWent = true, .format = true, .variables = true};
   for (const Item& item : current_.items) change.items.push_back(item.id);
-  const auto listeners = listeners_;
-  for (const auto& [number, listener] : listeners) listener(change);
+  Tell(change);
 }
 
 bool FormatDocument::DoWithin(Command command, std::uint64_t gesture) {
@@ -121,29 +143,52 @@ bool FormatDocument::DoWithin(Command command, std::uint64_t gesture) {
   return Do(std::move(command));
 }
 
-// Undoes the last step if it belongs to the gesture, and forgets it.
-void FormatDocument::TakeBack(std::uint64_t gesture) {
-  const bool isLast = CanUndo() && !CanRedo() && saved_ != done_;
-  if (!isLast || gesture == 0 || history_.back().gesture != gesture) return;
-  const Command step = std::move(history_.back());
-  history_.pop_back();
-  --done_;
-  td::designer::Undo(current_, step);
-  Tell(step);
+// Undoes the last steps as far as they belong to the gesture, and forgets them; nobody is told. A
+// gesture goes on over a save in its middle: what was saved is no step any more then.
+DocumentChange FormatDocument::TakeBack(std::uint64_t gesture) {
+  DocumentChange change;
+  while (gesture != 0 && CanUndo() && !CanRedo() && history_.back().gesture == gesture) {
+    if (saved_ == done_) savedIsReachable_ = false;
+    const Command step = std::move(history_.back());
+    history_.pop_back();
+    --done_;
+    td::designer::Undo(current_, step);
+    designer::Add(change, ChangeOf(step));
+  }
+  return change;
+}
+
+// The listeners hear once of what is undone and what is done in its place.
+bool FormatDocument::DoAnew(std::uint64_t gesture,
+                            const std::function<Command(const Format& format)>& make) {
+  DocumentChange change = TakeBack(gesture);
+  Command command = make(current_);
+  command.gesture = gesture;
+  if (!command.Empty()) {
+    designer::Add(change, ChangeOf(command));
+    Enter(std::move(command));
+  }
+  if (IsNone(change)) return false;
+  Tell(change);
+  return true;
+}
+
+bool FormatDocument::Forget(std::uint64_t gesture) {
+  return DoAnew(gesture, [](const Format&) { return Command(); });
+}
+
+std::vector<ItemId> FormatDocument::DoAdding(Command command) {
+  std::vector<ItemId> ids = command.items;
+  Do(std::move(command));
+  return ids;
 }
 
 std::vector<ItemId> FormatDocument::Add(std::span<const Item> items) {
-  Command command = AddItems(current_, items);
-  std::vector<ItemId> ids = command.items;
-  Do(std::move(command));
-  return ids;
+  return DoAdding(AddItems(current_, items));
 }
 
 std::vector<ItemId> FormatDocument::Paste(std::span<const Item> items, double dx, double dy) {
-  Command command = PasteItems(current_, items, dx, dy);
-  std::vector<ItemId> ids = command.items;
-  Do(std::move(command));
-  return ids;
+  return DoAdding(PasteItems(current_, items, dx, dy));
 }
 
 bool FormatDocument::Remove(const ItemIds& ids) {
@@ -155,17 +200,16 @@ bool FormatDocument::Move(const ItemIds& ids, double dx, double dy, std::uint64_
 }
 
 bool FormatDocument::DragTo(const ItemIds& ids, double dx, double dy, std::uint64_t gesture) {
-  TakeBack(gesture);
-  return DoWithin(MoveItems(current_, ids, dx, dy), gesture);
+  return DoAnew(gesture, [&](const Format& format) { return MoveItems(format, ids, dx, dy); });
+}
+
+bool FormatDocument::DragSize(const ItemIds& ids, const Box& from, const Box& to,
+                              std::uint64_t gesture) {
+  return DoAnew(gesture, [&](const Format& format) { return ResizeItems(format, ids, from, to); });
 }
 
 bool FormatDocument::Place(ItemId id, const Box& place, std::uint64_t gesture) {
   return DoWithin(PlaceItem(current_, id, place), gesture);
-}
-
-bool FormatDocument::Resize(const ItemIds& ids, const Box& from, const Box& to,
-                            std::uint64_t gesture) {
-  return DoWithin(ResizeItems(current_, ids, from, to), gesture);
 }
 
 bool FormatDocument::Align(const ItemIds& ids, Alignment alignment) {

@@ -75,11 +75,13 @@ class FormatDocument {
   std::vector<ItemId> Paste(std::span<const Item> items, double dx, double dy);
   bool Remove(const ItemIds& ids);
   bool Move(const ItemIds& ids, double dx, double dy, std::uint64_t gesture = 0);
-  // A drag: the distance is that from where it began, and takes the place of the distance of the
-  // same gesture before it, so that a long drag gathers no rounding.
-  bool DragTo(const ItemIds& ids, double dx, double dy, std::uint64_t gesture);
   bool Place(ItemId id, const Box& place, std::uint64_t gesture = 0);
-  bool Resize(const ItemIds& ids, const Box& from, const Box& to, std::uint64_t gesture = 0);
+  // Drags: distance and boxes are those from where the drag began, and take the place of what the
+  // same gesture has done before, so that a long drag gathers no rounding.
+  bool DragTo(const ItemIds& ids, double dx, double dy, std::uint64_t gesture);
+  bool DragSize(const ItemIds& ids, const Box& from, const Box& to, std::uint64_t gesture);
+  // A drag that was given up: what the gesture has done is undone, and no step of the history.
+  bool Forget(std::uint64_t gesture);
   bool Align(const ItemIds& ids, Alignment alignment);
   bool Distribute(const ItemIds& ids, Direction direction);
   bool Set(const ItemIds& ids, std::string_view column, const Value& value,
@@ -92,10 +94,13 @@ class FormatDocument {
   bool SetFormatNumber(std::string_view column, double number, std::uint64_t gesture = 0);
 
  private:
-  void Tell(const Command& command) const;
+  void Tell(const DocumentChange& change) const;
   void TellAll() const;
+  void Enter(Command command);
   bool DoWithin(Command command, std::uint64_t gesture);
-  void TakeBack(std::uint64_t gesture);
+  std::vector<ItemId> DoAdding(Command command);
+  bool DoAnew(std::uint64_t gesture, const std::function<Command(const Format& format)>& make);
+  DocumentChange TakeBack(std::uint64_t gesture);
 
   Format base_;
   Format current_;

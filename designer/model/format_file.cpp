@@ -84,8 +84,7 @@ void ReadVariables(const Json& json, Format& format) {
     const std::string where = Element("variables", index++);
     Row row = KnownRow(variable, where, VariableColumns(), kRequired);
     const std::string caption = row.Text("FVarCaption");
-    if (std::ranges::any_of(format.variables,
-                            [&](const Variable& one) { return one.Caption() == caption; })) {
+    if (FindVariable(format.variables, caption) != nullptr) {
       throw WrongFile(where, "变量“" + caption + "”出现了两次");
     }
     format.variables.push_back({.row = std::move(row), .others = {}});

@@ -1,53 +1,19 @@
 #include "designer/model/format_json.h"
 
-#include <array>
-#include <cstddef>
 #include <cstdint>
 #include <utility>
 #include <vector>
 
+#include "text_encoding/base64.h"
+
 namespace td::designer {
 namespace {
 
-constexpr std::string_view kDigits =
-    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-
-std::string EncodeBase64(const Bytes& bytes) {
-  std::string text;
-  text.reserve((bytes.size() + 2) / 3 * 4);
-  for (std::size_t i = 0; i < bytes.size(); i += 3) {
-    unsigned group = 0;
-    for (std::size_t k = 0; k < 3; ++k) {
-      const bool isThere = i + k < bytes.size();
-      group = group << 8U | (isThere ? std::to_integer<unsigned>(bytes[i + k]) : 0U);
-    }
-    for (std::size_t k = 0; k < 4; ++k) {
-      const bool isPadding = i + k > bytes.size();
-      text += isPadding ? '=' : kDigits[group >> (6 * (3 - k)) & 0x3FU];
-    }
-  }
-  return text;
-}
-
-Bytes DecodeBase64(std::string_view text, const std::string& where) {
-  std::size_t length = text.size();
-  while (length > 0 && text.size() - length < 2 && text[length - 1] == '=') --length;
-  if (text.size() % 4 != 0) throw WrongFile(where, "base64 的长度不是 4 的倍数");
-  Bytes bytes;
-  bytes.reserve(length * 3 / 4);
-  unsigned buffer = 0;
-  unsigned bits = 0;
-  for (const char c : text.substr(0, length)) {
-    const std::size_t digit = kDigits.find(c);
-    if (digit == std::string_view::npos) throw WrongFile(where, "不是 base64");
-    buffer = (buffer << 6U | static_cast<unsigned>(digit)) & 0xFFFFU;
-    bits += 6;
-    if (bits >= 8) {
-      bits -= 8;
-      bytes.push_back(static_cast<std::byte>(buffer >> bits & 0xFFU));
-    }
-  }
-  return bytes;
+Bytes BytesOf(const std::string& base64, const std::string& where) {
+  if (base64.size() % 4 != 0) throw WrongFile(where, "base64 的长度不是 4 的倍数");
+  auto bytes = DecodeBase64(base64);
+  if (!bytes) throw WrongFile(where, "不是 base64");
+  return *std::move(bytes);
 }
 
 struct Writer {
@@ -93,7 +59,7 @@ Value ToValue(const Json& json, const std::string& where) {
         return Date{json["date"].get<double>()};
       }
       if (json.contains("base64") && json["base64"].is_string()) {
-        return DecodeBase64(json["base64"].get<std::string>(), where);
+        return BytesOf(json["base64"].get<std::string>(), where);
       }
       break;
     default:

@@ -5,12 +5,6 @@
 namespace td::designer {
 namespace {
 
-const Variable* Find(const std::vector<Variable>& variables, const std::string& caption) {
-  const auto found = std::ranges::find_if(
-      variables, [&](const Variable& one) { return one.Caption() == caption; });
-  return found == variables.end() ? nullptr : &*found;
-}
-
 bool IsNamedElsewhere(Transaction& transaction, int billType, const Value& formatId,
                       const std::string& caption) {
   return !IsNull(
@@ -26,8 +20,8 @@ bool IsNamedElsewhere(Transaction& transaction, int billType, const Value& forma
 
 bool IsVariableWritten(const std::vector<Variable>& base, const std::vector<Variable>& wanted,
                        const std::string& caption) {
-  const Variable* before = Find(base, caption);
-  const Variable* after = Find(wanted, caption);
+  const Variable* before = FindVariable(base, caption);
+  const Variable* after = FindVariable(wanted, caption);
   if (before == nullptr || after == nullptr) return before != after;
   return before->Name() != after->Name();
 }
@@ -42,7 +36,7 @@ void WriteVariables(Transaction& transaction, int billType, const Value& formatI
   };
   for (const Variable& variable : base) {
     const std::string caption = variable.Caption();
-    if (Find(wanted, caption) != nullptr) continue;
+    if (FindVariable(wanted, caption) != nullptr) continue;
     if (IsNamedElsewhere(transaction, billType, formatId, caption)) continue;
     transaction.Run("delete from " + table + " where " + conditionOf(caption));
   }

@@ -243,8 +243,7 @@ bool VariablesPanel::Change(std::size_t variable, VariablesTable::Column column,
   const Variable& changed = format.variables[variable];
   const bool isCaption = column == VariablesTable::kCaption;
   if (wanted == (isCaption ? changed.Caption() : changed.Name())) return false;
-  const bool isTaken = isCaption && std::ranges::find(format.variables, wanted,
-                                                      &Variable::Caption) != format.variables.end();
+  const bool isTaken = isCaption && FindVariable(format.variables, wanted) != nullptr;
   QString refusal;
   if (isCaption && wanted.empty()) refusal = Say("A variable needs a caption.");
   if (isTaken) refusal = Say("There is a variable “%1” already.").arg(text);

@@ -74,7 +74,6 @@ bool BandTool::Press(const SheetMouse& mouse) {
     dragged_ = handle;
     top_ = RowStrip(view_)->box.top;
     formerHeight_ = view_.Layout().rowHeight;
-    formerRows_ = view_.Layout().rowsPerPage;
     gesture_ = view_.TheWorkspace().document.NewGesture();
     return true;
   }
@@ -100,12 +99,7 @@ void BandTool::Release(const SheetMouse& /*mouse*/) {
 
 void BandTool::Cancel() {
   if (!dragged_) return;
-  FormatDocument& document = view_.TheWorkspace().document;
-  if (dragged_->isHeight) {
-    document.SetFormatNumber("FRowHeight", formerHeight_, gesture_);
-  } else {
-    document.SetFormatNumber("FRowsPerPage", formerRows_, gesture_);
-  }
+  view_.TheWorkspace().document.Forget(gesture_);
   dragged_.reset();
 }
 

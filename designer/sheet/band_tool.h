@@ -42,7 +42,6 @@ class BandTool : public SheetTool {
   std::optional<RowHandle> dragged_;
   double top_ = 0;  // of the first row, twips
   double formerHeight_ = 0;
-  int formerRows_ = 0;
   std::uint64_t gesture_ = 0;
 };
 

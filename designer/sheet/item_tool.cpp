@@ -69,15 +69,7 @@ bool ItemTool::Press(const SheetMouse& mouse) {
   const bool isWithControl = mouse.modifiers.testFlag(Qt::ControlModifier);
   const auto handles = HandlesOf(view_);
   if (const Handle* handle = HandleAt(handles, mouse.at); handle != nullptr && !isWithControl) {
-    edges_ = handle->edges;
-    box_ = *SelectedBox(view_);
-    placed_.reset();
-    if (selection.Items().size() == 1) {
-      placed_ = view_.TheFormat().items.Find(selection.Items().front())->Place();
-    }
-    lines_ = view_.LinesWithout(selection.Items());
-    gesture_ = view_.TheWorkspace().document.NewGesture();
-    state_ = State::kResizing;
+    BeginResizing(handle->edges);
     return true;
   }
   pressedItem_ = view_.ItemAt(mouse.sheet);
@@ -99,14 +91,30 @@ bool ItemTool::Press(const SheetMouse& mouse) {
 }
 
 void ItemTool::BeginMoving() {
-  const ItemIds& items = view_.TheWorkspace().selection.Items();
   const auto box = SelectedBox(view_);
   if (!box) return;
+  items_ = view_.TheWorkspace().selection.Items();
   box_ = *box;
-  lines_ = view_.LinesWithout(items);
+  lines_ = view_.LinesWithout(items_);
   gesture_ = view_.TheWorkspace().document.NewGesture();
-  view_.LiftItems(items);
+  view_.LiftItems(items_);
   state_ = State::kMoving;
+}
+
+void ItemTool::BeginResizing(const DraggedEdges& edges) {
+  items_ = view_.TheWorkspace().selection.Items();
+  edges_ = edges;
+  box_ = *SelectedBox(view_);
+  placed_.reset();
+  first_.reset();
+  if (items_.size() == 1) {
+    placed_ = view_.TheFormat().items.Find(items_.front())->Place();
+  } else {
+    first_ = BoxAround(view_.Layout(), view_.TheFormat(), items_);
+  }
+  lines_ = view_.LinesWithout(items_);
+  gesture_ = view_.TheWorkspace().document.NewGesture();
+  state_ = State::kResizing;
 }
 
 void ItemTool::Drag(const SheetMouse& mouse) {
@@ -132,9 +140,8 @@ void ItemTool::MoveTo(const SheetMouse& mouse) {
   snapped_ = SnapMoved(box_.MovedBy(dx, dy), lines_, Snapping(mouse));
   dx += snapped_.dx;
   dy += snapped_.dy;
-  Workspace& workspace = view_.TheWorkspace();
   view_.MoveLifted(dx, dy);
-  workspace.document.DragTo(workspace.selection.Items(), dx, dy, gesture_);
+  view_.TheWorkspace().document.DragTo(items_, dx, dy, gesture_);
 }
 
 void ItemTool::ResizeTo(const SheetMouse& mouse) {
@@ -142,21 +149,15 @@ void ItemTool::ResizeTo(const SheetMouse& mouse) {
   const double dy = Rounded(mouse.sheet.y - start_.sheet.y);
   const Box wanted = WithEdgesMoved(box_, edges_, dx, dy);
   snapped_ = SnapResized(wanted, edges_, lines_, Snapping(mouse));
-  Workspace& workspace = view_.TheWorkspace();
+  FormatDocument& document = view_.TheWorkspace().document;
   const double x = dx + snapped_.dx;
   const double y = dy + snapped_.dy;
   if (placed_) {
-    workspace.document.Place(workspace.selection.Items().front(),
-                             WithEdgesMoved(*placed_, edges_, x, y), gesture_);
+    document.Place(items_.front(), WithEdgesMoved(*placed_, edges_, x, y), gesture_);
     return;
   }
-  // From where the drag began: what was resized on the way is taken back first.
-  if (!first_) first_ = BoxAround(view_.Layout(), view_.TheFormat(), workspace.selection.Items());
-  const Box from = resized_.value_or(*first_);
   const Box to = WithEdgesMoved(*first_, edges_, x, y);
-  if (to.width <= 0 || to.height <= 0) return;
-  workspace.document.Resize(workspace.selection.Items(), from, to, gesture_);
-  resized_ = to;
+  if (to.width > 0 && to.height > 0) document.DragSize(items_, *first_, to, gesture_);
 }
 
 Box ItemTool::CaughtArea() const {
@@ -185,32 +186,16 @@ void ItemTool::Release(const SheetMouse& mouse) {
     case State::kIdle:
       break;
   }
-  first_.reset();
-  resized_.reset();
   snapped_ = {};
   view_.viewport()->update();
 }
 
 void ItemTool::Cancel() {
-  Workspace& workspace = view_.TheWorkspace();
-  const ItemIds items = workspace.selection.Items();
-  switch (std::exchange(state_, State::kIdle)) {
-    case State::kMoving:
-      workspace.document.DragTo(items, 0, 0, gesture_);
-      view_.DropLifted();
-      break;
-    case State::kResizing:
-      if (placed_) {
-        workspace.document.Place(items.front(), *placed_, gesture_);
-      } else if (resized_) {
-        workspace.document.Resize(items, *resized_, *first_, gesture_);
-      }
-      break;
-    default:
-      break;
+  const State state = std::exchange(state_, State::kIdle);
+  if (state == State::kMoving || state == State::kResizing) {
+    view_.TheWorkspace().document.Forget(gesture_);
   }
-  first_.reset();
-  resized_.reset();
+  if (state == State::kMoving) view_.DropLifted();
   snapped_ = {};
   view_.viewport()->update();
 }

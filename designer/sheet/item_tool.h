@@ -23,6 +23,7 @@ class ItemTool : public SheetTool {
   enum class State { kIdle, kPressed, kMoving, kResizing, kCatching };
 
   void BeginMoving();
+  void BeginResizing(const DraggedEdges& edges);
   void MoveTo(const SheetMouse& mouse);
   void ResizeTo(const SheetMouse& mouse);
   [[nodiscard]] SnapOptions Snapping(const SheetMouse& mouse) const;
@@ -35,10 +36,10 @@ class ItemTool : public SheetTool {
   ItemId pressedItem_ = 0;
   bool wasSelected_ = false;  // the pressed item, before
   DraggedEdges edges_;
-  Box box_;                     // of the selection at the start, as it is seen
-  std::optional<Box> placed_;   // where a single item is stored at the start
-  std::optional<Box> first_;    // around several items at the start, in the layout of a first page
-  std::optional<Box> resized_;  // and as it was resized last
+  ItemIds items_;              // what is dragged: a key may end the selection meanwhile
+  Box box_;                    // around them at the start, as it is seen
+  std::optional<Box> placed_;  // where a single item is stored at the start
+  std::optional<Box> first_;   // around several items at the start, in the layout of a first page
   SnapLines lines_;
   SnapResult snapped_;
   std::uint64_t gesture_ = 0;

@@ -39,7 +39,7 @@ QColor ColourOf(ItemSite site) {
 }
 
 bool SheetPainter::IsLifted(ItemId item) const {
-  return std::ranges::find(view_.lifted_, item) != view_.lifted_.end();
+  return view_.lifted_.contains(item);
 }
 
 QColor ColourOf(FindingSeverity severity) {

@@ -19,10 +19,13 @@
 namespace td::designer {
 namespace {
 
-constexpr int kDeskLeft = 28;  // pixels of desk around the sheet: the bands stand there
-constexpr int kDeskRight = 100;
-constexpr int kDeskTop = 20;
 constexpr int kLineStep = 40;
+
+QPixmap EmptyPixmap(const QSizeF& size, double ratio) {
+  QPixmap pixmap((size * ratio).toSize());
+  pixmap.setDevicePixelRatio(ratio);
+  return pixmap;
+}
 
 }  // namespace
 
@@ -143,8 +146,7 @@ std::optional<designer::Box> SheetView::BoxOf(ItemId item) {
   BeFresh();
   const auto found = boxes_.find(item);
   if (found == boxes_.end()) return std::nullopt;
-  const bool isLifted = std::ranges::find(lifted_, item) != lifted_.end();
-  return isLifted ? found->second.MovedBy(liftedBy_.x, liftedBy_.y) : found->second;
+  return lifted_.contains(item) ? found->second.MovedBy(liftedBy_.x, liftedBy_.y) : found->second;
 }
 
 ItemId SheetView::ItemAt(Point place) {
@@ -203,7 +205,7 @@ SnapLines SheetView::LinesWithout(const ItemIds& items) {
 
 void SheetView::LiftItems(const ItemIds& items) {
   BeFresh();
-  lifted_ = items;
+  lifted_ = {items.begin(), items.end()};
   liftedBy_ = {};
   liftedPicture_.reset();
   Renew();
@@ -246,94 +248,6 @@ void SheetView::DropGuide(const QPoint& global) {
   pressed_ = nullptr;
 }
 
-double SheetView::PixelsPerTwip() const {
-  return logicalDpiX() / kTwipsPerInch * zoom_ / 100;
-}
-
-QRectF SheetView::SheetRect() const {
-  const auto shown = static_cast<std::size_t>(page_);
-  const double width = shown < picture_.pages.size() ? picture_.pages[shown].width : layout_.width;
-  const double height =
-      shown < picture_.pages.size() ? picture_.pages[shown].height : layout_.height;
-  const QSizeF size = QSizeF(width, height) * PixelsPerTwip();
-  const double ratio = devicePixelRatioF();
-  const auto place = [ratio](double room, double length, int before, int behind, int scrolled) {
-    const double free = room - length - before - behind;
-    const double start = free > 0 ? before + free / 2 : before - scrolled;
-    return std::round(start * ratio) / ratio;
-  };
-  return {QPointF(place(viewport()->width(), size.width(), kDeskLeft, kDeskRight,
-                        horizontalScrollBar()->value()),
-                  place(viewport()->height(), size.height(), kDeskTop, kDeskTop,
-                        verticalScrollBar()->value())),
-          size};
-}
-
-QPointF SheetView::ToView(Point onSheet) const {
-  return SheetRect().topLeft() + QPointF(onSheet.x, onSheet.y) * PixelsPerTwip();
-}
-
-QRectF SheetView::ToView(const designer::Box& onSheet) const {
-  return {ToView(Point{onSheet.left, onSheet.top}),
-          QSizeF(onSheet.width, onSheet.height) * PixelsPerTwip()};
-}
-
-Point SheetView::ToSheet(QPointF inView) const {
-  const QPointF place = (inView - SheetRect().topLeft()) / PixelsPerTwip();
-  return {place.x(), place.y()};
-}
-
-void SheetView::FitScrollBars() {
-  const QSizeF size = SheetRect().size();
-  const auto fit = [](QScrollBar* bar, double length, int desk, int room) {
-    bar->setRange(0, std::max(0, static_cast<int>(std::floor(length)) + desk - room));
-    bar->setPageStep(room);
-  };
-  fit(horizontalScrollBar(), size.width(), kDeskLeft + kDeskRight, viewport()->width());
-  fit(verticalScrollBar(), size.height(), 2 * kDeskTop, viewport()->height());
-}
-
-void SheetView::PutZoom(double percent, std::optional<QPointF> fixed) {
-  const QPointF kept = fixed.value_or(QRectF(viewport()->rect()).center());
-  const Point under = ToSheet(kept);
-  zoom_ = std::clamp(percent, kLeastZoom, kMostZoom);
-  FitScrollBars();
-  const QPointF now = ToView(under);
-  horizontalScrollBar()->setValue(horizontalScrollBar()->value() + qRound(now.x() - kept.x()));
-  verticalScrollBar()->setValue(verticalScrollBar()->value() + qRound(now.y() - kept.y()));
-  Renew();
-}
-
-void SheetView::FitSheet() {
-  BeFresh();
-  const QSizeF size = SheetRect().size() / zoom_;
-  if (size.isEmpty()) return;
-  PutZoom(std::min((viewport()->width() - kDeskLeft - kDeskRight) / size.width(),
-                   (viewport()->height() - 2 * kDeskTop) / size.height()));
-}
-
-void SheetView::FitWidth() {
-  BeFresh();
-  const double width = SheetRect().width() / zoom_;
-  if (width > 0) PutZoom((viewport()->width() - kDeskLeft - kDeskRight) / width);
-}
-
-void SheetView::ScrollTo(const designer::Box& box) {
-  const QRectF seen = ToView(box);
-  const auto scroll = [](QScrollBar* bar, double start, double end, int room) {
-    constexpr int kAround = 40;
-    if (start < kAround) bar->setValue(bar->value() + qRound(start) - kAround);
-    if (end > room - kAround) bar->setValue(bar->value() + qRound(end) - room + kAround);
-  };
-  scroll(horizontalScrollBar(), seen.left(), seen.right(), viewport()->width());
-  scroll(verticalScrollBar(), seen.top(), seen.bottom(), viewport()->height());
-}
-
-Point SheetView::Middle() const {
-  const QRectF seen = SheetRect() & QRectF(viewport()->rect());
-  return ToSheet(seen.isEmpty() ? SheetRect().center() : seen.center());
-}
-
 void SheetView::Renew() {
   still_.reset();
   viewport()->update();
@@ -365,37 +279,50 @@ void SheetView::scrollContentsBy(int, int) {
   Renew();
 }
 
+// What is seen of the sheet and of the items beside it, and half as much again on each side: a drag
+// brings in what lies there.
+QRect SheetView::LiftedArea() const {
+  QRectF area = SheetRect();
+  for (const ItemId item : lifted_) {
+    if (const auto found = boxes_.find(item); found != boxes_.end()) area |= ToView(found->second);
+  }
+  const QSize half = viewport()->size() / 2;
+  const QRect room =
+      viewport()->rect().adjusted(-half.width(), -half.height(), half.width(), half.height());
+  return area.toAlignedRect() & room;
+}
+
+void SheetView::DrawLifted(QPainter& painter) {
+  if (!liftedPicture_) {
+    const Point by = std::exchange(liftedBy_, {});
+    const QRect area = LiftedArea();
+    liftedCorner_ = area.topLeft();
+    liftedPicture_ = EmptyPixmap(area.size(), devicePixelRatioF());
+    if (!liftedPicture_->isNull()) {
+      liftedPicture_->fill(Qt::transparent);
+      QPainter lifted(&*liftedPicture_);
+      lifted.translate(-liftedCorner_);
+      SheetPainter(*this).DrawLifted(lifted);
+    }
+    liftedBy_ = by;
+  }
+  if (liftedPicture_->isNull()) return;
+  painter.drawPixmap(liftedCorner_ + QPointF(liftedBy_.x, liftedBy_.y) * PixelsPerTwip(),
+                     *liftedPicture_);
+}
+
 void SheetView::paintEvent(QPaintEvent*) {
   BeFresh();
   const SheetPainter sheet(*this);
-  const double ratio = devicePixelRatioF();
-  const auto emptyPixmap = [ratio](QSizeF size) {
-    QPixmap pixmap((size * ratio).toSize());
-    pixmap.setDevicePixelRatio(ratio);
-    return pixmap;
-  };
   if (!still_) {
-    still_ = emptyPixmap(viewport()->size());
+    still_ = EmptyPixmap(viewport()->size(), devicePixelRatioF());
     QPainter painter(&*still_);
     painter.setFont(font());
     sheet.DrawStill(painter);
   }
   QPainter painter(viewport());
   painter.drawPixmap(0, 0, *still_);
-  if (!lifted_.empty()) {
-    if (!liftedPicture_) {
-      const Point by = std::exchange(liftedBy_, {});
-      liftedCorner_ = {-viewport()->width() / 2.0, -viewport()->height() / 2.0};
-      liftedPicture_ = emptyPixmap(viewport()->size() * 2);
-      liftedPicture_->fill(Qt::transparent);
-      QPainter lifted(&*liftedPicture_);
-      lifted.translate(-liftedCorner_);
-      sheet.DrawLifted(lifted);
-      liftedBy_ = by;
-    }
-    painter.drawPixmap(liftedCorner_ + QPointF(liftedBy_.x, liftedBy_.y) * PixelsPerTwip(),
-                       *liftedPicture_);
-  }
+  if (!lifted_.empty()) DrawLifted(painter);
   sheet.DrawMarks(painter);
   for (const SheetTool* tool : Tools()) tool->Paint(painter);
 }

@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "designer/model/sheet_layout.h"
@@ -135,6 +136,8 @@ class SheetView : public QAbstractScrollArea {
   void FitScrollBars();
   void Renew();  // what lies still is drawn anew
   void FindBoxes();
+  void DrawLifted(QPainter& painter);
+  [[nodiscard]] QRect LiftedArea() const;
   [[nodiscard]] const QImage& ScanAt(double pixelsPerPixel);
   [[nodiscard]] SheetMouse MouseOf(const QMouseEvent& event) const;
   [[nodiscard]] std::vector<SheetTool*> Tools();
@@ -160,10 +163,10 @@ class SheetView : public QAbstractScrollArea {
   std::optional<QPixmap> still_;
   // The scan, and the same at half, a quarter … of its pixels.
   std::vector<QImage> scanSizes_;
-  ItemIds lifted_;
+  std::unordered_set<ItemId> lifted_;
   Point liftedBy_;
   std::optional<QPixmap> liftedPicture_;
-  QPointF liftedCorner_;  // of that picture, in the view
+  QPoint liftedCorner_;  // of that picture, in the view
 
   std::unique_ptr<SheetTool> tool_;
   std::vector<std::unique_ptr<SheetTool>> usualTools_;

@@ -19,10 +19,6 @@ std::optional<ItemChoice> KnownChoice(ChoiceKind kind, const std::string& name) 
   return *found;
 }
 
-bool HasVariable(const Format& format, const std::string& caption) {
-  return std::ranges::find(format.variables, caption, &Variable::Caption) != format.variables.end();
-}
-
 }  // namespace
 
 std::unique_ptr<QMimeData> MimeOf(const DroppedChoice& choice) {
@@ -76,7 +72,7 @@ ItemId AddChoice(FormatDocument& document, const DroppedChoice& choice, ItemSite
       choice.choice.kind == ChoiceKind::kVariable || choice.choice.kind == ChoiceKind::kComputed;
   Format copy = format;
   Command added = AddItems(copy, std::span(&item, 1));
-  if (isVariable && !HasVariable(format, choice.caption)) {
+  if (isVariable && FindVariable(format.variables, choice.caption) == nullptr) {
     const std::string column = choice.choice.kind == ChoiceKind::kComputed
                                    ? std::string(choice.choice.name)
                                    : choice.column;

@@ -1,21 +1,26 @@
 #include "designer/window/action_icons.h"
 
-#include <QIconEngine>
 #include <QPainter>
-#include <QPainterPath>
-#include <QPixmap>
 #include <algorithm>
 #include <array>
+
+#include "qt/fields/drawn_icon.h"
 
 namespace td::designer {
 namespace {
 
-// Everything is drawn on a grid of 18 by 18 units; lines run through the middle of units.
+constexpr int kUnits = 18;
+
 struct Colours {
   QColor line;
   QColor accent;
   QColor paper;
 };
+
+Colours ColoursOf(QIcon::Mode mode) {
+  if (mode == QIcon::Disabled) return {QColor(160, 160, 160), QColor(186, 186, 186), Qt::white};
+  return {QColor(64, 64, 64), QColor(0, 95, 184), Qt::white};
+}
 
 using Draw = void (*)(QPainter&, const Colours&);
 
@@ -195,40 +200,14 @@ constexpr std::array kIcons = {
           }},
 };
 
-// Drawn afresh for each size, so that it is sharp on every screen.
-class Engine : public QIconEngine {
- public:
-  explicit Engine(Draw draw) : draw_(draw) {}
-
-  void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
-    const bool isOff = mode == QIcon::Disabled;
-    const Colours colours{isOff ? QColor(160, 160, 160) : QColor(64, 64, 64),
-                          isOff ? QColor(186, 186, 186) : QColor(0, 95, 184), Qt::white};
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->translate(rect.topLeft());
-    painter->scale(rect.width() / 18.0, rect.height() / 18.0);
-    draw_(*painter, colours);
-    painter->restore();
-  }
-  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-    QPixmap pixmap(size);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    paint(&painter, QRect(QPoint(), size), mode, state);
-    return pixmap;
-  }
-  [[nodiscard]] QIconEngine* clone() const override { return new Engine(*this); }
-
- private:
-  Draw draw_;
-};
-
 }  // namespace
 
 QIcon ActionIcon(std::string_view name) {
   const auto* found = std::ranges::find(kIcons, name, &Drawn::name);
-  return found == kIcons.end() ? QIcon() : QIcon(new Engine(found->draw));
+  if (found == kIcons.end()) return {};
+  return DrawnIcon(kUnits, [draw = found->draw](QPainter& painter, QIcon::Mode mode) {
+    draw(painter, ColoursOf(mode));
+  });
 }
 
 }  // namespace td::designer

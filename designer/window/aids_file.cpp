@@ -3,12 +3,13 @@
 #include <QBuffer>
 #include <QCryptographicHash>
 #include <QFile>
-#include <QImageReader>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <algorithm>
 
+#include "designer/sheet/scan_file.h"
+#include "platform/failure.h"
 #include "qt/system/export_folder.h"
 
 namespace td::designer {
@@ -37,6 +38,15 @@ std::vector<double> ToNumbers(const QJsonValue& json) {
   return numbers;
 }
 
+// As large as any scan that can be loaded: none is lost for its size.
+QImage KeptPicture(const std::string& path) {
+  try {
+    return ReadScan(path);
+  } catch (const Failure&) {
+    return {};
+  }
+}
+
 }  // namespace
 
 AidsFile::AidsFile(std::string folder, const std::string& connection, int billType,
@@ -56,8 +66,7 @@ SheetAids AidsFile::Read() const {
   aids.guides.y = ToNumbers(places["guides-across"]);
   const std::vector<double> placing = ToNumbers(places["scan-placing"]);
   if (placing.size() != 6) return aids;
-  QImageReader reader(QString::fromStdString(folder_ + "/" + name_ + ".png"));
-  const QImage image = reader.read();
+  const QImage image = KeptPicture(folder_ + "/" + name_ + ".png");
   const QTransform toSheet(placing[0], placing[1], placing[2], placing[3], placing[4], placing[5]);
   if (image.isNull() || !toSheet.isInvertible()) return aids;
   aids.scan = {.image = image,

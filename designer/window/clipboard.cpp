@@ -65,9 +65,7 @@ ItemIds PasteCopied(FormatDocument& document, double distance) {
   Format now = document.Current();
   Command command;
   for (const Variable& variable : copied->variables) {
-    const bool isKnown = std::ranges::find(now.variables, variable.Caption(), &Variable::Caption) !=
-                         now.variables.end();
-    if (isKnown) continue;
+    if (FindVariable(now.variables, variable.Caption()) != nullptr) continue;
     const Command added = AddVariable(now, NewVariable(variable.Caption(), variable.Name()));
     td::designer::Do(now, added);
     command.edits.insert(command.edits.end(), added.edits.begin(), added.edits.end());

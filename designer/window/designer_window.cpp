@@ -189,8 +189,8 @@ void DesignerWindow::FormatOpened(Opened opened) {
   if (opened == Opened::kAnother) {
     ReadAids();
   } else if (former != aidsName_) {
-    WriteAids(true);
-    if (opened == Opened::kRenamed) AidsOf(former).Remove();
+    const bool isMoved = WriteAids(true) && opened != Opened::kCopied && !former.empty();
+    if (isMoved) AidsOf(former).Remove();
   }
   DocumentChanged();
   ShowSelection();
@@ -201,7 +201,6 @@ void DesignerWindow::DocumentChanged() {
   setWindowTitle(QString::fromStdString(document.Current().Name()) + QStringLiteral("[*] – ") +
                  Say("Form designer"));
   setWindowModified(document.IsModified());
-  ShowActions();
   ShowSelection();
 }
 
@@ -272,16 +271,19 @@ void DesignerWindow::ReadAids() {
   scanPanel_->ShowAids();
 }
 
-// Those of a format without a name in the tables are kept when it is saved.
-void DesignerWindow::WriteAids(bool withPicture) {
-  if (aidsName_.empty()) return;
+// Those of a format without a name in the tables are kept when it is saved. False if they couldn't
+// be written, which has been told.
+bool DesignerWindow::WriteAids(bool withPicture) {
+  if (aidsName_.empty()) return true;
   const AidsFile file = AidsOf(aidsName_);
   try {
     if (withPicture) file.WritePicture(sheet_->Aids());
     file.WritePlaces(sheet_->Aids());
   } catch (const Failure& failure) {
     Tell(this, QString::fromStdString(failure.Description()));
+    return false;
   }
+  return true;
 }
 
 void DesignerWindow::closeEvent(QCloseEvent* event) {

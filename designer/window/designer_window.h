@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "checker/desktop_machine.h"
+#include "designer/model/format_file.h"
 #include "designer/sheet/ruler.h"
 #include "designer/sheet/sheet_view.h"
 #include "designer/window/aids_file.h"
@@ -48,6 +49,7 @@ class DesignerWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   struct ActionRow;
@@ -76,10 +78,12 @@ class DesignerWindow : public QMainWindow {
   void ShowSelection();
   void PlaceChoice(const DroppedChoice& choice);
   void GoTo(ItemId item);
+  // Formats as files (window_files.cpp).
   void Export();
   void Import();
+  bool TakePictures(FormatFile& file);
   [[nodiscard]] AidsFile AidsOf(const std::string& format) const;
-  void WriteAids(bool withPicture);
+  bool WriteAids(bool withPicture);
   void ReadAids();
   void ShowHelp();
 
@@ -99,6 +103,7 @@ class DesignerWindow : public QMainWindow {
   QLabel* selectionLabel_ = nullptr;
   QLabel* pageLabel_ = nullptr;
   QLabel* messageLabel_ = nullptr;
+  bool canPaste_ = false;
   QTimer recoveryTimer_;
   std::string aidsName_;  // of the format whose aids are shown
   std::function<void()> closed_;

@@ -1,6 +1,5 @@
 #include "designer/window/format_list.h"
 
-#include <QDialog>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QListWidget>
@@ -8,14 +7,13 @@
 #include <QVBoxLayout>
 
 #include "designer/view/words.h"
+#include "designer/window/questions.h"
 
 namespace td::designer {
 
 std::optional<std::string> ChooseFormat(QWidget* window, const std::vector<FormatEntry>& formats,
                                         const std::string& current) {
-  QDialog dialog(window);
-  dialog.setObjectName("formats");
-  dialog.setWindowTitle(Say("Open a format"));
+  WindowDialog dialog(window, "formats", Say("Open a format"));
   dialog.resize(420, 320);
   auto* layout = new QVBoxLayout(&dialog);
   layout->addWidget(new QLabel(Say("Formats of this bill type:"), &dialog));

@@ -1,6 +1,7 @@
 #include "designer/window/format_session.h"
 
 #include <QApplication>
+#include <QPointer>
 #include <QProgressDialog>
 #include <algorithm>
 
@@ -37,6 +38,7 @@ bool FormatSession::KeepsWaiting() {
     auto box = std::make_unique<QProgressDialog>(
         Say("Somebody else is writing to these tables. Waiting …"), Say("Give up"), 0, 0, &window_);
     box->setObjectName("waiting");
+    box->setFont(window_.font());
     box->setWindowModality(Qt::WindowModal);
     box->setMinimumDuration(0);
     QObject::connect(box.get(), &QProgressDialog::canceled, [this] { hasGivenUp_ = true; });
@@ -68,13 +70,15 @@ void FormatSession::Show(Format format, Opened opened) {
   workspace_.selection.Clear();
   workspace_.document.Reset(std::move(format));
   recovery_.emplace(RecoveryOf(StoredName()));
-  OfferRecovery();
+  isRecoveryOwn_ = false;
+  OfferRecovery(*recovery_);
   opened_(opened);
 }
 
-void FormatSession::OfferRecovery() {
-  const auto recovered = recovery_->Find();
-  if (!recovered) return;
+// True if it was restored.
+bool FormatSession::OfferRecovery(RecoveryFile file) {
+  const auto recovered = file.Find();
+  if (!recovered) return false;
   const auto minutes = std::chrono::duration_cast<std::chrono::minutes>(
       std::chrono::system_clock::now() - recovered->written);
   const int answer = Ask(
@@ -83,12 +87,26 @@ void FormatSession::OfferRecovery() {
           .arg(std::max<std::int64_t>(minutes.count(), 0))
           .arg(Text(recovered->current.Name())),
       {Say("Restore"), Say("Discard")});
-  if (answer == 0) {
-    workspace_.document.Reset(recovered->base);
-    workspace_.document.Recover(recovered->current);
-  } else if (answer == 1) {
-    recovery_->Remove();
-  }
+  if (answer == 1) file.Remove();
+  if (answer != 0) return false;
+  workspace_.selection.Clear();
+  workspace_.document.Reset(recovered->base);
+  workspace_.document.Recover(recovered->current);
+  recovery_.emplace(std::move(file));
+  isRecoveryOwn_ = true;
+  return true;
+}
+
+// A format that was in no table yet is none of those that can be opened: it is offered with the
+// first one that is.
+void FormatSession::OfferUnsaved() {
+  if (std::exchange(hasOfferedUnsaved_, true) || workspace_.document.IsModified()) return;
+  if (OfferRecovery(RecoveryOf({}))) opened_(Opened::kAnother);
+}
+
+// What is saved or undone needs no recovery any more. One that an earlier run has left stays.
+void FormatSession::DropOwnRecovery() {
+  if (std::exchange(isRecoveryOwn_, false)) recovery_->Remove();
 }
 
 bool FormatSession::Open(const std::string& name) {
@@ -102,8 +120,10 @@ bool FormatSession::Open(const std::string& name) {
     format = formats.empty() ? store_.Blank(setup_.billType, Say("New format").toStdString())
                              : store_.LoadById(formats.front().id);
   });
-  if (isLoaded) Show(std::move(format));
-  return isLoaded;
+  if (!isLoaded) return false;
+  Show(std::move(format));
+  OfferUnsaved();
+  return true;
 }
 
 void FormatSession::Begin(const std::string& name) {
@@ -112,7 +132,11 @@ void FormatSession::Begin(const std::string& name) {
 }
 
 bool FormatSession::MayLeave() {
-  if (!workspace_.document.IsModified()) return true;
+  TakeTyped();
+  if (!workspace_.document.IsModified()) {
+    DropOwnRecovery();
+    return true;
+  }
   const int answer = Ask(
       &window_,
       Say("“%1” has changes that are not saved.").arg(Text(workspace_.document.Current().Name())),
@@ -175,8 +199,7 @@ bool FormatSession::Adopt(Format format) {
     take(SetOnFormat(now, column, format.row.At(i)));
   }
   for (const Variable& variable : format.variables) {
-    if (std::ranges::find(now.variables, variable.Caption(), &Variable::Caption) ==
-        now.variables.end()) {
+    if (FindVariable(now.variables, variable.Caption()) == nullptr) {
       take(AddVariable(now, variable));
     }
   }
@@ -187,6 +210,7 @@ bool FormatSession::Adopt(Format format) {
 }
 
 bool FormatSession::Save() {
+  TakeTyped();
   Format wanted = workspace_.document.Current();
   if (IsNull(wanted.id)) {
     const auto name = UnusedName(Say("Save the format under the name:"), wanted.Name());
@@ -203,6 +227,7 @@ bool FormatSession::SaveAs(Format base, Format wanted, OnConflict onConflict) {
   if (recovery_) recovery_->Remove();
   workspace_.document.MarkSaved(std::get<Saved>(*result).stored);
   recovery_.emplace(RecoveryOf(StoredName()));
+  isRecoveryOwn_ = false;
   opened_(Opened::kSaved);
   return true;
 }
@@ -259,7 +284,7 @@ bool FormatSession::Rename() {
       })) {
     return false;
   }
-  Show(std::move(renamed), Opened::kRenamed);
+  Show(std::move(renamed), Opened::kSaved);
   return true;
 }
 
@@ -291,15 +316,29 @@ bool FormatSession::Select() {
 
 void FormatSession::KeepRecovery() {
   const FormatDocument& document = workspace_.document;
-  if (!recovery_ || !document.IsModified()) return;
+  if (!recovery_) return;
+  if (!document.IsModified()) {
+    DropOwnRecovery();
+    return;
+  }
   try {
-    recovery_->Keep(document.Base(), document.Current());
+    if (recovery_->Keep(document.Base(), document.Current())) isRecoveryOwn_ = true;
   } catch (const Failure& failure) {
     if (!std::exchange(isKeepingTold_, true)) {
       Tell(&window_, Say("What isn't saved can't be kept against a crash: %1")
                          .arg(Text(failure.Description())));
     }
   }
+}
+
+// A shortcut, or the button of the window's frame, leaves the focus where it is.
+void FormatSession::TakeTyped() {
+  const QPointer<QWidget> field = window_.focusWidget();
+  if (field == nullptr) return;
+  field->clearFocus();
+  // A cell of a list asks its question when it is left, in a call of its own.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
+  if (field != nullptr) field->setFocus();
 }
 
 }  // namespace td::designer

@@ -26,9 +26,8 @@ struct SessionSetup {
 // What has become of the format that was open before.
 enum class Opened {
   kAnother,  // it was left
-  kSaved,    // it is the same, perhaps in the tables for the first time
+  kSaved,    // it is the same, perhaps in the tables for the first time or under another name
   kCopied,
-  kRenamed,
 };
 
 // Every failure is shown on the window, and leaves the format as it was.
@@ -67,9 +66,14 @@ class FormatSession {
   // To be called often: writes the recovery file when it is time.
   void KeepRecovery();
 
+  // What is being typed into a field of the window becomes a change, as if the field were left.
+  void TakeTyped();
+
  private:
   void Show(Format format, Opened opened = Opened::kAnother);
-  void OfferRecovery();
+  bool OfferRecovery(RecoveryFile file);
+  void OfferUnsaved();
+  void DropOwnRecovery();
   bool Attempt(const std::function<void()>& action);
   bool SaveAs(Format base, Format wanted, OnConflict onConflict);
   bool ResolveConflict(const Conflict& conflict);
@@ -84,6 +88,8 @@ class FormatSession {
   std::function<void(Opened)> opened_;
   FormatStore store_;
   std::optional<RecoveryFile> recovery_;
+  bool isRecoveryOwn_ = false;  // the file holds what this window would lose
+  bool hasOfferedUnsaved_ = false;
   std::unique_ptr<QWidget> waiting_;  // while a lock is waited for
   bool hasGivenUp_ = false;
   bool isKeepingTold_ = false;  // that recovery files can't be written

@@ -1,12 +1,20 @@
 // The designer's message boxes.
 #pragma once
 
+#include <QDialog>
 #include <QString>
 #include <QStringList>
 #include <QWidget>
 #include <optional>
 
 namespace td::designer {
+
+// A dialog of a window, in the font of that window: it has letters for Chinese names, which the
+// desktop's own font may lack.
+class WindowDialog : public QDialog {
+ public:
+  WindowDialog(QWidget* window, const char* name, const QString& title);
+};
 
 // Shows a text with one button.
 void Tell(QWidget* window, const QString& text);

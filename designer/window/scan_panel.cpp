@@ -1,7 +1,6 @@
 #include "designer/window/scan_panel.h"
 
 #include <QCheckBox>
-#include <QDialog>
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
 #include <QFileDialog>
@@ -201,9 +200,7 @@ void ScanPanel::AskForDistances(const std::array<QPointF, 3>& pixels) {
   std::array<QPointF, 3> now;
   for (std::size_t i = 0; i < now.size(); ++i) now[i] = scan.toSheet.map(pixels[i]);
 
-  QDialog dialog(this);
-  dialog.setObjectName("distances");
-  dialog.setWindowTitle(Say("Distances on the form"));
+  WindowDialog dialog(this, "distances", Say("Distances on the form"));
   auto* layout = new QFormLayout(&dialog);
   const auto add = [&](const char* name, const char* words, double twips) {
     QDoubleSpinBox* field = MakeMillimetres(name, &dialog);

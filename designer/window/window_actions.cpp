@@ -1,24 +1,21 @@
 // Menus and toolbar of the designer's window.
-#include <QActionGroup>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDockWidget>
-#include <QFile>
-#include <QFileDialog>
+#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QRegularExpression>
-#include <QSaveFile>
 #include <QToolBar>
 
-#include "designer/model/format_file.h"
 #include "designer/view/words.h"
 #include "designer/window/action_icons.h"
 #include "designer/window/clipboard.h"
 #include "designer/window/designer_window.h"
 #include "designer/window/questions.h"
-#include "platform/failure.h"
 
 namespace td::designer {
 
@@ -94,7 +91,6 @@ std::vector<DesignerWindow::ActionRow> DesignerWindow::EditActions() {
   Selection& selection = workspace_.selection;
   const auto copy = [this] {
     CopyItems(workspace_.document.Current(), workspace_.selection.Items());
-    ShowActions();
   };
   return {{"undo", "Undo", QKeySequence::Undo, [&] { selection.Select(document.Undo()); }},
           {"redo", "Redo", QKeySequence::Redo, [&] { selection.Select(document.Redo()); }},
@@ -248,6 +244,13 @@ void DesignerWindow::MakeActions() {
     actions_["showData"]->setChecked(true);
     PutOption([](SheetOptions& options) { options.contents = SheetContents::kData; });
   }
+  // Another program's clipboard may be slow to answer: it isn't asked at each change.
+  const QClipboard* clipboard = QGuiApplication::clipboard();
+  QObject::connect(clipboard, &QClipboard::dataChanged, this, [this] {
+    canPaste_ = CanPaste();
+    ShowActions();
+  });
+  canPaste_ = CanPaste();
   MakeToolBar();
   ShowActions();
 }
@@ -345,47 +348,27 @@ void DesignerWindow::ShowActions() {
   }
   for (const char* name : {"sameWidth", "sameHeight"}) show(name, count > 1);
   for (const char* name : {"distributeAcross", "distributeDown"}) show(name, count > 2);
-  show("paste", CanPaste());
+  show("paste", canPaste_);
   show("save", document.IsModified() || IsNull(document.Base().id));
   const bool isStored = !session_.StoredName().empty();
   for (const char* name : {"copyFormat", "rename", "deleteFormat", "select"}) show(name, isStored);
   show("previousPage", sheet_->PageNumber() > 0);
 }
 
+// A value that is being typed is no change yet: there may be nothing else to save.
+void DesignerWindow::keyPressEvent(QKeyEvent* event) {
+  if (!event->matches(QKeySequence::Save)) {
+    QMainWindow::keyPressEvent(event);
+    return;
+  }
+  session_.TakeTyped();
+  actions_.at("save")->trigger();
+}
+
 void DesignerWindow::PutOption(const std::function<void(SheetOptions&)>& change) {
   SheetOptions options = sheet_->Options();
   change(options);
   sheet_->PutOptions(options);
-}
-
-void DesignerWindow::Export() {
-  const QString filter = Say("Formats") + QStringLiteral(" (*.json)");
-  const QString suggested = QString::fromStdString(workspace_.document.Current().Name()) + ".json";
-  const QString path =
-      QFileDialog::getSaveFileName(this, Say("Export to a file"), suggested, filter);
-  if (path.isEmpty()) return;
-  QSaveFile file(path);
-  const std::string text = WriteFormatFile(workspace_.document.Current());
-  if (!file.open(QIODevice::WriteOnly) ||
-      file.write(text.data(), static_cast<qint64>(text.size())) < 0 || !file.commit()) {
-    Tell(this, path + QStringLiteral(": ") + file.errorString());
-  }
-}
-
-void DesignerWindow::Import() {
-  const QString filter = Say("Formats") + QStringLiteral(" (*.json)");
-  const QString path = QFileDialog::getOpenFileName(this, Say("Import from a file"), {}, filter);
-  if (path.isEmpty()) return;
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) {
-    Tell(this, path + QStringLiteral(": ") + file.errorString());
-    return;
-  }
-  try {
-    session_.Adopt(ReadFormatFile(file.readAll().toStdString()).format);
-  } catch (const Failure& failure) {
-    Tell(this, path + QStringLiteral(": ") + QString::fromStdString(failure.Description()));
-  }
 }
 
 void DesignerWindow::ShowHelp() {

@@ -53,6 +53,64 @@ TEST_F(FormatDocumentTest, ADragIsMeasuredFromItsBeginning) {
   EXPECT_EQ(PlaceOf(id).left, 100);
 }
 
+// Two items side by side, squeezed to a thousandth and let go again.
+TEST_F(FormatDocumentTest, AResizeIsMeasuredFromItsBeginning) {
+  const ItemIds ids = {AddText({100, 200, 3333, 50}), AddText({4000, 200, 777, 50})};
+  const Box from{100, 200, 4677, 50};
+  const std::uint64_t gesture = document.NewGesture();
+  document.DragSize(ids, from, {100, 200, 4.677, 50}, gesture);
+  document.DragSize(ids, from, {100, 200, 9354, 50}, gesture);
+  EXPECT_EQ(PlaceOf(ids[0]), (Box{100, 200, 6666, 50}));
+  EXPECT_EQ(PlaceOf(ids[1]), (Box{7900, 200, 1554, 50}));
+  document.Undo();
+  EXPECT_EQ(PlaceOf(ids[1]), (Box{4000, 200, 777, 50}));
+}
+
+TEST_F(FormatDocumentTest, ADragThatIsGivenUpIsNoStep) {
+  const ItemId id = AddText({100, 200, 300, 50});
+  document.MarkSaved(document.Current());
+  const std::uint64_t gesture = document.NewGesture();
+  document.DragTo({id}, 50, 0, gesture);
+  ItemIds heard;
+  document.AddListener([&](const DocumentChange& change) { heard = change.items; });
+  EXPECT_TRUE(document.Forget(gesture));
+  EXPECT_EQ(heard, ItemIds{id});
+  EXPECT_EQ(PlaceOf(id).left, 100);
+  EXPECT_FALSE(document.IsModified());
+  EXPECT_EQ(document.NextUndo().kind, CommandKind::kAdd);
+  EXPECT_FALSE(document.Forget(gesture));
+}
+
+// As many steps are done then as were saved, but other ones.
+TEST_F(FormatDocumentTest, ADragBehindAnUndoneSaveIsMeasuredFromItsBeginning) {
+  const ItemId id = AddText({100, 200, 300, 50});
+  document.Move({id}, 10, 0);
+  document.MarkSaved(document.Current());
+  document.Undo();
+  const std::uint64_t drag = document.NewGesture();
+  document.DragTo({id}, 50, 0, drag);
+  document.DragTo({id}, 60, 0, drag);
+  EXPECT_EQ(PlaceOf(id).left, 160);
+  document.Undo();
+  const std::uint64_t keys = document.NewGesture();
+  for (int i = 0; i < 3; ++i) document.Move({id}, 1, 0, keys);
+  document.Undo();
+  EXPECT_EQ(PlaceOf(id).left, 100);
+}
+
+TEST_F(FormatDocumentTest, ADragGoesOnOverASaveInItsMiddle) {
+  const ItemId id = AddText({100, 200, 300, 50});
+  const std::uint64_t gesture = document.NewGesture();
+  document.DragTo({id}, 50, 0, gesture);
+  document.MarkSaved(document.Current());
+  document.DragTo({id}, 60, 0, gesture);
+  EXPECT_EQ(PlaceOf(id).left, 160);
+  EXPECT_TRUE(document.IsModified());
+  document.Undo();
+  EXPECT_EQ(PlaceOf(id).left, 100);
+  EXPECT_TRUE(document.IsModified()) << "the tables hold 150";
+}
+
 TEST_F(FormatDocumentTest, WhatIsSavedIsNotModifiedUntilTheNextStep) {
   const ItemId id = AddText({100, 200, 300, 50});
   EXPECT_TRUE(document.IsModified());

@@ -46,7 +46,8 @@ class RandomUser {
         document_.DragTo(ids, dx, dy, static_cast<std::uint64_t>(Choose(3)));
         break;
       case 6:
-        document_.Resize(ids, {0, 0, 1000, 1000}, {dx, dy, 800, 1700});
+        document_.DragSize(ids, {0, 0, 1000, 1000}, {dx, dy, 800, 1700},
+                           static_cast<std::uint64_t>(Choose(3)));
         break;
       case 7:
         document_.Align(ids, static_cast<Alignment>(Choose(6)));

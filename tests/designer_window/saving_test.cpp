@@ -1,8 +1,11 @@
 // Opening and saving formats, and the questions before something would be lost.
+#include <QDockWidget>
+#include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTreeView>
 
 #include "designer/window/clipboard.h"
 #include "designer/window/connection_dialog.h"
@@ -11,6 +14,10 @@
 
 namespace td::designer {
 namespace {
+
+constexpr const char* kLeftOfCustomer =
+    "select max(FLeft) from TDBillDetail where FObjectFieldName='客户' and FTDBillID=(select "
+    "FTDBillID from TDBill where FSelected=1 and FTranType=21)";
 
 class SavingFormats : public ShownDesigner {
  protected:
@@ -21,6 +28,26 @@ class SavingFormats : public ShownDesigner {
     Press(Qt::Key_Right, Qt::ShiftModifier);
   }
   void RunAsAnother(const std::string& script) { RunScriptOn(SampleEngine::kSqlite, script); }
+
+  // The file that is written while the format isn't saved.
+  RecoveryFile FileOfOpenFormat() {
+    const Format& base = Document().Base();
+    return {(folder_ / "state").string(), SampleOn(SampleEngine::kSqlite), 21,
+            IsNull(base.id) ? "" : base.Name()};
+  }
+  // Leaves what a window leaves that is gone without having closed.
+  RecoveryFile Crash() {
+    RecoveryFile file = FileOfOpenFormat();
+    EXPECT_TRUE(file.Keep(Document().Base(), Document().Current()));
+    return file;
+  }
+  // Types a path into the desktop's question for a file or a folder.
+  void AnswerFile(const std::filesystem::path& path) {
+    WhenShown("QFileDialog", [text = QString::fromStdString(path.string())](QDialog& dialog) {
+      dialog.findChild<QLineEdit*>("fileNameEdit")->setText(text);
+      dialog.accept();
+    });
+  }
 };
 
 TEST_F(SavingFormats, TheSelectedFormatIsOpenedFirst) {
@@ -31,18 +58,12 @@ TEST_F(SavingFormats, TheSelectedFormatIsOpenedFirst) {
 }
 
 TEST_F(SavingFormats, ASaveWritesWhatWasMoved) {
-  const double before = std::stod(Cell(
-      "select max(FLeft) from TDBillDetail where FObjectFieldName='客户' and FTDBillID=(select "
-      "FTDBillID from TDBill where FSelected=1 and FTranType=21)"));
+  const double before = std::stod(Cell(kLeftOfCustomer));
   MoveCustomer();
   EXPECT_TRUE(Window().isWindowModified());
   Trigger("save");
   EXPECT_FALSE(Window().isWindowModified());
-  EXPECT_NEAR(
-      std::stod(Cell("select max(FLeft) from TDBillDetail where FObjectFieldName='客户' and "
-                     "FTDBillID=(select FTDBillID from TDBill where FSelected=1 and "
-                     "FTranType=21)")),
-      before + TwipsOf(1), 0.02);
+  EXPECT_NEAR(std::stod(Cell(kLeftOfCustomer)), before + TwipsOf(1), 0.02);
   Trigger("undo");
   EXPECT_TRUE(Window().isWindowModified()) << "steps from before the save can be undone";
 }
@@ -167,13 +188,10 @@ TEST_F(SavingFormats, AFormatThatIsGoneIsSavedAsANewOne) {
   EXPECT_EQ(Cell("select count(*) from TDBill where FTDBillName='" + name + "'"), "1");
 }
 
-// The window is gone without having closed, as after a crash.
 TEST_F(SavingFormats, WhatACrashLeftIsOffered) {
   MoveCustomer();
   const Box moved = PlaceOf("客户");
-  RecoveryFile file((folder_ / "state").string(), SampleOn(SampleEngine::kSqlite), 21,
-                    Document().Base().Name());
-  ASSERT_TRUE(file.Keep(Document().Base(), Document().Current()));
+  const RecoveryFile file = Crash();
   Answer("question", "answer0");
   Open();
   EXPECT_EQ(PlaceOf("客户"), moved);
@@ -185,13 +203,121 @@ TEST_F(SavingFormats, WhatACrashLeftIsOffered) {
 TEST_F(SavingFormats, WhatACrashLeftCanBeDiscarded) {
   MoveCustomer();
   const Box moved = PlaceOf("客户");
-  RecoveryFile file((folder_ / "state").string(), SampleOn(SampleEngine::kSqlite), 21,
-                    Document().Base().Name());
-  ASSERT_TRUE(file.Keep(Document().Base(), Document().Current()));
+  const RecoveryFile file = Crash();
   Answer("question", "answer1");
   Open();
   EXPECT_NE(PlaceOf("客户"), moved);
   EXPECT_FALSE(file.Find());
+}
+
+// It is in no list of formats.
+TEST_F(SavingFormats, ANewFormatThatACrashLeftIsOfferedAtTheNextStart) {
+  AnswerName("新表单");
+  Trigger("new");
+  Document().SetFormatNumber("FRowsPerPage", 7);
+  Crash();
+  Answer("question", "answer0");
+  Open();
+  EXPECT_EQ(Document().Current().Name(), "新表单");
+  EXPECT_EQ(Sheet().Layout().rowsPerPage, 7);
+  EXPECT_TRUE(Window().isWindowModified());
+  AnswerName("新表单");
+  Trigger("save");
+  EXPECT_EQ(Cell("select FRowsPerPage from TDBill where FTDBillName='新表单'"), "7");
+  Open();
+  EXPECT_NE(Document().Current().Name(), "新表单");
+}
+
+TEST_F(SavingFormats, WhatWasUndoneIsNotOfferedAgain) {
+  MoveCustomer();
+  const RecoveryFile file = FileOfOpenFormat();
+  constexpr int kAMinute = 60000;  // it is looked at every few seconds
+  ASSERT_TRUE(QTest::qWaitFor([&file] { return file.Find().has_value(); }, kAMinute));
+  Trigger("undo");
+  Window().close();
+  EXPECT_FALSE(file.Find());
+}
+
+TEST_F(SavingFormats, WhatIsBeingTypedIsSaved) {
+  Selected().Select({ItemNamed("客户").id});
+  auto& left = Find<QDoubleSpinBox>("FLeft");
+  const auto type = [&left](const char* text) {
+    left.setFocus();
+    left.selectAll();
+    QTest::keyClicks(&left, text);
+  };
+  type("33.5");
+  EXPECT_FALSE(Document().IsModified());
+  QTest::keyClick(&left, Qt::Key_S, Qt::ControlModifier);
+  EXPECT_FALSE(Document().IsModified());
+  EXPECT_NEAR(MillimetresOf(std::stod(Cell(kLeftOfCustomer))), 33.5, 0.01);
+  type("44.5");
+  Answer("question", "answer0");
+  Window().close();
+  EXPECT_NEAR(MillimetresOf(std::stod(Cell(kLeftOfCustomer))), 44.5, 0.01);
+}
+
+TEST_F(SavingFormats, ACaptionThatIsBeingTypedIsAskedAboutBeforeTheWindowCloses) {
+  Find<QDockWidget>("variables").raise();
+  auto& list = Find<QTreeView>("Variables");
+  const auto& variables = Document().Current().variables;
+  const auto row = static_cast<int>(FindVariable(variables, "客户") - variables.data());
+  const QModelIndex cell = list.model()->index(row, 0);
+  list.setCurrentIndex(cell);
+  list.edit(cell);
+  auto* editor = list.viewport()->findChild<QLineEdit*>();
+  ASSERT_NE(editor, nullptr);
+  editor->setText("顾客");
+  WhenShown("", [this](QDialog& dialog) {
+    Answer("question", "answer0");
+    for (QPushButton* button : dialog.findChildren<QPushButton*>()) {
+      if (button->isDefault()) QTest::mouseClick(button, Qt::LeftButton);
+    }
+  });
+  Window().close();
+  EXPECT_EQ(Cell("select count(*) from TDVariant where FTranType=21 and FVarCaption='顾客'"), "1");
+}
+
+TEST_F(SavingFormats, AFormatGoesIntoAFileWithItsPicturesAndComesBack) {
+  const std::string picture = folder_ / "logo.png";
+  QImage image(8, 8, QImage::Format_RGB32);
+  image.fill(Qt::red);
+  ASSERT_TRUE(image.save(QString::fromStdString(picture)));
+  Item item =
+      NewItem(Document().Current(), ItemKind::kPicture, ItemSite::kHead, {100, 100, 10, 10});
+  item.row.Set("FPicturePath", picture);
+  Document().Add({&item, 1});
+  const std::size_t items = Document().Current().items.Size();
+  Answer("question", "answer0");
+  AnswerFile(folder_ / "format.json");
+  Trigger("export");
+  Trigger("undo");
+
+  std::filesystem::create_directory(folder_ / "pictures");
+  AnswerFile(folder_ / "format.json");
+  WhenShown("question", [this](QDialog& dialog) {
+    AnswerFile(folder_ / "pictures");
+    QTest::mouseClick(dialog.findChild<QPushButton*>("answer0"), Qt::LeftButton);
+  });
+  AnswerName("来自文件");
+  Trigger("import");
+  EXPECT_EQ(Document().Current().Name(), "来自文件");
+  ASSERT_EQ(Document().Current().items.Size(), items);
+  const std::string written = (folder_ / "pictures") / "logo.png";
+  EXPECT_TRUE(std::filesystem::exists(written));
+  EXPECT_TRUE(std::ranges::any_of(Document().Current().items, [&](const Item& one) {
+    return one.row.Text("FPicturePath") == written;
+  }));
+  Trigger("undo");
+  EXPECT_TRUE(Document().Current().items.Empty()) << "an import is one step";
+}
+
+TEST_F(SavingFormats, AFileThatIsNoFormatIsTold) {
+  AnswerFile(folder_.Write("notes.json", "{}"));
+  Answer("message", "close");
+  Trigger("import");
+  ASSERT_EQ(asked_.size(), 1U);
+  EXPECT_NE(asked_[0].find("notes.json"), std::string::npos);
 }
 
 TEST_F(SavingFormats, ItemsTravelToAFormatOfAnotherBillTypeWithTheirVariables) {

@@ -1,5 +1,6 @@
 // The scan of a form under the sheet.
 #include <QDoubleSpinBox>
+#include <QImageReader>
 #include <QListWidget>
 #include <QPainter>
 #include <QPdfWriter>
@@ -217,6 +218,29 @@ TEST_F(ScanOfForm, GoesWhereTheFormatGoes) {
   EXPECT_FALSE(Sheet().Aids().scan.Empty()) << "that of the other format";
   const auto files = std::filesystem::directory_iterator((folder_ / "state") / "designer");
   EXPECT_EQ(std::distance(begin(files), end(files)), 2);
+}
+
+TEST_F(ScanOfForm, GoesAlongWhenASaveChangesTheName) {
+  Open({77});
+  Window().TheScanPanel().Load(Saved("form.png"));
+  AnswerName("甲");
+  Trigger("save");
+  Document().SetFormat("FTDBillName", std::string("丁"));
+  Trigger("save");
+  const auto files = std::filesystem::directory_iterator((folder_ / "state") / "designer");
+  EXPECT_EQ(std::distance(begin(files), end(files)), 2) << "none is left under the old name";
+  Open({77, "丁"});
+  EXPECT_FALSE(Sheet().Aids().scan.Empty());
+}
+
+// The next program has not read a scan yet, and reads pictures only up to a size.
+TEST_F(ScanOfForm, IsKeptHoweverLargeItIs) {
+  Open();
+  Window().TheScanPanel().Load(Saved("form.png"));
+  CloseWindow();
+  QImageReader::setAllocationLimit(1);  // megabytes
+  Open();
+  EXPECT_FALSE(Sheet().Aids().scan.Empty());
 }
 
 TEST_F(ScanOfForm, OfANewFormatStaysOutOfTheNextOne) {

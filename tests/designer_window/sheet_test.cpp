@@ -32,6 +32,19 @@ class DesignerSheet : public ShownDesigner {
     QApplication::sendEvent(Sheet().viewport(), &drop);
   }
 
+  // Presses the handle at the lower right corner of what is selected.
+  QPoint PressCorner() {
+    const QPoint corner = HandlesOf(Sheet()).back().at.toPoint();
+    QTest::mousePress(Sheet().viewport(), Qt::LeftButton, {}, corner);
+    return corner;
+  }
+  // With the left button pressed.
+  void MoveTo(QPointF at) {
+    QMouseEvent move(QEvent::MouseMove, at, Sheet().viewport()->mapToGlobal(at), Qt::NoButton,
+                     Qt::LeftButton, {});
+    QApplication::sendEvent(Sheet().viewport(), &move);
+  }
+
   bool accepted_ = false;
 };
 
@@ -83,14 +96,13 @@ TEST_F(DesignerSheet, ADragMovesByTenthsOfAMillimetreAndIsOneStep) {
 TEST_F(DesignerSheet, EscapeTakesADragBack) {
   const Box before = PlaceOf("客户");
   QTest::mousePress(Sheet().viewport(), Qt::LeftButton, {}, PixelOf("客户"));
-  const QPointF at = PixelOf("客户") + QPoint(60, 30);
-  QMouseEvent move(QEvent::MouseMove, at, at, Qt::NoButton, Qt::LeftButton, {});
-  QApplication::sendEvent(Sheet().viewport(), &move);
+  const QPoint at = PixelOf("客户") + QPoint(60, 30);
+  MoveTo(at);
   EXPECT_NE(PlaceOf("客户"), before);
   Press(Qt::Key_Escape);
   EXPECT_EQ(PlaceOf("客户"), before);
   EXPECT_FALSE(Document().IsModified());
-  QTest::mouseRelease(Sheet().viewport(), Qt::LeftButton, {}, at.toPoint());
+  QTest::mouseRelease(Sheet().viewport(), Qt::LeftButton, {}, at);
   EXPECT_EQ(PlaceOf("客户"), before);
 }
 
@@ -142,6 +154,34 @@ TEST_F(DesignerSheet, SeveralItemsAreResizedTogether) {
   EXPECT_EQ(PlaceOf("客户"), one);
 }
 
+// With the button still pressed.
+TEST_F(DesignerSheet, EscapeTakesAResizeBack) {
+  Click(PixelOf("客户"));
+  Click(PixelOf("地址"), Qt::ControlModifier);
+  const Box one = PlaceOf("客户");
+  const QPoint corner = PressCorner();
+  MoveTo(corner - QPoint(90, 0));
+  MoveTo(corner + QPoint(40, 30));
+  EXPECT_NE(PlaceOf("客户"), one);
+  Press(Qt::Key_Escape);
+  EXPECT_EQ(PlaceOf("客户"), one);
+  EXPECT_FALSE(Document().IsModified());
+  EXPECT_FALSE(Document().CanUndo());
+  QTest::mouseRelease(Sheet().viewport(), Qt::LeftButton, {}, corner);
+}
+
+TEST_F(DesignerSheet, WhatIsDeletedWhileItIsResizedIsGone) {
+  Click(PixelOf("客户"));
+  const std::size_t items = Document().Current().items.Size();
+  const QPoint corner = PressCorner();
+  MoveTo(corner + QPoint(20, 10));
+  Trigger("delete");
+  MoveTo(corner + QPoint(40, 20));
+  QTest::mouseRelease(Sheet().viewport(), Qt::LeftButton, {}, corner);
+  EXPECT_EQ(Document().Current().items.Size(), items - 1);
+  EXPECT_TRUE(Selected().Empty());
+}
+
 TEST_F(DesignerSheet, ADragSnapsToGuidesAndItems) {
   SheetOptions options = Sheet().Options();
   options.snaps = true;
@@ -181,6 +221,19 @@ TEST_F(DesignerSheet, TheRowsHeightAndNumberAreDragged) {
   Drag(handle,
        handle - QPoint(0, qRound(2 * Sheet().Layout().rowHeight * Sheet().PixelsPerTwip())));
   EXPECT_EQ(Sheet().Layout().rowsPerPage, rows - 2);
+}
+
+TEST_F(DesignerSheet, EscapeTakesTheRowsHeightBack) {
+  const double height = Sheet().Layout().rowHeight;
+  const QPoint handle = RowHandlesOf(Sheet())[0].box.center().toPoint();
+  QTest::mousePress(Sheet().viewport(), Qt::LeftButton, {}, handle);
+  MoveTo(handle + QPoint(0, 20));
+  EXPECT_NE(Sheet().Layout().rowHeight, height);
+  Press(Qt::Key_Escape);
+  EXPECT_EQ(Sheet().Layout().rowHeight, height);
+  EXPECT_FALSE(Document().IsModified());
+  EXPECT_FALSE(Document().CanUndo());
+  QTest::mouseRelease(Sheet().viewport(), Qt::LeftButton, {}, handle);
 }
 
 TEST_F(DesignerSheet, GuidesComeOutOfTheRulersAndGoOffTheSheet) {

@@ -11,8 +11,8 @@
 
 namespace td::designer {
 
-ShownDesigner::ShownDesigner(SampleRows rows) {
-  RenewSample(SampleEngine::kSqlite, rows);
+ShownDesigner::ShownDesigner(SampleRows rows, SampleEngine engine) : engine_(engine) {
+  RenewSample(engine, rows);
   std::filesystem::create_directories((folder_ / "component") / "picture");
   desktop_ = std::make_unique<DesktopPlatform>(Options());
   auto* watch = new QTimer(&timers_);
@@ -49,7 +49,7 @@ DesignerWindow& ShownDesigner::Open(const ShownFormat& shown) {
   window_ =
       std::make_unique<DesignerWindow>(DesignerSetup{.database = databases_,
                                                      .platform = desktop_->Get(),
-                                                     .connection = SampleOn(SampleEngine::kSqlite),
+                                                     .connection = SampleOn(engine_),
                                                      .billType = shown.billType,
                                                      .data = shown.data,
                                                      .stateFolder = (folder_ / "state").string(),
@@ -170,9 +170,8 @@ void ShownDesigner::AnswerName(const char* name) {
 }
 
 std::string ShownDesigner::Cell(const std::string& statement) {
-  const auto rows =
-      databases_.OpenQuery(SampleOn(SampleEngine::kSqlite), "select (" + statement + ") as FCell",
-                           CursorType::kUnspecified, LockType::kUnspecified);
+  const auto rows = databases_.OpenQuery(SampleOn(engine_), "select (" + statement + ") as FCell",
+                                         CursorType::kUnspecified, LockType::kUnspecified);
   const Value& value = rows->Field("FCell");
   return IsNull(value) ? "Null" : ToText(value);
 }

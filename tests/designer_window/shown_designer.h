@@ -31,8 +31,9 @@ struct ShownFormat {
 
 class ShownDesigner : public testing::Test {
  protected:
-  // The sample's tables on the embedded database, with its rows or without any.
-  explicit ShownDesigner(SampleRows rows = SampleRows::kAll);
+  // The sample's tables, with its rows or without any.
+  explicit ShownDesigner(SampleRows rows = SampleRows::kAll,
+                         SampleEngine engine = SampleEngine::kSqlite);
   ~ShownDesigner() override;
 
   // Opens the window; an earlier one is gone then.
@@ -92,6 +93,7 @@ class ShownDesigner : public testing::Test {
  private:
   void RefuseUnexpected();
 
+  SampleEngine engine_;
   QObject timers_;
   std::multiset<std::string> expected_;  // names of dialogs
 };

@@ -95,6 +95,7 @@ TEST_F(WindowWords, AreInTheLanguageOfTheDesktopAndWhole) {
     dock->raise();
     Settle();
     ExpectWhole(Window());
+    Photograph(*dock, "panel-" + dock->objectName().toStdString());
   }
   Find<QDockWidget>("palette").raise();
   Find<QDockWidget>("item").raise();
@@ -103,6 +104,21 @@ TEST_F(WindowWords, AreInTheLanguageOfTheDesktopAndWhole) {
   Sheet().FitWidth();
   Settle();
   Photograph(Window(), "designer-window");
+}
+
+// A desktop's own font may lack the letters of Chinese names.
+TEST_F(WindowWords, OfTheQuestionsAreInTheWindowsFont) {
+  Open();
+  const QFont font = Window().font();
+  for (const auto& [action, name] :
+       {std::pair("open", "formats"), std::pair("new", "name"), std::pair("help", "message"),
+        std::pair("deleteFormat", "question")}) {
+    WhenShown(name, [&font](QDialog& dialog) {
+      EXPECT_EQ(dialog.font().families(), font.families());
+      dialog.reject();
+    });
+    Trigger(action);
+  }
 }
 
 TEST_F(WindowWords, OfTheQuestionsAreWhole) {

@@ -1,9 +1,6 @@
 #include "format_commands.h"
 
-#include <fcntl.h>
-
 #include <algorithm>
-#include <filesystem>
 #include <iostream>
 #include <optional>
 #include <utility>
@@ -11,49 +8,21 @@
 
 #include "complaint.h"
 #include "designer/model/format_file.h"
+#include "designer/model/format_on_disk.h"
 #include "designer/model/format_store.h"
 #include "desktop/databases.h"
-#include "files/descriptor.h"
 #include "files/file_error.h"
 #include "files/output_file.h"
-#include "files/read_file.h"
 #include "platform/failure.h"
 
 namespace td {
 namespace {
 
-namespace fs = std::filesystem;
 using designer::Format;
 using designer::FormatFile;
 using designer::FormatStore;
+using designer::PictureFolder;
 using designer::Variable;
-
-constexpr std::size_t kLargestFile = std::size_t{256} << 20U;
-
-std::string ContentOf(const std::string& path) {
-  const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
-  try {
-    if (!file.IsOpen()) throw FileError(errno);
-    return ReadRegularFile(file, kLargestFile);
-  } catch (const FileError& error) {
-    throw Failure(kFileNotFound, path + ": " + error.what());
-  }
-}
-
-FormatFile ReadFile(const std::string& path) {
-  const std::string content = ContentOf(path);
-  try {
-    return designer::ReadFormatFile(content);
-  } catch (const Failure& failure) {
-    throw Failure(failure.Number(), path + ": " + failure.Description());
-  }
-}
-
-std::optional<Bytes> PictureAt(const std::string& path) {
-  const std::string content = ContentOf(path);
-  const auto* begin = reinterpret_cast<const std::byte*>(content.data());
-  return Bytes(begin, begin + content.size());
-}
 
 // Runs what may fail, with one line about the failure.
 template <class Action>
@@ -67,81 +36,6 @@ ExitStatus Run(const char* whatFailed, ExitStatus failed, Action action) {
   }
   return failed;
 }
-
-// Where each picture of a file goes: its own name in the folder, with a number where another
-// picture has the name already. What has the same content is the same picture.
-class PictureFolder {
- public:
-  explicit PictureFolder(std::string folder) : folder_(std::move(folder)) {}
-
-  // Changes the paths of the items to the files that Write will make.
-  void Place(FormatFile& file) {
-    for (const designer::FilePicture& picture : file.pictures) {
-      const std::string path = FreePath(picture);
-      files_.push_back({path, picture.bytes});
-      for (std::size_t i = 0; i < file.format.items.Size(); ++i) {
-        if (file.format.items[i].row.Text("FPicturePath") == picture.path) {
-          file.format.items.Change(i).row.Set("FPicturePath", path);
-        }
-      }
-    }
-  }
-
-  void Write() {
-    for (const designer::FilePicture& file : files_) {
-      if (HoldsAlready(file.path, file.bytes)) continue;
-      written_.push_back(file.path);
-      const auto* begin = reinterpret_cast<const char*>(file.bytes.data());
-      try {
-        WriteOutput(file.path, WriterOf({begin, file.bytes.size()}));
-      } catch (const FileError& error) {
-        throw Failure(kDeviceIo, file.path + ": " + error.what());
-      }
-    }
-  }
-
-  // Removes what Write has made, for a format that nobody has got.
-  void TakeBack() const {
-    for (const std::string& path : written_) {
-      std::error_code ignored;
-      fs::remove(path, ignored);
-    }
-  }
-
-  [[nodiscard]] const std::vector<designer::FilePicture>& Files() const { return files_; }
-
- private:
-  static bool HoldsAlready(const std::string& path, const Bytes& bytes) {
-    return fs::exists(path) && PictureAt(path) == bytes;
-  }
-
-  [[nodiscard]] std::string FreePath(const designer::FilePicture& picture) const {
-    const std::size_t separator = picture.path.find_last_of("/\\:");
-    std::string given =
-        separator == std::string::npos ? picture.path : picture.path.substr(separator + 1);
-    if (given.empty() || given == "." || given == "..") given = "picture";
-    const fs::path name(given);
-    for (int number = 1;; ++number) {
-      std::string path = (fs::absolute(folder_) /
-                          (number == 1 ? given
-                                       : name.stem().string() + "-" + std::to_string(number) +
-                                             name.extension().string()))
-                             .lexically_normal()
-                             .string();
-      const bool isTaken =
-          std::ranges::any_of(files_,
-                              [&](const designer::FilePicture& file) {
-                                return file.path == path && file.bytes != picture.bytes;
-                              }) ||
-          (fs::exists(path) && !HoldsAlready(path, picture.bytes));
-      if (!isTaken) return path;
-    }
-  }
-
-  std::string folder_;
-  std::vector<designer::FilePicture> files_;
-  std::vector<std::string> written_;
-};
 
 // What an import would do, before it does it.
 struct Plan {
@@ -164,10 +58,8 @@ std::optional<designer::FormatEntry> EntryNamed(const std::vector<designer::Form
 void AddVariables(Plan& plan, const std::vector<Variable>& ofFile) {
   plan.wanted.variables = plan.base.variables;
   for (const Variable& variable : ofFile) {
-    const auto there = std::ranges::find_if(plan.base.variables, [&](const Variable& one) {
-      return one.Caption() == variable.Caption();
-    });
-    if (there == plan.base.variables.end()) {
+    const Variable* there = FindVariable(plan.base.variables, variable.Caption());
+    if (there == nullptr) {
       plan.wanted.variables.push_back(variable);
       plan.notes.push_back("variable added: " + QuotedName(variable.Caption()) + " = " +
                            variable.Name());
@@ -253,7 +145,7 @@ ExitStatus ExportFormat(const ExportFormatArguments& arguments) {
     const FormatStore store(databases, arguments.database);
     const Format format = store.Load(arguments.billType, arguments.format);
     const std::string text = designer::WriteFormatFile(
-        format, arguments.withPictures ? PictureAt : designer::ReadPicture());
+        format, arguments.withPictures ? designer::PictureAt : designer::ReadPicture());
     const std::string out = arguments.out.empty() ? "/dev/stdout" : arguments.out;
     try {
       WriteOutput(out, WriterOf(text));
@@ -266,7 +158,7 @@ ExitStatus ExportFormat(const ExportFormatArguments& arguments) {
 
 ExitStatus ImportFormat(const ImportFormatArguments& arguments) {
   return Run("the format wasn't imported", ExitStatus::kNotPrinted, [&] {
-    FormatFile file = ReadFile(arguments.file);
+    FormatFile file = designer::LoadFormatFile(arguments.file);
     Databases databases;
     FormatStore store(databases, arguments.database);
     PictureFolder pictures(arguments.pictures);
@@ -280,8 +172,8 @@ ExitStatus ImportFormat(const ImportFormatArguments& arguments) {
 
 ExitStatus DiffFormats(const DiffFormatArguments& arguments) {
   return Run("not compared", ExitStatus::kWrongUsage, [&] {
-    const FormatFile first = ReadFile(arguments.first);
-    const FormatFile second = ReadFile(arguments.second);
+    const FormatFile first = designer::LoadFormatFile(arguments.first);
+    const FormatFile second = designer::LoadFormatFile(arguments.second);
     const auto differences = DifferencesOf(first.format, second.format);
     for (const designer::Difference& difference : differences) {
       std::cout << InWords(difference, false) << "\n";

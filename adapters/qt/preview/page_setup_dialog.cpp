@@ -4,8 +4,8 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
-#include <array>
 
+#include "page_document/offered_papers.h"
 #include "page_document/paper.h"
 #include "qt/fields/option_focus.h"
 #include "qt/fields/wheel_guard.h"
@@ -14,23 +14,6 @@
 
 namespace td {
 namespace {
-
-struct OfferedPaper {
-  std::int32_t code;
-  const char* name;
-};
-
-constexpr std::array kPapers = {
-    OfferedPaper{9, "A4"},        OfferedPaper{11, "A5"},
-    OfferedPaper{70, "A6"},       OfferedPaper{8, "A3"},
-    OfferedPaper{12, "B4 (JIS)"}, OfferedPaper{13, "B5 (JIS)"},
-    OfferedPaper{88, "B6 (JIS)"}, OfferedPaper{93, "16K"},
-    OfferedPaper{94, "32K"},      OfferedPaper{1, "Letter"},
-    OfferedPaper{5, "Legal"},     OfferedPaper{6, "Statement"},
-    OfferedPaper{7, "Executive"}, OfferedPaper{14, "Folio"},
-    OfferedPaper{3, "Tabloid"},   OfferedPaper{39, "连续纸（宽行）"},
-    OfferedPaper{27, "信封 DL"},  OfferedPaper{28, "信封 C5"},
-};
 
 QString SizeText(double width, double height) {
   const auto millimetres = [](double twips) {
@@ -45,8 +28,9 @@ QString PaperText(const QString& name, double width, double height) {
 
 // A paper that has no name here is called by its number.
 QString PaperText(std::int32_t code, double width, double height) {
-  for (const OfferedPaper& offered : kPapers) {
-    if (offered.code == code) return PaperText(QString::fromUtf8(offered.name), width, height);
+  if (const OfferedPaper* offered = FindOfferedPaper(code)) {
+    const QByteArray name(offered->chinese.data(), static_cast<qsizetype>(offered->chinese.size()));
+    return PaperText(QString::fromUtf8(name), width, height);
   }
   return PaperText(QStringLiteral("纸张 ") + QString::number(code), width, height);
 }
@@ -105,7 +89,7 @@ void PageSetupDialog::FillPrinters(const std::string& printer) {
 }
 
 void PageSetupDialog::FillPapers() {
-  for (const OfferedPaper& offered : kPapers) {
+  for (const OfferedPaper& offered : OfferedPapers()) {
     const auto extent = StandardPaper(offered.code);
     if (!extent) continue;
     paper_->addItem(PaperText(offered.code, extent->width, extent->height), offered.code);

@@ -1,10 +1,9 @@
 #include "qt/preview/toolbar_icons.h"
 
-#include <QIconEngine>
 #include <QPainter>
-#include <QPainterPath>
-#include <QPixmap>
 #include <array>
+
+#include "qt/fields/drawn_icon.h"
 
 namespace td {
 namespace {
@@ -106,11 +105,11 @@ void DrawExport(QPainter& painter, const Colours& colours) {
             {{8.5, 14}, {4.5, 9.5}, {7, 9.5}, {7, 3.5}, {10, 3.5}, {10, 9.5}, {12.5, 9.5}});
 }
 
-using DrawIcon = void (*)(QPainter&, const Colours&);
+using Draw = void (*)(QPainter&, const Colours&);
 
 struct KeyedIcon {
   std::string_view key;
-  DrawIcon draw;
+  Draw draw;
 };
 
 constexpr std::array kIcons = {
@@ -124,39 +123,14 @@ constexpr std::array kIcons = {
     KeyedIcon{"export", DrawExport},
 };
 
-class IconEngine : public QIconEngine {
- public:
-  explicit IconEngine(DrawIcon draw) : draw_(draw) {}
-
-  void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->translate(rect.topLeft());
-    painter->scale(rect.width() / double{kToolbarIconSize},
-                   rect.height() / double{kToolbarIconSize});
-    draw_(*painter, ColoursOf(mode));
-    painter->restore();
-  }
-
-  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-    QPixmap pixmap(size);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    paint(&painter, QRect(QPoint(), size), mode, state);
-    return pixmap;
-  }
-
-  [[nodiscard]] QIconEngine* clone() const override { return new IconEngine(*this); }
-
- private:
-  DrawIcon draw_;
-};
-
 }  // namespace
 
 QIcon ToolbarIcon(std::string_view key) {
   for (const KeyedIcon& icon : kIcons) {
-    if (icon.key == key) return QIcon(new IconEngine(icon.draw));
+    if (icon.key != key) continue;
+    return DrawnIcon(kToolbarIconSize, [draw = icon.draw](QPainter& painter, QIcon::Mode mode) {
+      draw(painter, ColoursOf(mode));
+    });
   }
   return {};
 }
