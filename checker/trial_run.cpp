@@ -9,6 +9,7 @@
 #include "checker/sample_rows.h"
 #include "checker/trial_platform.h"
 #include "platform/failure.h"
+#include "platform/quiet_witness.h"
 #include "run/do_printing.h"
 #include "text/conversions.h"
 #include "windows/open_window.h"
@@ -19,7 +20,7 @@ namespace {
 constexpr std::size_t kNoItem = static_cast<std::size_t>(-1);
 
 // Keeps what the run tells and what its surface is asked for.
-class TrialWitness : public RunWitness, public TrialListener {
+class TrialWitness : public QuietWitness, public TrialListener {
  public:
   TrialWitness(std::size_t items, const std::vector<TrialObserver*>& observers)
       : observers_(observers) {
@@ -38,7 +39,6 @@ class TrialWitness : public RunWitness, public TrialListener {
 
   // ---- What the run tells
   void RunBegins(const WitnessedRun& run) override { data_ = &run.data; }
-  void FormatChosen(const std::string& /*name*/) override {}
   void RunEnds() override {
     EndItem();
     EndPage();
@@ -55,7 +55,6 @@ class TrialWitness : public RunWitness, public TrialListener {
     if (!result.sheet) result.sheet = extent_;
   }
   void PagesEnd() override { EndItem(); }
-  void GroupBreaks() override {}
   void RowBegins(std::int16_t /*number*/) override {
     if (++result.rows > 1 && rowDrawn_ && !rowDrawn_->Eof()) rowDrawn_->MoveNext();
     isMarkerRow_ = false;
@@ -67,7 +66,6 @@ class TrialWitness : public RunWitness, public TrialListener {
     ++result.markerRows;
     isMarkerRow_ = true;
   }
-  void RowIsSkipped() override {}
   void Adds(const double& sum, std::string_view columns, double amount) override {
     SumTrial& trial = result.sums[&sum];
     if (!std::isnan(amount)) {
@@ -145,8 +143,6 @@ class TrialWitness : public RunWitness, public TrialListener {
       Item().nullsSkipped.insert(lastColumn_);
     }
   }
-  void TriesAgain(const Failure& /*failure*/) override {}
-  void Ends(const Failure& /*failure*/) override {}
 
   // ---- What the surface is asked for
   void Boxed(const BoxText& text) override {
