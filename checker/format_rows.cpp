@@ -50,18 +50,8 @@ bool StoredRow::Flag(std::string_view column) const {
 
 StoredRows ReadRows(Recordset& rows, const std::vector<std::string_view>& wanted) {
   StoredRows table;
-  const auto isThere = [&](std::string_view column) {
-    try {
-      (void)rows.Field(column);
-      return true;
-    } catch (const Failure& failure) {
-      if (failure.Number() == kNoSuchColumn) return false;
-      if (failure.Number() == kNoCurrentRow) return true;
-      throw;
-    }
-  };
   for (const std::string_view column : wanted) {
-    if (isThere(column)) table.columns.emplace_back(column);
+    if (HasColumn(rows, column)) table.columns.emplace_back(column);
   }
   for (; !rows.Eof(); rows.MoveNext()) {
     std::vector<Value>& row = table.rows.emplace_back();

@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "platform/failure.h"
-#include "platform/standard_failures.h"
+#include "platform/retry_while_locked.h"
 #include "store/statements.h"
 #include "text/conversions.h"
 
@@ -13,13 +13,7 @@ namespace {
 
 StoredRows Read(Database& database, const std::string& connection, const std::string& sql,
                 const std::vector<std::string_view>& columns) {
-  for (;;) {
-    try {
-      return ReadRows(*database.OpenQuery(connection, sql), columns);
-    } catch (const Failure& failure) {
-      if (!IsLockConflict(failure)) throw;
-    }
-  }
+  return RetryWhileLocked([&] { return ReadRows(*database.OpenQuery(connection, sql), columns); });
 }
 
 StoredRows ReadIfThere(Database& database, const std::string& connection, const std::string& sql,

@@ -4,7 +4,8 @@
 #include <iterator>
 #include <optional>
 
-#include "platform/standard_failures.h"
+#include "platform/failure.h"
+#include "platform/retry_while_locked.h"
 #include "state/print_context.h"
 #include "store/statements.h"
 #include "text/conversions.h"
@@ -53,12 +54,11 @@ class TableReader {
   // Nothing where the statement fails.
   [[nodiscard]] std::optional<TableData> Query(const std::string& sql,
                                                const Columns& columns) const {
-    for (;;) {
-      try {
-        return ReadRows(*database_.OpenQuery(request_.connection, sql), columns);
-      } catch (const Failure& failure) {
-        if (!IsLockConflict(failure)) return std::nullopt;
-      }
+    try {
+      return RetryWhileLocked(
+          [&] { return ReadRows(*database_.OpenQuery(request_.connection, sql), columns); });
+    } catch (const Failure&) {
+      return std::nullopt;
     }
   }
 
@@ -177,14 +177,6 @@ class TableReader {
 };
 
 }  // namespace
-
-bool HasColumn(Recordset& rows, const std::string& column) {
-  try {
-    return rows.Find(column) != nullptr;
-  } catch (const Failure& failure) {
-    return failure.Number() == kNoCurrentRow;
-  }
-}
 
 TableData ReadRows(Recordset& rows, const std::vector<std::string>& columns) {
   TableData table;
