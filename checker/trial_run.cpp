@@ -103,7 +103,7 @@ class TrialWitness : public QuietWitness, public TrialListener {
     Item().met.insert(circumstance);
     if (circumstance == Circumstance::kNoVariable) isFixedText_ = true;
   }
-  void ShowsSum(const double& sum) override {
+  void ShowsSum(const double& sum, SumSpan /*span*/) override {
     if (item_ != kNoItem) Item().sums.insert(&sum);
   }
   void StampKept(std::size_t place) override {

@@ -155,6 +155,7 @@ void PutRows(JsonWriter& json, const Explanation& explanation) {
       json.Put("rowsWithout", sum.rowsWithout);
       json.Put("missing", sum.missing);
       json.Put("amount", sum.amount);
+      json.Put("isOfPage", sum.isOfPage);
     });
   });
 }
