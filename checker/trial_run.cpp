@@ -15,12 +15,14 @@ namespace td::checker {
 namespace {
 
 // Enough rows to fill the second page, which may have more of them than the first, and one on a
-// page of its own: the band behind the last row then comes where there is no row any more.
+// page of its own: the band behind the last row then comes where there is no row any more. Where no
+// sheet has so many rows, as many as leave it.
 int SampleCount(const FormatRows& format) {
-  constexpr double kMostRowsAPage = 1000;
+  constexpr int kMostRows = 1000;  // which leave any sheet
   constexpr int kPages = 3;
   const double rows = format.Bill().Number("FRowsPerPage").value_or(0);
-  return rows >= 1 && rows <= kMostRowsAPage ? kPages * static_cast<int>(std::lround(rows)) + 1 : 5;
+  if (rows > kMostRows) return kMostRows;
+  return rows >= 1 ? kPages * static_cast<int>(std::lround(rows)) + 1 : 5;
 }
 
 }  // namespace

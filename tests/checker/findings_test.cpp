@@ -82,6 +82,7 @@ std::vector<Broken> AllBroken() {
       {kRowHeightMissing, Loosened("TDBill") + Bill("FRowHeight=null"), ""},
       {kRowHeightSmall, Bill("FRowHeight=6"), ""},
       {kRowsOffSheet, Bill("FRowsPerPage=20"), ""},
+      {kRowsOffSheet, Bill("FRowsPerPage=20000"), ""},
       {kPaperMillimetres, Bill("FPaperWidth=241,FPaperHeight=140"), ""},
       {kPaperMillimetres, Bill("FPaperWidth=241"), ""},
       {kPaperMillimetres, Bill("FPaperHeight=140"), ""},
