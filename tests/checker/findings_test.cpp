@@ -201,6 +201,8 @@ std::vector<Broken> AllBroken() {
        "insert into TDBill_PaperSize values ('192.0.2.8','销售订单三联',256,1,1,0,'')", ""},
       {kMachinePaper,
        "insert into TDBill_PaperSize values ('192.0.2.8','销售订单三联',777,1,1,0,'')", ""},
+      {kMachinePaper,
+       "insert into TDBill_PaperSize values ('192.0.2.8','销售订单三联',99999999999,1,1,0,'')", ""},
       {kMachinePrinter,
        "insert into TDBill_PaperSize values ('192.0.2.7','销售订单三联',9,1,1,0,'Gone')", ""},
       {kAreaNoFormat,
