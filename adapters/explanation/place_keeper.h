@@ -1,5 +1,5 @@
-// A witness that knows where the run is, and nothing else: it only remembers, and reads the names
-// when somebody asks.
+// A witness that knows where the run is, and nothing else: it reads the bill of each row, which is
+// gone at its end, and the names of items when somebody asks.
 #pragma once
 
 #include <optional>
