@@ -6,7 +6,6 @@
 #include "checker/nearest_name.h"
 #include "items/named_fields.h"
 #include "memory_rows/memory_recordset.h"
-#include "platform/failure.h"
 #include "state/window_kind.h"
 #include "store/template_item.h"
 #include "text/characters.h"
@@ -16,15 +15,6 @@ namespace td::checker {
 namespace {
 
 using enum FindingKind;
-
-bool HasColumn(Recordset& rows, std::string_view column) {
-  try {
-    (void)rows.Field(column);
-    return true;
-  } catch (const Failure& failure) {
-    return failure.Number() != kNoSuchColumn;
-  }
-}
 
 // Columns that the rows have: all of them, or those that variables know.
 std::vector<std::string> KnownColumns(const FormatRows& format, Recordset& rows) {

@@ -15,23 +15,18 @@ enum class Severity {
   kError,    // prints wrong, or not at all
 };
 
-// Each kind has its words, its severity and a stable name in finding_messages.h.
+// Each kind has its words, its severity and a stable name beside the check that finds it: those of
+// bill_checks.cpp stand in bill_messages.cpp.
 enum class FindingKind {
-  // The format.
-  kNoFormat,
-  kNoneSelected,
-  kSeveralSelected,
-  kNameTwice,
+  // bill_checks.cpp: the format's row.
   kNameQuote,
   kNameBlanks,
-  kNumberShared,
   kNoItems,
   kRowsMissing,
   kRowsFraction,
   kRowsOne,
   kRowHeightMissing,
   kRowHeightSmall,
-  kRowsOffSheet,
   kPaperMillimetres,
   kPaperUnknown,
   kPaperIncomplete,
@@ -42,7 +37,7 @@ enum class FindingKind {
   kPrinterSheet,
   kRunMessage,
   kTableColumn,
-  // Items.
+  // item_checks.cpp: the items one by one.
   kItemBand,
   kItemKind,
   kItemHidden,
@@ -56,32 +51,37 @@ enum class FindingKind {
   kColumnBlanks,
   kImageUnknown,
   kImageBand,
-  kImageRepeated,
   kFieldBand,
+  kItemMillimetres,
+  kPlaceMillimetres,
+  kFontSize,
+  kPictureFile,
+  kPicturePath,
+  kPreprintedMissing,
+  kTotalPagesTaken,
+  // sheet_checks.cpp: places on the sheet.
+  kRowsOffSheet,
+  kImageRepeated,
   kOffSheet,
   kPartlyOffSheet,
   kBehindMargin,
   kNoArea,
   kBoxSize,
-  kItemMillimetres,
-  kPlaceMillimetres,
   kLineLength,
+  // text_checks.cpp: texts and fonts.
   kFontMissing,
-  kFontSize,
-  kPictureFile,
-  kPicturePath,
+  kTextTooLong,
+  kTextTooHigh,
+  kTextsOverlap,
+  // format_string_checks.cpp: pictures of numbers.
   kFormatString,
   kFormatStringConstant,
   kFormatStringDate,
   kFormatStringUnused,
-  kPreprintedMissing,
-  kTotalPagesTaken,
-  kTextTooLong,
-  kTextTooHigh,
-  kTextsOverlap,
+  // barcode_checks.cpp: barcodes.
   kBarcodeRefused,
   kBarcodeNarrow,
-  // The rows.
+  // data_checks.cpp: the rows.
   kDataNoBill,
   kDataNoRows,
   kDataScattered,
@@ -98,7 +98,12 @@ enum class FindingKind {
   kMarkerRows,
   kRowsNowhere,
   kAmountText,
-  // Settings of machines.
+  // settings_checks.cpp: the choice of formats, and the settings of machines.
+  kNoFormat,
+  kNoneSelected,
+  kSeveralSelected,
+  kNameTwice,
+  kNumberShared,
   kMachineNoFormat,
   kMachineSheet,
   kMachinePaper,

@@ -1,4 +1,4 @@
-// The words of each kind of finding, in one table.
+// The words of each kind of finding.
 #pragma once
 
 #include <span>

@@ -48,20 +48,10 @@ bool StoredRow::Flag(std::string_view column) const {
   }
 }
 
-StoredRows ReadRows(Recordset& rows, const std::vector<std::string_view>& wanted) {
+StoredRows ReadRows(Recordset& rows, std::span<const std::string_view> wanted) {
   StoredRows table;
-  const auto isThere = [&](std::string_view column) {
-    try {
-      (void)rows.Field(column);
-      return true;
-    } catch (const Failure& failure) {
-      if (failure.Number() == kNoSuchColumn) return false;
-      if (failure.Number() == kNoCurrentRow) return true;
-      throw;
-    }
-  };
   for (const std::string_view column : wanted) {
-    if (isThere(column)) table.columns.emplace_back(column);
+    if (HasColumn(rows, column)) table.columns.emplace_back(column);
   }
   for (; !rows.Eof(); rows.MoveNext()) {
     std::vector<Value>& row = table.rows.emplace_back();
@@ -86,43 +76,6 @@ void ResolveVariables(FormatRows& format) {
     format.items.rows[i].push_back(std::move(field));
   }
   format.items.columns.emplace_back("FFieldName");
-}
-
-const std::vector<std::string_view>& BillColumns() {
-  static const std::vector<std::string_view> columns = {
-      "FTDBillID",      "FTranType",     "FTDBillName",   "FSelected",    "FPaperSize",
-      "FPaperWidth",    "FPaperHeight",  "FOrientation",  "FRowsPerPage", "FRowHeight",
-      "FAdjuctLeft",    "FAdjuctTop",    "FAdjuctHeader", "FQtysPerRow",  "FHeaderPerPage",
-      "FFooterPerPage", "FIntegralPage", "FPrintDevice",  "FMarginleft",  "FMarginTop",
-      "FMarginRight",   "FMarginBottom"};
-  return columns;
-}
-
-const std::vector<std::string_view>& ItemColumns() {
-  static const std::vector<std::string_view> columns = {
-      "FTDBillID",    "FSite",       "FLeft",          "FTop",       "FWidth",
-      "FHeight",      "FTypeID",     "FIsVariant",     "FMustPrint", "FObjectFieldName",
-      "FFieldName",   "FFontName",   "FObjectCaption", "FFontSize",  "FFontBold",
-      "FFontItalic",  "FAlignMent",  "FWordWrap",      "FAutoSize",  "FFormatString",
-      "Fborderwidth", "FPicturePath"};
-  return columns;
-}
-
-const std::vector<std::string_view>& VariableColumns() {
-  static const std::vector<std::string_view> columns = {"FTranType", "FVarCaption", "FVarName"};
-  return columns;
-}
-
-const std::vector<std::string_view>& MachinePaperColumns() {
-  static const std::vector<std::string_view> columns = {
-      "FIP", "FTDBillName", "FPaperSize", "FPaperWidth", "FPaperHeight", "FOrientation", "FDevice"};
-  return columns;
-}
-
-const std::vector<std::string_view>& AreaPrinterColumns() {
-  static const std::vector<std::string_view> columns = {"FIp", "FTranType", "FTdBillName",
-                                                        "FStockArea", "FPrintDevice"};
-  return columns;
 }
 
 }  // namespace td::checker

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -58,13 +59,6 @@ struct FormatRows {
 void ResolveVariables(FormatRows& format);
 
 // All rows of a record set, from where it stands, in the columns of `wanted` that it has.
-[[nodiscard]] StoredRows ReadRows(Recordset& rows, const std::vector<std::string_view>& wanted);
-
-// The columns that the component knows.
-[[nodiscard]] const std::vector<std::string_view>& BillColumns();
-[[nodiscard]] const std::vector<std::string_view>& ItemColumns();  // with FFieldName
-[[nodiscard]] const std::vector<std::string_view>& VariableColumns();
-[[nodiscard]] const std::vector<std::string_view>& MachinePaperColumns();
-[[nodiscard]] const std::vector<std::string_view>& AreaPrinterColumns();
+[[nodiscard]] StoredRows ReadRows(Recordset& rows, std::span<const std::string_view> wanted);
 
 }  // namespace td::checker

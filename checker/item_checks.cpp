@@ -18,9 +18,11 @@ namespace {
 using enum FindingKind;
 
 const std::vector<std::string>& ImageNames() {
-  static const std::vector<std::string> names = {
-      std::string(kBillNoBarcode), std::string(kRandomBarcode), std::string(kUserBarcode),
-      std::string(kGoodsPicture)};
+  static const std::vector<std::string> names = [] {
+    std::vector<std::string> all;
+    for (const ImageToken& token : kImageTokens) all.emplace_back(token.name);
+    return all;
+  }();
   return names;
 }
 

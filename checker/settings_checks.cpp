@@ -1,6 +1,8 @@
 #include "checker/settings_checks.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <map>
 #include <set>
 #include <utility>
@@ -35,6 +37,12 @@ std::vector<std::string> FormatNames(const StoredFormats& stored,
 
 bool Contains(const std::vector<std::string>& names, const std::string& name) {
   return std::ranges::find(names, name) != names.end();
+}
+
+// Whether the number is that of a sheet that has a size.
+bool IsStandardPaper(double code) {
+  constexpr double kLargest = std::numeric_limits<std::int32_t>::max();
+  return std::abs(code) <= kLargest && StandardPaper(ToInteger32(Value(code)));
 }
 
 struct BillType {
@@ -103,7 +111,7 @@ class MachineCheck {
     }
     if (code == kUserDefinedPaper) {
       Add(kMachineSheet, format, {machine, format}, removal);
-    } else if (code && *code != kKeepPaper && !StandardPaper(ToInteger32(Value(*code)))) {
+    } else if (code && *code != kKeepPaper && !IsStandardPaper(*code)) {
       Add(kMachinePaper, format, {machine, format, row.Text("FPaperSize")}, removal);
     }
     if (machine == id_ && !printer.empty() && !Contains(printers_, printer)) {

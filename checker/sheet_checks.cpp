@@ -16,7 +16,6 @@ constexpr double kTolerance = 0.2 * kTwipsPerMillimetre;
 }  // namespace
 
 void SheetCheck::Draws(const Drawing& drawing) {
-  if (drawing.what == DrawnAs::kStamp) return;
   ItemPlaces& item = items_[drawing.item];
   Place place{drawing.item, drawing.left, drawing.top, drawing.right, drawing.bottom};
   const double width = place.right - place.left;

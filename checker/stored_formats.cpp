@@ -4,26 +4,21 @@
 #include <limits>
 
 #include "platform/failure.h"
-#include "platform/standard_failures.h"
+#include "platform/retry_while_locked.h"
 #include "store/statements.h"
+#include "store/table_columns.h"
 #include "text/conversions.h"
 
 namespace td::checker {
 namespace {
 
 StoredRows Read(Database& database, const std::string& connection, const std::string& sql,
-                const std::vector<std::string_view>& columns) {
-  for (;;) {
-    try {
-      return ReadRows(*database.OpenQuery(connection, sql), columns);
-    } catch (const Failure& failure) {
-      if (!IsLockConflict(failure)) throw;
-    }
-  }
+                std::span<const std::string_view> columns) {
+  return RetryWhileLocked([&] { return ReadRows(*database.OpenQuery(connection, sql), columns); });
 }
 
 StoredRows ReadIfThere(Database& database, const std::string& connection, const std::string& sql,
-                       const std::vector<std::string_view>& columns) {
+                       std::span<const std::string_view> columns) {
   try {
     return Read(database, connection, sql, columns);
   } catch (const Failure&) {
@@ -41,10 +36,11 @@ std::int16_t BillTypeOf(const StoredRow& bill) {
 }  // namespace
 
 StoredFormats ReadFormats(Database& database, const std::string& connection) {
-  return {Read(database, connection, "select * from TDBill", BillColumns()),
-          Read(database, connection, "select * from TDBill_PaperSize", MachinePaperColumns()),
-          ReadIfThere(database, connection, "select * from TDBill_AreaPrinterDevice",
-                      AreaPrinterColumns())};
+  return {
+      Read(database, connection, "select * from TDBill", table_columns::kFormats),
+      Read(database, connection, "select * from TDBill_PaperSize", table_columns::kMachinePapers),
+      ReadIfThere(database, connection, "select * from TDBill_AreaPrinterDevice",
+                  table_columns::kAreaPrinters)};
 }
 
 FormatRows ReadFormat(Database& database, const std::string& connection,
@@ -54,17 +50,19 @@ FormatRows ReadFormat(Database& database, const std::string& connection,
   format.billType = BillTypeOf(row);
   format.name = row.Text("FTDBillName");
   format.bill = {stored.bills.columns, {stored.bills.rows[bill]}};
-  format.variables =
-      Read(database, connection,
-           "select * from TDVariant where FTranType=" + ToText(format.billType), VariableColumns());
+  format.variables = Read(database, connection,
+                          "select * from TDVariant where FTranType=" + ToText(format.billType),
+                          table_columns::kVariables);
 
   PrintContext context;
   context.New_TranType = format.billType;
   context.TDBillName = format.name;
   const std::string sql = AllItemsStatement(context);
+  std::vector<std::string_view> columns(table_columns::kItems.begin(), table_columns::kItems.end());
+  columns.push_back(table_columns::kVariableOfItem);
   const bool isBroken = format.name.find('\'') != std::string::npos;
-  format.items = isBroken ? ReadIfThere(database, connection, sql, ItemColumns())
-                          : Read(database, connection, sql, ItemColumns());
+  format.items = isBroken ? ReadIfThere(database, connection, sql, columns)
+                          : Read(database, connection, sql, columns);
   return format;
 }
 

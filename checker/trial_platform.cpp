@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "page_document/pictures.h"
+#include "page_document/windowless_frame.h"
 #include "platform/failure.h"
 #include "qt/render/outputs.h"
 #include "text/conversions.h"
@@ -11,33 +12,13 @@
 namespace td::checker {
 namespace {
 
-TextAlignment AlignmentOf(int code) {
-  if (code == kAlignCentre) return TextAlignment::kCentre;
-  return code == kAlignRight ? TextAlignment::kRight : TextAlignment::kLeft;
-}
-
-PictureSize NaturalSizeOf(const PictureRef& picture) {
-  if (const auto* image = dynamic_cast<const ImagePicture*>(picture.get())) {
-    return image->NaturalSize();
-  }
-  const auto* drawing = dynamic_cast<const VectorPicture*>(picture.get());
-  return drawing == nullptr ? PictureSize() : drawing->NaturalSize();
-}
-
-class TrialFrame : public PrintFrame {
+class TrialFrame : public WindowlessFrame {
  public:
   TrialFrame(TrialHost& host, const BarcodeSettings& barcodes, TrialListener& listener)
       : document_(host, listener), barcode_(barcodes, listener) {}
 
-  void Connect(PrintFrameEvents /*events*/) override {}
   PrintSurface& Surface() override { return document_; }
   Barcode& BarcodeMaker() override { return barcode_; }
-  std::string MemoText() override { return {}; }
-  std::string MemoTextRtf() override { return {}; }
-  void ShowModal() override {}
-  void Unload() override {}
-  void EnableButton(std::string_view /*key*/, bool /*enabled*/) override {}
-  void PutPageText(const std::string& /*text*/) override {}
 
  private:
   TrialDocument document_;
@@ -64,29 +45,16 @@ std::optional<PaperExtent> TrialHost::DefaultSheet() {
   return printer.empty() ? std::nullopt : machine_.OwnSheet(printer);
 }
 
-double TrialHost::LineHeight(const TextLine& line) {
-  return td::LineHeight(line);
-}
-
-double TrialHost::LineWidth(const TextLine& line) {
-  return td::LineWidth(line);
-}
-
 void TrialHost::Print(PageDocument& document, bool /*withDialog*/) {
   usedPrinter_ = printer_.empty() ? document.Device() : printer_;
 }
 
 // ---- The document
 
-FontRef TrialDocument::Font() {
-  return std::make_shared<const TextFont>(
-      TextFont{FontName(), FontSize(), FontBold(), FontItalic()});
-}
-
 void TrialDocument::TellBox(const std::string& text, double left, double top, double width,
                             double height, bool wordWrap) {
   if (text.empty()) return;
-  listener_.Boxed({text, left, top, width, height, wordWrap, AlignmentOf(TextAlign()), Font()});
+  listener_.Boxed({text, left, top, width, height, wordWrap, Alignment(), Font()});
 }
 
 void TrialDocument::TextBox(const std::string& text, double left, double top, double width,
@@ -106,7 +74,7 @@ void TrialDocument::TellWritten(const std::string& text, double x, double y) {
   const TextLine line = {{text, Font()}};
   const double width = td::LineWidth(line);
   const double parts[] = {0, width / 2, width};
-  const auto before = parts[static_cast<int>(AlignmentOf(TextAlign()))];
+  const auto before = parts[static_cast<int>(Alignment())];
   listener_.Written({width, td::LineHeight(line)}, x - before, y);
 }
 
@@ -131,7 +99,7 @@ void TrialDocument::DrawLine(double x1, double y1, double x2, double y2) {
 
 // The base draws it by the operation below.
 void TrialDocument::DrawPicture(const PictureRef& picture, double left, double top) {
-  const PictureSize size = NaturalSizeOf(picture);
+  const PictureSize size = picture ? NaturalSize(*picture) : PictureSize();
   DrawPicture(picture, left, top, size.width, size.height);
 }
 

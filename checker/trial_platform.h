@@ -13,6 +13,7 @@
 #include "checker/machine.h"
 #include "page_document/page_document.h"
 #include "platform/platform.h"
+#include "qt/render/windowless_host.h"
 
 namespace td::checker {
 
@@ -32,7 +33,7 @@ class TrialListener {
 };
 
 // The machine's printers and its own sheet, without a printer that prints.
-class TrialHost : public DocumentHost {
+class TrialHost : public WindowlessHost {
  public:
   TrialHost(const CheckedMachine& machine, std::string printer, TrialListener& listener);
 
@@ -40,13 +41,7 @@ class TrialHost : public DocumentHost {
   std::string DefaultDevice() override { return defaultPrinter_; }
   bool HasDevice(const std::string& name) override;
   std::optional<PaperExtent> DefaultSheet() override;
-  double LineHeight(const TextLine& line) override;
-  double LineWidth(const TextLine& line) override;
   void Print(PageDocument& document, bool withDialog) override;
-  bool ShowPageSetup(PageDocument& /*document*/) override { return false; }
-  void Export(PageDocument&, const std::string&, std::int32_t) override {}
-  void PreviewChanged(PageDocument& /*document*/) override {}
-  void PointerChanged(std::int32_t /*shape*/) override {}
   void Complain(const std::string& text) override { listener_.Complained(text); }
 
   // The printer that the document would have gone to; empty before the end of the run.
@@ -79,7 +74,6 @@ class TrialDocument : public PageDocument {
                    double height) override;
 
  private:
-  [[nodiscard]] FontRef Font();
   void TellBox(const std::string& text, double left, double top, double width, double height,
                bool wordWrap);
   void TellWritten(const std::string& text, double x, double y);

@@ -51,7 +51,8 @@ class Mask {
   Json Value(const std::string& column, const Json& value) {
     if (value.is_null() || value.is_boolean() || column == "fitemid") return value;
     if (column == "fmainqty" && IsMarker(value)) return value;
-    if (column == "finterid") return Grouped(identities_, value);
+    // Bytes name no bill, and all of one length become the same.
+    if (column == "finterid" && !value.is_object()) return Grouped(identities_, value);
     if (column == "fstockarea" && value.is_string()) return Area(value.get<std::string>());
     // What repeats on each row of a bill goes on doing so.
     const auto [place, isNew] = known_.try_emplace(column + "\n" + value.dump());
@@ -111,15 +112,18 @@ class Mask {
     return group.get<std::string>() + Text(std::string(rest));
   }
 
-  // Digits of a number: leading zeros stay, the first other digit and the last one are no zeros.
+  // Digits of a number: leading zeros stay, the first other digit and the last one are no zeros. A
+  // whole number that ends in zero goes on doing so: there are as many masks then as numbers of
+  // either kind, and each number finds one of its own.
   std::string Digits(std::string text) {
     const auto first = text.find_first_of("123456789");
     if (first == std::string::npos) return text;
     const auto end = std::min(text.find_first_of("eE"), text.size());
     const auto last = text.find_last_of("0123456789", end - 1);
-    const bool isEndFixed = text.find('.') < last || text[last] != '0';
+    const bool endsInZero = text.find('.') > last && text[last] == '0';
     for (auto i = first; i <= last; ++i) {
-      if (IsDigit(text[i])) text[i] = Digit(i != first && !(i == last && isEndFixed));
+      if (!IsDigit(text[i]) || (i == last && endsInZero)) continue;
+      text[i] = Digit(i != first && i != last);
     }
     return text;
   }

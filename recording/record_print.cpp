@@ -4,7 +4,7 @@
 #include <set>
 #include <utility>
 
-#include "platform/run_witness.h"
+#include "platform/quiet_witness.h"
 #include "recording/recorded_tables.h"
 #include "recording/replay.h"
 #include "text/conversions.h"
@@ -13,35 +13,13 @@ namespace td::recording {
 namespace {
 
 // Keeps the names of the columns that a run reads, wherever.
-class ReadColumns : public RunWitness {
+class ReadColumns : public QuietWitness {
  public:
   [[nodiscard]] const std::vector<std::string>& Names() const { return names_; }
 
   void Reads(Recordset& /*rows*/, std::string_view column) override {
     if (known_.insert(LowerCase(column)).second) names_.emplace_back(column);
   }
-  void RunBegins(const WitnessedRun& /*run*/) override {}
-  void FormatChosen(const std::string& /*name*/) override {}
-  void RunEnds() override {}
-  void PagesEnd() override {}
-  void PageBegins() override {}
-  void GroupBreaks() override {}
-  void RowBegins(std::int16_t /*number*/) override {}
-  void RowIsMarker() override {}
-  void RowIsSkipped() override {}
-  void Adds(const double& /*sum*/, std::string_view /*columns*/, double /*amount*/) override {}
-  void BandBegins(WitnessedBand /*band*/) override {}
-  void BandEnds() override {}
-  void ItemBegins(Recordset& /*item*/) override {}
-  void ItemEnds() override {}
-  void Drawn(DrawnAs /*what*/, std::string_view /*text*/) override {}
-  void Meets(Circumstance /*circumstance*/) override {}
-  void ShowsSum(const double& /*sum*/) override {}
-  void StampKept(std::size_t /*place*/) override {}
-  void StampWritten(std::size_t /*place*/, int /*page*/) override {}
-  void Forgives(const Failure& /*failure*/, bool /*isTest*/) override {}
-  void TriesAgain(const Failure& /*failure*/) override {}
-  void Ends(const Failure& /*failure*/) override {}
 
  private:
   // The number by which people know the bill goes along, whether the format shows it or not.

@@ -1,12 +1,15 @@
 #include "recording/recorded_tables.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <optional>
 
-#include "platform/standard_failures.h"
+#include "platform/failure.h"
+#include "platform/retry_while_locked.h"
 #include "state/print_context.h"
 #include "store/statements.h"
+#include "store/table_columns.h"
 #include "text/conversions.h"
 
 namespace td::recording {
@@ -14,22 +17,16 @@ namespace {
 
 using Columns = std::vector<std::string>;
 
-const Columns kFormatColumns = {"FTDBillID",     "FTranType",    "FTDBillName",    "FSelected",
-                                "FPaperSize",    "FPaperWidth",  "FPaperHeight",   "FOrientation",
-                                "FRowsPerPage",  "FRowHeight",   "FAdjuctLeft",    "FAdjuctTop",
-                                "FAdjuctHeader", "FQtysPerRow",  "FHeaderPerPage", "FFooterPerPage",
-                                "FIntegralPage", "FPrintDevice", "FMarginleft",    "FMarginTop",
-                                "FMarginRight",  "FMarginBottom"};
-const Columns kItemColumns = {
-    "FTDBillID",      "FSite",     "FLeft",      "FTop",          "FWidth",
-    "FHeight",        "FTypeID",   "FIsVariant", "FMustPrint",    "FObjectFieldName",
-    "FObjectCaption", "FFontName", "FFontSize",  "FFontBold",     "FFontItalic",
-    "FAlignMent",     "FWordWrap", "FAutoSize",  "FFormatString", "Fborderwidth",
-    "FPicturePath"};
-const Columns kVariableColumns = {"FTranType", "FVarCaption", "FVarName"};
-const Columns kPaperColumns = {"FIP",          "FTDBillName",  "FPaperSize", "FPaperWidth",
-                               "FPaperHeight", "FOrientation", "FDevice"};
-const Columns kPictureColumns = {"FItemID", "FPicture", "FPicPath"};
+template <std::size_t count>
+Columns AllOf(const std::array<std::string_view, count>& columns) {
+  return {columns.begin(), columns.end()};
+}
+
+const Columns kFormatColumns = AllOf(table_columns::kFormats);
+const Columns kItemColumns = AllOf(table_columns::kItems);
+const Columns kVariableColumns = AllOf(table_columns::kVariables);
+const Columns kPaperColumns = AllOf(table_columns::kMachinePapers);
+const Columns kPictureColumns = AllOf(table_columns::kGoodsPictures);
 
 class TableReader {
  public:
@@ -53,12 +50,11 @@ class TableReader {
   // Nothing where the statement fails.
   [[nodiscard]] std::optional<TableData> Query(const std::string& sql,
                                                const Columns& columns) const {
-    for (;;) {
-      try {
-        return ReadRows(*database_.OpenQuery(request_.connection, sql), columns);
-      } catch (const Failure& failure) {
-        if (!IsLockConflict(failure)) return std::nullopt;
-      }
+    try {
+      return RetryWhileLocked(
+          [&] { return ReadRows(*database_.OpenQuery(request_.connection, sql), columns); });
+    } catch (const Failure&) {
+      return std::nullopt;
     }
   }
 
@@ -108,11 +104,12 @@ class TableReader {
 
   void TakeBand(ItemSite site, std::vector<Row>& rows, std::vector<Row>& ordered) {
     Columns columns = kItemColumns;
-    columns.emplace_back("FFieldName");
+    columns.emplace_back(table_columns::kVariableOfItem);
     const std::optional<TableData> band = Query(
         site == ItemSite::kHead ? HeaderItemStatement(context_) : ItemStatement(context_, site, {}),
         columns);
-    if (!band || band->columns.empty() || band->columns.back() != "FFieldName") return;
+    if (!band || band->columns.empty() || band->columns.back() != table_columns::kVariableOfItem)
+      return;
     for (Row row : band->rows) {
       const Value field = row.back();
       row.pop_back();
@@ -177,14 +174,6 @@ class TableReader {
 };
 
 }  // namespace
-
-bool HasColumn(Recordset& rows, const std::string& column) {
-  try {
-    return rows.Find(column) != nullptr;
-  } catch (const Failure& failure) {
-    return failure.Number() == kNoCurrentRow;
-  }
-}
 
 TableData ReadRows(Recordset& rows, const std::vector<std::string>& columns) {
   TableData table;

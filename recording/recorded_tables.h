@@ -20,7 +20,4 @@ namespace td::recording {
 // The rows on which `rows` stand and those behind, with those of `columns` that there are.
 [[nodiscard]] TableData ReadRows(Recordset& rows, const std::vector<std::string>& columns);
 
-// Whether there is such a column, also behind the last row.
-[[nodiscard]] bool HasColumn(Recordset& rows, const std::string& column);
-
 }  // namespace td::recording

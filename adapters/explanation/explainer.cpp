@@ -104,8 +104,8 @@ void Explainer::Meets(Circumstance circumstance) {
   items_.Meet(circumstance);
 }
 
-void Explainer::ShowsSum(const double& sum) {
-  if (item_ != nullptr) rows_.ShowSum(sum, TextOf(*item_, "FFieldName"));
+void Explainer::ShowsSum(const double& sum, SumSpan span) {
+  if (item_ != nullptr) rows_.ShowSum(sum, span, TextOf(*item_, "FFieldName"));
 }
 
 void Explainer::StampKept(std::size_t place) {

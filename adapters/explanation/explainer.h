@@ -35,7 +35,7 @@ class Explainer : public PlaceKeeper {
   void ItemEnds() override;
   void Drawn(DrawnAs what, std::string_view text) override;
   void Meets(Circumstance circumstance) override;
-  void ShowsSum(const double& sum) override;
+  void ShowsSum(const double& sum, SumSpan span) override;
   void StampKept(std::size_t place) override;
   void StampWritten(std::size_t place, int page) override;
   void Reads(Recordset& rows, std::string_view column) override;

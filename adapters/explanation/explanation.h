@@ -92,12 +92,13 @@ struct MarkerRows {
 
 // A sum that an item of the format shows.
 struct ExplainedSum {
-  std::string variable;  // ftotalpage
-  std::string columns;   // that it is made of: FAmount; empty: no row added anything
-  int rowsAdded = 0;     // with a number
-  int rowsWithout = 0;   // whose column is missing, Null or no number
-  std::string missing;   // the columns that the data lack, with commas
-  double amount = 0;     // added over the whole print
+  std::string variable;   // ftotalpage
+  std::string columns;    // that it is made of: FAmount; empty: no row added anything
+  int rowsAdded = 0;      // with a number
+  int rowsWithout = 0;    // whose column is missing, Null or no number
+  std::string missing;    // the columns that the data lack, with commas
+  double amount = 0;      // added over the whole print
+  bool isOfPage = false;  // begins again on each page
 };
 
 // A failure outside the items, or one that somebody was shown.

@@ -24,6 +24,11 @@ class JsonWriter {
       for (const auto& item : items) body(item);
     });
   }
+  // An object for each of the items.
+  template <class Items, class Body>
+  void Objects(std::string_view name, const Items& items, Body&& body) {
+    Array(name, items, [&](const auto& item) { Object([&] { body(item); }); });
+  }
 
   void Put(std::string_view name, std::string_view text) {
     Name(name);
@@ -99,78 +104,67 @@ void PutFirst(JsonWriter& json, const std::string& bill, int row, int page) {
 }
 
 void PutReasons(JsonWriter& json, std::string_view name, const std::vector<Reason>& reasons) {
-  json.Array(name, reasons, [&](const Reason& reason) {
-    json.Object([&] {
-      json.Put("cause", WordsOf(reason.cause).name);
-      if (!reason.column.empty()) json.Put("column", reason.column);
-      if (!reason.words.empty()) json.Put("words", reason.words);
-      json.Put("times", reason.times);
-      PutFirst(json, reason.bill, reason.row, reason.page);
-    });
+  json.Objects(name, reasons, [&](const Reason& reason) {
+    json.Put("cause", WordsOf(reason.cause).name);
+    if (!reason.column.empty()) json.Put("column", reason.column);
+    if (!reason.words.empty()) json.Put("words", reason.words);
+    json.Put("times", reason.times);
+    PutFirst(json, reason.bill, reason.row, reason.page);
   });
 }
 
 void PutItem(JsonWriter& json, const ExplainedItem& item) {
-  json.Object([&] {
-    json.Put("band", item.band);
-    json.Put("kind", item.kind);
-    json.Put("caption", item.caption);
-    json.Put("name", item.name);
-    json.Put("variable", item.variable);
-    json.Put("left", item.left);
-    json.Put("top", item.top);
-    json.Put("width", item.width);
-    json.Put("height", item.height);
-    json.Put("reached", item.reached);
-    json.Put("drawn", item.drawn);
-    json.Put("empty", item.empty);
-    PutReasons(json, "leftOut", item.leftOut);
-    PutReasons(json, "otherwise", item.otherwise);
-  });
+  json.Put("band", item.band);
+  json.Put("kind", item.kind);
+  json.Put("caption", item.caption);
+  json.Put("name", item.name);
+  json.Put("variable", item.variable);
+  json.Put("left", item.left);
+  json.Put("top", item.top);
+  json.Put("width", item.width);
+  json.Put("height", item.height);
+  json.Put("reached", item.reached);
+  json.Put("drawn", item.drawn);
+  json.Put("empty", item.empty);
+  PutReasons(json, "leftOut", item.leftOut);
+  PutReasons(json, "otherwise", item.otherwise);
 }
 
 void PutRows(JsonWriter& json, const Explanation& explanation) {
-  json.Array("bills", explanation.bills, [&](const ExplainedBill& bill) {
-    json.Object([&] {
-      json.Put("number", bill.number);
-      json.Put("rows", bill.rows);
-      json.Put("markerRows", bill.markerRows);
-      json.Put("skippedRows", bill.skippedRows);
-    });
+  json.Objects("bills", explanation.bills, [&](const ExplainedBill& bill) {
+    json.Put("number", bill.number);
+    json.Put("rows", bill.rows);
+    json.Put("markerRows", bill.markerRows);
+    json.Put("skippedRows", bill.skippedRows);
   });
   json.Array("pagesWithoutRows", explanation.pagesWithoutRows,
              [&](int page) { json.Bare(std::to_string(page)); });
-  json.Array("markerRows", explanation.markerRows, [&](const MarkerRows& marker) {
-    json.Object([&] {
-      json.Put("cause", WordsOf(marker.cause).name);
-      json.Put("times", marker.times);
-      PutFirst(json, marker.bill, marker.row, marker.page);
-    });
+  json.Objects("markerRows", explanation.markerRows, [&](const MarkerRows& marker) {
+    json.Put("cause", WordsOf(marker.cause).name);
+    json.Put("times", marker.times);
+    PutFirst(json, marker.bill, marker.row, marker.page);
   });
-  json.Array("sums", explanation.sums, [&](const ExplainedSum& sum) {
-    json.Object([&] {
-      json.Put("variable", sum.variable);
-      json.Put("columns", sum.columns);
-      json.Put("rowsAdded", sum.rowsAdded);
-      json.Put("rowsWithout", sum.rowsWithout);
-      json.Put("missing", sum.missing);
-      json.Put("amount", sum.amount);
-    });
+  json.Objects("sums", explanation.sums, [&](const ExplainedSum& sum) {
+    json.Put("variable", sum.variable);
+    json.Put("columns", sum.columns);
+    json.Put("rowsAdded", sum.rowsAdded);
+    json.Put("rowsWithout", sum.rowsWithout);
+    json.Put("missing", sum.missing);
+    json.Put("amount", sum.amount);
+    json.Put("isOfPage", sum.isOfPage);
   });
 }
 
 void PutFailure(JsonWriter& json, const ExplainedFailure& failure) {
-  json.Object([&] {
-    json.Put("number", failure.number);
-    json.Put("description", failure.description);
-    if (!failure.column.empty()) json.Put("column", failure.column);
-    json.Put("isShown", failure.isShown);
-    json.Put("times", failure.times);
-    json.Put("band", failure.place.band);
-    json.Put("item", failure.place.item);
-    json.Put("variable", failure.place.variable);
-    PutFirst(json, failure.place.bill, failure.place.row, failure.place.page);
-  });
+  json.Put("number", failure.number);
+  json.Put("description", failure.description);
+  if (!failure.column.empty()) json.Put("column", failure.column);
+  json.Put("isShown", failure.isShown);
+  json.Put("times", failure.times);
+  json.Put("band", failure.place.band);
+  json.Put("item", failure.place.item);
+  json.Put("variable", failure.place.variable);
+  PutFirst(json, failure.place.bill, failure.place.row, failure.place.page);
 }
 
 }  // namespace
@@ -185,10 +179,11 @@ std::string ExplanationJson(const Explanation& explanation) {
     json.Put("onlyVariantItems", explanation.onlyVariantItems);
     json.Put("pages", explanation.pages);
     json.Put("rows", explanation.rows);
-    json.Array("items", explanation.items, [&](const ExplainedItem& item) { PutItem(json, item); });
+    json.Objects("items", explanation.items,
+                 [&](const ExplainedItem& item) { PutItem(json, item); });
     PutRows(json, explanation);
-    json.Array("failures", explanation.failures,
-               [&](const ExplainedFailure& failure) { PutFailure(json, failure); });
+    json.Objects("failures", explanation.failures,
+                 [&](const ExplainedFailure& failure) { PutFailure(json, failure); });
     json.Put("lockWaits", explanation.lockWaits);
     if (!explanation.unreadItems.empty()) json.Put("unreadItems", explanation.unreadItems);
   });

@@ -1,7 +1,6 @@
 #include "explanation/explanation_text.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <vector>
 
@@ -158,19 +157,12 @@ class TextWriter {
     }
   }
 
-  // A sum that begins again on each page, of a print of several.
-  [[nodiscard]] bool IsOfPage(const ExplainedSum& sum) const {
-    constexpr std::array kOfPrint = {"_1", "freight", "fsumtotalpage"};
-    const std::string name = LowerCase(sum.variable);
-    const auto has = [&](const char* part) { return name.find(part) != std::string::npos; };
-    return explanation_.pages > 1 && has("totalpage") && std::ranges::none_of(kOfPrint, has);
-  }
-
   [[nodiscard]] std::string SumLine(const ExplainedSum& sum) const {
+    const bool isOneOfMany = sum.isOfPage && explanation_.pages > 1;
     std::string line =
         sum.rowsAdded == 0
             ? Fill(language_, words::kEmptySum, sum.variable)
-            : Fill(language_, IsOfPage(sum) ? words::kPageSum : words::kSum, sum.variable,
+            : Fill(language_, isOneOfMany ? words::kPageSum : words::kSum, sum.variable,
                    ToText(sum.amount), std::to_string(sum.rowsAdded), sum.columns);
     if (sum.rowsWithout > 0) {
       line += Fill(language_, words::kSumWithout, std::to_string(sum.rowsWithout));

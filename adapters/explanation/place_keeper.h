@@ -1,15 +1,15 @@
-// A witness that knows where the run is, and nothing else: it only remembers, and reads the names
-// when somebody asks.
+// A witness that knows where the run is, and nothing else: it reads the bill of each row, which is
+// gone at its end, and the names of items when somebody asks.
 #pragma once
 
 #include <optional>
 
 #include "explanation/run_place.h"
-#include "platform/run_witness.h"
+#include "platform/quiet_witness.h"
 
 namespace td {
 
-class PlaceKeeper : public RunWitness {
+class PlaceKeeper : public QuietWitness {
  public:
   // Unknown outside runs. It asks the record sets of the run; on the thread of the run therefore.
   [[nodiscard]] RunPlace CurrentPlace() const;
@@ -21,21 +21,10 @@ class PlaceKeeper : public RunWitness {
   void PageBegins() override;
   void GroupBreaks() override;
   void RowBegins(std::int16_t number) override;
-  void RowIsMarker() override {}
-  void RowIsSkipped() override {}
-  void Adds(const double& /*sum*/, std::string_view /*columns*/, double /*amount*/) override {}
   void BandBegins(WitnessedBand band) override;
   void BandEnds() override;
   void ItemBegins(Recordset& item) override;
   void ItemEnds() override;
-  void Drawn(DrawnAs /*what*/, std::string_view /*text*/) override {}
-  void Meets(Circumstance /*circumstance*/) override {}
-  void ShowsSum(const double& /*sum*/) override {}
-  void StampKept(std::size_t /*place*/) override {}
-  void StampWritten(std::size_t /*place*/, int /*page*/) override {}
-  void Reads(Recordset& /*rows*/, std::string_view /*column*/) override {}
-  void Forgives(const Failure& /*failure*/, bool /*isTest*/) override {}
-  void TriesAgain(const Failure& /*failure*/) override {}
   // The item's rows may be gone when the message is shown.
   void Ends(const Failure& failure) override;
 

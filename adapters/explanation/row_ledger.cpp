@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace td {
 
@@ -53,8 +54,8 @@ void RowLedger::Add(const double& sum, std::string_view columns, double amount) 
   }
 }
 
-void RowLedger::ShowSum(const double& sum, const std::string& variable) {
-  const std::pair shown(variable, &sum);
+void RowLedger::ShowSum(const double& sum, SumSpan span, const std::string& variable) {
+  const ShownSum shown{variable, &sum, span};
   if (std::ranges::find(shown_, shown) == shown_.end()) shown_.push_back(shown);
 }
 
@@ -82,9 +83,10 @@ void RowLedger::Tell(Explanation& explanation) const {
       explanation.pagesWithoutRows.push_back(page);
     }
   }
-  for (const auto& [variable, sum] : shown_) {
+  for (const auto& [variable, sum, span] : shown_) {
     ExplainedSum told;
     told.variable = variable;
+    told.isOfPage = span == SumSpan::kPage;
     if (const auto found = sums_.find(sum); found != sums_.end()) {
       told.columns = found->second.columns;
       told.rowsAdded = found->second.rowsAdded;

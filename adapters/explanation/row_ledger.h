@@ -4,12 +4,12 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "explanation/explanation.h"
 #include "explanation/item_ledger.h"
 #include "explanation/read_column.h"
+#include "platform/run_witness.h"
 
 namespace td {
 
@@ -23,7 +23,7 @@ class RowLedger {
 
   void Read(const ReadColumnState& column);
   void Add(const double& sum, std::string_view columns, double amount);
-  void ShowSum(const double& sum, const std::string& variable);
+  void ShowSum(const double& sum, SumSpan span, const std::string& variable);
 
   // What is known, into `explanation`.
   void Tell(Explanation& explanation) const;
@@ -34,6 +34,14 @@ class RowLedger {
     int rowsAdded = 0;
     int rowsWithout = 0;
     double amount = 0;
+  };
+
+  struct ShownSum {
+    std::string variable;
+    const double* sum = nullptr;
+    SumSpan span{};
+
+    bool operator==(const ShownSum&) const = default;
   };
 
   ExplainedBill& BillNamed(const std::string& bill, bool isNew);
@@ -47,7 +55,7 @@ class RowLedger {
   std::vector<MarkerRows> markers_;
   std::map<std::string, bool> isMissing_;  // by column
   std::map<const double*, Sum> sums_;
-  std::vector<std::pair<std::string, const double*>> shown_;
+  std::vector<ShownSum> shown_;
 };
 
 }  // namespace td

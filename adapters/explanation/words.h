@@ -8,22 +8,19 @@
 
 namespace td {
 
-// One for each cause: its sentence, in which {0} is the column, {1} the words of a failure, {2} the
-// item's name and {3} its FSite, and its name for programs.
-struct CauseWords {
-  Cause cause{};
+// A cause in words, and its name for programs.
+template <class Of>
+struct WordsFor {
+  Of cause{};
   std::string_view name;
   Sentence sentence;
 };
 
+// {0} is the column, {1} the words of a failure, {2} the item's name and {3} its FSite.
+using CauseWords = WordsFor<Cause>;
 [[nodiscard]] const CauseWords& WordsOf(Cause cause);
 
-struct MarkerWords {
-  MarkerCause cause{};
-  std::string_view name;
-  Sentence sentence;
-};
-
+using MarkerWords = WordsFor<MarkerCause>;
 [[nodiscard]] const MarkerWords& WordsOf(MarkerCause cause);
 
 namespace words {

@@ -38,6 +38,8 @@ PointText TakeLines(PointText& text, std::size_t count) {
   return taken;
 }
 
+}  // namespace
+
 PictureSize NaturalSize(const Picture& picture) {
   if (const auto* image = dynamic_cast<const ImagePicture*>(&picture)) return image->NaturalSize();
   if (const auto* drawing = dynamic_cast<const VectorPicture*>(&picture)) {
@@ -45,8 +47,6 @@ PictureSize NaturalSize(const Picture& picture) {
   }
   throw Failure(kInvalidPicture, "无法绘制这种图片");
 }
-
-}  // namespace
 
 Page& PageDocument::CurrentPage() {
   return overlayPage_ > 0 ? pages_[static_cast<std::size_t>(overlayPage_) - 1] : pages_.back();
@@ -72,7 +72,7 @@ void PageDocument::AddBoxText(const std::string& text, double left, double top, 
   RequireCoordinate("文本框的高度", height);
   if (text.empty()) return;
   CurrentPage().commands.emplace_back(
-      BoxText{text, left, top, width, height, wordWrap, Alignment(), SharedFont(font_)});
+      BoxText{text, left, top, width, height, wordWrap, Alignment(), Font()});
 }
 
 void PageDocument::TextBox(const std::string& text, double left, double top, double width,
@@ -153,7 +153,7 @@ void PageDocument::DrawPicture(const PictureRef& picture, double left, double to
   RequireOpen("DrawPicture");
   for (const double number : {left, top, width, height}) RequireCoordinate("图片的位置", number);
   if (!picture) return;
-  NaturalSize(*picture);  // refuses kinds of pictures that no output can draw
+  (void)NaturalSize(*picture);  // refuses kinds of pictures that no output can draw
   CurrentPage().commands.emplace_back(PlacedPicture{picture, left, top, width, height});
 }
 

@@ -128,6 +128,12 @@ class PageDocument : public PrintSurface {
   void StartOverlay(std::int16_t page) override;
   void EndOverlay() override;
 
+ protected:
+  // How the lines of what is written next stand.
+  [[nodiscard]] TextAlignment Alignment() const;
+  // Its font, shared by all texts of the document that have it.
+  FontRef Font() { return SharedFont(font_); }
+
  private:
   enum class Event { kNone, kNewPage, kEndPage, kEndDoc };
 
@@ -145,7 +151,6 @@ class PageDocument : public PrintSurface {
   void EndOpenLine();
   void LeaveOverlay();
   FontRef SharedFont(const TextFont& font);
-  [[nodiscard]] TextAlignment Alignment() const;
 
   DocumentHost& host_;
   SurfaceEvents events_;

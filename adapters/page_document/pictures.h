@@ -92,4 +92,7 @@ class VectorPicture : public Picture {
   std::vector<Text> texts_;
 };
 
+// The size of either kind. Another kind, which no output can draw, fails with kInvalidPicture.
+[[nodiscard]] PictureSize NaturalSize(const Picture& picture);
+
 }  // namespace td

@@ -5,7 +5,7 @@
 #include <unordered_set>
 #include <vector>
 
-#include "run_witnesses/quiet_witness.h"
+#include "platform/quiet_witness.h"
 
 namespace td {
 

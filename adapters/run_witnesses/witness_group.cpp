@@ -71,8 +71,8 @@ void WitnessGroup::Meets(Circumstance circumstance) {
   for (RunWitness* member : members_) member->Meets(circumstance);
 }
 
-void WitnessGroup::ShowsSum(const double& sum) {
-  for (RunWitness* member : members_) member->ShowsSum(sum);
+void WitnessGroup::ShowsSum(const double& sum, SumSpan span) {
+  for (RunWitness* member : members_) member->ShowsSum(sum, span);
 }
 
 void WitnessGroup::StampKept(std::size_t place) {

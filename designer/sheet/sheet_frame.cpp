@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "page_document/windowless_frame.h"
 #include "platform/standard_failures.h"
-#include "render/outputs.h"
 
 namespace td::designer {
 
@@ -15,15 +15,7 @@ void MessageList::Add(const std::string& text) {
   if (std::ranges::find(texts_, text) == texts_.end()) texts_.push_back(text);
 }
 
-double SheetHost::LineHeight(const TextLine& line) {
-  return td::LineHeight(line);
-}
-
-double SheetHost::LineWidth(const TextLine& line) {
-  return td::LineWidth(line);
-}
-
-class SheetFrame : public PrintFrame {
+class SheetFrame : public WindowlessFrame {
  public:
   explicit SheetFrame(SheetWindows& windows)
       : windows_(windows),
@@ -37,15 +29,8 @@ class SheetFrame : public PrintFrame {
   SheetFrame(const SheetFrame&) = delete;
   SheetFrame& operator=(const SheetFrame&) = delete;
 
-  void Connect(PrintFrameEvents) override {}
   PrintSurface& Surface() override { return document_; }
   Barcode& BarcodeMaker() override { return barcode_; }
-  std::string MemoText() override { return {}; }
-  std::string MemoTextRtf() override { return {}; }
-  void ShowModal() override {}
-  void Unload() override {}
-  void EnableButton(std::string_view, bool) override {}
-  void PutPageText(const std::string&) override {}
 
  private:
   SheetWindows& windows_;

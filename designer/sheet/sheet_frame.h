@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "barcodes/zint_barcode.h"
-#include "page_document/document_host.h"
 #include "page_document/page_document.h"
 #include "platform/platform.h"
+#include "render/windowless_host.h"
 
 namespace td::designer {
 
@@ -24,7 +24,7 @@ class MessageList : public Messages {
 };
 
 // A machine that has each printer, and sends nothing to any.
-class SheetHost : public DocumentHost {
+class SheetHost : public WindowlessHost {
  public:
   explicit SheetHost(MessageList& messages) : messages_(messages) {}
 
@@ -32,13 +32,7 @@ class SheetHost : public DocumentHost {
   std::string DefaultDevice() override { return {}; }
   bool HasDevice(const std::string&) override { return true; }
   std::optional<PaperExtent> DefaultSheet() override { return std::nullopt; }
-  double LineHeight(const TextLine& line) override;
-  double LineWidth(const TextLine& line) override;
   void Print(PageDocument&, bool) override {}
-  bool ShowPageSetup(PageDocument&) override { return false; }
-  void Export(PageDocument&, const std::string&, std::int32_t) override {}
-  void PreviewChanged(PageDocument&) override {}
-  void PointerChanged(std::int32_t) override {}
   void Complain(const std::string& text) override { messages_.Add(text); }
 
  private:

@@ -8,17 +8,17 @@
 namespace td {
 namespace {
 
-double Shown(Band& band, const double& sum) {
-  if (band.witness != nullptr) band.witness->ShowsSum(sum);
+double Shown(Band& band, const double& sum, SumSpan span) {
+  if (band.witness != nullptr) band.witness->ShowsSum(sum, span);
   return sum;
 }
 
 double ReadSum(Band& band, const SumSource& source) {
   if (const auto* pageSum = std::get_if<double PageSums::*>(&source)) {
-    return Shown(band, band.state.page.**pageSum);
+    return Shown(band, band.state.page.**pageSum, SumSpan::kPage);
   }
   if (const auto* runSum = std::get_if<double RunSums::*>(&source)) {
-    return Shown(band, band.state.run.**runSum);
+    return Shown(band, band.state.run.**runSum, SumSpan::kPrint);
   }
   Recordset& clone = *band.request.PrintDataClone;
   return ToDouble(band.Data(clone, std::get<std::string_view>(source)));

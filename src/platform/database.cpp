@@ -14,4 +14,13 @@ const Value* Recordset::Find(std::string_view column) {
   }
 }
 
+bool HasColumn(Recordset& rows, std::string_view column) {
+  try {
+    return rows.Find(column) != nullptr;
+  } catch (const Failure& failure) {
+    if (failure.Number() != kNoCurrentRow || IsLockConflict(failure)) throw;
+    return true;
+  }
+}
+
 }  // namespace td

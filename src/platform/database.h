@@ -41,6 +41,10 @@ class Recordset {
   virtual RecordsetRef Clone() = 0;
 };
 
+// Whether there is such a column, also where the cursor stands at the end. Fails where Find does
+// for another reason.
+[[nodiscard]] bool HasColumn(Recordset& rows, std::string_view column);
+
 // One connection on which statements run one by one, with no transaction. It closes when it dies.
 class Connection {
  public:

@@ -42,6 +42,9 @@ enum class Circumstance {
   kQuantityNotComposed,  // there is no quantity in two units: the one composed last is drawn
 };
 
+// What a sum goes over: it begins again on each page, or with the print.
+enum class SumSpan { kPage, kPrint };
+
 // Told on the thread of the run, in the order in which things happen, and while the record sets
 // stand where the run has them. It may read their columns but not move or close them, and nothing
 // that it does may fail. An end is not told where a failure leaves a band or an item: the next
@@ -80,7 +83,7 @@ class RunWitness {
   virtual void ItemEnds() = 0;
   virtual void Drawn(DrawnAs what, std::string_view text) = 0;
   virtual void Meets(Circumstance circumstance) = 0;
-  virtual void ShowsSum(const double& sum) = 0;
+  virtual void ShowsSum(const double& sum, SumSpan span) = 0;
 
   // The item keeps the place of the total page count, of which there are a few; the last one to
   // keep a place has it. In the end the count is written there, page by page.

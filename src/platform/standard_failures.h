@@ -23,8 +23,6 @@ namespace td {
 // kNoSuchColumn. The description names the column if it is known.
 [[nodiscard]] Failure NoSuchColumnFailure(std::string_view column = {});
 
-// The character by which a description says "locked by another user, try again".
-
 // Whether the failure is a lock conflict: its description contains 锁.
 [[nodiscard]] bool IsLockConflict(const Failure& failure);
 

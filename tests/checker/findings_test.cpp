@@ -82,6 +82,7 @@ std::vector<Broken> AllBroken() {
       {kRowHeightMissing, Loosened("TDBill") + Bill("FRowHeight=null"), ""},
       {kRowHeightSmall, Bill("FRowHeight=6"), ""},
       {kRowsOffSheet, Bill("FRowsPerPage=20"), ""},
+      {kRowsOffSheet, Bill("FRowsPerPage=20000"), ""},
       {kPaperMillimetres, Bill("FPaperWidth=241,FPaperHeight=140"), ""},
       {kPaperMillimetres, Bill("FPaperWidth=241"), ""},
       {kPaperMillimetres, Bill("FPaperHeight=140"), ""},
@@ -124,10 +125,12 @@ std::vector<Broken> AllBroken() {
       {kFieldBand, Item("本页金额", "FSite=1"), "本页金额"},
       {kFieldBand, Item("本页金额", "FObjectFieldName='复合数量'"), "复合数量"},
       {kOffSheet, Item("客户", "FLeft=30000"), "客户"},
+      {kOffSheet, Item("总页数", "FLeft=30000"), "总页数"},
       {kPartlyOffSheet, Caption("客户：", "FLeft=13400"), "客户："},
       {kBehindMargin, Bill("FPrintDevice='Dot'", 2103), "<单号条码图>"},
       {kNoArea, Item("<单号条码图>", "FHeight=0", 2103), "<单号条码图>"},
       {kBoxSize, Item("客户", "FWidth=0"), "客户"},
+      {kBoxSize, Item("总页数", "FWidth=0"), "总页数"},
       {kItemMillimetres, Item("客户", "FWidth=80,FHeight=5"), "客户"},
       {kPlaceMillimetres, Item("客户", "FLeft=10,FTop=10"), "客户"},
       {kPlaceMillimetres,
@@ -198,6 +201,8 @@ std::vector<Broken> AllBroken() {
        "insert into TDBill_PaperSize values ('192.0.2.8','销售订单三联',256,1,1,0,'')", ""},
       {kMachinePaper,
        "insert into TDBill_PaperSize values ('192.0.2.8','销售订单三联',777,1,1,0,'')", ""},
+      {kMachinePaper,
+       "insert into TDBill_PaperSize values ('192.0.2.8','销售订单三联',99999999999,1,1,0,'')", ""},
       {kMachinePrinter,
        "insert into TDBill_PaperSize values ('192.0.2.7','销售订单三联',9,1,1,0,'Gone')", ""},
       {kAreaNoFormat,
@@ -294,6 +299,15 @@ TEST_F(CheckerFindings, AMendedFormatIsCleanAgain) {
   }
 }
 
+// The first finding of a kind; the test fails when there is none, with words that are empty.
+Finding TheFirst(const CheckResult& result, FindingKind kind) {
+  constexpr std::size_t kMostArguments = 10;
+  const auto found = std::ranges::find(result.findings, kind, &Finding::kind);
+  EXPECT_NE(found, result.findings.end()) << IdOf(kind) << " is not among\n" << Listed(result);
+  if (found != result.findings.end()) return *found;
+  return {.kind = kind, .arguments = std::vector<std::string>(kMostArguments)};
+}
+
 TEST_F(CheckerFindings, TheNameThatWasMeantIsTold) {
   CheckedSample sample;
   sample.Run(Item("客户", "FObjectFieldName='客沪'"));
@@ -317,9 +331,8 @@ TEST_F(CheckerFindings, TheColumnThatWasMeantIsTold) {
       "insert into TDVariant values (21,'客户名','FCustName');"
       "update TDVariant set FVarName='FCustNam' where FVarCaption='客户'");
   const CheckResult result = sample.Check({21, kOrder}, kOrderRows);
-  const auto found = std::ranges::find(result.findings, kColumnMissing, &Finding::kind);
-  ASSERT_NE(found, result.findings.end()) << Listed(result);
-  EXPECT_EQ(found->arguments[1], "FCustName");
+  const Finding found = TheFirst(result, kColumnMissing);
+  EXPECT_EQ(found.arguments[1], "FCustName");
 }
 
 TEST_F(CheckerFindings, AnImplausibleSheetIsOneFinding) {
@@ -337,9 +350,8 @@ TEST_F(CheckerFindings, NumbersInSentencesAreRounded) {
   CheckedSample sample;
   sample.Run(Item("客户", "FWidth=80.123456789,FHeight=6.70194003527337"));
   const CheckResult result = sample.Check({21, kOrder});
-  const auto found = std::ranges::find(result.findings, kItemMillimetres, &Finding::kind);
-  ASSERT_NE(found, result.findings.end()) << Listed(result);
-  EXPECT_EQ(TextOf(*found, Language::kEnglish).mend, "Lengths are twips: 6.7 mm are 380.");
+  const Finding found = TheFirst(result, kItemMillimetres);
+  EXPECT_EQ(TextOf(found, Language::kEnglish).mend, "Lengths are twips: 6.7 mm are 380.");
 }
 
 TEST_F(CheckerFindings, OneRemarkIsToldAsOne) {
@@ -348,9 +360,8 @@ TEST_F(CheckerFindings, OneRemarkIsToldAsOne) {
       sample.Check({21, kOrder},
                    "select 1 as FInterID,2 as FMainQty,3 as FAmount,4 as FQty "
                    "union all select 1,-999.99,null,null");
-  const auto found = std::ranges::find(result.findings, kMarkerRows, &Finding::kind);
-  ASSERT_NE(found, result.findings.end()) << Listed(result);
-  EXPECT_EQ(TextOf(*found, Language::kEnglish).wrong, "1 row has FMainQty −999.99.");
+  const Finding found = TheFirst(result, kMarkerRows);
+  EXPECT_EQ(TextOf(found, Language::kEnglish).wrong, "1 row has FMainQty −999.99.");
 }
 
 // The findings of one kind, and no others.
@@ -469,9 +480,8 @@ TEST_F(CheckerFindings, TheLongestValueIsTold) {
       sample.Check({21, kOrder},
                    "select 1 as FInterID,0 as FMainQty,'米' as FItemName union all "
                    "select 1,0,'一种名称特别长的大米' union all select 1,0,'长一点的大米'");
-  const auto found = std::ranges::find(result.findings, kTextTooLong, &Finding::kind);
-  ASSERT_NE(found, result.findings.end()) << Listed(result);
-  EXPECT_EQ(found->arguments[0], "一种名称特别长的大米");
+  const Finding found = TheFirst(result, kTextTooLong);
+  EXPECT_EQ(found.arguments[0], "一种名称特别长的大米");
 }
 
 TEST_F(CheckerFindings, AValueThatOnlySomeRowsLackIsCounted) {
@@ -480,9 +490,8 @@ TEST_F(CheckerFindings, AValueThatOnlySomeRowsLackIsCounted) {
       sample.Check({21, kOrder},
                    "select 7 as FInterID,'XD-7' as FBillNo,0 as FMainQty,'米' as FItemName union "
                    "all select 7,'XD-7',0,null union all select 7,'XD-7',0,'油'");
-  const auto found = std::ranges::find(result.findings, kValueNull, &Finding::kind);
-  ASSERT_NE(found, result.findings.end()) << Listed(result);
-  EXPECT_EQ(found->arguments, (std::vector<std::string>{"FItemName", "1", "3", "XD-7", "2", ""}));
+  const Finding found = TheFirst(result, kValueNull);
+  EXPECT_EQ(found.arguments, (std::vector<std::string>{"FItemName", "1", "3", "XD-7", "2", ""}));
 }
 
 TEST_F(CheckerFindings, TheColumnsThatASumIsMadeOfAreTold) {

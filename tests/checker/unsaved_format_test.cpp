@@ -5,6 +5,7 @@
 
 #include "checked_sample.h"
 #include "memory_rows/memory_recordset.h"
+#include "store/table_columns.h"
 
 namespace td::checker {
 namespace {
@@ -17,7 +18,8 @@ FormatRows Receipt() {
   FormatRows format;
   format.billType = 50;
   format.name = "收据";
-  for (const std::string_view column : BillColumns()) format.bill.columns.emplace_back(column);
+  for (const std::string_view column : table_columns::kFormats)
+    format.bill.columns.emplace_back(column);
   const std::map<std::string, Value, std::less<>> values = {
       {"FTDBillID", kOne},     {"FTranType", std::int64_t{50}},
       {"FTDBillName", "收据"}, {"FPaperSize", 256.0},

@@ -116,7 +116,7 @@ TEST(ExplanationText, EachCauseHasWordsInBothLanguages) {
 TEST(ExplanationJson, HasAllOfIt) {
   Scenario scenario;
   scenario.FieldItem("FGone", {{"FObjectCaption", "引号\"和\\\n"}});
-  scenario.FieldItem("ftotalpage", {{"FSite", 5}});
+  scenario.FieldItem("ftotalpage", {{"FSite", 5}}).FieldItem("ftotalpage_1", {{"FSite", 5}});
   scenario.Data({"FInterID", "FMainQty", "FAmount"}, {{1, 1, 0.5}, {1, -999.99, 1}});
   const auto json = recording::Json::parse(ExplanationJson(Explained(scenario)));
   EXPECT_EQ(json["format"], "销售单");
@@ -127,6 +127,8 @@ TEST(ExplanationJson, HasAllOfIt) {
   EXPECT_EQ(json["items"][0]["leftOut"][0]["first"]["row"], 1);
   EXPECT_EQ(json["markerRows"][0]["cause"], "markerValue");
   EXPECT_EQ(json["sums"][0]["amount"], 0.5);
+  EXPECT_EQ(json["sums"][0]["isOfPage"], true);
+  EXPECT_EQ(json["sums"][1]["isOfPage"], false);
   EXPECT_EQ(json["bills"][0]["markerRows"], 1);
   EXPECT_EQ(json["pagesWithoutRows"], recording::Json::array());
 }

@@ -12,7 +12,19 @@
 namespace td {
 namespace {
 
-constexpr const char* kIndexBegin = "## Index of messages";
+// A section of a page whose tables begin with what the system says.
+struct Section {
+  const char* page;
+  const char* heading;
+  const char* next;  // what the heading of the section behind it begins with
+  const char* head;  // of the tables
+};
+
+constexpr Section kIndex = {"/docs/troubleshooting.md", "## Index of messages", "## ", "| Message"};
+constexpr Section kExplanations[] = {
+    {"/docs/troubleshooting.md", "## Why is this box empty?", "##", "| It says"},
+    {"/docs/troubleshooting.zh-CN.md", "## 这个框为什么是空的", "##", "| 它说"},
+};
 
 // Bytes that begin the Chinese characters in use.
 bool IsChinese(const std::string& text) {
@@ -53,7 +65,7 @@ bool IsOfMessage(const SourceText& text) {
   static const std::regex kShown(
       R"(Failure\(|Failure\w* \w+\(|WrongText\(|WrongConnectionText\(|GiveUp\(|Ask\(|ShowBox\()"
       R"(|Complain\(|ComplainInABox\(|CancelPrint\(|WithoutBars\(|runtime_error\(|Check\(created)"
-      R"(|Require\w*\(|PutCoordinate\(|kLead|reason = |return \{k|const text = )");
+      R"(|Require\w*\(|WrongFile\(|Fail\(|PutCoordinate\(|kLead|reason = |return \{k|const text = )");
   const bool isSentence = text.text.ends_with("。") || text.text.ends_with("！");
   return isSentence || std::regex_search(text.statement, kShown);
 }
@@ -72,9 +84,23 @@ bool IsOfDictionary(const SourceText& text) {
          text.statement.find("Words") != std::string::npos;
 }
 
-// Tables of words that have a page of their own.
+constexpr const char* kDesignerWords = "designer/view/words.cpp";
+
+// Tables of words that have a page of their own; what of the designer's is a message stands where
+// it is said.
 bool HasItsOwnPage(const SourceText& text) {
-  return text.file.starts_with("adapters/explanation/");
+  return text.file.starts_with("adapters/explanation/") || text.file == kDesignerWords ||
+         (text.file.starts_with("checker/") && text.file.ends_with("_messages.cpp"));
+}
+
+// What the designer tells and asks in a box. Its answers are no messages, nor is the help, which
+// has paragraphs.
+bool IsSaidInABox(const SourceText& text) {
+  static const std::regex kShown(R"(\bTell\(|\bAsk\()");
+  const bool isSentence = text.text.find_first_of(".?:") != std::string::npos &&
+                          text.text.find("\n\n") == std::string::npos;
+  return text.file.starts_with("designer/window/") && isSentence && HasWord(text.text) &&
+         std::regex_search(text.statement, kShown);
 }
 
 bool IsEnglishMessage(const SourceText& text) {
@@ -85,26 +111,41 @@ bool IsEnglishMessage(const SourceText& text) {
 
 bool IsMessage(const SourceText& text) {
   if (HasItsOwnPage(text)) return false;
-  if (IsEnglishMessage(text)) return true;
+  if (IsEnglishMessage(text) || IsSaidInABox(text)) return true;
   return IsChinese(text.text) && (IsOfMessage(text) || IsReason(text) || IsOfDictionary(text));
 }
 
 std::vector<SourceText> AllTexts() {
   std::vector<SourceText> all;
-  for (const char* folder : {"adapters", "server", "src", "tools"}) {
+  for (const char* folder :
+       {"adapters", "checker", "designer", "recording", "server", "src", "tools"}) {
     for (SourceText& text : TextsOf(QBTD_SOURCE_DIR, folder)) all.push_back(std::move(text));
   }
   return all;
 }
 
-// The first cells of the tables in the index.
-std::vector<std::string> Entries() {
-  std::ifstream page(QBTD_SOURCE_DIR "/docs/troubleshooting.md");
+// The messages among the texts, and what those of the designer's window are in Chinese.
+std::vector<SourceText> MessagesOf(const std::vector<SourceText>& texts) {
+  std::vector<SourceText> messages;
+  for (const SourceText& text : texts) {
+    if (!IsMessage(text)) continue;
+    messages.push_back(text);
+    const auto english = std::ranges::find_if(texts, [&](const SourceText& word) {
+      return word.file == kDesignerWords && word.text == text.text;
+    });
+    if (IsSaidInABox(text) && english != texts.end()) messages.push_back(*std::next(english));
+  }
+  return messages;
+}
+
+// The first cells of the tables.
+std::vector<std::string> Entries(const Section& section) {
+  std::ifstream page(std::string(QBTD_SOURCE_DIR) + section.page);
   std::vector<std::string> entries;
-  bool isInIndex = false;
+  bool isInside = false;
   for (std::string line; std::getline(page, line);) {
-    if (line.starts_with("## ")) isInIndex = line == kIndexBegin;
-    if (!isInIndex || !line.starts_with("| ") || line.starts_with("| Message")) continue;
+    if (line.starts_with(section.next)) isInside = line == section.heading;
+    if (!isInside || !line.starts_with("| ") || line.starts_with(section.head)) continue;
     entries.push_back(line.substr(2, line.find(" | ", 2) - 2));
   }
   return entries;
@@ -122,12 +163,12 @@ std::vector<std::string> PartsOf(const std::string& entry) {
 }
 
 TEST(MessageIndex, HasEachMessageOfTheSources) {
-  const std::vector<std::string> entries = Entries();
+  const std::vector<std::string> entries = Entries(kIndex);
   ASSERT_GT(entries.size(), 50U);
   std::set<std::string> told;
-  for (const SourceText& text : AllTexts()) {
+  for (const SourceText& text : MessagesOf(AllTexts())) {
     const std::string core = Core(text.text);
-    if (!IsMessage(text) || core.empty() || !told.insert(core).second) continue;
+    if (core.empty() || !told.insert(core).second) continue;
     EXPECT_TRUE(std::ranges::any_of(
         entries, [&](const std::string& entry) { return entry.find(core) != std::string::npos; }))
         << "“" << core << "” of " << text.file << " has no entry in docs/troubleshooting.md";
@@ -135,14 +176,27 @@ TEST(MessageIndex, HasEachMessageOfTheSources) {
   EXPECT_GT(told.size(), 100U) << "the sources are read";
 }
 
-TEST(MessageIndex, HasNoMessageThatNobodyShows) {
-  std::vector<SourceText> texts = AllTexts();
-  for (const std::string& entry : Entries()) {
+void ExpectEachPartIn(const std::vector<SourceText>& texts,
+                      const std::vector<std::string>& entries) {
+  for (const std::string& entry : entries) {
     for (const std::string& part : PartsOf(entry)) {
       EXPECT_TRUE(std::ranges::any_of(
           texts, [&](const SourceText& text) { return text.text.find(part) != std::string::npos; }))
           << "“" << part << "” of the entry “" << entry << "” stands in no source";
     }
+  }
+}
+
+TEST(MessageIndex, HasNoMessageThatNobodyShows) {
+  ExpectEachPartIn(AllTexts(), Entries(kIndex));
+}
+
+TEST(ExplanationTable, HasNoSentenceThatNoExplanationSays) {
+  const std::vector<SourceText> texts = TextsOf(QBTD_SOURCE_DIR, "adapters/explanation");
+  for (const Section& section : kExplanations) {
+    const std::vector<std::string> entries = Entries(section);
+    EXPECT_GT(entries.size(), 15U) << section.page;
+    ExpectEachPartIn(texts, entries);
   }
 }
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <set>
 
 #include "recording/masking.h"
 #include "recording/recording_database.h"
@@ -251,6 +252,34 @@ TEST(MaskedScenario, KeepsAreasApartHoweverManyThereAre) {
   }
   EXPECT_EQ(firsts.size(), 90U);
   for (const auto& [first, count] : firsts) EXPECT_EQ(count, 2) << first;
+}
+
+Json OfBills(const Json& rows) {
+  return {{"calls", {{{"do", "DoPrint"}, {"data", {{"columns", {"FInterID"}}, {"rows", rows}}}}}}};
+}
+
+TEST(MaskedScenario, KeepsBillsApartHoweverManyThereAre) {
+  constexpr int kFirst = 10;
+  constexpr int kLast = 99;
+  Json rows = Json::array();
+  for (int bill = kFirst; bill <= kLast; ++bill) rows.push_back(Json::array({bill}));
+  std::set<int> bills;
+  for (const Json& bill : Column(recording::Masked(OfBills(rows)), "FInterID")) {
+    EXPECT_GE(bill.get<int>(), kFirst);
+    EXPECT_LE(bill.get<int>(), kLast);
+    bills.insert(bill.get<int>());
+  }
+  EXPECT_EQ(bills.size(), rows.size());
+}
+
+TEST(MaskedScenario, BytesInThePlaceOfABillAreMasked) {
+  Json rows = Json::array();
+  for (const char* bytes : {"AQID", "BAUG"}) {
+    rows.push_back(Json::array({Json{{"base64", bytes}}}));
+  }
+  for (const Json& bill : Column(recording::Masked(OfBills(rows)), "FInterID")) {
+    EXPECT_EQ(bill["base64"], "AAAA");
+  }
 }
 
 TEST(MaskedScenario, NumbersStayNumbersAndTextsStayTexts) {

@@ -153,7 +153,16 @@ TEST(RunWitness, IsToldWhatARowAddsAndWhichSumIsShown) {
   EXPECT_EQ(std::ranges::count(added, "Adds FAmount: 12.5"), 3) << "overall, page and run";
   EXPECT_EQ(std::ranges::count(added, "Adds FAmount: none"), 3);
   EXPECT_EQ(std::ranges::count(added, "Adds FPrice,FQty,FTaxRate: 0"), 8);
-  EXPECT_EQ(WitnessOf(scenario).Lines({"ShowsSum"}), Lines{"ShowsSum 12.5"});
+  EXPECT_EQ(WitnessOf(scenario).Lines({"ShowsSum"}), Lines{"ShowsSum 12.5 of the page"});
+}
+
+TEST(RunWitness, IsToldWhichSumsGoOverThePrint) {
+  Scenario scenario;
+  scenario.FieldItem("FPurAmount_TotalPage", {{"FSite", 5}});
+  scenario.FieldItem("ftotalpage_1_dx", {{"FSite", 5}}).FieldItem("FSumTotalPage", {{"FSite", 5}});
+  scenario.Data({"FInterID", "FMainQty", "FAmount", "FPurAmount"}, {{1, 1, 3, 2}});
+  EXPECT_EQ(WitnessOf(scenario).Lines({"ShowsSum"}),
+            (Lines{"ShowsSum 2 of the page", "ShowsSum 3 of the print", "ShowsSum 3 of the print"}));
 }
 
 TEST(RunWitness, IsToldOfMarkerRows) {

@@ -58,9 +58,10 @@ class ToldWitness : public RunWitness {
     Add("Drawn " + std::string(kKinds[static_cast<int>(what)]) + " '" + std::string(text) + "'");
   }
   void Meets(Circumstance circumstance) override { met.push_back(circumstance); }
-  void ShowsSum(const double& sum) override {
+  void ShowsSum(const double& sum, SumSpan span) override {
+    const std::string ofWhat = span == SumSpan::kPage ? " of the page" : " of the print";
     for (const double* known : sums_) {
-      if (known == &sum) return Add("ShowsSum " + ToText(sum));
+      if (known == &sum) return Add("ShowsSum " + ToText(sum) + ofWhat);
     }
     Add("ShowsSum unknown");
   }

@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "program_run.h"
+#include "sample_files.h"
 #include "scratch_folder.h"
 
 namespace td {
@@ -45,6 +46,11 @@ class TdprintLog : public testing::Test {
                            const std::string& user) const {
     const ProgramResult result = Log(question);
     return result.status == 0 && result.out.find(user + " at ") != std::string::npos;
+  }
+  [[nodiscard]] std::string SampleDatabase() const {
+    const std::string path = folder_ / "sample.db";
+    MakeSampleDatabase(QBTD_SOURCE_DIR "/examples", path);
+    return path;
   }
   static std::string ContentOf(const std::string& path) {
     std::stringstream content;
@@ -124,12 +130,7 @@ TEST_F(TdprintLog, SeveralLogsAreReadInTheirOrder) {
 }
 
 TEST_F(TdprintLog, APrintIsFoundInTheLogThatItWasToldOf) {
-  const std::string database = folder_ / "sample.db";
-  ASSERT_EQ(system(("'" TDPRINT_PROGRAM "' sample-sql --engine sqlite --samples '" QBTD_SOURCE_DIR
-                    "/examples' | sqlite3 '" +
-                    database + "'")
-                       .c_str()),
-            0);
+  const std::string database = SampleDatabase();
   const std::string own = folder_ / "own.log";
   const std::string pdf = folder_ / "order.pdf";
   const std::vector<std::string> print = {
@@ -148,12 +149,7 @@ TEST_F(TdprintLog, APrintIsFoundInTheLogThatItWasToldOf) {
 }
 
 TEST_F(TdprintLog, ALogThatCannotBeWrittenLeavesTheStatusAlone) {
-  const std::string database = folder_ / "sample.db";
-  ASSERT_EQ(system(("'" TDPRINT_PROGRAM "' sample-sql --engine sqlite --samples '" QBTD_SOURCE_DIR
-                    "/examples' | sqlite3 '" +
-                    database + "'")
-                       .c_str()),
-            0);
+  const std::string database = SampleDatabase();
   const ProgramResult result =
       Run({"print", "--db", "sqlite:" + database, "--type", "21", "--data", kRows, "--pdf",
            folder_ / "order.pdf", "--log", folder_ / "none/prints.log"});

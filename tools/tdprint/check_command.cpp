@@ -10,24 +10,12 @@
 #include "desktop/desktop_platform.h"
 #include "explanation/language.h"
 #include "platform/failure.h"
-#include "platform/standard_failures.h"
+#include "platform/retry_while_locked.h"
 
 namespace td {
 namespace {
 
 constexpr const char* kNotChecked = "not checked";
-
-// Waits for other users of the database as the component itself does: by trying again.
-template <typename Operation>
-auto WaitingForLocks(Operation operation) {
-  for (;;) {
-    try {
-      return operation();
-    } catch (const Failure& failure) {
-      if (!IsLockConflict(failure)) throw;
-    }
-  }
-}
 
 ExitStatus StatusOf(const std::vector<checker::Finding>& findings) {
   switch (checker::WorstOf(findings)) {
@@ -52,13 +40,13 @@ ExitStatus Check(const CheckArguments& arguments) {
     return ExitStatus::kNotChecked;
   }
   Database& database = desktop.Get().database;
-  WaitingForLocks([&] { return database.Connect(arguments.database) != nullptr; });
+  RetryWhileLocked([&] { return database.Connect(arguments.database) != nullptr; });
 
   const checker::DesktopMachine machine(desktop.Get());
   checker::CheckOptions options{.byArea = arguments.byArea, .printer = arguments.printer};
   if (!arguments.data.empty()) {
     options.rows =
-        WaitingForLocks([&] { return desktop.OpenReadOnly(arguments.database, arguments.data); });
+        RetryWhileLocked([&] { return desktop.OpenReadOnly(arguments.database, arguments.data); });
   }
   const checker::CheckResult result = checker::CheckDatabase(
       database, arguments.database, {arguments.billType, arguments.format}, machine, options);

@@ -1,6 +1,13 @@
 #include "common_options.h"
 
 namespace td {
+namespace {
+
+CLI::Option* AsBillType(CLI::Option* option) {
+  return option->check(CLI::Range(-kLargest - 1, kLargest))->type_name("N");
+}
+
+}  // namespace
 
 const char* const kExitStatusText =
     "Exit status:\n"
@@ -23,18 +30,47 @@ std::string StandardOutputForDash(const std::string& file) {
   return file == "-" ? "/dev/stdout" : file;
 }
 
-void DescribeDatabase(CLI::App& command, std::string& database) {
-  command
+CLI::Option* DescribeDatabase(CLI::App& command, std::string& database) {
+  return command
       .add_option("--db", database, "Connection text of the database: sqlite:PATH, or Driver=…;…")
       ->required()
       ->type_name("TEXT");
 }
 
-void DescribeBillType(CLI::App& command, std::int16_t& billType) {
-  command.add_option("--type", billType, "Bill type number of the format")
-      ->required()
-      ->check(CLI::Range(-kLargest - 1, kLargest))
-      ->type_name("N");
+CLI::Option* DescribeBillType(CLI::App& command, std::int16_t& billType) {
+  return AsBillType(command.add_option("--type", billType, "Bill type number of the format"))
+      ->required();
+}
+
+CLI::Option* DescribeBillType(CLI::App& command, std::optional<std::int16_t>& billType,
+                              const std::string& text) {
+  return AsBillType(command.add_option("--type", billType, text));
+}
+
+CLI::Option* DescribeFormat(CLI::App& command, std::string& format, const std::string& text) {
+  return command.add_option("--format", format, text)->check(RefuseEmpty)->type_name("NAME");
+}
+
+CLI::Option* DescribeFormat(CLI::App& command, std::string& format) {
+  return command
+      .add_option("--format", format,
+                  "Name of the format (without it: the selected format of the bill type)")
+      ->type_name("NAME");
+}
+
+CLI::Option* DescribeData(CLI::App& command, std::string& data, const std::string& text) {
+  return command.add_option("--data", data, text)->type_name("SQL");
+}
+
+CLI::Option* DescribePrinter(CLI::App& command, std::string& printer, const std::string& text) {
+  return command.add_option("--printer", printer, text)->check(RefuseEmpty)->type_name("NAME");
+}
+
+CLI::Option* DescribeOut(CLI::App& command, std::string& out) {
+  return command.add_option("--out", out, "A file (without it: standard output)")
+      ->check(RefuseEmpty)
+      ->transform(StandardOutputForDash)
+      ->type_name("FILE");
 }
 
 }  // namespace td

@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <string>
 
 namespace td {
@@ -22,7 +23,18 @@ extern const char* const kDialogExitStatusText;
 std::string RefuseEmpty(const std::string& name);
 std::string StandardOutputForDash(const std::string& file);
 
-void DescribeDatabase(CLI::App& command, std::string& database);
-void DescribeBillType(CLI::App& command, std::int16_t& billType);
+// The options that are alike in several commands, each under its name. They are required unless
+// they come with a text of their own, which says what holds without them.
+CLI::Option* DescribeDatabase(CLI::App& command, std::string& database);
+CLI::Option* DescribeBillType(CLI::App& command, std::int16_t& billType);
+CLI::Option* DescribeBillType(CLI::App& command, std::optional<std::int16_t>& billType,
+                              const std::string& text);
+CLI::Option* DescribeFormat(CLI::App& command, std::string& format, const std::string& text);
+// The selected format of the bill type where none is named.
+CLI::Option* DescribeFormat(CLI::App& command, std::string& format);
+CLI::Option* DescribeData(CLI::App& command, std::string& data, const std::string& text);
+CLI::Option* DescribePrinter(CLI::App& command, std::string& printer, const std::string& text);
+// A file to write, or standard output.
+CLI::Option* DescribeOut(CLI::App& command, std::string& out);
 
 }  // namespace td

@@ -45,20 +45,12 @@ void Describe(CLI::App& command, DesignArguments& arguments) {
           ->check(RefuseEmpty)
           ->type_name("TEXT");
   CLI::Option* billType =
-      command.add_option("--type", arguments.billType, "Bill type number of the format")
-          ->check(CLI::Range(-kLargest - 1, kLargest))
-          ->type_name("N");
+      DescribeBillType(command, arguments.billType, "Bill type number of the format");
   database->needs(billType);
-  command
-      .add_option("--format", arguments.format,
-                  "Name of the format (without it: the selected format of the bill type)")
-      ->needs(database)
-      ->type_name("NAME");
-  command
-      .add_option("--data", arguments.data,
-                  "Statement that selects rows to show: the first bill of them is drawn")
-      ->needs(database)
-      ->type_name("SQL");
+  DescribeFormat(command, arguments.format)->needs(database);
+  DescribeData(command, arguments.data,
+               "Statement that selects rows to show: the first bill of them is drawn")
+      ->needs(database);
   command.footer(kDialogExitStatusText);
 }
 
@@ -70,14 +62,8 @@ void Describe(CLI::App& command, AreaPrintersArguments& arguments) {
 void Describe(CLI::App& command, ExportFormatArguments& arguments) {
   DescribeDatabase(command, arguments.database);
   DescribeBillType(command, arguments.billType);
-  command
-      .add_option("--format", arguments.format,
-                  "Name of the format (without it: the selected format of the bill type)")
-      ->type_name("NAME");
-  command.add_option("--out", arguments.out, "A file (without it: standard output)")
-      ->check(RefuseEmpty)
-      ->transform(StandardOutputForDash)
-      ->type_name("FILE");
+  DescribeFormat(command, arguments.format);
+  DescribeOut(command, arguments.out);
   command.add_flag("--with-pictures", arguments.withPictures,
                    "Put the picture files of the items into the file");
   command.footer(std::string(kFormatFileExamples) + "\n" + kFormatFileExitStatusText);
@@ -85,14 +71,9 @@ void Describe(CLI::App& command, ExportFormatArguments& arguments) {
 
 void Describe(CLI::App& command, ImportFormatArguments& arguments) {
   DescribeDatabase(command, arguments.database);
-  command
-      .add_option("--type", arguments.billType,
-                  "Bill type number for the format (without it: the file's)")
-      ->check(CLI::Range(-kLargest - 1, kLargest))
-      ->type_name("N");
-  command.add_option("--format", arguments.format, "Name for the format (without it: the file's)")
-      ->check(RefuseEmpty)
-      ->type_name("NAME");
+  DescribeBillType(command, arguments.billType,
+                   "Bill type number for the format (without it: the file's)");
+  DescribeFormat(command, arguments.format, "Name for the format (without it: the file's)");
   command.add_flag("--replace", arguments.replace,
                    "Replace the format of that name, if there is one");
   command.add_flag("--dry-run", arguments.dryRun, "Only tell what would be written");

@@ -8,6 +8,7 @@
 
 #include "complaint.h"
 #include "explanation/language.h"
+#include "explanation/words.h"
 #include "print_log/log_reader.h"
 #include "print_log/log_time.h"
 
@@ -31,7 +32,6 @@ constexpr Sentence kWho{"{0} at {1}", "{0}（{1}）"};
 constexpr Sentence kWhat{"{0}, bill type {1}, pages {2}, {3} s, by {4}",
                          "{0}，单据类型 {1}，{2} 页，{3} 秒，程序 {4}"};
 constexpr Sentence kNoFormat{"no format", "没有格式"};
-constexpr Sentence kMessage{"message: {0}", "提示：{0}"};
 constexpr Sentence kComplaint{"complaint: {0}", "说明：{0}"};
 
 std::string Joined(const std::vector<std::string>& texts) {
@@ -92,7 +92,7 @@ void Show(const PrintRecord& record, Language language) {
             << ")\n";
   for (const LoggedMessage& message : record.messages) {
     const std::string place = message.place.empty() ? "" : " (" + message.place + ")";
-    std::cout << "    " << Fill(language, kMessage, message.text + place) << "\n";
+    std::cout << "    " << Fill(language, words::kShown, message.text + place) << "\n";
   }
   for (const std::string& complaint : record.complaints) {
     std::cout << "    " << Fill(language, kComplaint, complaint) << "\n";

@@ -56,11 +56,8 @@ void Describe(CLI::App& command, DemoArguments& arguments) {
       ->check(RefuseEmpty)
       ->type_name("FOLDER");
   DescribeSamples(command, arguments.samples);
-  command
-      .add_option("--printer", arguments.printer,
-                  "Printer to send one of the bills to, too (without it: files only)")
-      ->check(RefuseEmpty)
-      ->type_name("NAME");
+  DescribePrinter(command, arguments.printer,
+                  "Printer to send one of the bills to, too (without it: files only)");
   command.footer(kExitStatusText);
 }
 
@@ -72,10 +69,7 @@ void Describe(CLI::App& command, SampleSqlArguments& arguments) {
   command.add_flag("--only-schema", arguments.onlySchema,
                    "Only the tables that the component uses, and their indexes, without rows");
   DescribeSamples(command, arguments.samples);
-  command.add_option("--out", arguments.out, "A file (without it: standard output)")
-      ->check(RefuseEmpty)
-      ->transform(StandardOutputForDash)
-      ->type_name("FILE");
+  DescribeOut(command, arguments.out);
   command.footer(kSampleSqlExamples);
 }
 
@@ -83,15 +77,9 @@ void Describe(CLI::App& command, LogArguments& arguments) {
   command.add_option("--bill", arguments.bill, "Number of a bill")
       ->check(RefuseEmpty)
       ->type_name("NO");
-  command.add_option("--type", arguments.billType, "Bill type number")
-      ->check(CLI::Range(-kLargest - 1, kLargest))
-      ->type_name("N");
-  command.add_option("--format", arguments.format, "Name of a format")
-      ->check(RefuseEmpty)
-      ->type_name("NAME");
-  command.add_option("--printer", arguments.printer, "Name of a printer")
-      ->check(RefuseEmpty)
-      ->type_name("NAME");
+  DescribeBillType(command, arguments.billType, "Bill type number");
+  DescribeFormat(command, arguments.format, "Name of a format");
+  DescribePrinter(command, arguments.printer, "Name of a printer");
   command.add_option("--user", arguments.user, "Who printed")
       ->check(RefuseEmpty)
       ->type_name("NAME");

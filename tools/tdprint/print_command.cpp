@@ -13,7 +13,7 @@
 #include "files/output_file.h"
 #include "page_document/page_document.h"
 #include "platform/failure.h"
-#include "platform/standard_failures.h"
+#include "platform/retry_while_locked.h"
 #include "progress.h"
 #include "qt/render/outputs.h"
 #include "service/printer.h"
@@ -39,15 +39,13 @@ class StepFailure : public Failure {
   std::string reasonInChinese_;
 };
 
-// Waits for other users of the database as the component itself does: by trying again.
+// Waits for other users of the database.
 template <typename Operation>
 auto Try(const std::string& step, Operation operation) {
-  for (;;) {
-    try {
-      return operation();
-    } catch (const Failure& failure) {
-      if (!IsLockConflict(failure)) throw StepFailure(step, failure);
-    }
+  try {
+    return RetryWhileLocked(operation);
+  } catch (const Failure& failure) {
+    throw StepFailure(step, failure);
   }
 }
 
@@ -62,19 +60,9 @@ std::string NothingDone(const PrintArguments& arguments) {
   return arguments.preview ? "not shown" : "not printed";
 }
 
-bool HasColumn(Recordset& rows, std::string_view column) {
-  try {
-    (void)rows.Field(column);
-    return true;
-  } catch (const Failure& failure) {
-    return failure.Number() != kNoSuchColumn;
-  }
-}
-
 // The text of a column, empty if it is Null or missing.
 std::string TextOrNothing(Recordset& rows, std::string_view column) {
-  if (!HasColumn(rows, column)) return {};
-  const auto* text = std::get_if<std::string>(&rows.Field(column));
+  const auto* text = std::get_if<std::string>(rows.Find(column));
   return text == nullptr ? std::string() : *text;
 }
 

@@ -47,15 +47,10 @@ void DescribeRequest(CLI::App& command, PrintArguments& arguments) {
   AddOptionsFile(command);
   DescribeDatabase(command, arguments.database);
   DescribeBillType(command, arguments.billType);
-  command
-      .add_option("--data", arguments.data,
-                  "Statement that selects the rows to print, the rows of a bill together")
-      ->required()
-      ->type_name("SQL");
-  command
-      .add_option("--format", arguments.format,
-                  "Name of the format (without it: the selected format of the bill type)")
-      ->type_name("NAME");
+  DescribeData(command, arguments.data,
+               "Statement that selects the rows to print, the rows of a bill together")
+      ->required();
+  DescribeFormat(command, arguments.format);
   command.add_flag("--only-variant", arguments.onlyVariant,
                    "The sheets are pre-printed: draw only the variable values");
   command
@@ -74,9 +69,7 @@ void Describe(CLI::App& command, PrintArguments& arguments) {
   DescribeRequest(command, arguments);
   CLI::Option_group* output = command.add_option_group(
       "Output", "Where the document goes (without it: to the printer that the format chooses)");
-  output->add_option("--printer", arguments.printer, "A printer by its name")
-      ->check(RefuseEmpty)
-      ->type_name("NAME");
+  DescribePrinter(*output, arguments.printer, "A printer by its name");
   // A file of options that somebody sent must not overwrite anything.
   output->add_option("--pdf", arguments.pdf, "A PDF file (-: standard output)")
       ->configurable(false)
@@ -120,23 +113,14 @@ void Describe(CLI::App& command, PrintArguments& arguments) {
 void Describe(CLI::App& command, CheckArguments& arguments) {
   DescribeDatabase(command, arguments.database);
   CLI::Option* type =
-      command.add_option("--type", arguments.billType, "Bill type number (without it: all)")
-          ->check(CLI::Range(-kLargest - 1, kLargest))
-          ->type_name("N");
-  command.add_option("--format", arguments.format, "Name of the format (without it: all)")
+      DescribeBillType(command, arguments.billType, "Bill type number (without it: all)");
+  DescribeFormat(command, arguments.format, "Name of the format (without it: all)");
+  DescribeData(command, arguments.data,
+               "Statement that selects rows of the bill type, to be checked with the formats")
       ->check(RefuseEmpty)
-      ->type_name("NAME");
-  command
-      .add_option("--data", arguments.data,
-                  "Statement that selects rows of the bill type, to be checked with the formats")
-      ->check(RefuseEmpty)
-      ->needs(type)
-      ->type_name("SQL");
-  command
-      .add_option("--printer", arguments.printer,
-                  "The printer that the formats go to (without it: the one that each chooses)")
-      ->check(RefuseEmpty)
-      ->type_name("NAME");
+      ->needs(type);
+  DescribePrinter(command, arguments.printer,
+                  "The printer that the formats go to (without it: the one that each chooses)");
   command.add_flag("--by-area", arguments.byArea,
                    "The formats are printed by stock area instead of by bill");
   command.add_flag("--json", arguments.json, "Write the findings as JSON");
@@ -147,11 +131,7 @@ void Describe(CLI::App& command, RecordArguments& arguments) {
   DescribeRequest(command, arguments.print);
   command.add_flag("--mask", arguments.mask,
                    "Write other values of the same length and kind in the place of the data");
-  command.add_option("--out", arguments.out, "A file (without it: standard output)")
-      ->configurable(false)
-      ->check(RefuseEmpty)
-      ->transform(StandardOutputForDash)
-      ->type_name("FILE");
+  DescribeOut(command, arguments.out)->configurable(false);
   command.footer(std::string(kRecordExamples) + "\n" + kRecordExitStatusText);
 }
 

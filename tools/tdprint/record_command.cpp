@@ -9,7 +9,7 @@
 #include "files/file_error.h"
 #include "files/output_file.h"
 #include "platform/failure.h"
-#include "platform/standard_failures.h"
+#include "platform/retry_while_locked.h"
 #include "recording/masking.h"
 #include "recording/record_print.h"
 
@@ -18,16 +18,6 @@ namespace {
 
 using recording::RecordedPrint;
 using recording::RecordedRequest;
-
-RecordsetRef OpenRows(DesktopPlatform& desktop, const PrintArguments& arguments) {
-  for (;;) {
-    try {
-      return desktop.OpenReadOnly(arguments.database, arguments.data);
-    } catch (const Failure& failure) {
-      if (!IsLockConflict(failure)) throw;
-    }
-  }
-}
 
 RecordedRequest RequestOf(const PrintArguments& arguments, Platform& platform) {
   RecordedRequest request{.connection = arguments.database,
@@ -63,7 +53,8 @@ ExitStatus RecordScenario(const RecordArguments& arguments) {
     options.messages = MessageMode::kStandardError;
     DesktopPlatform desktop(std::move(options));
     Platform& platform = desktop.Get();
-    const RecordsetRef rows = OpenRows(desktop, arguments.print);
+    const RecordsetRef rows = RetryWhileLocked(
+        [&] { return desktop.OpenReadOnly(arguments.print.database, arguments.print.data); });
     const RecordedPrint recorded =
         RecordPrint(platform.database, RequestOf(arguments.print, platform), rows);
     const recording::Json scenario =

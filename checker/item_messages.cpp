@@ -1,0 +1,191 @@
+#include <array>
+
+#include "checker/message_tables.h"
+
+namespace td::checker {
+namespace {
+
+using enum FindingKind;
+using enum Severity;
+
+constexpr std::array kMessages = {
+    FindingMessage{kItemBand,
+                   "item-band",
+                   kError,
+                   {"没有 FSite {0} 这个区。", "从不印出。",
+                    "FSite 是 1 到 5：页眉、列标题、明细行、明细之后、页脚。"},
+                   {"There is no band FSite {0}.", "It is never printed.",
+                    "Bands are 1 to 5: head, column head, row, behind the rows, foot."}},
+    FindingMessage{kItemKind,
+                   "item-kind",
+                   kError,
+                   {"没有项目种类 FTypeID {0}。", "从不印出。", "种类是 0 文字、1 线、2 图片。"},
+                   {"There is no kind of item FTypeID {0}.", "It is never printed.",
+                    "Kinds are 0 text, 1 line, 2 picture."}},
+    FindingMessage{
+        kItemHidden,
+        "item-hidden",
+        kHint,
+        {"位置是负数（{0}, {1}）。", "页眉以外的区不印这样的项目；这也是停用项目的办法。",
+         "要印的话填入正数。"},
+        {"Its place is negative ({0}, {1}).",
+         "Outside the head such an item is not printed, which is a way to switch one off.",
+         "Enter a positive place to print it."}},
+    FindingMessage{
+        kItemNull,
+        "item-null",
+        kError,
+        {"{0} 是空值（NULL）。", "项目因此印不出来。", "填入值；FFormatString 填空文字。"},
+        {"{0} is Null.", "The item is not printed for that.",
+         "Enter a value; the empty text in FFormatString."}},
+    FindingMessage{
+        kItemFontNull,
+        "item-font-null",
+        kWarning,
+        {"{0} 是空值（NULL）。", "沿用前一个项目的字体设置，次序一变印出来就不同。", "填入值。"},
+        {"{0} is Null.", "The font of the item before it stays, whichever that is.",
+         "Enter a value."}},
+    FindingMessage{
+        kItemCaptionNull,
+        "item-caption-null",
+        kWarning,
+        {"FObjectCaption 是空值（NULL）。", "值前面会印出前一个项目的标题。", "填入空文字。"},
+        {"FObjectCaption is Null.", "The caption of the item before it is printed in front.",
+         "Enter the empty text."}},
+    FindingMessage{
+        kVariableUnknown,
+        "variable-unknown",
+        kError,
+        {"TDVariant 中没有变量“{0}”<1?，是否指“{1}”|>？",
+         "<2?印出的是固定文字“{2}”，不是值。|什么也不印。>",
+         "<1?把 FObjectFieldName 改为“{1}”。|在 TDVariant 中登记这个变量和它的列，或改正 "
+         "FObjectFieldName。>"},
+        {"TDVariant has no variable “{0}”<1?: is “{1}” meant?|.>",
+         "<2?The fixed text “{2}” is printed, not the value.|Nothing is printed.>",
+         "<1?Write “{1}” as FObjectFieldName.|Register it in TDVariant with its column, "
+         "or correct FObjectFieldName.>"}},
+    FindingMessage{kVariableUnmarked,
+                   "variable-unmarked",
+                   kHint,
+                   {"TDVariant 中没有“{0}”，项目按固定文字印出。", "<1?印出“{1}”。|什么也不印。>",
+                    "固定文字的 FObjectFieldName 留空。"},
+                   {"“{0}” is not in TDVariant: the item is a fixed text.",
+                    "<1?“{1}” is printed.|Nothing is printed.>",
+                    "Leave FObjectFieldName of fixed texts empty."}},
+    FindingMessage{kVariableBlanks,
+                   "variable-blanks",
+                   kError,
+                   {"变量名“{0}”多了或少了空格，TDVariant 中是“{1}”。",
+                    "<2?印出的是固定文字“{2}”，不是值。|什么也不印。>", "使两处完全一致。"},
+                   {"The variable “{0}” differs by blanks from “{1}” in TDVariant.",
+                    "<2?The fixed text “{2}” is printed, not the value.|Nothing is printed.>",
+                    "Write both alike."}},
+    FindingMessage{
+        kVariableTwice,
+        "variable-twice",
+        kError,
+        {"TDVariant 中变量“{0}”登记了 {1} 次：{2}。", "项目印 {1} 次，叠在一起。",
+         "删去多余的行。"},
+        {"TDVariant has the variable “{0}” {1} times: {2}.",
+         "The item is printed {1} times, over each other.", "Delete the rows that are too many."}},
+    FindingMessage{kColumnBlanks,
+                   "column-blanks",
+                   kError,
+                   {"变量“{0}”的列名“{1}”开头或结尾有空格。", "数据中没有这样的列，什么也不印。",
+                    "去掉空格。"},
+                   {"The column “{1}” of the variable “{0}” begins or ends with a blank.",
+                    "The data have no such column: nothing is printed.", "Remove the blank."}},
+    FindingMessage{
+        kImageUnknown,
+        "image-unknown",
+        kError,
+        {"没有图片项目“{0}”<1?，是否指“{1}”|>？", "<2?印出的是固定文字“{2}”。|什么也不印。>",
+         "图片项目的名称要一字不差：单号条码图、随机条码图、用户条码图、商品图片，加尖括号。"},
+        {"There is no image “{0}”<1?: is “{1}” meant?|.>",
+         "<2?The fixed text “{2}” is printed.|Nothing is printed.>",
+         "Write the image's name letter by letter, its angle brackets included."}},
+    FindingMessage{
+        kImageBand,
+        "image-band",
+        kError,
+        {"“{0}”在这个区不是图片。", "<1?印出的是固定文字“{1}”。|什么也不印。>",
+         "用户条码图只在页眉，商品图片不在页眉。"},
+        {"“{0}” is no image in this band.",
+         "<1?The fixed text “{1}” is printed.|Nothing is printed.>",
+         "The user's barcode stands in the head only, goods pictures in the other bands."}},
+    FindingMessage{
+        kFieldBand,
+        "field-band",
+        kError,
+        {"计算字段 {0} 在这个区不起作用。",
+         "<1?弹出信息“{1}”，这一部分其余的项目也不印。|什么也不印。>",
+         "<1?放到明细行中。|放到其他区；页眉只有 fpageno 和 ftotalpageno。>"},
+        {"The computed field {0} doesn't work in this band.",
+         "<1?The message “{1}” comes up, and the rest of the band is not printed.|Nothing is "
+         "printed.>",
+         "<1?Put it into the row band.|Put it into another band; the head knows only fpageno and "
+         "ftotalpageno.>"}},
+    FindingMessage{
+        kItemMillimetres,
+        "item-millimetres",
+        kWarning,
+        {"文字框只有 {0} × {1} 毫米，比一个字还小，像是按毫米填的。", "文字不在要印的地方。",
+         "长度以缇为单位：{2} 毫米是 {3}。"},
+        {"The text's box is {0} × {1} mm, smaller than a letter: it looks like millimetres.",
+         "The text is not where it should be.", "Lengths are twips: {2} mm are {3}."}},
+    FindingMessage{kPlaceMillimetres,
+                   "place-millimetres",
+                   kWarning,
+                   {"位置 {0}, {1} 缇离纸角只有 {2}, {3} 毫米，像是按毫米填的。",
+                    "印在纸的左上角。", "长度以缇为单位：{0}, {1} 毫米是 {4}, {5}。"},
+                   {"Its place, {0}, {1} twips, is {2}, {3} mm from the corner: it looks like "
+                    "millimetres.",
+                    "It is printed in the top left corner of the sheet.",
+                    "Lengths are twips: {0}, {1} mm are {4}, {5}."}},
+    FindingMessage{
+        kFontSize,
+        "font-size",
+        kError,
+        {"字号 FFontSize 是 {0}。", "文字看不到。", "填入字号（磅）。"},
+        {"The font size (FFontSize) is {0}.", "The text can't be seen.", "Enter points."}},
+    FindingMessage{kPictureFile,
+                   "picture-file",
+                   kError,
+                   {"图片文件装不进来：{0}", "弹出信息，这一部分其余的项目也不印。",
+                    "改正 FPicturePath，或换一个文件。"},
+                   {"The picture file can't be loaded: {0}",
+                    "A message comes up, and the rest of the band is not printed.",
+                    "Correct FPicturePath, or replace the file."}},
+    FindingMessage{
+        kPicturePath,
+        "picture-path",
+        kWarning,
+        {"图片文件“{0}”没有写全路径。", "从程序启动时所在的文件夹找，换一个程序就找不到。",
+         "写全路径。"},
+        {"The picture file “{0}” has no whole path.",
+         "It is searched in the folder where the program was started.", "Write the whole path."}},
+    FindingMessage{kPreprintedMissing,
+                   "preprinted-missing",
+                   kHint,
+                   {"变量项目的 FIsVariant 和 FMustPrint 都是 0。",
+                    "只印变量（已印好的单据）时不印。", "把 FIsVariant 改为 1。"},
+                   {"A variable has FIsVariant and FMustPrint 0.",
+                    "It is missing on pre-printed forms, where only variables are printed.",
+                    "Set FIsVariant to 1."}},
+    FindingMessage{kTotalPagesTaken,
+                   "total-pages-taken",
+                   kWarning,
+                   {"总页数还有一处：“{0}”。", "这里不印，只在后画的那一处印。",
+                    "只留一处；列标题中的一处不与别处相争。"},
+                   {"The total page count stands in another place, too: “{0}”.",
+                    "It is not written here, but where it was drawn last.",
+                    "Keep one of them; one in the column head stands for itself."}},
+};
+
+}  // namespace
+
+std::span<const FindingMessage> ItemMessages() {
+  return kMessages;
+}
+
+}  // namespace td::checker
