@@ -161,8 +161,9 @@ TEST(RunWitness, IsToldWhichSumsGoOverThePrint) {
   scenario.FieldItem("FPurAmount_TotalPage", {{"FSite", 5}});
   scenario.FieldItem("ftotalpage_1_dx", {{"FSite", 5}}).FieldItem("FSumTotalPage", {{"FSite", 5}});
   scenario.Data({"FInterID", "FMainQty", "FAmount", "FPurAmount"}, {{1, 1, 3, 2}});
-  EXPECT_EQ(WitnessOf(scenario).Lines({"ShowsSum"}),
-            (Lines{"ShowsSum 2 of the page", "ShowsSum 3 of the print", "ShowsSum 3 of the print"}));
+  EXPECT_EQ(
+      WitnessOf(scenario).Lines({"ShowsSum"}),
+      (Lines{"ShowsSum 2 of the page", "ShowsSum 3 of the print", "ShowsSum 3 of the print"}));
 }
 
 TEST(RunWitness, IsToldOfMarkerRows) {
