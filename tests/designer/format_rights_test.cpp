@@ -66,7 +66,8 @@ TEST_P(FormatRights, OfAnAdministratorSufficeForTheDesignerAndForFiles) {
   store.Delete(copy.id);
 
   const std::string file = (scratch_ / "format.json").string();
-  Run({"export-format", "--db", administrator.Connection(), "--type", "21", "--out", file});
+  Run({"export-format", "--db", administrator.Connection(), "--type", "21", "--format",
+       order.Name(), "--out", file});
   const std::vector<std::string> import = {"import-format", "--db",      administrator.Connection(),
                                            "--type",        "22",        "--format",
                                            "新格式",        "--replace", file};
