@@ -4,7 +4,7 @@ A block of code may have notes, comments of the page right above it, which no re
 
     <!-- before: COMMANDS -->      run these first
     <!-- run: COMMANDS -->         run these, and give them the block to read
-    <!-- exits: STATUS -->         the last command of the block ends with this status
+    <!-- exits: STATUS -->         the last command of the block, and no other, ends with this status
     <!-- not run: REASON -->       what keeps the block from being run
 
 Blocks of the language sh are commands, and run as they stand; blocks of the language text are what the

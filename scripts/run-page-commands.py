@@ -89,13 +89,13 @@ class Run:
             lines += ["{", block.note(BEFORE), f"}} >>{said} 2>&1", f": >{said}"]
         expected = block.note(EXITS)
         if expected is not None:
-            lines.append("set +e")
+            lines += ["failures=0", "trap '((++failures))' ERR", "set +e"]
         if block.note(RUN) is None:
             lines += ["{", *block.lines, f"}} >>{said} 2>&1"]
         else:
             lines += ["{", block.note(RUN), f"}} >>{said} 2>&1 <<'{END}'", *block.lines, END]
         if expected is not None:
-            lines += ["status=$?", "set -e", f'[ "$status" -eq {expected} ]']
+            lines += ["status=$?", "trap - ERR", "set -e", f'[ "$status" -eq {expected} ]', '[ "$failures" -le 1 ]']
         return lines + [f"said_before={said}"]
 
 

@@ -101,6 +101,15 @@ true
 PAGE
 fails status.md "status.md:2: status 1"
 
+page earlier.md <<'PAGE'
+<!-- exits: 2 -->
+'''sh
+false
+(exit 2)
+'''
+PAGE
+fails earlier.md "earlier.md:2: status 1"
+
 page words.md <<'PAGE'
 Nothing to run.
 PAGE
