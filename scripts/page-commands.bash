@@ -28,6 +28,7 @@ compile_cpp() {
 # The same of a C program.
 compile_c() {
   {
+    echo "#include <stddef.h>"
     printf '#include "client/%s"\n' client.h recordsets.h
     echo "void Part(void) {"
     sed 's/…/;/'
