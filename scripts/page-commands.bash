@@ -62,7 +62,7 @@ run_python() {
   } >part.py
   sqlite3 -json shop.db "select * from v_sales_order where FInterID=21002" >rows.json
   tdprint register
-  python3 part.py
+  python3 -B part.py  # nothing is left behind in the folder of the examples
 }
 
 # Lines that are among those that the block before has said.
