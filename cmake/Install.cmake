@@ -26,6 +26,9 @@ qbtd_add_own_libraries(td_recordset_objects libraries)
 set_target_properties(td_logic PROPERTIES EXPORT_NAME logic)
 set_target_properties(td_desktop PROPERTIES EXPORT_NAME desktop)
 set_target_properties(td_client PROPERTIES EXPORT_NAME client)
+# Their headers are C++20, which a program that links them may not have asked for.
+target_compile_features(td_logic INTERFACE cxx_std_20)
+target_compile_features(td_desktop INTERFACE cxx_std_20)
 set_target_properties(td_recordset_objects PROPERTIES EXPORT_NAME recordsets)
 install(TARGETS QbTdPrinter LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/qbtdprinter)
 install(TARGETS ${libraries} EXPORT QbTdPrinterTargets

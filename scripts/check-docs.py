@@ -5,6 +5,7 @@
 
 - Every relative link of every page leads to a file and, where it names one, to a heading.
 - Emphasis ends where it is meant to.
+- Each block of code is run by scripts/run-page-commands.py, or says in a note why it can't be.
 - A page X.md and its Chinese twin X.zh-CN.md have the same headings, paragraphs, tables, code blocks,
   lists, pictures and links; only the words differ, in code the comments, and what programs say, which
   stands in blocks of the language text.
@@ -18,7 +19,10 @@ import os
 import re
 import sys
 
-TWIN = ".zh-CN.md"
+sys.dont_write_bytecode = True
+from doc_pages import BEFORE, CODE, COMMANDS, EXITS, NOT_RUN, OUTPUT, RUN, TWIN, ManPage, Page, page_names  # noqa: E402
+
+COMMENT = re.compile(r"(^|\s+)((#|//|--)\s.*|/\*.*\*/)$")
 TWIN_PICTURE = ".zh-CN.png"  # of a window that speaks both languages
 # Pages for those who work on the component; all others have a twin.
 ENGLISH_ONLY = {
@@ -31,102 +35,11 @@ MAN_PAGES = [("tools/tdprint/tdprint.1", "tools/tdprint/tdprint.zh_CN.1"),
 SYNOPSIS = 2  # the second section
 LINES_BEFORE_TWIN_LINK = 12  # the way to the other language stands at the top
 
-Link = collections.namedtuple("Link", "target line")  # pictures are links, too
-CodeBlock = collections.namedtuple("CodeBlock", "language lines line")
-Table = collections.namedtuple("Table", "rows line")
-
-CODE = re.compile(r"(`+)(.+?)\1")
-LINK = re.compile(r"\[([^\]]*)\]\(([^)\s]*)\)")  # the words may go on in the next line
-EMPHASIS = re.compile(r"\*\*(.+?)\*\*", re.DOTALL)
-COMMENT = re.compile(r"(^|\s+)((#|//|--)\s.*|/\*.*\*/)$")
-
-
-def cells(line):
-    return [cell.strip() for cell in re.split(r"(?<!\\)\|", line.strip().strip("|"))]
-
-
-def anchor(heading):
-    """The name by which a link finds a heading."""
-    words = LINK.sub(r"\1", heading).replace("`", "").strip().lower()
-    return re.sub(r"[^\w\- ]", "", words).replace(" ", "-")
-
-
-def is_letter(text):
-    return bool(re.match(r"\w", text))
-
-
-def is_sign(text):
-    return bool(re.match(r"[^\w\s]", text))
-
-
-class Page:
-    def __init__(self, root, name):
-        self.name = name
-        self.levels, self.anchors = [], []
-        self.tables, self.code, self.links = [], [], []
-        self.unclosed = []
-        self.items, self.paragraphs = 0, [0]  # the latter below each heading
-        with open(os.path.join(root, name), encoding="utf-8") as file:
-            self._read(file.read().split("\n"))
-
-    def _read(self, lines):
-        seen = collections.Counter()
-        fence, is_in_table, is_in_text = None, False, False
-        prose = [""] * len(lines)
-        for number, line in enumerate(lines, 1):
-            opening = re.match(r" *(```+)(.*)$", line)
-            if fence:
-                if opening and opening[1] == fence:
-                    fence = None
-                else:
-                    self.code[-1].lines.append(line)
-                continue
-            if opening:
-                fence = opening[1]
-                self.code.append(CodeBlock(opening[2].strip(), [], number))
-                is_in_text = False
-                continue
-            if line.startswith("|"):
-                if not is_in_table:
-                    self.tables.append(Table([], number))
-                self.tables[-1].rows.append(cells(line))
-            is_in_table = line.startswith("|")
-            heading = re.match(r"(#+) +(.*)$", line)
-            if heading:
-                name = anchor(heading[2])
-                self.levels.append(len(heading[1]))
-                self.paragraphs.append(0)
-                self.anchors.append(f"{name}-{seen[name]}" if seen[name] else name)
-                seen[name] += 1
-            item = re.match(r" *(-|\d+\.) ", line)
-            self.items += bool(item)
-            is_text = bool(line.strip()) and not is_in_table and not heading
-            self.paragraphs[-1] += is_text and not is_in_text and not item
-            is_in_text = is_text
-            prose[number - 1] = CODE.sub("", line)
-        self._read_prose("\n".join(prose))
-
-    def _read_prose(self, text):
-        for bold in EMPHASIS.finditer(text):
-            before, after = text[bold.start() - 1:bold.start()], text[bold.end():bold.end() + 1]
-            if is_sign(bold[1][0]) and is_letter(before) or is_sign(bold[1][-1]) and is_letter(after):
-                self.unclosed.append(text.count("\n", 0, bold.start()) + 1)
-        for link in LINK.finditer(text):
-            self.links.append(Link(link[2], text.count("\n", 0, link.start()) + 1))
-
-
 class Check:
     def __init__(self, root):
         self.root = root
         self.complaints = []
-        self.pages = {name: Page(root, name) for name in self._names()}
-
-    def _names(self):
-        for folder, folders, files in os.walk(self.root):
-            folders[:] = [name for name in folders if name not in ("build", "out") and name[0] != "."]
-            for name in files:
-                if name.endswith(".md"):
-                    yield os.path.relpath(os.path.join(folder, name), self.root)
+        self.pages = {name: Page(root, name) for name in page_names(root)}
 
     def complain(self, name, line, text):
         self.complaints.append(f"{name}:{line}: {text}")
@@ -155,6 +68,25 @@ class Check:
     def check_emphasis(self, page):
         for line in page.unclosed:
             self.complain(page.name, line, "** between a sign inside and a letter outside is no emphasis")
+
+    def check_notes(self, page):
+        for note in page.stray_notes:
+            self.complain(page.name, note.line, "the note isn't followed by a block of code")
+        self._check_blocks(page)
+
+    def _check_blocks(self, page):
+        before = None
+        for block in page.code:
+            words = {note.word for note in block.notes}
+            for note in block.notes:
+                if note.word not in (BEFORE, RUN, EXITS, NOT_RUN) or not note.text:
+                    self.complain(page.name, note.line, f"“{note.word}: {note.text}” is no note of a block")
+            if NOT_RUN in words and len(words) > 1:
+                self.complain(page.name, block.line, "the block is run, and isn't")
+            is_said = block.language == OUTPUT and before is not None and before.note(NOT_RUN) is None
+            if block.language != COMMANDS and not is_said and not words & {RUN, NOT_RUN}:
+                self.complain(page.name, block.line, "no note says how the block is run, or why it isn't")
+            before = block
 
     def check_original(self, name):
         original = name.replace(TWIN, ".md")
@@ -203,6 +135,14 @@ class Check:
             is_said = block.language == "text"
             if block.language != other.language or lines != twin_lines and not is_said:
                 self.complain(twin.name, other.line, f"the code differs from that at {page.name}:{block.line}")
+        self._compare_notes(page, twin)
+
+    def _compare_notes(self, page, twin):
+        for block, other in zip(page.code, twin.code):
+            notes, twin_notes = ([(note.word, None if note.word == NOT_RUN else note.text) for note in one.notes]
+                                 for one in (block, other))
+            if notes != twin_notes:
+                self.complain(twin.name, other.line, f"the notes differ from those at {page.name}:{block.line}")
 
     def _compare_links(self, page, twin):
         ways = []
@@ -246,6 +186,11 @@ class Check:
                 return
         if len(outlines[0]) != len(outlines[1]):
             self.complain(twin, 1, f"the page is shorter or longer than {page}")
+            return
+        pages = [ManPage(self.root, name) for name in (page, twin)]
+        for one in pages:
+            self._check_blocks(one)
+        self._compare_notes(*pages)
 
     def check_version(self):
         versions = []
@@ -261,6 +206,7 @@ class Check:
         for name, page in sorted(self.pages.items()):
             self.check_links(page)
             self.check_emphasis(page)
+            self.check_notes(page)
             if name.endswith(TWIN):
                 self.check_original(name)
             elif (name in ENGLISH_ONLY) == (name.replace(".md", TWIN) in self.pages):

@@ -7,7 +7,7 @@ packages=(
   # the compilers, the build and its checks
   g++ clang clang-format clang-tidy cmake make ninja-build pkg-config git
   # the platform: windows, drawing and printing; the embedded database; barcodes
-  qt6-base-dev qt6-pdf-dev qt6-svg-dev qt6-image-formats-plugins qt6-translations-l10n libgl-dev
+  qt6-base-dev qt6-pdf-dev qt6-image-formats-plugins qt6-translations-l10n libgl-dev
   libsqlite3-dev unixodbc-dev libcups2-dev libzint-dev libdeflate-dev libcli11-dev nlohmann-json3-dev
   # fonts that stand in for the families that stored formats name
   fontconfig fonts-noto-cjk fonts-arphic-uming fonts-arphic-ukai fonts-liberation fonts-dejavu-core

@@ -1,6 +1,7 @@
 #!/bin/bash
 # The check of the docs passes on the pages as they are, and fails where a link leads nowhere, where a
-# page and its twin in the other language differ, and where a twin is missing.
+# block of code is neither run nor says why, where a page and its twin in the other language differ,
+# and where a twin is missing.
 set -euo pipefail
 source=$1
 check=$source/scripts/check-docs.py
@@ -47,6 +48,13 @@ plant docs/fonts.md '/^\[中文\]/d' "no link at the top leads to docs/fonts.zh-
 plant tools/tdprint/tdprint.zh_CN.1 '/^\.It Fl -only-schema/d' "stands where tools/tdprint/tdprint.1"
 plant tools/tdprint/tdprint.zh_CN.1 's/sample-sql --engine postgresql/sample-sql --engine mariadb/' \
   "stands where tools/tdprint/tdprint.1"
+plant docs/checking.md '/^<!-- not run: the form of the call -->$/d' "no note says how the block is run"
+plant docs/checking.zh-CN.md 's/^<!-- exits: 1 -->/<!-- exits: 0 -->/' \
+  "the notes differ from those at docs/checking.md"
+plant docs/fonts.md 's/^<!-- run:/<!-- runs:/' "is no note of a block"
+plant docs/recipes.md 's/^(<!-- before: .*)$/\1\n/' "the note isn't followed by a block of code"
+plant tools/tdprint/tdprint.zh_CN.1 's/before: log_of_a_shop/before: log_of_a_bank/' \
+  "the notes differ from those at tools/tdprint/tdprint.1"
 plant CHANGELOG.md 's/^## [0-9.]+/## 99.0.0/' "the newest version is 99.0.0"
 
 # Comments are words, too, and so is what a program says.

@@ -8,7 +8,7 @@ namespace {
 
 constexpr const char* kFormatFileExamples =
     "Examples:\n"
-    "  tdprint export-format --db sqlite:shop.db --type 21 --format 销售订货单A4 --out a4.json\n"
+    "  tdprint export-format --db sqlite:shop.db --type 21 --format 销售订单A4 --out a4.json\n"
     "  tdprint import-format --db \"DSN=branch\" --dry-run a4.json\n"
     "  tdprint diff-format old.json a4.json\n";
 
