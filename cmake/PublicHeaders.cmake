@@ -2,7 +2,6 @@
 # nor a database library.
 set(qbtd_public_headers
   adapters/desktop/desktop_platform.h
-  adapters/files/descriptor.h
   adapters/files/written_bytes.h
   adapters/memory_rows/column_names.h
   adapters/memory_rows/memory_recordset.h

@@ -11,7 +11,9 @@
 #include <optional>
 #include <system_error>
 
+#include "files/descriptor.h"
 #include "files/file_error.h"
+#include "files/whole_file.h"
 
 namespace td {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "files/whole_file.h"
+#include "files/written_bytes.h"
 
 namespace td {
 

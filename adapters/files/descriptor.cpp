@@ -1,4 +1,4 @@
-#include "files/written_bytes.h"
+#include "files/descriptor.h"
 
 #include <poll.h>
 #include <pthread.h>
@@ -65,10 +65,6 @@ int WriteAll(int file, std::string_view bytes) {
 }
 
 }  // namespace
-
-FileWriter WriterOf(std::string_view bytes) {
-  return [bytes](const ByteSink& sink) { sink(bytes); };
-}
 
 void WriteBytes(const Descriptor& file, std::string_view bytes) {
   const int error = WriteAll(file.Number(), bytes);

@@ -1,6 +1,8 @@
-#include "sqlite/file_stamp.h"
+#include <sys/stat.h>
 
 #include <cerrno>
+
+#include "sqlite/file_stamp.h"
 
 namespace td {
 
@@ -11,8 +13,8 @@ std::optional<FileStamp> StampOf(const std::string& path) {
     errno = EISDIR;
     return std::nullopt;
   }
-  return FileStamp{status.st_dev, status.st_ino, status.st_size, status.st_mtim.tv_sec,
-                   status.st_mtim.tv_nsec};
+  return FileStamp{status.st_dev, status.st_ino, static_cast<std::uint64_t>(status.st_size),
+                   status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
 }
 
 }  // namespace td
