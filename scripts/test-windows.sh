@@ -7,4 +7,5 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/install-packages.sh windows
+scripts/cups-for-tests.sh
 scripts/wine-for-tests.sh ctest --preset windows-x64

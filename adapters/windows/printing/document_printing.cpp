@@ -1,0 +1,153 @@
+#include "windows/printing/document_printing.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+#include "platform/failure.h"
+#include "platform/standard_failures.h"
+#include "windows/api/system_error.h"
+#include "windows/api/wide_text.h"
+#include "windows/printing/printers.h"
+#include "windows/render/page_painter.h"
+#include "windows/render/screen_device.h"
+
+namespace td {
+namespace {
+
+using PageRefs = std::vector<const Page*>;
+
+PageRefs ChosenPages(const std::vector<Page>& pages,
+                     const std::optional<std::vector<int>>& numbers) {
+  PageRefs chosen;
+  if (numbers) {
+    for (const int number : *numbers) {
+      chosen.push_back(&pages.at(static_cast<std::size_t>(number) - 1));
+    }
+  } else {
+    for (const Page& page : pages) chosen.push_back(&page);
+  }
+  return chosen;
+}
+
+// What a driver doesn't repeat is sent again.
+PageRefs Repeated(const PageRefs& pages, int times, bool collated) {
+  PageRefs repeated;
+  if (collated) {
+    for (int i = 0; i < times; ++i) repeated.insert(repeated.end(), pages.begin(), pages.end());
+  } else {
+    for (const Page* page : pages)
+      repeated.insert(repeated.end(), static_cast<std::size_t>(times), page);
+  }
+  return repeated;
+}
+
+// A job that isn't finished is taken back.
+class Job {
+ public:
+  // The settings are those of the first page.
+  Job(const PrintChoice& choice, DriverSettings& settings, bool beginsLandscape)
+      : printer_(choice.printer),
+        settings_(settings),
+        device_(CreateDCW(L"WINSPOOL", ToWide(printer_).c_str(), nullptr, settings.Mode())),
+        isLandscape_(beginsLandscape) {
+    if (!device_) throw Refused();
+    const std::wstring name = ToWide(choice.title);
+    DOCINFOW info{};
+    info.cbSize = sizeof info;
+    info.lpszDocName = name.c_str();
+    SetLastError(ERROR_SUCCESS);
+    number_ = StartDocW(device_.get(), &info);
+    isCancelled_ = number_ <= 0 && GetLastError() == ERROR_CANCELLED;
+    if (number_ <= 0 && !isCancelled_) throw Refused();
+  }
+  ~Job() {
+    if (number_ > 0) AbortDoc(device_.get());
+  }
+  Job(const Job&) = delete;
+  Job& operator=(const Job&) = delete;
+
+  [[nodiscard]] bool IsCancelled() const { return isCancelled_; }
+
+  void Print(const Page& page) {
+    if (page.landscape != isLandscape_) {
+      settings_.PutLandscape(page.landscape);
+      if (ResetDCW(device_.get(), settings_.Mode()) == nullptr) throw Refused();
+      isLandscape_ = page.landscape;
+    }
+    Require(StartPage(device_.get()) > 0);
+    DrawPage(device_.get(), Place(), page);
+    Require(EndPage(device_.get()) > 0);
+  }
+
+  // Returns its number.
+  int End() {
+    Require(EndDoc(device_.get()) > 0);
+    return std::exchange(number_, 0);
+  }
+
+ private:
+  // The device begins where the printer can print, and the page at the paper's corner.
+  [[nodiscard]] DevicePlace Place() const {
+    const auto ability = [this](int index) {
+      return static_cast<double>(GetDeviceCaps(device_.get(), index));
+    };
+    return {-ability(PHYSICALOFFSETX), -ability(PHYSICALOFFSETY),
+            ability(LOGPIXELSX) / kTwipsPerInch, ability(LOGPIXELSY) / kTwipsPerInch};
+  }
+
+  void Require(bool succeeded) const {
+    if (!succeeded) throw Refused();
+  }
+
+  [[nodiscard]] Failure Refused() const {
+    const DWORD error = GetLastError();
+    const std::string words = error == ERROR_SUCCESS ? std::string() : "：" + SystemWords(error);
+    return {kDeviceIo, WithoutLockCharacter("打印机“" + printer_ + "”不接受打印任务" + words)};
+  }
+
+  const std::string& printer_;
+  DriverSettings& settings_;
+  DeviceOwner device_;
+  bool isLandscape_;
+  int number_ = 0;
+  bool isCancelled_ = false;
+};
+
+// The number of the job; nothing if the user has cancelled it.
+std::optional<int> PrintOnOneSheet(const PageRefs& pages, const PrintChoice& choice) {
+  DriverSettings settings(choice.printer);
+  if (!settings.IsKnown()) {
+    throw Failure(kDeviceIo, WithoutLockCharacter("打印机“" + choice.printer +
+                                                  "”已不存在，或者打印系统没有响应，未打印。"));
+  }
+  const Page& first = *pages.front();
+  settings.PutOptions(choice.options);
+  settings.PutSheet(first.Sheet(), first.paperCode);
+  settings.PutLandscape(first.landscape);
+  const int copies = settings.CopiesOfDriver() == choice.options.copies ? 1 : choice.options.copies;
+
+  Job job(choice, settings, first.landscape);
+  if (job.IsCancelled()) return std::nullopt;
+  for (const Page* page : Repeated(pages, copies, choice.options.collated)) job.Print(*page);
+  return job.End();
+}
+
+}  // namespace
+
+bool PrintDocument(const std::vector<Page>& pages, const PrintChoice& choice,
+                   std::vector<int>& jobs) {
+  const PageRefs chosen = ChosenPages(pages, choice.pages);
+  for (auto first = chosen.begin(); first != chosen.end();) {
+    const PaperExtent sheet = (*first)->Sheet();
+    const auto last = std::find_if(
+        first, chosen.end(), [&sheet](const Page* page) { return !(page->Sheet() == sheet); });
+    const std::optional<int> job = PrintOnOneSheet({first, last}, choice);
+    if (!job) return false;
+    jobs.push_back(*job);
+    first = last;
+  }
+  return true;
+}
+
+}  // namespace td
