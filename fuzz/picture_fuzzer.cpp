@@ -6,7 +6,7 @@
 #include <cstdlib>
 
 #include "pictures/picture_decoder.h"
-#include "pictures/picture_headers.h"
+#include "picture_headers/picture_headers.h"
 #include "platform/failure.h"
 
 namespace {

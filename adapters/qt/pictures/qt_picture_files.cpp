@@ -16,7 +16,7 @@
 #include "files/whole_file.h"
 #include "page_document/pictures.h"
 #include "pictures/picture_decoder.h"
-#include "pictures/picture_headers.h"
+#include "picture_headers/picture_headers.h"
 #include "platform/failure.h"
 #include "platform/standard_failures.h"
 

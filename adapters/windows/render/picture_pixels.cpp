@@ -4,6 +4,7 @@
 #include <array>
 #include <cstring>
 #include <list>
+#include <optional>
 
 #include "platform/failure.h"
 #include "windows/render/gdiplus_session.h"
@@ -28,26 +29,8 @@ PixelsRef Decode(const Bytes& encoded) {
   if (!session.IsOpen() || !stream) return nullptr;
   Gdiplus::Bitmap bitmap(stream.get());
   if (bitmap.GetLastStatus() != Gdiplus::Ok) return nullptr;
-  auto pixels = std::make_shared<Pixels>();
-  pixels->width = static_cast<int>(bitmap.GetWidth());
-  pixels->height = static_cast<int>(bitmap.GetHeight());
-  const Gdiplus::Rect whole(0, 0, pixels->width, pixels->height);
-  Gdiplus::BitmapData locked;
-  if (bitmap.LockBits(&whole, Gdiplus::ImageLockModeRead, PixelFormat32bppARGB, &locked) !=
-      Gdiplus::Ok) {
-    return nullptr;
-  }
-  const auto width = static_cast<std::size_t>(pixels->width);
-  const auto height = static_cast<std::size_t>(pixels->height);
-  pixels->data.resize(width * height);
-  for (std::size_t row = 0; row < height; ++row) {
-    std::memcpy(&pixels->data[row * width],
-                static_cast<const std::byte*>(locked.Scan0) +
-                    static_cast<std::ptrdiff_t>(row) * locked.Stride,
-                width * sizeof(std::uint32_t));
-  }
-  bitmap.UnlockBits(&locked);
-  return pixels;
+  std::optional<Pixels> pixels = ReadPixels(bitmap);
+  return pixels ? std::make_shared<const Pixels>(*std::move(pixels)) : nullptr;
 }
 
 // The pictures that were decoded last. A page asks for the same ones again and again.
@@ -111,6 +94,27 @@ double WeightOf(const Share& share, int at) {
 bool Pixels::IsOpaque() const {
   return std::ranges::all_of(data,
                              [](std::uint32_t pixel) { return (pixel & kOpacity) == kOpacity; });
+}
+
+std::optional<Pixels> ReadPixels(Gdiplus::Bitmap& bitmap) {
+  Pixels pixels{static_cast<int>(bitmap.GetWidth()), static_cast<int>(bitmap.GetHeight()), {}};
+  const Gdiplus::Rect whole(0, 0, pixels.width, pixels.height);
+  Gdiplus::BitmapData locked;
+  if (bitmap.LockBits(&whole, Gdiplus::ImageLockModeRead, PixelFormat32bppARGB, &locked) !=
+      Gdiplus::Ok) {
+    return std::nullopt;
+  }
+  const auto width = static_cast<std::size_t>(pixels.width);
+  const auto height = static_cast<std::size_t>(pixels.height);
+  pixels.data.resize(width * height);
+  for (std::size_t row = 0; row < height; ++row) {
+    std::memcpy(&pixels.data[row * width],
+                static_cast<const std::byte*>(locked.Scan0) +
+                    static_cast<std::ptrdiff_t>(row) * locked.Stride,
+                width * sizeof(std::uint32_t));
+  }
+  bitmap.UnlockBits(&locked);
+  return pixels;
 }
 
 PixelsRef PixelsOf(const ImagePicture& picture) {

@@ -3,9 +3,14 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "page_document/pictures.h"
+
+namespace Gdiplus {
+class Bitmap;
+}
 
 namespace td {
 
@@ -26,6 +31,9 @@ using PixelsRef = std::shared_ptr<const Pixels>;
 // The picture smaller, each pixel the mean of those that fall on it: a device that leaves out rows
 // would lose thin lines. Sizes above the picture's own leave it as it is.
 [[nodiscard]] PixelsRef Reduced(const PixelsRef& pixels, int width, int height);
+
+// All pixels of a picture of the system's library. Nothing if it fails.
+[[nodiscard]] std::optional<Pixels> ReadPixels(Gdiplus::Bitmap& bitmap);
 
 // As a PNG file of a resolution. Fails with kOutOfMemory.
 [[nodiscard]] Bytes ToPng(const Pixels& pixels, double dotsPerInch);

@@ -30,6 +30,10 @@ struct PictureResolution {
 };
 [[nodiscard]] PictureResolution ResolutionOf(const Bytes& file);
 
+// How the pixels of a photograph lie, 1 to 8 as its maker numbers it: 1 is upright, from 5 on width
+// and height change places. 1 where the file states nothing, or something else.
+[[nodiscard]] int OrientationOf(const Bytes& file);
+
 // Where the picture of a JPEG file ends, however damaged the file is behind it: places in front of
 // which the bytes, closed by an end marker, are a file of their own. Both are 0 where the file
 // holds no coded data at all.

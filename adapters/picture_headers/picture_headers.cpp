@@ -1,11 +1,11 @@
-#include "pictures/picture_headers.h"
+#include "picture_headers/picture_headers.h"
 
 #include <cmath>
 #include <cstdlib>
 #include <string_view>
 #include <utility>
 
-#include "pictures/byte_view.h"
+#include "picture_headers/byte_view.h"
 
 namespace td {
 namespace {
@@ -118,9 +118,15 @@ PixelSize JpegSize(const ByteView& jpeg) {
   return {jpeg.U16(at + 6), jpeg.U16(at + 4)};
 }
 
-PictureResolution JpegResolution(const ByteView& jpeg) {
+// What a JPEG file states in its own way, and in that of photographs.
+struct JpegStatement {
   PictureResolution stated;
   Directory exif;
+};
+
+JpegStatement ReadStatement(const ByteView& jpeg) {
+  JpegStatement statement;
+  auto& [stated, exif] = statement;
   for (std::size_t at = NextMarker(jpeg, 0); at < jpeg.Size() && jpeg.U8(at) != kStartOfScan;
        at = NextMarker(jpeg, SegmentEnd(jpeg, at))) {
     const std::size_t content = at + 3;
@@ -132,6 +138,11 @@ PictureResolution JpegResolution(const ByteView& jpeg) {
       exif = FirstDirectory(jpeg.From(content + 6));
     }
   }
+  return statement;
+}
+
+PictureResolution JpegResolution(const ByteView& jpeg) {
+  const auto [stated, exif] = ReadStatement(jpeg);
   return AsShown(stated.x > 0 ? stated : exif.resolution, exif.orientation);
 }
 
@@ -274,6 +285,14 @@ PictureResolution ResolutionOf(const Bytes& file) {
       break;
   }
   return {};
+}
+
+int OrientationOf(const Bytes& file) {
+  int orientation = 1;
+  const PictureFormat format = FormatOf(file);
+  if (format == PictureFormat::kJpeg) orientation = ReadStatement(ByteView(file)).exif.orientation;
+  if (format == PictureFormat::kTiff) orientation = FirstDirectory(file).orientation;
+  return orientation >= 1 && orientation <= 8 ? orientation : 1;
 }
 
 JpegParts JpegPartsOf(const Bytes& file) {
