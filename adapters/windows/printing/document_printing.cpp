@@ -1,6 +1,7 @@
 #include "windows/printing/document_printing.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <utility>
 
@@ -76,7 +77,7 @@ class Job {
       isLandscape_ = page.landscape;
     }
     Require(StartPage(device_.get()) > 0);
-    DrawPage(device_.get(), Place(), page);
+    DrawPage(device_.get(), PlaceOf(page), page);
     Require(EndPage(device_.get()) > 0);
   }
 
@@ -87,13 +88,21 @@ class Job {
   }
 
  private:
-  // The device begins where the printer can print, and the page at the paper's corner.
-  [[nodiscard]] DevicePlace Place() const {
+  // The device begins where the printer can print, and the page at the paper's corner; yet on a
+  // sheet that a driver has in whole units of its own the page lies in the middle.
+  [[nodiscard]] DevicePlace PlaceOf(const Page& page) const {
     const auto ability = [this](int index) {
       return static_cast<double>(GetDeviceCaps(device_.get(), index));
     };
-    return {-ability(PHYSICALOFFSETX), -ability(PHYSICALOFFSETY),
-            ability(LOGPIXELSX) / kTwipsPerInch, ability(LOGPIXELSY) / kTwipsPerInch};
+    const double scaleX = ability(LOGPIXELSX) / kTwipsPerInch;
+    const double scaleY = ability(LOGPIXELSY) / kTwipsPerInch;
+    const auto shift = [](double sheet, double side) {
+      return std::abs(sheet - side) <= kTwipsPerMillimetre ? (sheet - side) / 2 : 0;
+    };
+    return {
+        shift(ability(PHYSICALWIDTH) / scaleX, page.width) * scaleX - ability(PHYSICALOFFSETX),
+        shift(ability(PHYSICALHEIGHT) / scaleY, page.height) * scaleY - ability(PHYSICALOFFSETY),
+        scaleX, scaleY};
   }
 
   void Require(bool succeeded) const {

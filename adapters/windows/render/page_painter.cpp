@@ -57,12 +57,25 @@ class PagePainter {
   void Draw(const BoxText& command) { DrawTexts(LayOut(command), page_, {}); }
   void Draw(const PointText& command) { DrawTexts(LayOut(command), page_, {}); }
 
-  // Upright and level lines are rectangles to the pixel; any other is one that stands askew.
+  // Upright and level lines are rectangles to the pixel, and those of one pen equally thick,
+  // wherever they lie; any other is a rectangle that stands askew.
   void Draw(const Line& line) {
-    const double half = std::max(line.penWidth, 1.0) / 2;
-    if (line.x1 == line.x2 || line.y1 == line.y2) {
-      FillBox(page_, std::min(line.x1, line.x2) - half, std::min(line.y1, line.y2) - half,
-              std::max(line.x1, line.x2) + half, std::max(line.y1, line.y2) + half, {});
+    const double width = std::max(line.penWidth, 1.0);
+    const double half = width / 2;
+    if (line.y1 == line.y2) {
+      const int thickness = std::max(1, Rounded(width * page_.scaleY));
+      const int top = Rounded(page_.Y(line.y1) - thickness / 2.0);
+      FillPixels({Rounded(page_.X(std::min(line.x1, line.x2) - half)), top,
+                  Rounded(page_.X(std::max(line.x1, line.x2) + half)), top + thickness},
+                 {});
+      return;
+    }
+    if (line.x1 == line.x2) {
+      const int thickness = std::max(1, Rounded(width * page_.scaleX));
+      const int left = Rounded(page_.X(line.x1) - thickness / 2.0);
+      FillPixels({left, Rounded(page_.Y(std::min(line.y1, line.y2) - half)), left + thickness,
+                  Rounded(page_.Y(std::max(line.y1, line.y2) + half))},
+                 {});
       return;
     }
     const double length = std::hypot(line.x2 - line.x1, line.y2 - line.y1);
@@ -104,11 +117,15 @@ class PagePainter {
     }
   }
 
-  // At least one pixel wide and high.
   void FillBox(const Space& space, double left, double top, double right, double bottom,
                const Colour& colour) {
-    RECT box{Rounded(space.X(left)), Rounded(space.Y(top)), Rounded(space.X(right)),
-             Rounded(space.Y(bottom))};
+    FillPixels({Rounded(space.X(left)), Rounded(space.Y(top)), Rounded(space.X(right)),
+                Rounded(space.Y(bottom))},
+               colour);
+  }
+
+  // At least one pixel wide and high.
+  void FillPixels(RECT box, const Colour& colour) {
     box.right = std::max(box.right, box.left + 1);
     box.bottom = std::max(box.bottom, box.top + 1);
     const BrushOwner brush(CreateSolidBrush(ColourOf(colour)));
@@ -119,8 +136,10 @@ class PagePainter {
     SetTextColor(device_, ColourOf(colour));
     for (const PlacedText& text : texts) {
       const Selected font(device_, FontOf(text.face, space));
-      DrawText(text, space, 0);
-      if (text.face->syntheticBold) DrawText(text, space, -text.face->lineThickness / 2);
+      // A bold that the family lacks is struck twice, a little to the left and to the right.
+      const double apart = text.face->syntheticBold ? text.face->lineThickness / 2 : 0;
+      DrawText(text, space, -apart / 2);
+      if (apart > 0) DrawText(text, space, apart / 2);
     }
   }
 

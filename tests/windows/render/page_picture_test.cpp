@@ -66,6 +66,15 @@ TEST(PagePicture, ALineLiesAroundItsPointsWithSquareEnds) {
   EXPECT_NEAR(askew.bottom, 607, 2);
 }
 
+TEST(PagePicture, LinesOfOnePenAreEquallyThickWhereverTheyLie) {
+  for (const double at : {10.0, 10.03, 10.07, 10.13, 10.2}) {
+    const Extent level = InkOf({LineOf(20, at, 60, at, 14)}, 180);
+    EXPECT_EQ(level.bottom - level.top, 1) << at;
+    const Extent upright = InkOf({LineOf(at, 20, at, 60, 14)}, 180);
+    EXPECT_EQ(upright.right - upright.left, 1) << at;
+  }
+}
+
 TEST(PagePicture, TheThinnestLineIsStillThere) {
   EXPECT_EQ(InkOf({LineOf(20, 30, 60, 30, 0)}, 72).top,
             InkOf({LineOf(20, 30, 60, 30, 0)}, 72).bottom);
