@@ -105,6 +105,7 @@ has_queue QbTd-Form || {
 # The form's size in points.
 readonly bill='683.15 396.85'
 has_queue QbTd-Bill || make_queue_with QbTd-Bill \
+  -e 's/421 595/420 595/g' \
   -e "s|^\*PageSize A4/|*PageSize Bill/241 x 140 mm: \"<</PageSize[$bill]/ImagingBBox null>>setpagedevice\"\n&|" \
   -e "s|^\*PageRegion A4/|*PageRegion Bill/241 x 140 mm: \"<</PageSize[$bill]/ImagingBBox null>>setpagedevice\"\n&|" \
   -e "s|^\*ImageableArea A4/|*ImageableArea Bill/241 x 140 mm: \"18 18 665.15 378.85\"\n&|" \
