@@ -1,8 +1,8 @@
 #!/bin/bash
 # Runs the tests of the component for Windows in a wine prefix and on a display of their own:
 #   - those of the logic and of the adapters;
-#   - a script that creates the component by its name and prints every sample, compared with the PDF
-#     of the other platform;
+#   - scripts in two languages that create the component by its name; the first prints every sample,
+#     compared with the PDF of the other platform;
 #   - the exports of both DLLs, and that they load nothing but libraries of the system.
 # The programs are those that scripts/build-windows.sh has built for 64 bits; those for 32 bits are
 # not run, since Debian's wine does that only with packages of another architecture.

@@ -1,6 +1,6 @@
 #!/bin/bash
-# Runs a command where Windows programs can run: in a wine prefix of its own under build/, on a
-# display of its own, in the background language Chinese programs expect nothing of.
+# Runs a command where Windows programs can run: with a wine prefix of its own under build/ and on a
+# display of its own.
 #   scripts/wine-for-tests.sh COMMAND ARGUMENTS…
 #
 # In the prefix a program that crashes ends, instead of showing a window that nobody closes; and the
