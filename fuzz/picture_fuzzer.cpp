@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "pictures/picture_decoder.h"
 #include "picture_headers/picture_headers.h"
+#include "pictures/picture_decoder.h"
 #include "platform/failure.h"
 
 namespace {
