@@ -4,9 +4,10 @@
 #include <exception>
 #include <memory>
 
+#include "dialogs/dialog_contents.h"
 #include "page_document/page_document.h"
 #include "platform/dialog.h"
-#include "qt/dialogs/dialog_layouts.h"
+#include "qt/dialogs/dialog_window.h"
 #include "qt/system/desktop_host.h"
 
 namespace td {
@@ -16,8 +17,8 @@ namespace td {
 class QtDialog : public Dialog {
  public:
   // All three outlive the dialog. Needs EnsureApplication().
-  QtDialog(const DialogLayout& layout, const FrameSettings& settings, Messages& messages)
-      : layout_(layout), host_(settings, messages), surface_(host_) {}
+  QtDialog(const DialogContents& contents, const FrameSettings& settings, Messages& messages)
+      : contents_(contents), host_(settings, messages), surface_(host_) {}
 
   void Connect(DialogEvents events) override { events_ = std::move(events); }
 
@@ -45,7 +46,7 @@ class QtDialog : public Dialog {
   // Something that the user did. A failure of it closes the dialog and leaves ShowModal.
   void React(const std::function<void()>& reaction);
 
-  const DialogLayout& layout_;
+  const DialogContents& contents_;
   DesktopHost host_;
   PageDocument surface_;
   DialogEvents events_;
