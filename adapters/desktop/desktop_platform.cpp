@@ -4,6 +4,9 @@
 
 #include "barcodes/barcode_settings.h"
 #include "desktop/databases.h"
+#include "desktop/lock_waits.h"
+#include "desktop/print_journal.h"
+#include "explanation/explainer.h"
 #include "platform/failure.h"
 #include "qt/pictures/qt_picture_files.h"
 #include "qt/system/application.h"
@@ -12,6 +15,7 @@
 #include "qt/system/message_boxes.h"
 #include "qt/system/printers.h"
 #include "qt/system/qt_windows.h"
+#include "run_witnesses/witness_group.h"
 
 namespace td {
 namespace {
@@ -30,19 +34,58 @@ DesktopOptions Checked(DesktopOptions options) {
 struct DesktopPlatform::Parts {
   explicit Parts(DesktopOptions options)
       : pictures(options.componentFolder),
-        messages(options.messages == MessageMode::kAutomatic, &outcome),
-        windows({std::move(options.printer), std::move(options.stateDirectory),
-                 std::move(options.documentSink), std::move(options.onPage),
-                 std::move(options.onPrinted), std::move(options.onComplaint), &outcome},
-                ReadBarcodeSettings(BarcodeSettingsFile()), messages) {}
+        messages(options.messages, &outcome),
+        windows({}, ReadBarcodeSettings(BarcodeSettingsFile()), messages) {
+    messages.PutPlace([this] { return PlaceText(CurrentPlace(), LanguageOfLocale()); });
+    Put(std::move(options));
+  }
+
+  [[nodiscard]] RunPlace CurrentPlace() const {
+    return explains ? explainer.CurrentPlace() : placeKeeper.CurrentPlace();
+  }
+
+  void Put(DesktopOptions options) {
+    messages.PutMode(options.messages);
+    journal.Put(
+        {.logFile = std::move(options.logFile), .onLogFailure = std::move(options.onLogFailure)});
+    lockWaits.Put({.seconds = options.lockWaitLimit, .goOn = std::move(options.onLockWait)});
+    windows.PutSettings({.printer = std::move(options.printer),
+                         .stateDirectory = std::move(options.stateDirectory),
+                         .documentSink = std::move(options.documentSink),
+                         .sinkTarget = std::move(options.sinkTarget),
+                         .onPage = std::move(options.onPage),
+                         .onPrinted = std::move(options.onPrinted),
+                         .onComplaint = std::move(options.onComplaint),
+                         .outcome = &outcome,
+                         .stop = &stop,
+                         .listener = journal.IsOn() ? &journal : nullptr});
+    PutWitnesses(options.explain);
+  }
+
+  void PutWitnesses(bool withExplanation) {
+    explains = withExplanation;
+    if (!explains) explainer.Clear();
+    witnesses = {};
+    witnesses.Add(explains ? explainer : placeKeeper);
+    if (journal.IsOn()) witnesses.Add(journal.Witness());
+    platform.witness = witnesses.OrNone();
+  }
 
   Databases databases;
+  PrintStop stop;
+  LockWaits lockWaits{stop};
+  PatientDatabase patientDatabases{databases, lockWaits};
   DocumentOutcome outcome;
   QtPictureFiles pictures;
   MessageBoxes messages;
   LocalMachine machine;
+  PrintJournal journal{outcome, machine};
+  WitnessGroup witnesses;
   QtWindows windows;
-  Platform platform{databases, pictures, messages, machine, windows};
+  PlaceKeeper placeKeeper;
+  Explainer explainer;
+  bool explains = false;
+  Platform platform{patientDatabases, pictures, messages, machine, windows};
 };
 
 DesktopPlatform::DesktopPlatform(DesktopOptions options)
@@ -54,8 +97,28 @@ Platform& DesktopPlatform::Get() {
   return parts_->platform;
 }
 
+void DesktopPlatform::PutOptions(DesktopOptions options) {
+  parts_->Put(Checked(std::move(options)));
+}
+
+RecordsetRef DesktopPlatform::Limited(RecordsetRef rows) {
+  return PatientRows(std::move(rows), parts_->lockWaits, parts_->stop);
+}
+
+void DesktopPlatform::CancelPrint(const std::string& reason) {
+  parts_->stop.Ask(reason);
+}
+
 RecordsetRef DesktopPlatform::OpenReadOnly(const std::string& connection, const std::string& sql) {
-  return parts_->databases.OpenReadOnly(connection, sql);
+  return parts_->lockWaits.Watch([&] { return parts_->databases.OpenReadOnly(connection, sql); });
+}
+
+Explanation DesktopPlatform::LastExplanation() const {
+  return parts_->explainer.Explain(parts_->databases);
+}
+
+RunPlace DesktopPlatform::CurrentPlace() const {
+  return parts_->CurrentPlace();
 }
 
 bool DesktopPlatform::HasDisplay() const {

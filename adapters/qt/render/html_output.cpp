@@ -1,12 +1,11 @@
 #include <QRegularExpression>
 #include <QString>
 #include <array>
-#include <charconv>
-#include <cmath>
 #include <map>
 #include <utility>
 
 #include "page_document/pictures.h"
+#include "render/number_text.h"
 #include "render/outputs.h"
 #include "render/picture_images.h"
 #include "render/text_layout.h"
@@ -16,25 +15,6 @@ namespace td {
 namespace {
 
 constexpr std::size_t kPartSize = 65536;  // of the file: what is handed on at a time
-
-// A length in twips, to a hundredth: finer than any output can show. Halves are rounded up.
-void AppendNumber(std::string& text, double number) {
-  constexpr double kPlaces = 100;
-  const double magnitude = std::abs(number);
-  const double scaled = magnitude * kPlaces;
-  const double whole = std::floor(scaled);
-  const double lost = std::fma(magnitude, kPlaces, -scaled);  // by the multiplication
-  const double rest = scaled - whole;
-  const bool roundsUp = rest > 0.5 || (rest == 0.5 && lost >= 0);
-  const auto hundredths = static_cast<std::int64_t>(whole) + (roundsUp ? 1 : 0);
-  if (number < 0 && hundredths != 0) text += '-';
-  std::array<char, 24> digits{};
-  text.append(digits.data(), std::to_chars(digits.begin(), digits.end(), hundredths / 100).ptr);
-  if (hundredths % 100 == 0) return;
-  text += '.';
-  text += static_cast<char>('0' + hundredths % 100 / 10);
-  if (hundredths % 10 != 0) text += static_cast<char>('0' + hundredths % 10);
-}
 
 std::string Number(double number) {
   std::string text;
@@ -71,11 +51,6 @@ void AppendEscaped(std::string& html, std::string_view text) {
   }
 }
 
-void AppendEscaped(std::string& html, const QString& text) {
-  const QByteArray bytes = text.toUtf8();
-  AppendEscaped(html, std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
-}
-
 std::string HexColour(const Colour& colour) {
   return QString("#%1%2%3")
       .arg(colour.red, 2, 16, QChar('0'))
@@ -93,7 +68,7 @@ QString Quoted(QString text) {
 // A bold that the family lacks is made by a stroke instead of the browser's own way, so that the
 // letters are as wide as in the other outputs, where they are struck twice.
 double BoldStroke(const Face& face) {
-  return face.syntheticBold ? face.raw.lineThickness() / 2 : 0;
+  return face.synthesis.emboldens ? face.raw.lineThickness() / 2 : 0;
 }
 
 std::string FontStyle(const Face& face) {
@@ -103,7 +78,7 @@ std::string FontStyle(const Face& face) {
   for (const QString& family : families.mid(1)) names += Quoted(family) + ',';
   std::string style =
       "font-family:" + names.toStdString() + "sans-serif;font-size:" + Number(face.size) + "px;";
-  if (face.syntheticBold) {
+  if (face.synthesis.emboldens) {
     style += "stroke:#000;stroke-width:" + Number(BoldStroke(face)) + ';';
   } else if (face.font.bold()) {
     style += "font-weight:bold;";
@@ -246,7 +221,7 @@ class HtmlWriter {
   void AddTexts(const std::vector<PlacedText>& texts, const Colour& colour) {
     const PlacedText* last = nullptr;
     for (const PlacedText& text : texts) {
-      if (text.text.isEmpty()) continue;
+      if (text.text.empty()) continue;
       if (last == nullptr || last->y != text.y) {
         if (last != nullptr) html_ += "</text>\n";
         html_ += "<text";
@@ -267,7 +242,7 @@ class HtmlWriter {
     if (last != nullptr) html_ += "</text>\n";
   }
 
-  const std::string& FontClass(const FaceRef& face) {
+  const std::string& FontClass(FaceRef face) {
     if (const auto known = fonts_.find(face); known != fonts_.end()) return known->second;
     const std::string& name =
         fonts_.emplace(face, "f" + std::to_string(fonts_.size())).first->second;

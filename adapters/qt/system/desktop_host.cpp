@@ -6,6 +6,7 @@
 #include "qt/preview/page_setup_dialog.h"
 #include "qt/render/outputs.h"
 #include "qt/system/application.h"
+#include "qt/system/call_listener.h"
 #include "qt/system/device_failure.h"
 #include "qt/system/document_printing.h"
 #include "qt/system/export_folder.h"
@@ -46,19 +47,23 @@ void DesktopHost::Print(PageDocument& document, bool withDialog) {
   DocumentOutcome untold;
   DocumentOutcome& outcome = settings_.outcome != nullptr ? *settings_.outcome : untold;
   BeginOutcome(outcome, document.PageCount());
+  if (settings_.listener != nullptr) settings_.listener->PrintBegins();
   try {
     Deliver(document, withDialog, outcome);
   } catch (const std::exception& failure) {
     outcome.delivery = Delivery::kRefused;
     outcome.reason = failure.what();
+    if (settings_.listener != nullptr) settings_.listener->PrintEnds();
     throw;
   }
+  if (settings_.listener != nullptr) settings_.listener->PrintEnds();
   if (outcome.IsDelivered() && settings_.onPrinted) settings_.onPrinted();
 }
 
 void DesktopHost::Deliver(PageDocument& document, bool withDialog, DocumentOutcome& outcome) {
   if (settings_.documentSink) {
     settings_.documentSink(document);
+    outcome.file = settings_.sinkTarget;
     outcome.delivery = Delivery::kSink;
     return;
   }
@@ -82,7 +87,11 @@ void DesktopHost::Deliver(PageDocument& document, bool withDialog, DocumentOutco
     throw DeviceFailure(kInvalidCall, "所选的范围里没有要打印的页。");
   }
   const bool isForFile = !choice.pdfFile.empty();
-  if (!isForFile) outcome.printer = choice.printer;
+  if (isForFile) {
+    outcome.file = choice.pdfFile;
+  } else {
+    outcome.printer = choice.printer;
+  }
   PrintDocument(document, choice, &outcome.jobs);
   outcome.delivery = isForFile ? Delivery::kFile : Delivery::kPrinter;
 }
@@ -127,6 +136,7 @@ void DesktopHost::PointerChanged(std::int32_t shape) {
 
 void DesktopHost::Complain(const std::string& text) {
   if (!complaints_.insert(text).second) return;
+  if (settings_.outcome != nullptr) settings_.outcome->complaints.push_back(text);
   if (settings_.onComplaint) {
     settings_.onComplaint(text);
   } else {

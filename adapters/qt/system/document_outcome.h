@@ -22,8 +22,12 @@ struct DocumentOutcome {
   std::string printer;    // that was chosen; empty: none was asked
   std::vector<int> jobs;  // their numbers in the printing system; pages on different sheets are
                           // jobs of their own, in the document's order
+  std::string file;       // that was written in a printer's place, as far as it is known
   std::string reason;     // of a refusal, as it is shown
-  int messages = 0;       // shown since the print call began, as a box or as a line
+  int messages = 0;       // shown since the print call began, in whatever way
+  std::vector<std::string> texts;       // of these messages, in their order
+  std::vector<std::string> places;      // where the print was at each of them, in words, or empty
+  std::vector<std::string> complaints;  // what the document goes on without, in words
 
   // Whether all pages that were asked for have gone where they were to go.
   [[nodiscard]] bool IsDelivered() const {
@@ -32,11 +36,14 @@ struct DocumentOutcome {
   }
 };
 
-// A document of so many pages that was not printed yet; its messages stay.
+// A document of so many pages that was not printed yet; what was said of it stays.
 inline void BeginOutcome(DocumentOutcome& outcome, int pages) {
   DocumentOutcome begun;
   begun.pages = pages;
   begun.messages = outcome.messages;
+  begun.texts = std::move(outcome.texts);
+  begun.places = std::move(outcome.places);
+  begun.complaints = std::move(outcome.complaints);
   outcome = std::move(begun);
 }
 

@@ -8,10 +8,10 @@
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
-#include <system_error>
 
 #include "files/descriptor.h"
 #include "files/file_error.h"
+#include "files/private_folder.h"
 #include "files/whole_file.h"
 #include "qt/system/device_failure.h"
 
@@ -35,16 +35,6 @@ std::string HomeFolder() {
   return user != nullptr && user->pw_dir != nullptr ? user->pw_dir : std::string();
 }
 
-void MakePrivateFolders(const fs::path& folder) {
-  if (folder.has_parent_path() && folder.parent_path() != folder) {
-    std::error_code error;
-    if (!fs::is_directory(folder.parent_path(), error)) MakePrivateFolders(folder.parent_path());
-  }
-  if (mkdir(folder.c_str(), S_IRWXU) != 0 && errno != EEXIST) {
-    throw SavingFailure(kPathNotFound, folder.string(), ReasonOf(errno));
-  }
-}
-
 }  // namespace
 
 std::string DefaultStateFolder() {
@@ -65,7 +55,9 @@ std::string FileNameOf(const std::string& path) {
 
 void WritePrivateFile(const std::string& folder, const std::string& name, const FileWriter& write) {
   const fs::path withoutSlash = fs::path(folder + "/").parent_path();
-  MakePrivateFolders(withoutSlash);
+  if (const std::string failed = MakePrivateFolder(withoutSlash.string()); !failed.empty()) {
+    throw SavingFailure(kPathNotFound, failed, ReasonOf(errno));
+  }
   const Descriptor directory(
       open(withoutSlash.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
   if (!directory.IsOpen()) throw SavingFailure(kPathNotFound, folder, ReasonOf(errno));

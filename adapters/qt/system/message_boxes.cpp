@@ -29,10 +29,17 @@ QMessageBox::Icon IconOf(int style) {
 
 void MessageBoxes::ShowBox(const std::string& text, int style) {
   ++shown_;
-  if (outcome_ != nullptr) ++outcome_->messages;
+  const std::string place = place_ ? place_() : std::string();
+  if (outcome_ != nullptr) {
+    ++outcome_->messages;
+    outcome_->texts.push_back(text);
+    outcome_->places.push_back(place);
+  }
+  if (mode_ == MessageMode::kCollected) return;
   const QString words = QString::fromStdString(text);
-  if (!boxesAllowed_ || !HasWindowSystem()) {
-    std::fprintf(stderr, "%s\n", words.simplified().toUtf8().constData());
+  if (mode_ == MessageMode::kStandardError || !HasWindowSystem()) {
+    const QString note = place.empty() ? QString() : QString::fromStdString(" (" + place + ")");
+    std::fprintf(stderr, "%s\n", (words + note).simplified().toUtf8().constData());
     return;
   }
   QMessageBox box(IconOf(style), QGuiApplication::applicationDisplayName(), words,

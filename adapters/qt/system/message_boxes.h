@@ -1,20 +1,33 @@
 // Messages for the user.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "platform/platform.h"
 #include "qt/system/document_outcome.h"
 
 namespace td {
 
-// Shows a box where windows can be shown, otherwise writes the text as one line to standard error.
+enum class MessageMode {
+  kAutomatic,      // a message box if there is a window system, otherwise as kStandardError
+  kStandardError,  // one line on standard error for each message, whatever display there is
+  kCollected,      // nobody sees them: the document's outcome has their texts
+};
+
 class MessageBoxes : public Messages {
  public:
-  // With `boxesAllowed` False, every message is a line. The messages of a document are counted in
-  // its outcome, if there is one, which outlives this object.
-  explicit MessageBoxes(bool boxesAllowed, DocumentOutcome* outcome = nullptr)
-      : boxesAllowed_(boxesAllowed), outcome_(outcome) {}
+  // The messages of a document are kept in its outcome, if there is one, which outlives this
+  // object.
+  explicit MessageBoxes(MessageMode mode, DocumentOutcome* outcome = nullptr)
+      : mode_(mode), outcome_(outcome) {}
+
+  void PutMode(MessageMode mode) { mode_ = mode; }
+
+  // Tells where a print is, in one line, or nothing: a line on standard error adds it to the text.
+  // A box doesn't, since the user of the box sees what is printed.
+  void PutPlace(std::function<std::string()> place) { place_ = std::move(place); }
 
   // The icon is that of the style's second hexadecimal digit: 1 stop, 2 question, 3 warning,
   // 4 information; any other style has none. The box bears the program's name.
@@ -23,8 +36,9 @@ class MessageBoxes : public Messages {
   [[nodiscard]] int Shown() const { return shown_; }
 
  private:
-  bool boxesAllowed_;
+  MessageMode mode_;
   DocumentOutcome* outcome_;
+  std::function<std::string()> place_;
   int shown_ = 0;
 };
 

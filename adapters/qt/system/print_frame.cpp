@@ -1,18 +1,33 @@
 #include "qt/system/print_frame.h"
 
 #include <QEventLoop>
+#include <utility>
 
 #include "platform/failure.h"
 #include "qt/system/application.h"
+#include "qt/system/call_listener.h"
+#include "qt/system/print_stop.h"
 
 namespace td {
 
 void ReportingDocument::Report(int page) {
   if (settings_.outcome != nullptr) settings_.outcome->pages = page;
-  if (settings_.onPage) settings_.onPage(page);
+  if (!settings_.onPage) {
+    CheckStop();
+  } else if (settings_.stop == nullptr) {
+    settings_.onPage(page);
+  } else {
+    settings_.stop->Run([&] { settings_.onPage(page); });
+  }
+}
+
+void ReportingDocument::CheckStop() const {
+  if (settings_.stop != nullptr) settings_.stop->Check();
 }
 
 void ReportingDocument::StartDoc() {
+  CheckStop();
+  if (settings_.listener != nullptr) settings_.listener->DocumentBegins();
   if (settings_.outcome != nullptr) BeginOutcome(*settings_.outcome, 0);
   PageDocument::StartDoc();
 }
@@ -25,16 +40,29 @@ void ReportingDocument::NewPage() {
 
 void ReportingDocument::EndDoc() {
   PageDocument::EndDoc();
+  if (settings_.listener != nullptr) settings_.listener->DocumentEnds();
   Report(PageCount());
 }
 
-QtPrintFrame::QtPrintFrame(const FrameSettings& settings, Messages& messages,
+QtPrintFrame::QtPrintFrame(std::shared_ptr<const FrameSettings> settings, Messages& messages,
                            const BarcodeSettings& barcodeSettings)
-    : messages_(messages),
-      host_(settings, messages),
-      document_(host_, settings),
+    : settings_(std::move(settings)),
+      messages_(messages),
+      host_(*settings_, messages),
+      document_(host_, *settings_),
       barcode_(barcodeSettings, [this](const std::string& reason) { host_.Complain(reason); }) {
-  if (settings.outcome != nullptr) *settings.outcome = {};
+  if (settings_->outcome != nullptr) *settings_->outcome = {};
+  if (settings_->listener != nullptr) settings_->listener->CallBegins();
+  BeginAction();
+}
+
+QtPrintFrame::~QtPrintFrame() {
+  if (settings_->stop != nullptr) settings_->stop->End();
+  if (settings_->listener != nullptr) settings_->listener->CallEnds();
+}
+
+void QtPrintFrame::BeginAction() const {
+  if (settings_->stop != nullptr) settings_->stop->Begin();
 }
 
 void QtPrintFrame::MakeWindow() {
@@ -58,6 +86,7 @@ void QtPrintFrame::ShowModal() {
     messages_.ShowBox(failure.Description(), kInformationIcon);
     throw failure;
   }
+  if (settings_->listener != nullptr) settings_->listener->PreviewBegins();
   isUnloaded_ = false;
   wasActivated_ = false;
   failureOfActivation_ = nullptr;
@@ -92,6 +121,7 @@ void QtPrintFrame::Unload() {
 void QtPrintFrame::Activate() {
   const bool isFirst = !wasActivated_;
   wasActivated_ = true;
+  BeginAction();
   try {
     if (events_.Activate) events_.Activate();
   } catch (...) {
@@ -106,6 +136,7 @@ void QtPrintFrame::Activate() {
 }
 
 void QtPrintFrame::PressButton(std::string_view key) {
+  BeginAction();
   try {
     if (events_.ButtonPressed) events_.ButtonPressed(key);
   } catch (...) {

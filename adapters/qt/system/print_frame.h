@@ -20,6 +20,7 @@ namespace td {
 // A document that tells of its beginning and of each page that the run has finished.
 class ReportingDocument : public PageDocument {
  public:
+  // The settings outlive the document.
   ReportingDocument(DocumentHost& host, const FrameSettings& settings)
       : PageDocument(host), settings_(settings) {}
 
@@ -29,15 +30,19 @@ class ReportingDocument : public PageDocument {
 
  private:
   void Report(int page);
+  void CheckStop() const;
 
   const FrameSettings& settings_;
 };
 
 class QtPrintFrame : public PrintFrame {
  public:
-  // Both outlive the frame. Needs EnsureApplication().
-  QtPrintFrame(const FrameSettings& settings, Messages& messages,
+  // `messages` outlives the frame. Needs EnsureApplication().
+  QtPrintFrame(std::shared_ptr<const FrameSettings> settings, Messages& messages,
                const BarcodeSettings& barcodeSettings);
+  ~QtPrintFrame() override;
+  QtPrintFrame(const QtPrintFrame&) = delete;
+  QtPrintFrame& operator=(const QtPrintFrame&) = delete;
 
   void Connect(PrintFrameEvents events) override { events_ = std::move(events); }
 
@@ -59,7 +64,9 @@ class QtPrintFrame : public PrintFrame {
   void Activate();
   void PressButton(std::string_view key);
   void ShowFailure(const std::exception_ptr& failure);
+  void BeginAction() const;
 
+  std::shared_ptr<const FrameSettings> settings_;
   Messages& messages_;
   DesktopHost host_;
   ReportingDocument document_;

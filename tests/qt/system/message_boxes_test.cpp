@@ -9,7 +9,7 @@ namespace {
 
 // There is no application in this program, and so no window system.
 TEST(Messages, AreLinesOnStandardErrorWithoutAWindowSystem) {
-  MessageBoxes messages(true);
+  MessageBoxes messages(MessageMode::kAutomatic);
   testing::internal::CaptureStderr();
   messages.ShowBox("未指定套打格式，打印被取消！", kInformationIcon);
   messages.ShowBox("两行\r\n文字", kInformationIcon);
