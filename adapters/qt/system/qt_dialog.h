@@ -3,6 +3,7 @@
 
 #include <exception>
 #include <memory>
+#include <utility>
 
 #include "dialogs/dialog_contents.h"
 #include "page_document/page_document.h"
@@ -16,9 +17,13 @@ namespace td {
 // be shown, ShowModal and all that concerns controls fail with kInvalidCall.
 class QtDialog : public Dialog {
  public:
-  // All three outlive the dialog. Needs EnsureApplication().
-  QtDialog(const DialogContents& contents, const FrameSettings& settings, Messages& messages)
-      : contents_(contents), host_(settings, messages), surface_(host_) {}
+  // `contents` and `messages` outlive the dialog. Needs EnsureApplication().
+  QtDialog(const DialogContents& contents, std::shared_ptr<const FrameSettings> settings,
+           Messages& messages)
+      : contents_(contents),
+        settings_(std::move(settings)),
+        host_(*settings_, messages),
+        surface_(host_) {}
 
   void Connect(DialogEvents events) override { events_ = std::move(events); }
 
@@ -47,6 +52,7 @@ class QtDialog : public Dialog {
   void React(const std::function<void()>& reaction);
 
   const DialogContents& contents_;
+  std::shared_ptr<const FrameSettings> settings_;
   DesktopHost host_;
   PageDocument surface_;
   DialogEvents events_;

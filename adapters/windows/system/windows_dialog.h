@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <utility>
 
 #include "dialogs/dialog_contents.h"
 #include "page_document/page_document.h"
@@ -16,9 +17,13 @@ namespace td {
 // when the window went down with the program's window behind it.
 class WindowsDialog : public Dialog {
  public:
-  // All three outlive the dialog.
-  WindowsDialog(const DialogContents& contents, const FrameSettings& settings, Messages& messages)
-      : contents_(contents), host_(settings, messages), surface_(host_) {}
+  // `contents` and `messages` outlive the dialog.
+  WindowsDialog(const DialogContents& contents, std::shared_ptr<const FrameSettings> settings,
+                Messages& messages)
+      : contents_(contents),
+        settings_(std::move(settings)),
+        host_(*settings_, messages),
+        surface_(host_) {}
 
   void Connect(DialogEvents events) override { events_ = std::move(events); }
 
@@ -45,6 +50,7 @@ class WindowsDialog : public Dialog {
   DialogWindow& Window();
 
   const DialogContents& contents_;
+  std::shared_ptr<const FrameSettings> settings_;
   DesktopHost host_;
   PageDocument surface_;
   DialogEvents events_;
