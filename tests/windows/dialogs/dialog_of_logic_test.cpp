@@ -96,6 +96,21 @@ TEST_F(DialogOfLogic, EverySelectionOfTheLogicOrTheUserIsAClick) {
   EXPECT_EQ(dialog_->ListText("cmbTdBillName"), "乙");
 }
 
+TEST_F(DialogOfLogic, AnEntryIsChosenByTheMouse) {
+  Show(
+      [this] {
+        for (const char* entry : {"甲", "乙", "丙"}) dialog_->AddItem("cmbTdBillName", entry);
+      },
+      [this](DialogUser& user) {
+        user.ClickEntry("cmbTdBillName", 1);
+        EXPECT_TRUE(WaitFor([this] { return count_ == 1; }));
+        EXPECT_EQ(user.SelectedText("cmbTdBillName"), "乙");
+        user.Click("cmdOk");
+        EXPECT_TRUE(WaitFor([this] { return count_ == 2; }));
+      });
+  EXPECT_EQ(clicked_, (Texts{"cmbTdBillName", "cmdOk"})) << "told once";
+}
+
 TEST_F(DialogOfLogic, AnOpenedListThatIsLeftKeepsWhatItHad) {
   Show(
       [this] {
@@ -203,7 +218,7 @@ TEST_F(DialogOfLogic, RefusesEntriesOptionsAndControlsThatItDoesNotHave) {
 class DialogOfProgram : public DialogOfLogic {
  protected:
   DialogOfProgram()
-      : window_(CreateWindowExW(0, L"#32770", L"program", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 40, 40,
+      : window_(CreateWindowExW(0, L"Static", L"program", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 40, 40,
                                 700, 600, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr)),
         box_(CreateWindowExW(0, L"Edit", L"", WS_CHILD | WS_VISIBLE, 10, 10, 100, 30, window_,
                              nullptr, GetModuleHandleW(nullptr), nullptr)) {

@@ -195,6 +195,18 @@ void DialogUser::Choose(std::string_view list, const std::string& entry) {
   EXPECT_TRUE(WaitFor([&] { return !IsOpened(list) && SelectedText(list) == entry; })) << list;
 }
 
+void DialogUser::ClickEntry(std::string_view list, int index) {
+  const HWND control = Control(list);
+  ClickAt(control, Middle(control));
+  ASSERT_TRUE(WaitFor([&] { return IsOpened(list); })) << list;
+  COMBOBOXINFO parts{};
+  parts.cbSize = sizeof parts;
+  GetComboBoxInfo(control, &parts);
+  const auto line = static_cast<LONG>(SendMessageW(control, CB_GETITEMHEIGHT, 0, 0));
+  ClickAt(parts.hwndList, {line, index * line + line / 2});
+  EXPECT_TRUE(WaitFor([&] { return !IsOpened(list) && Selected(list) == index; })) << list;
+}
+
 void DialogUser::TurnWheelOver(std::string_view name) {
   TakeForeground();
   POINT middle = Middle(Control(name));

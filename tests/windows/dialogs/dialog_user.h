@@ -31,6 +31,8 @@ class DialogUser {
   void Type(std::string_view box, const std::string& text);
   // The list opened, and the entry chosen in it with the keyboard.
   void Choose(std::string_view list, const std::string& entry);
+  // The same with the mouse alone.
+  void ClickEntry(std::string_view list, int index);
   // Puts the focus there without a click.
   void Focus(std::string_view name, int option = 0);
   void Press(WORD key, WORD modifier = 0);

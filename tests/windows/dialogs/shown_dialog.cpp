@@ -51,9 +51,16 @@ class Beside {
             step();
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
           }
+          hasEnded_ = true;
         }) {}
+  // Meanwhile this thread answers what the other one asks its windows.
   ~Beside() {
     isOver_ = true;
+    while (!hasEnded_) {
+      MSG message;
+      PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);
+      std::this_thread::yield();
+    }
     thread_.join();
   }
   Beside(const Beside&) = delete;
@@ -61,6 +68,7 @@ class Beside {
 
  private:
   std::atomic<bool> isOver_ = false;
+  std::atomic<bool> hasEnded_ = false;
   std::thread thread_;
 };
 
