@@ -102,6 +102,7 @@ void ChoiceList::Place(const RECT& place, int padding) {
   const LONG line = TextSize(FontOf(control_), L"套").cy + padding;
   const LONG height = place.bottom - place.top;
   SendMessageW(control_, CB_SETITEMHEIGHT, 0, line);
+  WidenOpened();
   MoveWindow(control_, place.left, place.top, place.right - place.left,
              height + kMostOpenLines * line, TRUE);
   // The field is given its height by what the control adds to it.
@@ -110,24 +111,25 @@ void ChoiceList::Place(const RECT& place, int padding) {
   const LRESULT field = SendMessageW(control_, CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0);
   SendMessageW(control_, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),
                field + height - (closed.bottom - closed.top));
-  WidenOpened(padding);
   TellWholeEntry();
 }
 
 // Room for the longest entry, however narrow the closed list is.
-void ChoiceList::WidenOpened(int padding) const {
+void ChoiceList::WidenOpened() const {
   LONG needed = 0;
   for (const std::string& entry : entries_) {
     needed = std::max(needed, TextSize(FontOf(control_), ToWide(entry)).cx);
   }
   const int beside =
-      GetSystemMetricsForDpi(SM_CXVSCROLL, GetDpiForWindow(control_)) + 2 * (kBesideText + padding);
+      GetSystemMetricsForDpi(SM_CXVSCROLL, GetDpiForWindow(control_)) + 4 * kBesideText;
   MONITORINFO monitor{};
   monitor.cbSize = sizeof monitor;
   GetMonitorInfoW(MonitorFromWindow(control_, MONITOR_DEFAULTTONEAREST), &monitor);
   const LONG most = monitor.rcWork.right - monitor.rcWork.left;
-  SendMessageW(control_, CB_SETDROPPEDWIDTH,
-               static_cast<WPARAM>(std::min<LONG>(needed + beside, most)), 0);
+  const LONG width = std::min<LONG>(needed + beside, most);
+  // Not every system takes the same width twice.
+  if (SendMessageW(control_, CB_GETDROPPEDWIDTH, 0, 0) == width) return;
+  SendMessageW(control_, CB_SETDROPPEDWIDTH, static_cast<WPARAM>(width), 0);
 }
 
 void ChoiceList::TellWholeEntry() {
@@ -169,7 +171,7 @@ bool ChoiceList::Notified(int notification) {
     case CBN_DROPDOWN:
       isOpen_ = true;
       selectedBefore_ = Selected();
-      WidenOpened(0);
+      WidenOpened();
       return false;
     case CBN_SELENDCANCEL:
       if (isOpen_) SendMessageW(control_, CB_SETCURSEL, static_cast<WPARAM>(selectedBefore_), 0);

@@ -44,7 +44,7 @@ class ChoiceList {
   [[nodiscard]] bool Notified(int notification);
 
  private:
-  void WidenOpened(int padding) const;
+  void WidenOpened() const;
   void TellWholeEntry();
   [[nodiscard]] bool IsSameEntryChosen() const;
 

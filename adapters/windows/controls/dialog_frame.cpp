@@ -86,9 +86,9 @@ void DialogFrame::ShowModal() {
     ModalLoop loop(window_);
     loop_ = &loop;
     PlaceBeforeOwner();
-    SetFocus(GetNextDlgTabItem(window_, nullptr, FALSE));
     ShowWindow(window_, SW_SHOW);
     SetForegroundWindow(window_);
+    SetFocus(GetNextDlgTabItem(window_, nullptr, FALSE));
     loop.Run();
     Close();
     loop_ = nullptr;

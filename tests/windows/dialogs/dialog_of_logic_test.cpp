@@ -4,6 +4,8 @@
 
 #include "platform/standard_failures.h"
 #include "shown_dialog.h"
+#include "windows/api/wide_text.h"
+#include "windows/controls/text_fitting.h"
 
 namespace td {
 namespace {
@@ -109,6 +111,25 @@ TEST_F(DialogOfLogic, AnEntryIsChosenByTheMouse) {
         EXPECT_TRUE(WaitFor([this] { return count_ == 2; }));
       });
   EXPECT_EQ(clicked_, (Texts{"cmbTdBillName", "cmdOk"})) << "told once";
+}
+
+TEST_F(DialogOfLogic, AnOpenedListHasRoomForItsLongestEntry) {
+  const std::string longest =
+      "\\\\打印服务器\\华东分公司二号仓库针式打印机（销售订单三联专用，请勿移动）";
+  Show([&] { dialog_->AddItem("cmbTdBillName", longest); },
+       [&](DialogUser& user) {
+         const HWND list = user.Control("cmbTdBillName");
+         const auto font = reinterpret_cast<HFONT>(SendMessageW(list, WM_GETFONT, 0, 0));
+         user.Focus("cmbTdBillName");
+         user.Press(VK_DOWN, VK_MENU);
+         EXPECT_TRUE(WaitFor([&] { return user.IsOpened("cmbTdBillName"); }));
+         COMBOBOXINFO parts{};
+         parts.cbSize = sizeof parts;
+         GetComboBoxInfo(list, &parts);
+         RECT opened{};
+         GetClientRect(parts.hwndList, &opened);
+         EXPECT_GE(opened.right, TextSize(font, ToWide(longest)).cx);
+       });
 }
 
 TEST_F(DialogOfLogic, AnOpenedListThatIsLeftKeepsWhatItHad) {

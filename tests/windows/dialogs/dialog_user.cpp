@@ -81,6 +81,13 @@ std::wstring EntryText(HWND list, int index) {
   return text;
 }
 
+BOOL CALLBACK AddIfShown(HWND window, LPARAM found) {
+  if (IsWindowVisible(window) != FALSE) {
+    reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
+  }
+  return TRUE;
+}
+
 POINT Middle(HWND control) {
   RECT place{};
   GetClientRect(control, &place);
@@ -100,15 +107,7 @@ bool WaitFor(const std::function<bool()>& condition) {
 
 std::vector<HWND> ShownWindows(DWORD thread) {
   std::vector<HWND> windows;
-  EnumThreadWindows(
-      thread,
-      [](HWND window, LPARAM found) -> BOOL {
-        if (IsWindowVisible(window) != FALSE) {
-          reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
-        }
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&windows));
+  EnumThreadWindows(thread, AddIfShown, reinterpret_cast<LPARAM>(&windows));
   return windows;
 }
 
