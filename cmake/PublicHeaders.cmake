@@ -6,7 +6,6 @@ set(qbtd_public_headers
   adapters/explanation/explanation_text.h
   adapters/explanation/language.h
   adapters/explanation/run_place.h
-  adapters/files/descriptor.h
   adapters/files/written_bytes.h
   adapters/memory_rows/column_names.h
   adapters/memory_rows/memory_recordset.h
@@ -16,10 +15,12 @@ set(qbtd_public_headers
   adapters/page_document/document_host.h
   adapters/page_document/drawing.h
   adapters/page_document/page_document.h
+  adapters/page_document/page_refs.h
   adapters/page_document/paper.h
+  adapters/page_outputs/document_files.h
+  adapters/print_calls/document_outcome.h
+  adapters/print_calls/kept_messages.h
   adapters/qt/render/outputs.h
-  adapters/qt/system/document_outcome.h
-  adapters/qt/system/message_boxes.h
   server/client/client.h
   server/client/recordsets.h
   server/interface/binary_interface.h

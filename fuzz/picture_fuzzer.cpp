@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "picture_headers/picture_headers.h"
 #include "pictures/picture_decoder.h"
-#include "pictures/picture_headers.h"
 #include "platform/failure.h"
 
 namespace {

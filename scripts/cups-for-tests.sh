@@ -8,6 +8,7 @@
 #   QbTd-Office   the same, on a printer with two trays that prints on both sides
 #   QbTd-Refusing takes no jobs
 #   QbTd-Form     as QbTd-PDF; its own sheet is a form of 230 by 127 mm
+#   QbTd-Bill     the same, on a printer whose driver has a form of 241 by 140 mm
 set -euo pipefail
 
 readonly output=/var/spool/cups-pdf/qbtd
@@ -101,3 +102,11 @@ has_queue QbTd-Form || {
   make_queue QbTd-Form "$driver"
   lpadmin -p QbTd-Form -o media-default=Custom.230x127mm
 }
+# The form's size in points.
+readonly bill='683.15 396.85'
+has_queue QbTd-Bill || make_queue_with QbTd-Bill \
+  -e 's/421 595/420 595/g' \
+  -e "s|^\*PageSize A4/|*PageSize Bill/241 x 140 mm: \"<</PageSize[$bill]/ImagingBBox null>>setpagedevice\"\n&|" \
+  -e "s|^\*PageRegion A4/|*PageRegion Bill/241 x 140 mm: \"<</PageSize[$bill]/ImagingBBox null>>setpagedevice\"\n&|" \
+  -e "s|^\*ImageableArea A4/|*ImageableArea Bill/241 x 140 mm: \"18 18 665.15 378.85\"\n&|" \
+  -e "s|^\*PaperDimension A4/|*PaperDimension Bill/241 x 140 mm: \"$bill\"\n&|"

@@ -1,6 +1,7 @@
 #!/bin/bash
 # Installs every Debian package that building, testing and printing the samples needs.
 # The one place where packages are named. Run as root or by a user with sudo.
+#   scripts/install-packages.sh [windows]    windows: also what the build for Windows needs
 set -euo pipefail
 
 packages=(
@@ -26,6 +27,17 @@ packages=(
   # what the tests and benchmarks are written with, and what they read the results with
   libgtest-dev libbenchmark-dev poppler-utils zbar-tools imagemagick chromium sqlite3 xvfb
 )
+
+if [ "${1:-}" = windows ]; then
+  packages+=(
+    # the cross compilers for both architectures
+    g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix binutils-mingw-w64
+    # what takes the sources of SQLite and zint, and makes SQLite's one file of its many
+    dpkg-dev gcc libc6-dev make patch xz-utils tcl
+    # what the tests run in
+    wine wine64 fonts-wine x11-utils xdotool
+  )
+fi
 
 missing=()
 for package in "${packages[@]}"; do

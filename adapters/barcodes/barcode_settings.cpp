@@ -1,17 +1,12 @@
 #include "barcodes/barcode_settings.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstdlib>
 #include <sstream>
 #include <string_view>
 
 #include "barcodes/code_symbol.h"
-#include "files/descriptor.h"
 #include "files/file_error.h"
-#include "files/read_file.h"
+#include "files/path_text.h"
+#include "files/user_files.h"
 #include "platform/failure.h"
 #include "platform/standard_failures.h"
 
@@ -71,13 +66,9 @@ bool ApplyLine(std::string_view line, BarcodeSettings& settings) {
 // Empty where there is no file, or none that could be seen.
 std::string ContentOf(const std::filesystem::path& file) {
   try {
-    const Descriptor opened(open(file.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-    if (opened.IsOpen()) return ReadRegularFile(opened, kLargestFile);
-    const int error = errno;
-    if (access(file.c_str(), F_OK) != 0) return {};
-    throw FileError(error);
+    return ReadUserFile(file, kLargestFile).value_or("");
   } catch (const FileError& error) {
-    throw Failure(kInvalidCall, WithoutLockCharacter("无法读取条码设置文件“" + file.string() +
+    throw Failure(kInvalidCall, WithoutLockCharacter("无法读取条码设置文件“" + TextOf(file) +
                                                      "”：" + error.what() + "。"));
   }
 }
@@ -85,17 +76,8 @@ std::string ContentOf(const std::filesystem::path& file) {
 }  // namespace
 
 std::filesystem::path BarcodeSettingsFile() {
-  const char* config = std::getenv("XDG_CONFIG_HOME");
-  const char* home = std::getenv("HOME");
-  std::filesystem::path folder;
-  if (config != nullptr && *config != '\0') {
-    folder = config;
-  } else if (home != nullptr && *home != '\0') {
-    folder = std::filesystem::path(home) / ".config";
-  } else {
-    return {};
-  }
-  return folder / "qbtdprinter" / "barcode.conf";
+  const std::filesystem::path folder = UserConfigFolder();
+  return folder.empty() ? folder : folder / "qbtdprinter" / "barcode.conf";
 }
 
 BarcodeSettings ReadBarcodeSettings(const std::filesystem::path& file) {

@@ -17,8 +17,8 @@ struct BarcodeSettings {
   bool operator==(const BarcodeSettings&) const = default;
 };
 
-// The file $XDG_CONFIG_HOME/qbtdprinter/barcode.conf, or ~/.config/… without that variable.
-// Empty when there is neither variable nor home.
+// The file qbtdprinter/barcode.conf in the user's folder of settings (files/user_files.h). Empty
+// when there is no such folder.
 [[nodiscard]] std::filesystem::path BarcodeSettingsFile();
 
 // Reads lines "name = value" of the names symbology, bars, background (both "#rrggbb"; background

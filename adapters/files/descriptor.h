@@ -3,6 +3,7 @@
 
 #include <unistd.h>
 
+#include <string_view>
 #include <utility>
 
 namespace td {
@@ -27,5 +28,9 @@ class Descriptor {
  private:
   int number_;
 };
+
+// Writes all bytes, waiting for a slow reader. A reader that has gone and a limit of the file's
+// size are failures like any other and end no process. Fails with FileError.
+void WriteBytes(const Descriptor& file, std::string_view bytes);
 
 }  // namespace td

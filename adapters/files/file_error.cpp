@@ -1,7 +1,6 @@
 #include "files/file_error.h"
 
 #include <cerrno>
-#include <cstring>
 
 namespace td {
 
@@ -22,8 +21,6 @@ std::string ReasonOf(int number) {
       return "磁盘是只读的";
     case ENOSPC:
       return "磁盘空间不足";
-    case EDQUOT:
-      return "磁盘配额已用完";
     case EFBIG:
       return "文件太大";
     case ENAMETOOLONG:
@@ -39,7 +36,7 @@ std::string ReasonOf(int number) {
     case EIO:
       return "设备读写失败";
     default:
-      return std::strerror(number);
+      return SystemReasonOf(number);
   }
 }
 

@@ -9,6 +9,9 @@ namespace td {
 // The reason for an error number of the system, in words for the user: "磁盘空间不足".
 [[nodiscard]] std::string ReasonOf(int number);
 
+// The same in the system's own words, for the numbers that are rare.
+[[nodiscard]] std::string SystemReasonOf(int number);
+
 // Names no file: who catches it knows the path that the user knows. what() is ReasonOf(Number()).
 class FileError : public std::runtime_error {
  public:

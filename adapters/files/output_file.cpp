@@ -11,7 +11,9 @@
 #include <optional>
 #include <system_error>
 
+#include "files/descriptor.h"
 #include "files/file_error.h"
+#include "files/whole_file.h"
 
 namespace td {
 namespace {
@@ -103,6 +105,17 @@ void WriteOutput(const std::string& path, const FileWriter& write) {
   } else {
     WriteDirectly(Descriptor(open(target.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC)), write);
   }
+}
+
+void MakeOutputFolder(const std::string& path) {
+  std::error_code error;
+  fs::create_directory(path, error);
+  if (error) throw FileError(error == std::errc::file_exists ? ENOTDIR : error.value());
+}
+
+bool RemoveOutput(const std::string& path) {
+  std::error_code error;
+  return fs::is_regular_file(fs::symlink_status(path, error)) && fs::remove(path, error);
 }
 
 }  // namespace td

@@ -7,6 +7,7 @@
 
 #include <string>
 
+#include "files/descriptor.h"
 #include "files/written_bytes.h"
 
 namespace td {

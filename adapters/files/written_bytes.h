@@ -4,8 +4,6 @@
 #include <functional>
 #include <string_view>
 
-#include "files/descriptor.h"
-
 namespace td {
 
 // Takes the bytes of a file as they come, in parts of any size.
@@ -15,10 +13,8 @@ using ByteSink = std::function<void(std::string_view bytes)>;
 using FileWriter = std::function<void(const ByteSink& sink)>;
 
 // A writer of what is there already; the bytes outlive it.
-[[nodiscard]] FileWriter WriterOf(std::string_view bytes);
-
-// Writes all bytes, waiting for a slow reader. A reader that has gone and a limit of the file's
-// size are failures like any other and end no process. Fails with FileError.
-void WriteBytes(const Descriptor& file, std::string_view bytes);
+[[nodiscard]] inline FileWriter WriterOf(std::string_view bytes) {
+  return [bytes](const ByteSink& sink) { sink(bytes); };
+}
 
 }  // namespace td

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "odbc/sql_server_driver.h"
 #include "sql_support/connection_entries.h"
 #include "sql_support/sql_scanner.h"
 
@@ -53,12 +54,8 @@ void AddServer(std::string& text, std::string_view server) {
   const auto comma = server.find(',');
   std::string_view host = server.substr(0, comma);
   if (host == "." || EqualWords(host, "(local)")) host = "localhost";
-  text.append("Server=").append(host).append(";");
-  if (comma != std::string_view::npos) {
-    text.append("Port=").append(server.substr(comma + 1)).append(";");
-  } else if (host.find('\\') == std::string_view::npos) {
-    text += "Port=1433;";
-  }
+  const bool hasPort = comma != std::string_view::npos;
+  text += SqlServerAddress(host, hasPort ? server.substr(comma + 1) : std::string_view());
 }
 
 void AddUser(std::string& text, const Entries& entries) {
@@ -68,14 +65,16 @@ void AddUser(std::string& text, const Entries& entries) {
 }
 
 std::string SqlServerText(const Entries& entries) {
-  if (!Find(entries, {"Integrated Security", "Trusted_Connection"}).empty()) {
+  const bool asSystemUser = !Find(entries, {"Integrated Security", "Trusted_Connection"}).empty();
+  if (asSystemUser && SystemUserLogOn().empty()) {
     throw WrongConnectionText("不能用操作系统的用户登录，请写明 User ID 和 Password");
   }
   const std::string server =
       Find(entries, {"Data Source", "Server", "Address", "Addr", "Network Address"});
   if (server.empty()) throw WrongConnectionText("缺少 Data Source");
-  std::string text = "Driver=FreeTDS;TDS_Version=7.4;ClientCharset=UTF-8;";
+  std::string text = SqlServerDriver();
   AddServer(text, server);
+  if (asSystemUser) text += SystemUserLogOn();
   AddUser(text, entries);
   return text;
 }

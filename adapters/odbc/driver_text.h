@@ -14,7 +14,8 @@ struct DriverText {
 // older applications are translated (keys and providers without regard to case, endings such as
 // .1 or 11 of a provider's name left aside):
 //
-//   Provider=SQLOLEDB, SQLNCLI or MSOLEDBSQL   Driver=FreeTDS
+//   Provider=SQLOLEDB, SQLNCLI or MSOLEDBSQL   Driver=FreeTDS; on Windows the newest that is
+//                                              installed for SQL Server
 //   Provider=MSDASQL                           the text in Extended Properties, then
 //                                              Data Source as DSN, Driver as it is
 //   Data Source, Server, Address, Addr, Network Address   Server, and Port behind a comma
@@ -22,7 +23,8 @@ struct DriverText {
 //   User ID, UID; Password, PWD                UID; PWD
 //
 // Other keys of a provider text have no effect. Fails on a text without driver or provider, on
-// another provider, on more than 8 KB, and where the user of the operating system is to log on.
+// another provider, on more than 8 KB, and, except on Windows, where the user of the operating
+// system is to log on.
 [[nodiscard]] DriverText ToDriverText(const std::string& connectionText);
 
 }  // namespace td

@@ -1,13 +1,13 @@
 #include "page_document/rich_text.h"
 
-#include <iconv.h>
-
 #include <algorithm>
 #include <array>
 #include <cctype>
 #include <charconv>
 #include <cstdint>
 #include <string>
+
+#include "page_document/code_page.h"
 
 namespace td {
 namespace {
@@ -31,31 +31,6 @@ void AppendUtf8(std::string& text, std::uint32_t code) {
     add(0x80 | (code >> 6 & 0x3F));
     add(0x80 | (code & 0x3F));
   }
-}
-
-// Bytes of a code page as UTF-8; what the code page doesn't hold becomes the replacement character.
-std::string FromCodePage(std::string bytes, int codePage) {
-  const std::string name = "CP" + std::to_string(codePage);
-  iconv_t converter = iconv_open("UTF-8", name.c_str());
-  const auto failed = reinterpret_cast<iconv_t>(-1);  // NOLINT(performance-no-int-to-ptr)
-  if (converter == failed) converter = iconv_open("UTF-8", "CP1252");
-  std::string text;
-  char* input = bytes.data();
-  std::size_t left = bytes.size();
-  while (left > 0) {
-    std::array<char, 256> buffer{};
-    char* output = buffer.data();
-    std::size_t room = buffer.size();
-    const bool failed = iconv(converter, &input, &left, &output, &room) == static_cast<size_t>(-1);
-    text.append(buffer.data(), buffer.size() - room);
-    if (failed && room > 4 && left > 0) {
-      text += kReplacementCharacter;
-      ++input;
-      --left;
-    }
-  }
-  iconv_close(converter);
-  return text;
 }
 
 bool IsHidden(std::string_view destination) {

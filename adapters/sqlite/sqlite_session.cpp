@@ -11,6 +11,7 @@
 #include <system_error>
 #include <utility>
 
+#include "files/path_text.h"
 #include "sql_support/database_failure.h"
 #include "sql_support/statement_text.h"
 #include "sqlite/connection_text.h"
@@ -96,7 +97,7 @@ void SqliteSession::Open() {
 
   // An absolute name has no meaning of its own to the engine, as ":memory:" would have.
   std::error_code error;
-  const std::string name = std::filesystem::absolute(path_, error).string();
+  const std::string name = TextOf(std::filesystem::absolute(PathOf(path_), error));
   if (error) throw OpenFailure(path_, error.value(), error.message());
   sqlite3* engine = nullptr;
   const int code =

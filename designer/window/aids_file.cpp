@@ -9,8 +9,8 @@
 #include <algorithm>
 
 #include "designer/sheet/scan_file.h"
+#include "page_outputs/export_folder.h"
 #include "platform/failure.h"
-#include "qt/system/export_folder.h"
 
 namespace td::designer {
 namespace {

@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cctype>
 #include <cerrno>
 #include <cstdio>
@@ -25,9 +24,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t kLargestFile = 65536;
-constexpr const char* kGuidFormat =
-    "{%08X-%04hX-%04hX-%02hhX%02hhX-%02hhX%02hhX%02hhX%02hhX%02hhX%02hhX}";
-constexpr std::size_t kGuidLength = 38;
 
 fs::path HomeFolder() {
   if (const char* home = secure_getenv("HOME"); home != nullptr && *home == '/') return home;
@@ -133,17 +129,6 @@ void RemoveRegistration() {
   } catch (const ResultFailure& failure) {
     if (failure.Result() != TD_FILE_NOT_FOUND) throw;
   }
-}
-
-std::string TextOfGuid(const TdGuid& id) {
-  std::array<char, kGuidLength + 1> text{};
-  std::snprintf(text.data(), text.size(), kGuidFormat, id.first, id.second, id.third, id.rest[0],
-                id.rest[1], id.rest[2], id.rest[3], id.rest[4], id.rest[5], id.rest[6], id.rest[7]);
-  return text.data();
-}
-
-bool SameGuid(const TdGuid& left, const TdGuid& right) {
-  return std::memcmp(&left, &right, sizeof left) == 0;
 }
 
 }  // namespace td

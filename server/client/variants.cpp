@@ -1,8 +1,8 @@
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 
 #include "client/client.h"
+#include "client/variant_memory.h"
 
 namespace {
 
@@ -11,28 +11,6 @@ TdVariant VariantOf(std::uint16_t type) {
   std::memset(&variant, 0, sizeof variant);
   variant.type = type;
   return variant;
-}
-
-void FreeArray(TdArray* array) {
-  if (array == nullptr) return;
-  std::free(array->data);
-  std::free(array);
-}
-
-TdArray* MakeArray(const void* bytes, std::uint32_t count) {
-  auto* array = static_cast<TdArray*>(std::calloc(1, sizeof(TdArray)));
-  void* data = std::malloc(count == 0 ? 1 : count);
-  if (array == nullptr || data == nullptr) {
-    std::free(array);
-    std::free(data);
-    return nullptr;
-  }
-  if (count > 0) std::memcpy(data, bytes, count);
-  array->dimensions = 1;
-  array->elementSize = 1;
-  array->data = data;
-  array->bounds[0].count = count;
-  return array;
 }
 
 }  // namespace
@@ -83,7 +61,7 @@ TdVariant TdTextVariant(const char* utf8) {
 
 TdVariant TdBytesVariant(const void* bytes, std::uint32_t count) {
   TdVariant variant = VariantOf(TD_BYTES);
-  variant.value.array = MakeArray(bytes, count);
+  variant.value.array = td::MakeArray(bytes, count);
   return variant;
 }
 
@@ -92,27 +70,6 @@ TdVariant TdDispatchVariant(TdDispatch* object) {
   variant.value.dispatch = object;
   if (object != nullptr) object->table->AddRef(object);
   return variant;
-}
-
-void TdClearVariant(TdVariant* variant) {
-  if (variant == nullptr) return;
-  switch (variant->type) {
-    case TD_STRING:
-      TdFreeString(variant->value.string);
-      break;
-    case TD_DISPATCH:
-      if (TdDispatch* object = variant->value.dispatch) object->table->Release(object);
-      break;
-    case TD_OBJECT:
-      if (TdObject* object = variant->value.object) object->table->Release(object);
-      break;
-    case TD_BYTES:
-      FreeArray(variant->value.array);
-      break;
-    default:
-      break;
-  }
-  *variant = VariantOf(TD_EMPTY);
 }
 
 void TdClearException(TdExceptionInfo* info) {

@@ -23,7 +23,8 @@
  * References. An object counts its references: who gets one from a function owns it and calls
  * Release; who keeps one that it was given calls AddRef. Arguments are lent for the call.
  *
- * Memory. Strings and byte arrays are blocks of malloc and free of the C library:
+ * Memory. Strings and byte arrays are blocks of malloc and free of the C library; on Windows they
+ * are those of the system's automation (SysAllocString, SafeArrayCreate):
  *   - what a caller passes in stays the caller's;
  *   - what comes back through a pointer belongs to who called, and so do the strings of a
  *     TdExceptionInfo and the content of a result variant.

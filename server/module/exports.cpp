@@ -1,4 +1,5 @@
-// The four functions of the module; exports.map keeps every other name inside.
+// The four functions of the module; exports.map, or exports.def, keeps every other name inside. The
+// build says how a function is marked as one of them (TD_EXPORT).
 #include "client/registration.h"
 #include "client/result_failure.h"
 #include "interface/binary_interface.h"
@@ -6,8 +7,6 @@
 #include "module/component.h"
 #include "module/module_file.h"
 #include "objects/failures.h"
-
-#define TD_EXPORT __attribute__((visibility("default")))
 
 namespace {
 

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "module/member_names.h"
 #include "module/remote_failures.h"
 #include "text_encoding/utf16.h"
 
@@ -11,9 +12,8 @@ OwnedVariant RemoteMember::Call(TdDispatch* object, std::uint16_t kind, TdVarian
   TdExceptionInfo info{};
   if (!id_) {
     const std::u16string name = ToUtf16(name_);
-    const TdUnit* names = name.c_str();
     std::int32_t id = TD_MEMBER_UNKNOWN;
-    const TdResult found = object->table->GetIDsOfNames(object, &kTdNoId, &names, 1, 0, &id);
+    const TdResult found = FindMemberOf(object, name.c_str(), id);
     if (TD_FAILED(found)) throw FailureOfCall(found, info, name_);
     id_ = id;
   }

@@ -1,5 +1,6 @@
 #include "objects/variant_values.h"
 
+#include <array>
 #include <charconv>
 #include <cstdint>
 #include <cstring>
@@ -80,13 +81,19 @@ Value ValueOfUnsigned(std::uint64_t number) {
 // 96 bits with a sign, divided by a power of ten.
 Value ValueOfDecimal(const TdVariant& decimal) {
   if (decimal.decimalScale > 28) throw MismatchFailure();
-  auto bits = static_cast<unsigned __int128>(decimal.decimalHigh) << 64U;
-  bits |= decimal.value.unsigned64;
+  constexpr std::uint64_t kLimb = std::uint64_t{1} << 32U;
+  std::array<std::uint64_t, 3> limbs = {decimal.decimalHigh, decimal.value.unsigned64 / kLimb,
+                                        decimal.value.unsigned64 % kLimb};
   std::string digits;
   do {
-    digits.insert(digits.begin(), static_cast<char>('0' + static_cast<int>(bits % 10)));
-    bits /= 10;
-  } while (bits != 0);
+    std::uint64_t rest = 0;
+    for (std::uint64_t& limb : limbs) {
+      const std::uint64_t dividend = rest * kLimb + limb;
+      limb = dividend / 10;
+      rest = dividend % 10;
+    }
+    digits.insert(digits.begin(), static_cast<char>('0' + static_cast<int>(rest)));
+  } while (limbs != std::array<std::uint64_t, 3>{});
   if ((decimal.decimalSign & 0x80U) != 0) digits.insert(digits.begin(), '-');
   return RealOfDigits(digits + "e-" + std::to_string(decimal.decimalScale));
 }

@@ -12,8 +12,8 @@
 
 #include "expect_failure.h"
 #include "page_document/pictures.h"
+#include "picture_headers/picture_headers.h"
 #include "pictures/component_folder.h"
-#include "pictures/picture_headers.h"
 #include "pictures/qt_picture_files.h"
 #include "sample_pictures.h"
 

@@ -1,4 +1,4 @@
-#include "pictures/picture_headers.h"
+#include "picture_headers/picture_headers.h"
 
 #include <gtest/gtest.h>
 
@@ -64,6 +64,9 @@ TEST(PictureHeaders, DotsPerCentimetreAreConverted) {
 
 TEST(PictureHeaders, APhotographsResolutionFollowsItsTurn) {
   const Bytes jpeg = SamplePicture("jpeg", 8, 8);
+  EXPECT_EQ(OrientationOf(jpeg), 1);
+  EXPECT_EQ(OrientationOf(WithExif(jpeg, 6, 72, 144)), 6);
+  EXPECT_EQ(OrientationOf(WithExif(jpeg, 9, 72, 144)), 1);
   const PictureResolution upright = ResolutionOf(WithExif(jpeg, 1, 72, 144));
   EXPECT_EQ(upright.x, 72);
   EXPECT_EQ(upright.y, 144);

@@ -1,7 +1,5 @@
 // Wrong files, wrong statements, and a database that another user has locked.
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <chrono>
 #include <fstream>
@@ -53,52 +51,25 @@ TEST_F(SqliteFailure, OfNamesThatAreSpecialToTheEngine) {
   QueryFails("sqlite: ");
 }
 
-TEST_F(SqliteFailure, OfAFolderOrADevice) {
+TEST_F(SqliteFailure, OfAFolder) {
   EXPECT_NE(QueryFails("sqlite:" + folder_.Path().string()).find("不是普通文件"),
             std::string::npos);
-  EXPECT_NE(QueryFails("sqlite:/dev/null").find("不是普通文件"), std::string::npos);
-}
-
-TEST_F(SqliteFailure, OfAPathThatNoFileCanHave) {
-  EXPECT_NE(QueryFails("sqlite:" + std::string(10000, 'x')).find("打不开"), std::string::npos);
 }
 
 TEST_F(SqliteFailure, OfAFileThatIsNoDatabase) {
   const std::string path = folder_.File("锁.txt");
-  std::ofstream(path) << std::string(4096, 'x');
+  std::ofstream(PathOf(path)) << std::string(4096, 'x');
   EXPECT_NE(QueryFails("sqlite:" + path).find("鎖.txt”不是 SQLite 数据库"), std::string::npos);
   EXPECT_THROW(database_.Connect("sqlite:" + path), Failure);
 }
 
 TEST_F(SqliteFailure, OfADamagedDatabaseIsNoCrash) {
-  std::filesystem::resize_file(path_, 5000);
-  std::fstream file(path_, std::ios::in | std::ios::out | std::ios::binary);
+  std::filesystem::resize_file(PathOf(path_), 5000);
+  std::fstream file(PathOf(path_), std::ios::in | std::ios::out | std::ios::binary);
   file.seekp(100);
   file << std::string(3000, '\x7F');
   file.close();
   QueryFails(connection_, "select a from t");
-}
-
-TEST_F(SqliteFailure, OfAFileThatMayNotBeRead) {
-  if (geteuid() != 0) GTEST_SKIP() << "needs a second user";
-  ASSERT_EQ(chmod(folder_.Path().c_str(), 0755), 0);
-  ASSERT_EQ(chmod(path_.c_str(), 0600), 0);
-  ASSERT_EQ(seteuid(65534), 0);
-  const std::string description = QueryFails(connection_);
-  ASSERT_EQ(seteuid(0), 0);
-  EXPECT_NE(description.find("没有权限"), std::string::npos) << description;
-}
-
-TEST_F(SqliteFailure, OfAWriteToAFileThatMayOnlyBeRead) {
-  if (geteuid() != 0) GTEST_SKIP() << "needs a second user";
-  ASSERT_EQ(chmod(folder_.Path().c_str(), 0755), 0);
-  ASSERT_EQ(chmod(path_.c_str(), 0644), 0);
-  ASSERT_EQ(seteuid(65534), 0);
-  EXPECT_EQ(One("select a from t"), Value(std::int64_t{1}));
-  const Failure failure =
-      FailureOf([&] { database_.Connect(connection_)->Execute("update t set a=2"); });
-  ASSERT_EQ(seteuid(0), 0);
-  EXPECT_NE(failure.Description().find("readonly"), std::string::npos) << failure.Description();
 }
 
 TEST_F(SqliteFailure, CarriesTheEnginesWords) {

@@ -1,7 +1,6 @@
 // What must not be seen of the connections and statements that are kept: each open is an open.
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <memory>
 #include <thread>
 
@@ -18,11 +17,6 @@ class SqlitePool : public testing::Test {
  protected:
   Value One(const std::string& sql = "select a from t") {
     return database_.OpenQuery(connection_, sql)->Field("a");
-  }
-  std::string OtherFile() {
-    std::string other = folder_.File("other.db");
-    MakeDatabase(other, "create table t(b,a); insert into t values(8,9)");
-    return other;
   }
 
   TemporaryFolder folder_;
@@ -53,44 +47,6 @@ TEST_F(SqlitePool, DropsAConnectionAfterAFailure) {
   EXPECT_FALSE(session.Reusable());
   session.Run("select 1");
   EXPECT_FALSE(session.Reusable());
-}
-
-TEST_F(SqlitePool, NoticesAFileThatWasReplaced) {
-  EXPECT_EQ(One(), Value(std::int64_t{1}));
-  std::filesystem::rename(OtherFile(), path_);
-  EXPECT_EQ(One(), Value(std::int64_t{9}));
-}
-
-TEST_F(SqlitePool, NoticesAFileThatWasWrittenOverInItsPlace) {
-  EXPECT_EQ(One(), Value(std::int64_t{1}));
-  std::filesystem::copy_file(OtherFile(), path_, std::filesystem::copy_options::overwrite_existing);
-  EXPECT_EQ(One(), Value(std::int64_t{9}));
-}
-
-TEST_F(SqlitePool, NoticesALinkThatLeadsElsewhere) {
-  const std::string link = folder_.File("link.db");
-  std::filesystem::create_symlink(path_, link);
-  connection_ = "sqlite:" + link;
-  EXPECT_EQ(One(), Value(std::int64_t{1}));
-  std::filesystem::remove(link);
-  std::filesystem::create_symlink(OtherFile(), link);
-  EXPECT_EQ(One(), Value(std::int64_t{9}));
-}
-
-TEST_F(SqlitePool, NoticesAFileThatWasDeleted) {
-  One();
-  std::filesystem::remove(path_);
-  EXPECT_NE(FailureOf([&] { One(); }).Description().find("找不到数据库文件"), std::string::npos);
-  EXPECT_FALSE(std::filesystem::exists(path_));
-}
-
-TEST_F(SqlitePool, WritesNothingToAFileThatIsNoLongerThere) {
-  const auto connection = database_.Connect(connection_);
-  std::filesystem::rename(OtherFile(), path_);
-  EXPECT_THROW(connection->Execute("update t set a=2"), Failure);
-  EXPECT_EQ(One(), Value(std::int64_t{9}));
-  database_.Connect(connection_)->Execute("update t set a=2");
-  EXPECT_EQ(One(), Value(std::int64_t{2}));
 }
 
 TEST_F(SqlitePool, SeesWhatOthersHaveWritten) {

@@ -2,16 +2,17 @@
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
-#include <stdlib.h>
 
+#include <random>
 #include <stdexcept>
 
 namespace td {
 
 TemporaryFolder::TemporaryFolder() {
-  std::string name = (std::filesystem::temp_directory_path() / "qbtd-sqlite-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-  path_ = name;
+  std::random_device random;
+  do {
+    path_ = std::filesystem::temp_directory_path() / ("qbtd-sqlite-" + std::to_string(random()));
+  } while (!std::filesystem::create_directory(path_));
 }
 
 TemporaryFolder::~TemporaryFolder() {

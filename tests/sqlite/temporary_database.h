@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <string>
 
+#include "files/path_text.h"
+
 struct sqlite3;
 
 namespace td {
@@ -15,7 +17,9 @@ class TemporaryFolder {
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-  [[nodiscard]] std::string File(const std::string& name) const { return (path_ / name).string(); }
+  [[nodiscard]] std::string File(const std::string& name) const {
+    return TextOf(path_ / PathOf(name));
+  }
   [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
 
  private:

@@ -4,7 +4,7 @@
 #include <QImage>
 #include <cstddef>
 
-#include "pictures/picture_headers.h"
+#include "picture_headers/picture_headers.h"
 #include "platform/value.h"
 
 namespace td {

@@ -15,8 +15,8 @@
 #include "files/file_error.h"
 #include "files/whole_file.h"
 #include "page_document/pictures.h"
+#include "picture_headers/picture_headers.h"
 #include "pictures/picture_decoder.h"
-#include "pictures/picture_headers.h"
 #include "platform/failure.h"
 #include "platform/standard_failures.h"
 

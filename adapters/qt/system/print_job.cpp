@@ -6,9 +6,9 @@
 #include <string_view>
 
 #include "page_document/drawing.h"
+#include "print_calls/device_failure.h"
 #include "qt/system/cups_handles.h"
 #include "qt/system/cups_sheets.h"
-#include "qt/system/device_failure.h"
 
 namespace td {
 namespace {

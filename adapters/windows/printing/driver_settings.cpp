@@ -1,0 +1,108 @@
+#include "windows/printing/driver_settings.h"
+
+#include <algorithm>
+
+#include "page_document/drawing.h"
+#include "windows/api/wide_text.h"
+#include "windows/printing/forms.h"
+#include "windows/printing/printer_handle.h"
+
+namespace td {
+namespace {
+
+std::int16_t AsShort(int number) {
+  return static_cast<std::int16_t>(std::clamp(number, -32'768, 32'767));
+}
+
+}  // namespace
+
+DriverSettings::DriverSettings(const std::string& printer) : printer_(printer) {
+  const PrinterHandle opened = OpenPrinterOf(printer);
+  if (!opened) return;
+  std::wstring name = ToWide(printer);
+  const LONG size = DocumentPropertiesW(nullptr, opened.get(), name.data(), nullptr, nullptr, 0);
+  if (size < static_cast<LONG>(sizeof(DEVMODEW))) return;
+  mode_.resize(static_cast<std::size_t>(size));
+  if (DocumentPropertiesW(nullptr, opened.get(), name.data(), &Changed(), nullptr, DM_OUT_BUFFER) !=
+      IDOK) {
+    mode_.clear();
+  }
+}
+
+void DriverSettings::Complete() {
+  const PrinterHandle opened = OpenPrinterOf(printer_);
+  if (!opened) return;
+  std::vector<std::byte> completed(mode_.size());
+  const LONG result = DocumentPropertiesW(nullptr, opened.get(), ToWide(printer_).data(),
+                                          reinterpret_cast<DEVMODEW*>(completed.data()), &Changed(),
+                                          DM_IN_BUFFER | DM_OUT_BUFFER);
+  if (result == IDOK) mode_ = std::move(completed);
+}
+
+std::optional<PaperExtent> DriverSettings::Sheet() const {
+  constexpr DWORD kSides = DM_PAPERWIDTH | DM_PAPERLENGTH;
+  if ((Mode()->dmFields & DM_PAPERSIZE) != 0) {
+    for (const Form& form : FormsOf(printer_)) {
+      if (form.number == Mode()->dmPaperSize) return form.sheet;
+    }
+    if (const auto standard = StandardPaper(Mode()->dmPaperSize)) return standard;
+  }
+  const bool hasSides = (Mode()->dmFields & kSides) == kSides && Mode()->dmPaperWidth > 0 &&
+                        Mode()->dmPaperLength > 0;
+  if (!hasSides) return std::nullopt;
+  const double twipsPerTenth = kTwipsPerMillimetre / 10;
+  return PaperExtent{Mode()->dmPaperWidth * twipsPerTenth, Mode()->dmPaperLength * twipsPerTenth};
+}
+
+void DriverSettings::PutSheet(const PaperExtent& sheet, std::int32_t code) {
+  const std::optional<std::int16_t> number = FormNumber(printer_, sheet, code);
+  DEVMODEW& mode = Changed();
+  mode.dmFields &= ~static_cast<DWORD>(DM_FORMNAME | DM_PAPERWIDTH | DM_PAPERLENGTH | DM_SCALE);
+  mode.dmFields |= DM_PAPERSIZE;
+  if (number) {
+    mode.dmPaperSize = *number;
+  } else {
+    mode.dmFields |= DM_PAPERWIDTH | DM_PAPERLENGTH;
+    mode.dmPaperSize = DMPAPER_USER;
+    mode.dmPaperWidth = AsShort(Tenths(sheet.width));
+    mode.dmPaperLength = AsShort(Tenths(sheet.height));
+  }
+  mode.dmScale = 100;
+  Complete();
+}
+
+void DriverSettings::PutLandscape(bool landscape) {
+  DEVMODEW& mode = Changed();
+  mode.dmFields |= DM_ORIENTATION;
+  mode.dmOrientation = landscape ? DMORIENT_LANDSCAPE : DMORIENT_PORTRAIT;
+  Complete();
+}
+
+void DriverSettings::PutOptions(const JobOptions& options) {
+  DEVMODEW& mode = Changed();
+  mode.dmFields |= DM_COPIES | DM_COLLATE;
+  mode.dmCopies = AsShort(options.copies);
+  mode.dmCollate = options.collated ? DMCOLLATE_TRUE : DMCOLLATE_FALSE;
+  if (options.sides != Sides::kAsSet) {
+    mode.dmFields |= DM_DUPLEX;
+    mode.dmDuplex = options.sides == Sides::kOne           ? DMDUP_SIMPLEX
+                    : options.sides == Sides::kTwoLongEdge ? DMDUP_VERTICAL
+                                                           : DMDUP_HORIZONTAL;
+  }
+  if (options.tray) {
+    mode.dmFields |= DM_DEFAULTSOURCE;
+    mode.dmDefaultSource = *options.tray;
+  }
+  Complete();
+}
+
+int DriverSettings::CopiesOfDriver() const {
+  const DWORD most =
+      DeviceCapabilitiesW(ToWide(printer_).c_str(), nullptr, DC_COPIES, nullptr, nullptr);
+  const bool makesCopies = (Mode()->dmFields & DM_COPIES) != 0 && most > 1 &&
+                           most != static_cast<DWORD>(-1) &&
+                           most >= static_cast<DWORD>(Mode()->dmCopies);
+  return makesCopies ? Mode()->dmCopies : 1;
+}
+
+}  // namespace td

@@ -1,0 +1,57 @@
+// What a printer's driver is set to for a job.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "page_document/paper.h"
+#include "windows/api/windows_api.h"
+
+namespace td {
+
+enum class Sides : std::uint8_t { kAsSet, kOne, kTwoLongEdge, kTwoShortEdge };
+
+// How a document is printed; what isn't chosen is as the printer is set.
+struct JobOptions {
+  int copies = 1;
+  bool collated = true;
+  Sides sides = Sides::kAsSet;
+  std::optional<std::int16_t> tray;  // a number of the driver
+};
+
+class DriverSettings {
+ public:
+  // Those that a user has set for the printer.
+  explicit DriverSettings(const std::string& printer);
+
+  // False if there is no such printer, or its driver fails.
+  [[nodiscard]] bool IsKnown() const { return !mode_.empty(); }
+
+  // Of the sheet, upright.
+  [[nodiscard]] std::optional<PaperExtent> Sheet() const;
+  // By the driver's own number where it has one for the sheet (FormNumber), else by its size.
+  void PutSheet(const PaperExtent& sheet, std::int32_t code);
+  void PutLandscape(bool landscape);
+  void PutOptions(const JobOptions& options);
+
+  // How many copies the driver makes itself, under the options.
+  [[nodiscard]] int CopiesOfDriver() const;
+
+  // For CreateDC and ResetDC. Good until the settings change.
+  [[nodiscard]] const DEVMODEW* Mode() const {
+    return reinterpret_cast<const DEVMODEW*>(mode_.data());
+  }
+
+ private:
+  [[nodiscard]] DEVMODEW& Changed() { return *reinterpret_cast<DEVMODEW*>(mode_.data()); }
+  // The driver completes what was changed, and takes back what it can't do.
+  void Complete();
+
+  std::string printer_;
+  std::vector<std::byte> mode_;  // the system's structure, and the driver's own part behind it
+};
+
+}  // namespace td

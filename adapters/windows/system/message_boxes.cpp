@@ -1,0 +1,52 @@
+#include "windows/system/message_boxes.h"
+
+#include <filesystem>
+
+#include "files/path_text.h"
+#include "windows/api/wide_text.h"
+#include "windows/api/windows_api.h"
+
+namespace td {
+namespace {
+
+UINT IconOf(int style) {
+  switch (style & 0xF0) {
+    case 0x10:
+      return MB_ICONERROR;
+    case 0x20:
+      return MB_ICONQUESTION;
+    case 0x30:
+      return MB_ICONWARNING;
+    case kInformationIcon:
+      return MB_ICONINFORMATION;
+    default:
+      return 0;
+  }
+}
+
+}  // namespace
+
+bool HasVisibleDesktop() {
+  USEROBJECTFLAGS flags{};
+  return GetUserObjectInformationW(GetProcessWindowStation(), UOI_FLAGS, &flags, sizeof flags,
+                                   nullptr) != FALSE &&
+         (flags.dwFlags & WSF_VISIBLE) != 0;
+}
+
+std::string ProgramName() {
+  std::wstring file(32'768, L'\0');
+  const DWORD length = GetModuleFileNameW(nullptr, file.data(), static_cast<DWORD>(file.size()));
+  file.resize(length);
+  return TextOf(std::filesystem::path(file).stem());
+}
+
+bool MessageBoxes::HasDisplay() const {
+  return HasVisibleDesktop();
+}
+
+void MessageBoxes::ShowInBox(const std::string& text, int style) {
+  MessageBoxW(GetActiveWindow(), ToWide(text).c_str(), ToWide(ProgramName()).c_str(),
+              MB_OK | MB_TASKMODAL | MB_SETFOREGROUND | IconOf(style));
+}
+
+}  // namespace td

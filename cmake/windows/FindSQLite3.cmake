@@ -1,0 +1,11 @@
+# SQLite, compiled in: the system has none.
+include(${CMAKE_CURRENT_LIST_DIR}/BuiltIn.cmake)
+if(NOT TARGET SQLite::SQLite3)
+  set(sqlite ${QBTD_BUILT_IN_SOURCES}/sqlite)
+  qbtd_require_source(${sqlite}/sqlite3.c)
+  add_library(qbtd_built_in_sqlite STATIC ${sqlite}/sqlite3.c)
+  target_compile_definitions(qbtd_built_in_sqlite PRIVATE SQLITE_OMIT_LOAD_EXTENSION)
+  target_include_directories(qbtd_built_in_sqlite SYSTEM INTERFACE ${sqlite})
+  add_library(SQLite::SQLite3 ALIAS qbtd_built_in_sqlite)
+endif()
+set(SQLite3_FOUND TRUE)

@@ -1,0 +1,12 @@
+# zint, compiled in. Sets ZINT_INCLUDE_DIR and ZINT_LIBRARY.
+include(${CMAKE_CURRENT_LIST_DIR}/BuiltIn.cmake)
+set(ZINT_INCLUDE_DIR ${QBTD_BUILT_IN_SOURCES}/zint/backend)
+set(ZINT_LIBRARY qbtd_built_in_zint)
+if(NOT TARGET qbtd_built_in_zint)
+  qbtd_require_source(${ZINT_INCLUDE_DIR}/zint.h)
+  file(GLOB zint_sources ${ZINT_INCLUDE_DIR}/*.c)
+  list(FILTER zint_sources EXCLUDE REGEX "/(dllversion|png)\\.c$")
+  add_library(qbtd_built_in_zint STATIC ${zint_sources})
+  target_compile_definitions(qbtd_built_in_zint PRIVATE NO_PNG ZINT_VERSION="built in")
+endif()
+set(Zint_FOUND TRUE)

@@ -1,0 +1,148 @@
+// The registration of Windows: for all users of the machine where its writer may do that, else for
+// the user alone.
+#include <array>
+#include <memory>
+#include <optional>
+#include <utility>
+
+#include "client/registration.h"
+#include "client/result_failure.h"
+#include "windows/api/system_error.h"
+#include "windows/api/wide_text.h"
+#include "windows/api/windows_api.h"
+
+namespace td {
+namespace {
+
+constexpr std::wstring_view kClasses = L"Software\\Classes";
+constexpr std::wstring_view kNamesBegin = L"QbTdPrinter.";
+const std::array<HKEY, 2> kScopes = {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER};
+
+struct KeyCloser {
+  using pointer = HKEY;
+  void operator()(HKEY key) const { RegCloseKey(key); }
+};
+using Key = std::unique_ptr<HKEY, KeyCloser>;
+
+ResultFailure RegistryFailure(LSTATUS error) {
+  const TdResult result = error == ERROR_ACCESS_DENIED ? TD_NO_ACCESS : TD_CANNOT_REGISTER;
+  return {result, "注册表无法写入：" + SystemWords(static_cast<unsigned long>(error)) + "。"};
+}
+
+void Require(LSTATUS error) {
+  if (error != ERROR_SUCCESS) throw RegistryFailure(error);
+}
+
+std::wstring Joined(std::wstring_view path, std::wstring_view name) {
+  return std::wstring(path) + L"\\" + std::wstring(name);
+}
+
+std::wstring ClassPath(const std::wstring& id) {
+  return Joined(kClasses, Joined(L"CLSID", id));
+}
+
+Key Make(HKEY scope, const std::wstring& path) {
+  HKEY made = nullptr;
+  Require(RegCreateKeyExW(scope, path.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &made, nullptr));
+  return Key(made);
+}
+
+void PutText(const Key& key, const wchar_t* name, const std::wstring& text) {
+  const auto bytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
+  Require(RegSetValueExW(key.get(), name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
+                         bytes));
+}
+
+// The unnamed text of a key; nothing where there is no such key.
+std::optional<std::wstring> ReadText(HKEY scope, const std::wstring& path) {
+  DWORD bytes = 0;
+  constexpr DWORD kKind = RRF_RT_REG_SZ;
+  if (RegGetValueW(scope, path.c_str(), nullptr, kKind, nullptr, nullptr, &bytes) !=
+      ERROR_SUCCESS) {
+    return std::nullopt;
+  }
+  std::wstring text(bytes / sizeof(wchar_t), L'\0');
+  if (RegGetValueW(scope, path.c_str(), nullptr, kKind, nullptr, text.data(), &bytes) !=
+      ERROR_SUCCESS) {
+    return std::nullopt;
+  }
+  return text.c_str();
+}
+
+void WriteClass(HKEY scope, const RegisteredClass& one) {
+  const std::wstring name = ToWide(one.name);
+  const std::wstring id = ToWide(TextOfGuid(one.id));
+  PutText(Make(scope, Joined(kClasses, name)), nullptr, name);
+  PutText(Make(scope, Joined(Joined(kClasses, name), L"CLSID")), nullptr, id);
+  const std::wstring path = ClassPath(id);
+  PutText(Make(scope, path), nullptr, name);
+  PutText(Make(scope, Joined(path, L"ProgID")), nullptr, name);
+  (void)Make(scope, Joined(path, L"Programmable"));
+  const Key server = Make(scope, Joined(path, L"InprocServer32"));
+  PutText(server, nullptr, one.module.wstring());
+  PutText(server, L"ThreadingModel", L"Apartment");
+}
+
+void Remove(HKEY scope, const std::wstring& path) {
+  const LSTATUS error = RegDeleteTreeW(scope, path.c_str());
+  if (error != ERROR_FILE_NOT_FOUND && error != ERROR_PATH_NOT_FOUND) Require(error);
+}
+
+bool ExistsInOtherView(HKEY scope, const std::wstring& path) {
+  constexpr REGSAM kOther = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+  HKEY opened = nullptr;
+  if (RegOpenKeyExW(scope, path.c_str(), 0, KEY_READ | kOther, &opened) != ERROR_SUCCESS) {
+    return false;
+  }
+  RegCloseKey(opened);
+  return true;
+}
+
+// The names of the component's classes that are registered.
+std::vector<std::wstring> NamesIn(HKEY scope) {
+  HKEY opened = nullptr;
+  if (RegOpenKeyExW(scope, std::wstring(kClasses).c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS) {
+    return {};
+  }
+  const Key classes(opened);
+  std::vector<std::wstring> names;
+  std::array<wchar_t, 256> name{};
+  for (DWORD i = 0;; ++i) {
+    auto length = static_cast<DWORD>(name.size());
+    const LSTATUS error =
+        RegEnumKeyExW(classes.get(), i, name.data(), &length, nullptr, nullptr, nullptr, nullptr);
+    if (error == ERROR_MORE_DATA) continue;  // a longer name than any of the component's
+    if (error != ERROR_SUCCESS) return names;
+    if (std::wstring_view(name.data(), length).starts_with(kNamesBegin)) {
+      names.emplace_back(name.data(), length);
+    }
+  }
+}
+
+// The names stay as long as the component of the other kind, of 32 or 64 bits, is registered.
+void RemoveFrom(HKEY scope) {
+  for (const std::wstring& name : NamesIn(scope)) {
+    const auto id = ReadText(scope, Joined(Joined(kClasses, name), L"CLSID"));
+    if (id && !id->empty()) Remove(scope, ClassPath(*id));
+    if (!id || !ExistsInOtherView(scope, ClassPath(*id))) Remove(scope, Joined(kClasses, name));
+  }
+}
+
+}  // namespace
+
+void WriteRegistration(const std::vector<RegisteredClass>& classes) {
+  for (const HKEY scope : kScopes) {
+    try {
+      for (const RegisteredClass& one : classes) WriteClass(scope, one);
+      return;
+    } catch (const ResultFailure& failure) {
+      if (failure.Result() != TD_NO_ACCESS || scope == kScopes.back()) throw;
+    }
+  }
+}
+
+void RemoveRegistration() {
+  for (const HKEY scope : kScopes) RemoveFrom(scope);
+}
+
+}  // namespace td

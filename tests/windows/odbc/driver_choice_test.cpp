@@ -1,0 +1,52 @@
+#include <gtest/gtest.h>
+
+#include "failure_of.h"
+#include "odbc/driver_text.h"
+#include "odbc/installed_drivers.h"
+#include "odbc/odbc_database.h"
+
+namespace td {
+namespace {
+
+std::string FromServerOn(const std::string& connection) {
+  const std::string text = ToDriverText(connection).text;
+  return text.substr(text.find("Server="));
+}
+
+TEST(DriverChoice, TheNewestDriverForSqlServerIsTaken) {
+  EXPECT_EQ(NewestSqlServerDriver({}), "SQL Server");
+  EXPECT_EQ(NewestSqlServerDriver({"SQLite3 ODBC Driver", "SQL Server", "PostgreSQL Unicode(x64)"}),
+            "SQL Server");
+  EXPECT_EQ(NewestSqlServerDriver({"SQL Server", "SQL Server Native Client 11.0"}),
+            "SQL Server Native Client 11.0");
+  EXPECT_EQ(
+      NewestSqlServerDriver({"ODBC Driver 18 for SQL Server", "SQL Server",
+                             "ODBC Driver 9 for SQL Server", "ODBC Driver 17 for SQL Server"}),
+      "ODBC Driver 18 for SQL Server");
+}
+
+TEST(DriverChoice, AProviderTextBecomesTheDriversOwn) {
+  const std::string text =
+      ToDriverText("Provider=SQLOLEDB.1;Data Source=server1;Initial Catalog=AIS1;User ID=sa;PWD=a")
+          .text;
+  EXPECT_TRUE(text.starts_with("Driver={")) << text;
+  EXPECT_TRUE(text.ends_with("Server=server1;Database=AIS1;UID=sa;PWD=a;")) << text;
+  EXPECT_EQ(FromServerOn("Provider=SQLNCLI11;Server=tcp:10.0.0.1,1500"), "Server=10.0.0.1,1500;");
+  EXPECT_EQ(FromServerOn("Provider=SQLNCLI11;Server=host\\SQLEXPRESS"), "Server=host\\SQLEXPRESS;");
+}
+
+TEST(DriverChoice, TheUserOfTheSystemLogsOn) {
+  EXPECT_EQ(FromServerOn("Provider=SQLOLEDB;Data Source=a;Integrated Security=SSPI"),
+            "Server=a;Trusted_Connection=yes;");
+}
+
+TEST(DriverChoice, AFailedConnectionIsAFailureWithoutThePassword) {
+  OdbcDatabase database;
+  const Failure failure = FailureOf(
+      [&] { database.OpenQuery("Driver={no such driver};Server=h;UID=u;PWD=geheim", "select 1"); });
+  EXPECT_EQ(failure.Number(), kDatabaseFailed);
+  EXPECT_EQ(failure.Description().find("geheim"), std::string::npos) << failure.Description();
+}
+
+}  // namespace
+}  // namespace td

@@ -1,0 +1,133 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <regex>
+#include <sstream>
+#include <thread>
+
+#include "desktop/desktop_platform.h"
+#include "files/path_text.h"
+#include "page_document/page_document.h"
+#include "page_outputs/export_file.h"
+#include "page_outputs/export_folder.h"
+#include "platform/failure.h"
+#include "windows/system/local_machine.h"
+
+namespace td {
+namespace {
+
+namespace fs = std::filesystem;
+
+template <typename Action>
+int NumberOf(const Action& action) {
+  try {
+    action();
+    return 0;
+  } catch (const Failure& failure) {
+    return failure.Number();
+  }
+}
+
+class WindowsDesktop : public testing::Test {
+ protected:
+  WindowsDesktop() {
+    std::random_device random;
+    do {
+      folder_ = fs::temp_directory_path() / PathOf("状态-" + std::to_string(random()));
+    } while (!fs::create_directory(folder_));
+  }
+  ~WindowsDesktop() override { fs::remove_all(folder_); }
+
+  [[nodiscard]] DesktopOptions Options() {
+    DesktopOptions options;
+    options.messages = MessageMode::kStandardError;
+    options.stateDirectory = TextOf(folder_ / "below");
+    options.documentSink = [this](const PageDocument& document) {
+      pages_ = static_cast<int>(document.Pages().size());
+    };
+    return options;
+  }
+
+  static void DrawTwoPages(PrintSurface& surface) {
+    surface.PutExportFile("c:\\订单.html");
+    surface.PutExportFormat(kExportHtml);
+    surface.StartDoc();
+    surface.TextBox("第一页", 500, 500, 3000, 300);
+    surface.NewPage();
+    surface.EndDoc();
+  }
+
+  fs::path folder_;
+  int pages_ = 0;
+};
+
+TEST_F(WindowsDesktop, APrintGoesToTheSinkAndIntoTheExportFile) {
+  DesktopPlatform desktop(Options());
+  const auto frame = desktop.Get().windows.CreatePrintFrame("frmTdPrint");
+  DrawTwoPages(frame->Surface());
+  frame->Surface().PrintDoc();
+  EXPECT_EQ(pages_, 2);
+  EXPECT_EQ(desktop.LastDocument().delivery, Delivery::kSink);
+  EXPECT_EQ(desktop.MessagesShown(), 0);
+  std::stringstream html;
+  html << std::ifstream(folder_ / "below" / PathOf("订单.html"), std::ios::binary).rdbuf();
+  EXPECT_NE(html.str().find(">第一页<"), std::string::npos);
+}
+
+TEST_F(WindowsDesktop, AWindowThatCantBeShownIsTold) {
+  DesktopPlatform desktop(Options());
+  const auto frame = desktop.Get().windows.CreatePrintFrame("frmTdPrint");
+  EXPECT_EQ(NumberOf([&] { frame->ShowModal(); }), kInvalidCall);
+  EXPECT_EQ(desktop.MessagesShown(), 1);
+  DrawTwoPages(frame->Surface());
+  EXPECT_EQ(NumberOf([&] { frame->Surface().PrintDoc(true); }), kInvalidCall);
+  EXPECT_EQ(desktop.LastDocument().delivery, Delivery::kRefused);
+  EXPECT_EQ(NumberOf([&] { frame->Surface().ShowPageSetup(kPageSetupDialog); }), kInvalidCall);
+  EXPECT_EQ(NumberOf([&] { desktop.Get().windows.CreateDialog("frmOther"); }), kInvalidCall);
+  EXPECT_EQ(NumberOf([&] { desktop.Get().windows.CreatePrintFrame("frmOther"); }), kInvalidCall);
+}
+
+TEST_F(WindowsDesktop, AnUnknownPrinterIsRefusedAndAnotherThreadToo) {
+  DesktopOptions options = Options();
+  options.printer = "没有的打印机";
+  EXPECT_EQ(NumberOf([&] { const DesktopPlatform desktop(options); }), kInvalidProperty);
+  DesktopPlatform desktop(Options());
+  const auto frame = desktop.Get().windows.CreatePrintFrame("frmTdPrint");
+  EXPECT_EQ(NumberOf([&] { frame->Surface().PutDevice("没有的打印机"); }), kInvalidProperty);
+  int number = 0;
+  std::thread([&] { number = NumberOf([&] { desktop.Get().windows.CheckThread(); }); }).join();
+  EXPECT_EQ(number, kWrongThread);
+}
+
+TEST_F(WindowsDesktop, AnExportFileThatCantBeWrittenIsAMessageAndTheDocumentPrints) {
+  std::ofstream(folder_ / "below") << "no folder";
+  DesktopPlatform desktop(Options());
+  const auto frame = desktop.Get().windows.CreatePrintFrame("frmTdPrint");
+  DrawTwoPages(frame->Surface());
+  EXPECT_EQ(desktop.MessagesShown(), 1);
+  frame->Surface().PrintDoc();
+  EXPECT_EQ(pages_, 2);
+}
+
+TEST(LocalMachineTest, IsAnAddressThatStays) {
+  LocalMachine machine;
+  const std::string address = machine.LocalMachineId();
+  EXPECT_TRUE(std::regex_match(address, std::regex(R"(\d+\.\d+\.\d+\.\d+|[0-9a-f:]+)"))) << address;
+  EXPECT_EQ(machine.LocalMachineId(), address);
+}
+
+TEST(ExportFolder, IsTheUsersOrTheOneOfTheEnvironment) {
+  _wputenv(L"QBTDPRINTER_STATE_DIR=");
+  _wputenv(L"LOCALAPPDATA=C:\\users\\某人\\AppData\\Local");
+  EXPECT_EQ(DefaultStateFolder(), "C:\\users\\某人\\AppData\\Local\\QbTdPrinter");
+  _wputenv(L"QBTDPRINTER_STATE_DIR=relative");
+  EXPECT_EQ(DefaultStateFolder(), "C:\\users\\某人\\AppData\\Local\\QbTdPrinter");
+  _wputenv(L"QBTDPRINTER_STATE_DIR=D:\\状态");
+  EXPECT_EQ(DefaultStateFolder(), "D:\\状态");
+  EXPECT_EQ(FileNameOf("c:\\订单.html"), "订单.html");
+}
+
+}  // namespace
+}  // namespace td
