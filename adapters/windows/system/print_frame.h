@@ -50,7 +50,7 @@ class HiddenPrintFrame : public PrintFrame {
   void EnableButton(std::string_view, bool) override {}
   void PutPageText(const std::string&) override {}
 
- private:
+ protected:
   Messages& messages_;
   DesktopHost host_;
   ReportingDocument document_;
