@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
@@ -20,6 +21,7 @@ namespace {
 
 struct Cost {
   double seconds = 0;
+  double processor = 0;  // seconds that it worked, whatever else the machine did
   double megabytes = 0;  // the most memory that the process had at one time
 };
 
@@ -40,7 +42,11 @@ Cost Run(std::vector<std::string> command) {
     throw std::runtime_error(command.front() + " failed");
   }
   const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
-  return {elapsed.count(), static_cast<double>(usage.ru_maxrss) / 1024};
+  const auto seconds = [](const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+  };
+  return {elapsed.count(), seconds(usage.ru_utime) + seconds(usage.ru_stime),
+          static_cast<double>(usage.ru_maxrss) / 1024};
 }
 
 Cost Median(std::vector<Cost> costs) {
@@ -48,7 +54,7 @@ Cost Median(std::vector<Cost> costs) {
     std::ranges::sort(costs, {}, figure);
     return costs[costs.size() / 2].*figure;
   };
-  return {middle(&Cost::seconds), middle(&Cost::megabytes)};
+  return {middle(&Cost::seconds), middle(&Cost::processor), middle(&Cost::megabytes)};
 }
 
 class Table {
@@ -63,8 +69,9 @@ class Table {
   void CompareWithLoop(const std::string& connection) const {
     MakeWorkFormat(connection);
     std::puts(
-        "| rows | work, loop = 1 | rows per second | memory, MB | of the loop | PDF, MB | of the "
-        "loop |\n|---|---|---|---|---|---|---|");
+        "| rows | work, loop = 1 | processor, loop = 1 | rows per second | memory, MB | of the "
+        "loop "
+        "| PDF, MB | of the loop |\n|---|---|---|---|---|---|---|---|");
     for (const int rows : {100, 1000, 10'000, 30'000}) {
       MakeWorkRows(connection, rows);
       std::vector<Cost> work;
@@ -75,9 +82,10 @@ class Table {
       }
       const Cost ofWork = Median(work);
       const Cost ofLoop = Median(loop);
-      std::printf("| %d | %.2f | %.0f | %.0f | %.0f | %.2f | %.2f |\n", rows,
-                  ofWork.seconds / ofLoop.seconds, rows / ofWork.seconds, ofWork.megabytes,
-                  ofLoop.megabytes, Megabytes("work"), Megabytes("loop"));
+      std::printf("| %d | %.2f | %.2f | %.0f | %.0f | %.0f | %.2f | %.2f |\n", rows,
+                  ofWork.seconds / ofLoop.seconds, ofWork.processor / ofLoop.processor,
+                  rows / ofWork.seconds, ofWork.megabytes, ofLoop.megabytes, Megabytes("work"),
+                  Megabytes("loop"));
       std::fflush(stdout);
     }
   }
@@ -100,6 +108,36 @@ class Table {
     for (std::size_t i = 0; i < engines.size(); ++i) {
       std::printf("| %s | %.2f |\n", engines[i].first.c_str(), first / Median(costs[i]).seconds);
     }
+  }
+
+  // Processor's time of a row, without what a print of one row takes; that of 10,000 rows being 1.
+  void CompareLengths(const std::string& connection) const {
+    struct Length {
+      const char* name;
+      int rows;
+      int rowsOfABill;
+    };
+    constexpr std::array<Length, 5> kLengths = {{{"1 row", 1, 1},
+                                                 {"1,000 rows", 1000, 1000},
+                                                 {"10,000 rows", 10'000, 10'000},
+                                                 {"32,766 rows", 32'766, 32'766},
+                                                 {"2,000 bills of 16 rows", 32'000, 16}}};
+    std::array<double, kLengths.size()> seconds{};
+    MakeWorkFormat(connection);
+    for (std::size_t i = 0; i < kLengths.size(); ++i) {
+      MakeWorkBills(connection, kLengths[i].rows, kLengths[i].rowsOfABill);
+      std::vector<Cost> costs;
+      for (int run = 0; run < runs_; ++run) costs.push_back(RunWork(connection));
+      seconds[i] = Median(costs).processor;
+    }
+    const auto ofARow = [&](std::size_t i) {
+      return (seconds[i] - seconds[0]) / (kLengths[i].rows - 1);
+    };
+    std::puts("\n| print | processor, a row |\n|---|---|");
+    for (std::size_t i = 1; i < kLengths.size(); ++i) {
+      std::printf("| %s | %.2f |\n", kLengths[i].name, ofARow(i) / ofARow(2));
+    }
+    std::fflush(stdout);
   }
 
  private:
@@ -133,6 +171,7 @@ int main(int argc, char** argv) {
   try {
     const td::Table table(std::stoi(argv[1]), argv[2], argv[3], argv[4]);
     table.CompareWithLoop(engines.front().second);
+    table.CompareLengths(engines.front().second);
     table.CompareEngines(engines);
   } catch (const std::exception& failure) {
     std::cerr << failure.what() << '\n';

@@ -96,7 +96,7 @@ void AddHeadItems(Statements& statements) {
   add(9600, 1200, 1800, "", "单位：元");
 }
 
-std::string RowValues(int row) {
+std::string RowValues(int row, int bill) {
   constexpr std::array<const char*, 8> kGoods = {
       "禾田珍珠米十公斤装", "海天金标生抽王",   "镀锌水管六分厚壁", "不锈钢螺丝",
       "农夫山泉天然水",     "蓝月亮深层洁净衣", "心相印三层卷纸",   "公牛五孔插座面板"};
@@ -105,8 +105,8 @@ std::string RowValues(int row) {
   const int boxes = 1 + row % 9;
   const int quantity = boxes * 12;
   const int cents = 125 + row % 7000;
-  std::string values =
-      "(1," + std::to_string(row) + ",'XD-2024-0001','江城市第一中学','2024-03-31'";
+  std::string values = "(" + std::to_string(bill) + "," + std::to_string(row) +
+                       ",'XD-2024-0001','江城市第一中学','2024-03-31'";
   values += ",'SP" + std::to_string(100000 + row % 5000) + "'";
   values += "," + Quoted(std::string(kGoods[index % kGoods.size()]) + std::to_string(row % 97));
   values += "," + Quoted(std::to_string(1 + row % 40) + "×" + std::to_string(1 + row % 12));
@@ -190,6 +190,10 @@ void MakeWorkFormat(const std::string& connection) {
 }
 
 void MakeWorkRows(const std::string& connection, int rows) {
+  MakeWorkBills(connection, rows, rows);
+}
+
+void MakeWorkBills(const std::string& connection, int rows, int rowsOfABill) {
   Statements statements(connection);
   statements.Run("drop table if exists t_work");
   statements.Run(
@@ -202,7 +206,7 @@ void MakeWorkRows(const std::string& connection, int rows) {
     std::string sql = "insert into t_work values ";
     const int end = std::min(rows + 1, row + kRowsOfAnInsert);
     for (const char* comma = ""; row < end; ++row, comma = ",") {
-      sql.append(comma).append(RowValues(row));
+      sql.append(comma).append(RowValues(row, 1 + (row - 1) / rowsOfABill));
     }
     statements.Run(sql);
   }

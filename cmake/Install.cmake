@@ -44,7 +44,8 @@ install(DIRECTORY examples/ USE_SOURCE_PERMISSIONS DESTINATION ${CMAKE_INSTALL_D
 
 # The docs keep the places that they have here, so that their links hold; what lies elsewhere after
 # the installation is reached by links of the file system.
-install(FILES LICENSE README.md README.zh-CN.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES LICENSE README.md README.zh-CN.md CHANGELOG.md CONTRIBUTING.md SECURITY.md
+  DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(PROGRAMS scripts/install-packages.sh DESTINATION ${CMAKE_INSTALL_DOCDIR}/scripts)
 function(qbtd_link_in_docs link target)

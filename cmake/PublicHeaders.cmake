@@ -2,6 +2,10 @@
 # nor a database library.
 set(qbtd_public_headers
   adapters/desktop/desktop_platform.h
+  adapters/explanation/explanation.h
+  adapters/explanation/explanation_text.h
+  adapters/explanation/language.h
+  adapters/explanation/run_place.h
   adapters/files/written_bytes.h
   adapters/memory_rows/column_names.h
   adapters/memory_rows/memory_recordset.h
@@ -11,9 +15,12 @@ set(qbtd_public_headers
   adapters/page_document/document_host.h
   adapters/page_document/drawing.h
   adapters/page_document/page_document.h
+  adapters/page_document/page_refs.h
   adapters/page_document/paper.h
+  adapters/page_outputs/document_files.h
+  adapters/print_calls/document_outcome.h
+  adapters/print_calls/kept_messages.h
   adapters/qt/render/outputs.h
-  adapters/qt/system/document_outcome.h
   server/client/client.h
   server/client/recordsets.h
   server/interface/binary_interface.h
@@ -25,6 +32,7 @@ set(qbtd_public_headers
   src/platform/pictures.h
   src/platform/platform.h
   src/platform/print_surface.h
+  src/platform/run_witness.h
   src/platform/value.h
   src/platform/windows.h
   src/service/printer.h

@@ -103,14 +103,16 @@ void MakeCalls(RecordingPlatform& platform) {
 
 }  // namespace
 
-Recording ReplayOn(RealDatabase real, Scenario scenario) {
+Recording ReplayOn(RealDatabase real, Scenario scenario, RunWitness* witness) {
   RecordingPlatform platform(std::move(scenario), std::move(real));
+  platform.Get().witness = witness;
   MakeCalls(platform);
   return {platform.GetRecorder().TakeLines(), nullptr};
 }
 
-Recording Replay(const Json& scenario) {
+Recording Replay(const Json& scenario, RunWitness* witness) {
   RecordingPlatform platform(ReadScenario(scenario));
+  platform.Get().witness = witness;
   MakeCalls(platform);
   return {platform.GetRecorder().TakeLines(), platform.Tables().AsJson()};
 }

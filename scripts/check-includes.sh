@@ -6,7 +6,7 @@
 set -euo pipefail
 cd "${1:-$(dirname "$0")/..}"
 
-sources=(src adapters recording server tools)
+sources=(src adapters recording checker server designer tools)
 {
   sed -n '/^| Folder | May include |/,/^$/p' docs/architecture.md | grep -E '^\| `'
   find "${sources[@]}" -name '*.h'

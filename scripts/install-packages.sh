@@ -8,8 +8,8 @@ packages=(
   # the compilers, the build and its checks
   g++ clang clang-format clang-tidy cmake make ninja-build pkg-config git
   # the platform: windows, drawing and printing; the embedded database; barcodes
-  qt6-base-dev qt6-svg-dev qt6-image-formats-plugins qt6-translations-l10n libgl-dev
-  libsqlite3-dev unixodbc-dev libcups2-dev libzint-dev libcli11-dev nlohmann-json3-dev
+  qt6-base-dev qt6-pdf-dev qt6-svg-dev qt6-image-formats-plugins qt6-translations-l10n libgl-dev
+  libsqlite3-dev unixodbc-dev libcups2-dev libzint-dev libdeflate-dev libcli11-dev nlohmann-json3-dev
   # fonts that stand in for the families that stored formats name
   fontconfig fonts-noto-cjk fonts-arphic-uming fonts-arphic-ukai fonts-liberation fonts-dejavu-core
   # a printer queue that writes PDF files
@@ -18,10 +18,12 @@ packages=(
   odbc-postgresql odbc-mariadb tdsodbc postgresql mariadb-server
   # what checks the man page, the desktop entry, the file type and the description of tdprint
   man-db desktop-file-utils shared-mime-info appstream
-  # the example that prints from Python
+  # the example that prints from Python, and the check of the docs
   python3
   # what makes Debian packages, checks them, and makes the bare system that they are tried in
   debhelper dh-python lintian mmdebstrap
+  # what presses the keys where scripts/make-pictures.sh takes pictures of the windows
+  xdotool
   # what the tests and benchmarks are written with, and what they read the results with
   libgtest-dev libbenchmark-dev poppler-utils zbar-tools imagemagick chromium sqlite3 xvfb
 )

@@ -33,7 +33,7 @@ Databases::Databases() {
 
 Databases::~Databases() = default;
 
-ReadOnlyDatabase& Databases::EngineFor(const std::string& connection) {
+TransactionalDatabase& Databases::EngineFor(const std::string& connection) {
   const std::scoped_lock guard(mutex_);
   if (lastDatabase_ != nullptr && connection == lastConnection_) return *lastDatabase_;
   const auto engine = std::ranges::find_if(
@@ -54,6 +54,10 @@ RecordsetRef Databases::OpenReadOnly(const std::string& connection, const std::s
 
 std::unique_ptr<Connection> Databases::Connect(const std::string& connection) {
   return EngineFor(connection).Connect(connection);
+}
+
+std::unique_ptr<Transaction> Databases::Begin(const std::string& connection, Access access) {
+  return EngineFor(connection).Begin(connection, access);
 }
 
 }  // namespace td

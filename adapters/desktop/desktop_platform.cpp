@@ -2,24 +2,20 @@
 
 #include <utility>
 
-#include "barcodes/barcode_settings.h"
 #include "desktop/databases.h"
-#include "platform/failure.h"
-#include "qt/pictures/qt_picture_files.h"
-#include "qt/system/application.h"
-#include "qt/system/device_failure.h"
-#include "qt/system/local_machine.h"
-#include "qt/system/message_boxes.h"
-#include "qt/system/printers.h"
-#include "qt/system/qt_windows.h"
+#include "desktop/desktop_parts.h"
+#include "desktop/lock_waits.h"
+#include "desktop/print_journal.h"
+#include "explanation/explainer.h"
+#include "print_calls/device_failure.h"
+#include "run_witnesses/witness_group.h"
 
 namespace td {
 namespace {
 
-// In front of all that paints.
 DesktopOptions Checked(DesktopOptions options) {
-  EnsureApplication();
-  if (!options.printer.empty() && !HasPrinter(options.printer)) {
+  PrepareDesktop();
+  if (!options.printer.empty() && !DesktopHasPrinter(options.printer)) {
     throw DeviceFailure(kInvalidProperty, "找不到打印机“" + options.printer + "”。");
   }
   return options;
@@ -29,20 +25,56 @@ DesktopOptions Checked(DesktopOptions options) {
 
 struct DesktopPlatform::Parts {
   explicit Parts(DesktopOptions options)
-      : pictures(options.componentFolder),
-        messages(options.messages == MessageMode::kAutomatic, &outcome),
-        windows({std::move(options.printer), std::move(options.stateDirectory),
-                 std::move(options.documentSink), std::move(options.onPage),
-                 std::move(options.onPrinted), std::move(options.onComplaint), &outcome},
-                ReadBarcodeSettings(BarcodeSettingsFile()), messages) {}
+      : own(MakeDesktopParts(options.componentFolder, options.messages, &outcome)) {
+    own->MessagesOfCalls().PutPlace(
+        [this] { return PlaceText(CurrentPlace(), LanguageOfLocale()); });
+    Put(std::move(options));
+  }
+
+  [[nodiscard]] RunPlace CurrentPlace() const {
+    return explains ? explainer.CurrentPlace() : placeKeeper.CurrentPlace();
+  }
+
+  void Put(DesktopOptions options) {
+    own->MessagesOfCalls().PutMode(options.messages);
+    journal.Put(
+        {.logFile = std::move(options.logFile), .onLogFailure = std::move(options.onLogFailure)});
+    lockWaits.Put({.seconds = options.lockWaitLimit, .goOn = std::move(options.onLockWait)});
+    own->PutSettings({.printer = std::move(options.printer),
+                      .stateDirectory = std::move(options.stateDirectory),
+                      .documentSink = std::move(options.documentSink),
+                      .sinkTarget = std::move(options.sinkTarget),
+                      .onPage = std::move(options.onPage),
+                      .onPrinted = std::move(options.onPrinted),
+                      .onComplaint = std::move(options.onComplaint),
+                      .outcome = &outcome,
+                      .stop = &stop,
+                      .listener = journal.IsOn() ? &journal : nullptr});
+    PutWitnesses(options.explain);
+  }
+
+  void PutWitnesses(bool withExplanation) {
+    explains = withExplanation;
+    if (!explains) explainer.Clear();
+    witnesses = {};
+    witnesses.Add(explains ? explainer : placeKeeper);
+    if (journal.IsOn()) witnesses.Add(journal.Witness());
+    platform.witness = witnesses.OrNone();
+  }
 
   Databases databases;
+  PrintStop stop;
+  LockWaits lockWaits{stop};
+  PatientDatabase patientDatabases{databases, lockWaits};
   DocumentOutcome outcome;
-  QtPictureFiles pictures;
-  MessageBoxes messages;
-  LocalMachine machine;
-  QtWindows windows;
-  Platform platform{databases, pictures, messages, machine, windows};
+  std::unique_ptr<DesktopParts> own;
+  PrintJournal journal{outcome, own->ThisMachine()};
+  WitnessGroup witnesses;
+  PlaceKeeper placeKeeper;
+  Explainer explainer;
+  bool explains = false;
+  Platform platform{patientDatabases, own->PictureFiles(), own->MessagesOfCalls(),
+                    own->ThisMachine(), own->PrintWindows()};
 };
 
 DesktopPlatform::DesktopPlatform(DesktopOptions options)
@@ -54,16 +86,36 @@ Platform& DesktopPlatform::Get() {
   return parts_->platform;
 }
 
+void DesktopPlatform::PutOptions(DesktopOptions options) {
+  parts_->Put(Checked(std::move(options)));
+}
+
+RecordsetRef DesktopPlatform::Limited(RecordsetRef rows) {
+  return PatientRows(std::move(rows), parts_->lockWaits, parts_->stop);
+}
+
+void DesktopPlatform::CancelPrint(const std::string& reason) {
+  parts_->stop.Ask(reason);
+}
+
 RecordsetRef DesktopPlatform::OpenReadOnly(const std::string& connection, const std::string& sql) {
-  return parts_->databases.OpenReadOnly(connection, sql);
+  return parts_->lockWaits.Watch([&] { return parts_->databases.OpenReadOnly(connection, sql); });
+}
+
+Explanation DesktopPlatform::LastExplanation() const {
+  return parts_->explainer.Explain(parts_->databases);
+}
+
+RunPlace DesktopPlatform::CurrentPlace() const {
+  return parts_->CurrentPlace();
 }
 
 bool DesktopPlatform::HasDisplay() const {
-  return HasWindowSystem();
+  return DesktopHasDisplay();
 }
 
 bool DesktopPlatform::HasPrinter(const std::string& name) const {
-  return td::HasPrinter(name);
+  return DesktopHasPrinter(name);
 }
 
 DocumentOutcome DesktopPlatform::LastDocument() const {
@@ -71,7 +123,7 @@ DocumentOutcome DesktopPlatform::LastDocument() const {
 }
 
 int DesktopPlatform::MessagesShown() const {
-  return parts_->messages.Shown();
+  return parts_->own->MessagesOfCalls().Shown();
 }
 
 }  // namespace td

@@ -5,27 +5,26 @@
 //   td::DesktopPlatform desktop;      // keep it alive as long as anything that was given Get()
 //   … desktop.Get() …
 //
-// The program may have a Qt application of its own, which is then used and kept. If it has none,
-// one is made when the first DesktopPlatform is constructed, and lives until the program ends; it
-// needs no display. Everything but the databases runs on the thread that constructs the object,
-// which must be the thread of the Qt application; a print call on another one is refused.
+// Elsewhere than on Windows, the program may have a Qt application of its own, which is then used
+// and kept. If it has none, one is made when the first DesktopPlatform is constructed, and lives
+// until the program ends; it needs no display. Everything but the databases runs on the thread that
+// constructs the object, which must be that of the Qt application, where there is one; a print call
+// on another one is refused.
 #pragma once
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "explanation/explanation.h"
 #include "platform/platform.h"
-#include "qt/system/document_outcome.h"
+#include "print_calls/document_outcome.h"
+#include "print_calls/kept_messages.h"
 
 namespace td {
 
 class PageDocument;
-
-enum class MessageMode {
-  kAutomatic,      // a message box if there is a window system, otherwise as kStandardError
-  kStandardError,  // one line on standard error for each message, whatever display there is
-};
 
 // Texts are UTF-8; an empty text asks for what the comment calls the default.
 struct DesktopOptions {
@@ -37,28 +36,54 @@ struct DesktopOptions {
   // used. The reference is good during the call. A Failure that it throws leaves PrintDoc.
   std::function<void(const PageDocument&)> documentSink;
 
+  // What the sink writes to, in words: a file's path, for LastDocument().file and the log.
+  std::string sinkTarget;
+
   MessageMode messages = MessageMode::kAutomatic;
 
   // The folder of the export file 订单.html. Default: the environment variable
-  // QBTDPRINTER_STATE_DIR, else qbtdprinter in $XDG_STATE_HOME, else in ~/.local/state. It is
-  // created when it is missing, for the user alone.
+  // QBTDPRINTER_STATE_DIR, else qbtdprinter in $XDG_STATE_HOME, else in ~/.local/state; on Windows
+  // QbTdPrinter in %LOCALAPPDATA%. It is created when it is missing, for the user alone.
   std::string stateDirectory;
 
   // The folder whose subfolder "picture" holds the goods pictures. Default: the folder of the
   // shared library or program that holds the component.
   std::string componentFolder;
 
-  // Called with the number of each page, from 1, when the run has finished it.
+  // Called with the number of each page, from 1, when the run has finished it. An exception that it
+  // throws ends the print with its words as a message, and nothing is printed.
   std::function<void(int page)> onPage;
+
+  // How many seconds a print waits for rows and tables that other users have locked. Then it ends
+  // with a message, and nothing is printed. 0 doesn't wait; nothing waits without limit. Holds for
+  // `database` of Get(), too, whose failure then is no lock conflict.
+  std::optional<double> lockWaitLimit;
+
+  // Called after each try that met a lock, with the seconds of the wait so far. False ends the wait
+  // as if the limit was reached; an exception does so with its words.
+  std::function<bool(double seconds)> onLockWait;
 
   // Called when a document has gone whole to its printer, or to the sink: Printer::PrintOk is set
   // before that and stays when it fails.
   std::function<void()> onPrinted;
 
+  // Whether LastExplanation tells what becomes of the items of the format. A print then looks each
+  // column up twice.
+  bool explain = false;
+
   // Called with what a document goes on without, in words for those who look after the machine: a
   // paper code that nobody knows, a text that no barcode can carry. Once for each text and print
   // window. Default: a line on standard error.
   std::function<void(const std::string& text)> onComplaint;
+
+  // The file to which each print call adds a line of JSON: who printed which bills, when, where,
+  // and with what result. Empty: no log. Default: the absolute path in the environment variable
+  // QBTDPRINTER_LOG_FILE, else no log. Several processes may share a file.
+  std::optional<std::string> logFile;
+
+  // Called when the log can't be written, once until it can be again; the print goes on. Default: a
+  // line on standard error.
+  std::function<void(const std::string& text)> onLogFailure;
 };
 
 class DesktopPlatform {
@@ -73,6 +98,20 @@ class DesktopPlatform {
 
   // Good as long as this object lives.
   [[nodiscard]] Platform& Get();
+
+  // What the print calls and dialogs from now on are to use; one that runs keeps what it began
+  // with, but for `messages` and the waiting. `componentFolder` stays as it was. Database
+  // connections stay open. Fails as the constructor does, and has changed nothing then.
+  void PutOptions(DesktopOptions options);
+
+  // The rows, for a print of this platform: `lockWaitLimit`, `onLockWait` and CancelPrint hold for
+  // them, too. Without it they hold for the databases and between pages. This object outlives them.
+  [[nodiscard]] RecordsetRef Limited(RecordsetRef rows);
+
+  // Ends the print that runs, if there is one, with `reason` as its message, at its next page, row
+  // (Limited) or try of what is locked; nothing is printed. Any thread may call it, and what is
+  // called within a print.
+  void CancelPrint(const std::string& reason = "打印被调用程序取消。");
 
   // The rows of a query that somebody else wrote, to be printed. A statement that would change
   // anything, or that is no query, fails with kDatabaseFailed and has changed nothing. On SQL
@@ -90,7 +129,15 @@ class DesktopPlatform {
   // sent, and stays when that fails.
   [[nodiscard]] DocumentOutcome LastDocument() const;
 
-  // How many messages were shown so far, as a box or as a line.
+  // What became of each item of the format in the last run of a print or a preview, or in the one
+  // that goes on, and why. Nothing without the option `explain`. The items that no band came to are
+  // read now, with the connection text of the print.
+  [[nodiscard]] Explanation LastExplanation() const;
+
+  // Where the print is that runs: what a message or a complaint is about. Unknown otherwise.
+  [[nodiscard]] RunPlace CurrentPlace() const;
+
+  // How many messages there were so far, in whatever way they were shown.
   [[nodiscard]] int MessagesShown() const;
 
  private:

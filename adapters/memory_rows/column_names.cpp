@@ -13,7 +13,7 @@ unsigned char Lower(char c) {
   return byte >= 'A' && byte <= 'Z' ? static_cast<unsigned char>(byte + ('a' - 'A')) : byte;
 }
 
-// Of the length and of the first and last eight bytes, in which capitals and small letters have one
+// Of the length and of the first and last bytes, in which capitals and small letters have one
 // value: what tells the columns of a table apart, at the cost of a few instructions.
 std::size_t Hash(std::string_view name) {
   constexpr std::uint64_t kWithoutCase = 0x2020202020202020U;
@@ -22,6 +22,9 @@ std::size_t Hash(std::string_view name) {
   if (name.size() >= sizeof(first)) {
     std::memcpy(&first, name.data(), sizeof(first));
     std::memcpy(&last, name.data() + name.size() - sizeof(last), sizeof(last));
+  } else if (constexpr std::size_t kHalf = sizeof(first) / 2; name.size() >= kHalf) {
+    std::memcpy(&first, name.data(), kHalf);
+    std::memcpy(&last, name.data() + name.size() - kHalf, kHalf);
   } else {
     for (const char c : name) first = first << 8U | static_cast<unsigned char>(c);
   }

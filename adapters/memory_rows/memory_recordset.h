@@ -35,6 +35,9 @@ class MemoryRecordset final : public Recordset {
   void Close() override;
   RecordsetRef Clone() override;
 
+  // Nothing when the record set is closed.
+  [[nodiscard]] const ColumnNames* Columns() const { return rows_ ? &rows_->Columns() : nullptr; }
+
  private:
   static constexpr std::size_t kNoRow = static_cast<std::size_t>(-1);
   // A value that was asked for, unpacked, and the row that it stands in.

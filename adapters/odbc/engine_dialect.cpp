@@ -72,6 +72,43 @@ ReadOnlyTransaction ReadOnlyTransactionOf(Engine engine) {
   return {};
 }
 
+LiteralForm LiteralFormOf(Engine engine) {
+  switch (engine) {
+    case Engine::kPostgreSql:
+      return {.beforeBytes = "'\\x", .quotesNumbers = true};
+    case Engine::kSqlServer:
+      return {.beforeText = "N", .beforeBytes = "0x", .behindBytes = ""};
+    case Engine::kMariaDb:
+    case Engine::kOther:
+      break;
+  }
+  return {};
+}
+
+std::string PrimaryKeyStatement(std::string_view table, Engine engine) {
+  std::string_view schema = "t.table_schema=database()";
+  std::string_view isGenerated = "c.extra like '%auto_increment%'";
+  if (engine == Engine::kPostgreSql) {
+    schema = "t.table_schema=any(current_schemas(false))";
+    isGenerated = "c.column_default is not null or c.is_identity='YES'";
+  } else if (engine == Engine::kSqlServer) {
+    schema = "t.table_schema=schema_name()";
+    isGenerated =
+        "c.column_default is not null or "
+        "columnproperty(object_id(c.table_name),c.column_name,'IsIdentity')=1";
+  }
+  std::string sql = "select k.column_name,case when ";
+  sql.append(isGenerated).append(" then 1 else 0 end from information_schema.table_constraints t ");
+  sql +=
+      "inner join information_schema.key_column_usage k on k.constraint_name=t.constraint_name "
+      "and k.table_schema=t.table_schema and k.table_name=t.table_name "
+      "inner join information_schema.columns c on c.table_schema=k.table_schema "
+      "and c.table_name=k.table_name and c.column_name=k.column_name "
+      "where t.constraint_type='PRIMARY KEY' and lower(t.table_name)=lower('";
+  sql.append(table).append("') and ").append(schema);
+  return sql + " order by k.ordinal_position";
+}
+
 std::string_view TableNames::Find(std::string_view word) const {
   std::string_view found;
   std::size_t count = 0;

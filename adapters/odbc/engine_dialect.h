@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "sql_support/sql_literal.h"
 #include "sql_support/sql_scanner.h"
 
 namespace td {
@@ -32,6 +33,13 @@ struct ReadOnlyTransaction {
   std::string_view end;
 };
 [[nodiscard]] ReadOnlyTransaction ReadOnlyTransactionOf(Engine engine);
+
+// How values are written.
+[[nodiscard]] LiteralForm LiteralFormOf(Engine engine);
+
+// Asks for the names of the columns of a table's primary key, in their order, and whether each is
+// generated: 1 or 0.
+[[nodiscard]] std::string PrimaryKeyStatement(std::string_view table, Engine engine);
 
 // The names of a database's tables; of use where the engine tells upper from lower case in them.
 class TableNames {

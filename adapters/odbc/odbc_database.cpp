@@ -6,6 +6,7 @@
 #include "odbc/odbc_session.h"
 #include "sql_support/database_failure.h"
 #include "sql_support/session_pool.h"
+#include "sql_support/sql_literal.h"
 
 namespace td {
 namespace {
@@ -38,6 +39,33 @@ class OdbcConnection final : public Connection {
   std::shared_ptr<Pool> pool_;
   std::string connection_;
   std::unique_ptr<OdbcSession> session_;
+};
+
+class OdbcTransaction final : public Transaction {
+ public:
+  OdbcTransaction(const std::string& connection, Access access) : session_(connection) {
+    session_.Begin(access);
+  }
+  OdbcTransaction(const OdbcTransaction&) = delete;
+  OdbcTransaction& operator=(const OdbcTransaction&) = delete;
+  ~OdbcTransaction() override { session_.Rollback(); }
+
+  std::shared_ptr<const MemoryRows> Run(const std::string& sql) override {
+    return WithEnoughMemory([&] { return session_.Run(sql); });
+  }
+
+  std::vector<KeyColumn> PrimaryKey(const std::string& table) override {
+    return ReadKeyColumns(*Run(PrimaryKeyStatement(table, session_.EngineOfIt())));
+  }
+
+  [[nodiscard]] std::string Literal(const Value& value) const override {
+    return SqlLiteral(value, LiteralFormOf(session_.EngineOfIt()));
+  }
+
+  void Commit() override { session_.Commit(); }
+
+ private:
+  OdbcSession session_;
 };
 
 }  // namespace
@@ -78,6 +106,10 @@ RecordsetRef OdbcDatabase::Open(const std::string& connection, const std::string
 
 std::unique_ptr<Connection> OdbcDatabase::Connect(const std::string& connection) {
   return WithEnoughMemory([&] { return std::make_unique<OdbcConnection>(pool_, connection); });
+}
+
+std::unique_ptr<Transaction> OdbcDatabase::Begin(const std::string& connection, Access access) {
+  return WithEnoughMemory([&] { return std::make_unique<OdbcTransaction>(connection, access); });
 }
 
 }  // namespace td

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "sql_support/read_only.h"
+#include "sql_support/transaction.h"
 
 namespace td {
 
@@ -29,7 +29,7 @@ class SessionPool;
 //
 // Connections and prepared statements are kept and used again. When the server went away in
 // between, a query connects anew by itself. Calls may come from several threads.
-class OdbcDatabase final : public ReadOnlyDatabase {
+class OdbcDatabase final : public TransactionalDatabase {
  public:
   OdbcDatabase();
   ~OdbcDatabase() override;
@@ -41,6 +41,9 @@ class OdbcDatabase final : public ReadOnlyDatabase {
   // write, the words of the statement decide.
   RecordsetRef OpenReadOnly(const std::string& connection, const std::string& sql) override;
   std::unique_ptr<Connection> Connect(const std::string& connection) override;
+  // Serializable: where the engine can't keep others from changing what was read, the transaction
+  // fails as locked.
+  std::unique_ptr<Transaction> Begin(const std::string& connection, Access access) override;
 
  private:
   RecordsetRef Open(const std::string& connection, const std::string& sql, Access access);

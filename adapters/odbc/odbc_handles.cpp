@@ -83,6 +83,17 @@ bool OdbcConnectionHandle::KnownDead() const {
   return dead == SQL_CD_TRUE;
 }
 
+bool OdbcConnectionHandle::BeginTransaction(SQLUINTEGER isolation) {
+  return SQL_SUCCEEDED(SQLSetConnectAttrW(handle_, SQL_ATTR_TXN_ISOLATION, AsPointer(isolation),
+                                          SQL_IS_UINTEGER)) &&
+         SQL_SUCCEEDED(SQLSetConnectAttrW(handle_, SQL_ATTR_AUTOCOMMIT,
+                                          AsPointer(SQL_AUTOCOMMIT_OFF), SQL_IS_UINTEGER));
+}
+
+bool OdbcConnectionHandle::EndTransaction(SQLSMALLINT completion) {
+  return SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, handle_, completion));
+}
+
 OdbcStatementHandle MakeStatement(const OdbcConnectionHandle& connection) {
   SQLHSTMT statement = SQL_NULL_HSTMT;
   if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_STMT, connection.Get(), &statement))) {

@@ -19,7 +19,9 @@ static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "the driver manager's wide t
   return reinterpret_cast<SQLWCHAR*>(const_cast<char16_t*>(text.data()));
 }
 
-// A connection; disconnects when it dies, which ends an open transaction without effect.
+// A connection; disconnects when it dies, which ends an open transaction without effect. A
+// transaction is one of the driver's: drivers commit one that was begun by a statement when a
+// cursor closes.
 class OdbcConnectionHandle {
  public:
   // Connects. Fails with kDatabaseFailed; the password is in no description.
@@ -33,6 +35,12 @@ class OdbcConnectionHandle {
   [[nodiscard]] std::string EngineName() const;
   // Whether the connection is gone, as far as the driver knows; some drivers ask the server.
   [[nodiscard]] bool KnownDead() const;
+
+  // From here on statements take effect together; `isolation` is one of SQL_TXN_…. False, with a
+  // diagnosis, if the driver refuses.
+  [[nodiscard]] bool BeginTransaction(SQLUINTEGER isolation);
+  // SQL_COMMIT or SQL_ROLLBACK, likewise.
+  [[nodiscard]] bool EndTransaction(SQLSMALLINT completion);
 
  private:
   SQLHDBC handle_ = SQL_NULL_HDBC;

@@ -76,6 +76,23 @@ bool OdbcSession::IsQuery(const std::string& sql) const {
   return EqualWords(FirstWord(sql, LexiconOf(engine_)), "select");
 }
 
+void OdbcSession::Begin(Access access) {
+  reusable_ = false;
+  const bool writes = access == Access::kReadWrite;
+  if (!connection_.BeginTransaction(writes ? SQL_TXN_SERIALIZABLE : SQL_TXN_REPEATABLE_READ)) {
+    FailConnection();
+  }
+}
+
+void OdbcSession::Commit() {
+  if (!connection_.EndTransaction(SQL_COMMIT)) FailConnection();
+}
+
+void OdbcSession::Rollback() noexcept {
+  // Without a connection there is nothing left to undo.
+  static_cast<void>(connection_.EndTransaction(SQL_ROLLBACK));
+}
+
 std::shared_ptr<const MemoryRows> OdbcSession::Run(const std::string& sql, Access access) {
   const bool wasReusable = std::exchange(reusable_, false);  // stays so when a failure leaves
   ArrangeJoins(sql);
@@ -192,6 +209,10 @@ bool OdbcSession::Fetch(Prepared& prepared, MemoryRows& rows) const {
           ReadValue(statement, static_cast<SQLUSMALLINT>(i + 1), prepared.columns[i].type, texts));
     }
   }
+}
+
+void OdbcSession::FailConnection() const {
+  throw StatementFailure(Diagnose(SQL_HANDLE_DBC, connection_.Get()), engine_);
 }
 
 void OdbcSession::Fail(const Prepared& prepared) {

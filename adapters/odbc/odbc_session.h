@@ -28,6 +28,14 @@ class OdbcSession {
   // nothing changed.
   std::shared_ptr<const MemoryRows> Run(const std::string& sql, Access access = Access::kReadWrite);
 
+  // A transaction of all statements that follow, which nothing but Commit lets take effect.
+  // Rollback comes before the session dies.
+  void Begin(Access access);
+  void Commit();
+  void Rollback() noexcept;
+
+  [[nodiscard]] Engine EngineOfIt() const { return engine_; }
+
   // Whether the connection is not known to be gone. Asks nobody, which would cost each query a
   // second trip to the server: a server that went away shows in the next statement.
   [[nodiscard]] bool Usable() const { return !lost_; }
@@ -65,6 +73,7 @@ class OdbcSession {
   void Describe(Prepared& prepared) const;
   [[nodiscard]] bool Fetch(Prepared& prepared, MemoryRows& rows) const;
   [[noreturn]] void Fail(const Prepared& prepared);
+  [[noreturn]] void FailConnection() const;
   void ReadTableNames();
 
   OdbcConnectionHandle connection_;

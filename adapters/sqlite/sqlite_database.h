@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "sql_support/read_only.h"
+#include "sql_support/transaction.h"
 
 namespace td {
 
@@ -35,7 +35,7 @@ class SessionPool;
 // Connections and prepared statements are kept and used again, unless the file was changed by
 // others, replaced or deleted in between. Calls may come from several threads. A process that forks
 // makes a new SqliteDatabase in the child.
-class SqliteDatabase final : public ReadOnlyDatabase {
+class SqliteDatabase final : public TransactionalDatabase {
  public:
   SqliteDatabase();
   ~SqliteDatabase() override;
@@ -46,6 +46,7 @@ class SqliteDatabase final : public ReadOnlyDatabase {
   RecordsetRef OpenReadOnly(const std::string& connection, const std::string& sql) override;
   // A file that is deleted or replaced afterwards makes Execute fail.
   std::unique_ptr<Connection> Connect(const std::string& connection) override;
+  std::unique_ptr<Transaction> Begin(const std::string& connection, Access access) override;
 
  private:
   RecordsetRef Open(const std::string& connection, const std::string& sql, Access access);

@@ -2,6 +2,7 @@
 
 #include "module/component.h"
 #include "module/printer_object.h"
+#include "module/session_object.h"
 #include "module/settings_object.h"
 #include "objects/counted_object.h"
 
@@ -55,6 +56,7 @@ const TdClassFactoryTable ClassFactory::kTable = {QueryInterface, AddRef, Releas
 Reference<TdClassFactory> NewClassFactory(const TdGuid& classId) {
   ObjectMaker make = nullptr;
   if (SameGuid(classId, kTdPrinterClass)) make = NewPrinterObject;
+  if (SameGuid(classId, kTdSessionClass)) make = NewSessionObject;
   if (SameGuid(classId, kTdSettingsClass)) make = NewSettingsObject;
   if (make == nullptr) return {};
   return Reference<TdClassFactory>::Taking(new ClassFactory(make));

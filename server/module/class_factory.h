@@ -1,4 +1,4 @@
-// The factories of the two classes.
+// The factories of the classes.
 #pragma once
 
 #include "interface/binary_interface.h"

@@ -105,7 +105,7 @@ void Component::EndIfUnused(std::unique_lock<std::mutex> lock) {
   if (uses_ == 0) owner_ = std::thread::id();
 }
 
-Platform& Component::ThePlatform() {
+DesktopPlatform& Component::Desktop() {
   if (!desktop_) {
     KeepModuleInMemory();
     (void)Context();
@@ -114,7 +114,12 @@ Platform& Component::ThePlatform() {
     const std::lock_guard lock(mutex_);
     desktop_ = std::move(desktop);
   }
-  return desktop_->Get();
+  return *desktop_;
+}
+
+void Component::CancelPrint() {
+  const std::lock_guard lock(mutex_);
+  if (desktop_) desktop_->CancelPrint();
 }
 
 }  // namespace td

@@ -6,8 +6,6 @@
 #include <mutex>
 #include <thread>
 
-#include "platform/platform.h"
-
 namespace td {
 
 class DesktopPlatform;
@@ -38,7 +36,10 @@ class Component {
 
   // The platform, made on first use. From then on the module stays in memory: Qt keeps texts of
   // this module in its caches, and can't be unloaded itself while its application lives.
-  [[nodiscard]] Platform& ThePlatform();
+  [[nodiscard]] DesktopPlatform& Desktop();
+
+  // Ends the print that runs, on any thread.
+  void CancelPrint();
 
   Component(const Component&) = delete;
   Component& operator=(const Component&) = delete;

@@ -61,6 +61,7 @@ TD_EXPORT TdResult TD_CALL DllRegisterServer() {
   return RunRegistration([] {
     const std::filesystem::path& module = td::ModuleFile();
     td::WriteRegistration({{TD_PRINTER_CLASS_NAME, kTdPrinterClass, module},
+                           {TD_SESSION_CLASS_NAME, kTdSessionClass, module},
                            {TD_SETTINGS_CLASS_NAME, kTdSettingsClass, module}});
   });
 }

@@ -33,11 +33,11 @@ int NumberOf(TdResult result) {
   }
 }
 
-std::string DescriptionOf(int number, const char* member) {
+std::string DescriptionOf(int number, const char* whose, const char* member) {
   const std::string name = "“" + std::string(member) + "”";
   switch (number) {
     case kNoSuchMember:
-      return "数据对象没有" + name + "。";
+      return whose + ("没有" + name) + "。";
     case kNoSuchColumn:
       return NoSuchColumnFailure().Description();
     case kInvalidUseOfNull:
@@ -49,25 +49,27 @@ std::string DescriptionOf(int number, const char* member) {
   }
   std::array<char, 16> code{};
   std::snprintf(code.data(), code.size(), "0x%08X", static_cast<unsigned>(number));
-  return "数据对象的" + name + "失败（" + code.data() + "）。";
+  return whose + ("的" + name) + "失败（" + code.data() + "）。";
 }
 
-Failure MakeFailure(int number, const TdExceptionInfo& info, const char* member) {
+Failure MakeFailure(int number, const TdExceptionInfo& info, const char* whose,
+                    const char* member) {
   std::string description = TextOf(info.description);
-  if (description.empty()) description = DescriptionOf(number, member);
+  if (description.empty()) description = DescriptionOf(number, whose, member);
   return {number, description};
 }
 
 }  // namespace
 
-Failure FailureOfCall(TdResult result, TdExceptionInfo& info, const char* member) {
+Failure FailureOfCall(TdResult result, TdExceptionInfo& info, const char* member,
+                      const char* whose) {
   int number = NumberOf(result);
   if (result == TD_EXCEPTION) {
     if (info.fillLater != nullptr) (void)info.fillLater(&info);
     number = info.code != 0 ? info.code : NumberOf(info.result);
     if (number == TD_OK) number = TD_FAILURE;
   }
-  Failure failure = MakeFailure(number, info, member);
+  Failure failure = MakeFailure(number, info, whose, member);
   TdClearException(&info);
   return failure;
 }
@@ -76,7 +78,7 @@ Failure FailureOfDirectCall(TdResult result, TdRecordset* object, const char* me
   TdExceptionInfo info{};
   const auto source = InterfaceOf<TdErrorSource>(object, kTdErrorSourceId);
   if (source.Get() != nullptr) source.Get()->table->LastError(source.Get(), &info);
-  Failure failure = MakeFailure(NumberOf(result), info, member);
+  Failure failure = MakeFailure(NumberOf(result), info, kDataObject, member);
   TdClearException(&info);
   return failure;
 }

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "desktop/desktop_platform.h"
 #include "module/component.h"
 #include "objects/dispatch_object.h"
 #include "objects/variant_values.h"
@@ -13,7 +14,7 @@ namespace {
 enum MemberId : std::int32_t { kTdSet = 1 };
 
 void ShowSettings(const std::string& PromptString, std::int16_t TranType) {
-  td::TDSet(Component::Get().ThePlatform()).ShowSettings(PromptString, TranType);
+  td::TDSet(Component::Get().Desktop().Get()).ShowSettings(PromptString, TranType);
 }
 
 class SettingsObject final : public DispatchObject<SettingsObject, TdSettings> {

@@ -74,6 +74,18 @@ std::int16_t CallArguments::Integer16(std::size_t position) const {
   });
 }
 
+std::int32_t CallArguments::Integer32(std::size_t position) const {
+  return Converted(position, [](const TdVariant& variant) {
+    return variant.type == TD_EMPTY ? std::int32_t{0} : ToInteger32(ValueOf(variant));
+  });
+}
+
+double CallArguments::Real(std::size_t position) const {
+  return Converted(position, [](const TdVariant& variant) {
+    return variant.type == TD_EMPTY ? 0.0 : ToDouble(ValueOf(variant));
+  });
+}
+
 std::string CallArguments::Text(std::size_t position) const {
   return Converted(position, [](const TdVariant& variant) {
     return variant.type == TD_EMPTY ? std::string() : ToLoneText(ValueOf(variant));

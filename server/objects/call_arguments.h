@@ -23,6 +23,8 @@ class CallArguments {
   // was left out; Null converts to nothing. Text that says a number or a flag converts to it.
   [[nodiscard]] bool Flag(std::size_t position) const;
   [[nodiscard]] std::int16_t Integer16(std::size_t position) const;
+  [[nodiscard]] std::int32_t Integer32(std::size_t position) const;
+  [[nodiscard]] double Real(std::size_t position) const;
   [[nodiscard]] std::string Text(std::size_t position) const;
 
   // Empty for Empty, Null and an object variable that is set to nothing.

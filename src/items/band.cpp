@@ -20,28 +20,42 @@ void DrawItem(Band& band, void (*drawText)(Band&)) {
     DrawLineItem(band);
   } else if (guard.Test([&] { return IsKind(band.typeId, ItemKind::kPicture); })) {
     DrawPictureItem(band);
+  } else {
+    band.Meet(Circumstance::kUnknownKind);
   }
+}
+
+WitnessedBand WitnessedBandOf(const BandDrawing& drawing) {
+  return drawing.isFiller ? WitnessedBand::kFillerRow
+                          : static_cast<WitnessedBand>(static_cast<int>(drawing.site));
 }
 
 }  // namespace
 
-void DrawBand(PrintWindow& window, const std::string& sql, ItemSite site, void (*drawText)(Band&),
-              const std::function<void()>& finish) {
-  RunRoutine(Guard(reactions::kDrawing), window.platform.messages, [&](const Guard& guard) {
-    Band band{.window = window, .guard = guard, .site = site};
+void DrawBand(PrintWindow& window, const std::string& sql, const BandDrawing& drawing) {
+  RunWitness* const witness = window.platform.witness;
+  if (witness != nullptr) witness->BandBegins(WitnessedBandOf(drawing));
+  const Guard guard(reactions::kDrawing, {}, witness);
+  RunRoutine(guard, window.platform.messages, [&](const Guard&) {
+    Band band{.window = window, .guard = guard, .site = drawing.site};
     guard.Step([&] { band.items.Open(sql); });
     while (guard.Test([&] { return !band.items.Eof(); })) {
-      DrawItem(band, drawText);
+      if (witness != nullptr) witness->ItemBegins(band.items.Rows());
+      DrawItem(band, drawing.drawText);
+      if (witness != nullptr) witness->ItemEnds();
       guard.Step([&] { band.items.MoveNext(); });
     }
     guard.Step([&] { band.items.Close(); });
-    if (finish) guard.Step(finish);
+    if (drawing.finish) guard.Step(drawing.finish);
   });
+  if (witness != nullptr) witness->BandEnds();
 }
 
 void DrawHeadBand(PrintWindow& window, void (*drawText)(Band&)) {
-  DrawBand(window, HeaderItemStatement(window.request), ItemSite::kHead, drawText,
-           [&window] { window.state.HeaderEndY = window.vp.CurrentY(); });
+  DrawBand(window, HeaderItemStatement(window.request),
+           {.site = ItemSite::kHead, .drawText = drawText, .finish = [&window] {
+              window.state.HeaderEndY = window.vp.CurrentY();
+            }});
 }
 
 }  // namespace td

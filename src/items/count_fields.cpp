@@ -15,8 +15,9 @@ void DrawPageOfDocument(Band& band) {
 
 void DrawFreePageOfDocument(Band& band) {
   if (IsAutoSize(band)) {
-    band.guard.Step([&] { band.vp.PutParagraph(ToText(band.vp.PageCount())); });
+    Paragraph(band, [&] { return ToText(band.vp.PageCount()); });
   } else {
+    band.Meet(Circumstance::kHeadIsOnSheet);
     Box(band, [] { return std::string(); });
   }
 }

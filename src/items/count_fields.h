@@ -1,6 +1,7 @@
 // Fields that number pages and rows.
 #pragma once
 
+#include <array>
 #include <string_view>
 
 #include "items/band.h"
@@ -10,6 +11,7 @@ namespace td {
 // Their names, which the head routines know, too.
 inline constexpr std::string_view kPageNumberField = "fpageno";
 inline constexpr std::string_view kTotalPageNumberField = "ftotalpageno";
+inline constexpr std::array kHeadFields = {kPageNumberField, kTotalPageNumberField};
 
 // The page within the bill: what "fpageno" shows outside the head.
 void DrawPageOfBill(Band& band);

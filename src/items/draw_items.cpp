@@ -14,13 +14,9 @@ void DrawTextItem(Band& band) {
   ReadCaption(band);
   ReadField(band);
 
-  if (HasToken(band, kBillNoBarcode)) {
-    DrawBarcode(band, "FBillNo");
-  } else if (HasToken(band, kRandomBarcode)) {
-    DrawBarcode(band, "FBillNoBarCode");
-  } else if (HasToken(band, kGoodsPicture)) {
-    DrawGoodsPicture(band);
-  } else if (band.field.empty()) {
+  if (DrawImage(band)) return;
+  if (band.field.empty()) {
+    band.Meet(Circumstance::kNoVariable);
     Box(band, [&] { return band.caption; });
   } else if (const NamedField* named = FindNamedField(band.field, band.window.kind)) {
     DrawNamedField(band, *named);
@@ -32,7 +28,8 @@ void DrawTextItem(Band& band) {
 }  // namespace
 
 void DrawItems(PrintWindow& window, ItemSite FSite, std::string_view Filter) {
-  DrawBand(window, ItemStatement(window.request, FSite, Filter), FSite, DrawTextItem);
+  DrawBand(window, ItemStatement(window.request, FSite, Filter),
+           {.site = FSite, .isFiller = !Filter.empty(), .drawText = DrawTextItem});
 }
 
 }  // namespace td

@@ -1,5 +1,8 @@
 #include "items/draw_page_header.h"
 
+#include <functional>
+#include <string>
+
 #include "items/count_fields.h"
 #include "items/image_items.h"
 #include "items/text_item.h"
@@ -11,22 +14,33 @@ namespace {
 
 // The head of a page.
 
-// A Null value prints the caption of a free-standing item and nothing at all of a boxed one.
+// A boxed value that is Null leaves its place as it is: not even the caption is printed.
+void BoxUnlessNull(Band& band, const std::function<std::string()>& text) {
+  Recordset& data = *band.request.PrintData;
+  if (band.guard.Test([&] { return !IsNull(band.Data(data, band.field)); })) {
+    Box(band, text);
+  } else {
+    band.Meet(Circumstance::kNullInBox);
+  }
+}
+
+// The caption of a free-standing item is printed also where its value is Null.
 void DrawDataField(Band& band) {
   Recordset& data = *band.request.PrintData;
-  const auto text = [&] { return band.caption + ToText(data.Field(band.field)); };
+  const auto text = [&] { return band.caption + ToText(band.Data(data, band.field)); };
   if (IsAutoSize(band)) {
-    band.guard.Step([&] { band.vp.PutParagraph(text()); });
-  } else if (band.guard.Test([&] { return !IsNull(data.Field(band.field)); })) {
-    Box(band, text);
+    Paragraph(band, text);
+  } else {
+    BoxUnlessNull(band, text);
   }
 }
 
 // A constant prints its caption as stored, also where it repeats the item's name.
 void DrawConstant(Band& band) {
   const auto text = [&] { return ToLoneText(band.Item("FObjectCaption")); };
+  band.Meet(Circumstance::kNoVariable);
   if (IsAutoSize(band)) {
-    band.guard.Step([&] { band.vp.PutText(text()); });
+    RunningText(band, text);
   } else {
     Box(band, text);
   }
@@ -37,13 +51,8 @@ void DrawTextItem(Band& band) {
   ReadField(band);
   ReadCaption(band);
 
-  if (HasToken(band, kBillNoBarcode)) {
-    DrawBarcode(band, "FBillNo");
-  } else if (HasToken(band, kUserBarcode)) {
-    DrawBarcode(band, "FUserBarCode");
-  } else if (HasToken(band, kRandomBarcode)) {
-    DrawBarcode(band, "FBillNoBarCode");
-  } else if (LowerCase(band.field) == kPageNumberField) {
+  if (DrawImage(band)) return;
+  if (LowerCase(band.field) == kPageNumberField) {
     DrawPageOfDocument(band);
   } else if (LowerCase(band.field) == kTotalPageNumberField) {
     StoreTotalPageStamp(band);
@@ -58,8 +67,9 @@ void DrawTextItem(Band& band) {
 
 // The label is on the sheet already: an empty text is written in its place.
 void DrawSilentConstant(Band& band) {
+  band.Meet(Circumstance::kHeadIsOnSheet);
   if (IsAutoSize(band)) {
-    band.guard.Step([&] { band.vp.PutText(""); });
+    RunningText(band, [] { return std::string(); });
   } else {
     Box(band, [] { return std::string(); });
   }
@@ -70,12 +80,13 @@ void DrawLaterDataField(Band& band) {
   Recordset& data = *band.request.PrintData;
   const bool isFirstPage = band.guard.Test([&] { return band.vp.PageCount() == 1; });
   const auto text = [&] {
-    return isFirstPage ? std::string() : ToLoneText(data.Field(band.field));
+    return isFirstPage ? std::string() : ToLoneText(band.Data(data, band.field));
   };
+  if (isFirstPage) band.Meet(Circumstance::kHeadIsOnSheet);
   if (IsAutoSize(band)) {
-    band.guard.Step([&] { band.vp.PutParagraph(text()); });
-  } else if (band.guard.Test([&] { return !IsNull(data.Field(band.field)); })) {
-    Box(band, text);
+    Paragraph(band, text);
+  } else {
+    BoxUnlessNull(band, text);
   }
 }
 

@@ -1,6 +1,7 @@
 // Text items that ask for an image by a special name, and the goods pictures.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 
@@ -17,8 +18,30 @@ inline constexpr std::string_view kGoodsPicture = "<商品图片>";
 // Null value draws the code of the last one.
 void DrawBarcode(Band& band, std::string_view column);
 
-// The picture of the current row's goods, at the row's place.
-void DrawGoodsPicture(Band& band);
+// The picture of the goods that the current row names in a column, at the row's place.
+void DrawGoodsPicture(Band& band, std::string_view column);
+
+struct ImageToken {
+  std::string_view name;    // what FObjectFieldName says, exactly
+  std::string_view column;  // of the print data
+  void (*draw)(Band&, std::string_view column);
+  bool worksInHead;
+  bool worksInOtherBands;
+
+  [[nodiscard]] bool WorksIn(ItemSite site) const {
+    return site == ItemSite::kHead ? worksInHead : worksInOtherBands;
+  }
+};
+
+inline constexpr std::array kImageTokens = {
+    ImageToken{kBillNoBarcode, "FBillNo", DrawBarcode, true, true},
+    ImageToken{kUserBarcode, "FUserBarCode", DrawBarcode, true, false},
+    ImageToken{kRandomBarcode, "FBillNoBarCode", DrawBarcode, true, true},
+    ImageToken{kGoodsPicture, "FItemiD", DrawGoodsPicture, false, true},
+};
+
+// Draws the image that the item asks for. False if it asks for none that works in the band.
+bool DrawImage(Band& band);
 
 // Loads the stored picture of a goods into the window's holder, by way of a file in the folder
 // "picture" beside the component; the holder is empty if there is none. The file is written anew

@@ -4,7 +4,6 @@
 #include "text/conversions.h"
 
 namespace td {
-namespace {
 
 // Thin lines are a hair thinner than the next width: forms in use rely on these values.
 double PenWidthOf(const Value& borderWidth) {
@@ -14,7 +13,9 @@ double PenWidthOf(const Value& borderWidth) {
   return width > 1 ? width * kTwipsPerUnit : kThinLine;
 }
 
-}  // namespace
+bool RunsToTheRight(const Value& width, const Value& height) {
+  return !IsNull(width) && !IsNull(height) && ToDouble(width) > ToDouble(height);
+}
 
 void DrawLineItem(Band& band) {
   const Guard& guard = band.guard;
@@ -22,19 +23,21 @@ void DrawLineItem(Band& band) {
   const auto isHorizontal = [&] {
     const Value& width = band.Item("FWidth");
     const Value& height = band.Item("FHeight");
-    return !IsNull(width) && !IsNull(height) && ToDouble(width) > ToDouble(height);
+    return RunsToTheRight(width, height);
   };
   if (guard.Test(isHorizontal)) {
     guard.Step([&] {
       const double x = ItemLeft(band);
       const double y = ItemTop(band);
       band.vp.DrawLine(x, y, LineRight(band), y);
+      band.Drew(DrawnAs::kLine);
     });
   } else {
     guard.Step([&] {
       const double x = ItemLeft(band);
       const double y = ItemTop(band);
       band.vp.DrawLine(x, y, x, LineBottom(band));
+      band.Drew(DrawnAs::kLine);
     });
   }
 }
@@ -44,6 +47,7 @@ void DrawPictureItem(Band& band) {
     const PictureRef picture =
         band.window.platform.pictures.Load(ToLoneText(band.Item("FPicturePath")));
     band.vp.DrawPicture(picture, ItemLeft(band), ItemTop(band));
+    band.Drew(DrawnAs::kPicture);
   });
 }
 

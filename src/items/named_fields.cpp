@@ -98,6 +98,15 @@ const NamedField* FindNamedField(std::string_view name, const WindowKind& kind) 
   return !kind.hasAllSums && IsOrdinaryColumnWithoutAllSums(*field) ? nullptr : field;
 }
 
+bool HasValueIn(const NamedField& field, ItemSite site) {
+  const bool isBehindRows = site == ItemSite::kAfterRows || site == ItemSite::kFoot;
+  return !isBehindRows || !std::holds_alternative<QuantityColumns>(field.drawing);
+}
+
+std::span<const NamedField> NamedFields() {
+  return kFields;
+}
+
 void DrawNamedField(Band& band, const NamedField& field) {
   if (const auto* sum = std::get_if<SumField>(&field.drawing)) {
     DrawSum(band, *sum);

@@ -43,29 +43,38 @@ std::string PriceRulePicture(const Value& value, const std::string& field,
   return picture.substr(0, pictureDot + 1) + RepeatText("0", ValueDecimals);
 }
 
+// Formats name columns that the data of many bill types lack, and each row asks for them: the test
+// then holds and nothing is drawn, as after a failure, but none is raised for it.
 void DrawPlainField(Band& band) {
   const Guard& guard = band.guard;
   Recordset& data = *band.request.PrintData;
   Recordset& clone = *band.request.PrintDataClone;
   const auto isFormatted = [&](Recordset& rows) {
-    return guard.Test([&] { return IsNumeric(rows.Field(band.field)) && HasPicture(band); });
+    return guard.Test([&] {
+      const Value* value = band.FindData(rows, band.field, true);
+      return value == nullptr || (IsNumeric(*value) && HasPicture(band));
+    });
+  };
+  const auto box = [&](Recordset& rows, const auto& textOf) {
+    guard.Step([&] {
+      const Value* value = band.FindData(rows, band.field, false);
+      if (value != nullptr) DrawBox(band, band.caption + textOf(*value));
+    });
   };
   const auto picture = [&] { return ToLoneText(band.Item("FFormatString")); };
 
   if (guard.Test([&] { return data.Eof(); })) {
     if (isFormatted(clone)) {
-      Box(band, [&] { return band.caption + FormatValue(clone.Field(band.field), picture()); });
+      box(clone, [&](const Value& value) { return FormatValue(value, picture()); });
     } else {
-      Box(band, [&] { return band.caption + PlainText(clone.Field(band.field)); });
+      box(clone, PlainText);
     }
   } else if (isFormatted(data)) {
-    Box(band, [&] {
-      const Value& value = data.Field(band.field);
-      return band.caption + FormatValue(value, PriceRulePicture(value, band.field, picture()));
+    box(data, [&](const Value& value) {
+      return FormatValue(value, PriceRulePicture(value, band.field, picture()));
     });
   } else {
-    Recordset& rows = band.site == ItemSite::kRow ? data : clone;
-    Box(band, [&] { return band.caption + PlainText(rows.Field(band.field)); });
+    box(band.site == ItemSite::kRow ? data : clone, PlainText);
   }
 }
 

@@ -18,11 +18,12 @@ std::string AbsoluteText(const Value& value) {
 }
 
 // All four columns are read first: a missing one fails the text as a whole.
-std::string ComposedText(Recordset& data, const QuantityColumns& columns) {
-  const Value main = data.Field(columns.main);
-  const Value mainUnit = data.Field(columns.mainUnit);
-  const Value small = data.Field(columns.small);
-  const Value smallUnit = data.Field(columns.smallUnit);
+std::string ComposedText(Band& band, const QuantityColumns& columns) {
+  Recordset& data = *band.request.PrintData;
+  const Value main = band.Data(data, columns.main);
+  const Value mainUnit = band.Data(data, columns.mainUnit);
+  const Value small = band.Data(data, columns.small);
+  const Value smallUnit = band.Data(data, columns.smallUnit);
   std::string text = AbsoluteText(main) + ToText(mainUnit);
   if (IsNeitherZeroNorNull(small)) text += "+" + AbsoluteText(small) + ToText(smallUnit);
   return text;
@@ -34,16 +35,19 @@ void DrawQuantity(Band& band, const QuantityColumns& columns) {
   const Guard& guard = band.guard;
   Recordset& data = *band.request.PrintData;
   if (!columns.testedForNull.empty() &&
-      guard.Test([&] { return IsNull(data.Field(columns.testedForNull)); })) {
+      guard.Test([&] { return IsNull(band.Data(data, columns.testedForNull)); })) {
+    band.Meet(Circumstance::kNullDirection);
     return;
   }
-  if (guard.Test([&] { return IsNeitherZeroNorNull(data.Field(columns.testedForZero)); })) {
-    guard.Step([&] { band.ComposedQty = ComposedText(data, columns); });
+  if (guard.Test([&] { return IsNeitherZeroNorNull(band.Data(data, columns.testedForZero)); })) {
+    guard.Step([&] { band.ComposedQty = ComposedText(band, columns); });
   } else if (band.state.MustShowComplexQty) {
     guard.Step([&] {
       band.ComposedQty =
-          ToText(data.Field(columns.fallback)) + ToText(data.Field(columns.smallUnit));
+          ToText(band.Data(data, columns.fallback)) + ToText(band.Data(data, columns.smallUnit));
     });
+  } else {
+    band.Meet(Circumstance::kQuantityNotComposed);
   }
   Box(band, [&] { return band.caption + band.ComposedQty; });
 }

@@ -8,17 +8,27 @@
 namespace td {
 namespace {
 
+double Shown(Band& band, const double& sum) {
+  if (band.witness != nullptr) band.witness->ShowsSum(sum);
+  return sum;
+}
+
 double ReadSum(Band& band, const SumSource& source) {
-  if (const auto* pageSum = std::get_if<double PageSums::*>(&source))
-    return band.state.page.**pageSum;
-  if (const auto* runSum = std::get_if<double RunSums::*>(&source)) return band.state.run.**runSum;
-  return ToDouble(band.request.PrintDataClone->Field(std::get<std::string_view>(source)));
+  if (const auto* pageSum = std::get_if<double PageSums::*>(&source)) {
+    return Shown(band, band.state.page.**pageSum);
+  }
+  if (const auto* runSum = std::get_if<double RunSums::*>(&source)) {
+    return Shown(band, band.state.run.**runSum);
+  }
+  Recordset& clone = *band.request.PrintDataClone;
+  return ToDouble(band.Data(clone, std::get<std::string_view>(source)));
 }
 
 // A sum that the window does not keep: a picture and capitals show it as 0, plain text as nothing.
 Value SumValue(Band& band, const SumField& sum) {
   const bool hasNoValue =
       !band.window.kind.hasAllSums && sum.withoutAllSums == WithoutAllSums::kNoValue;
+  if (hasNoValue) band.Meet(Circumstance::kSumIsNotKept);
   if (sum.form == SumForm::kWords) {
     return AmountInWords(hasNoValue ? 0 : ReadSum(band, sum.source));
   }

@@ -43,7 +43,9 @@ void ReadCaption(Band& band) {
   const auto repeatsName = [&] {
     return AreEqualTexts(band.Item("FObjectCaption"), band.Item("FObjectFieldName"));
   };
-  if (band.guard.Test(repeatsName)) band.caption.clear();
+  if (!band.guard.Test(repeatsName)) return;
+  band.Meet(Circumstance::kRepeatedCaption);
+  band.caption.clear();
 }
 
 void ReadField(Band& band) {
@@ -65,17 +67,35 @@ bool IsAutoSize(Band& band) {
   return band.guard.Test([&] { return IsSet(band.Item("FAutoSize")); });
 }
 
-void Box(Band& band, const std::function<std::string()>& makeText) {
+void Paragraph(Band& band, const std::function<std::string()>& makeText) {
   band.guard.Step([&] {
     const std::string text = makeText();
-    band.vp.TextBox(text, ItemLeft(band), ItemTop(band), ToDouble(band.Item("FWidth")),
-                    ToDouble(band.Item("FHeight")), StoredFlag{band.Item("FWordWrap")});
+    band.vp.PutParagraph(text);
+    band.Drew(DrawnAs::kText, text);
   });
+}
+
+void RunningText(Band& band, const std::function<std::string()>& makeText) {
+  band.guard.Step([&] {
+    const std::string text = makeText();
+    band.vp.PutText(text);
+    band.Drew(DrawnAs::kText, text);
+  });
+}
+
+void DrawBox(Band& band, const std::string& text) {
+  band.vp.TextBox(text, ItemLeft(band), ItemTop(band), ToDouble(band.Item("FWidth")),
+                  ToDouble(band.Item("FHeight")), StoredFlag{band.Item("FWordWrap")});
+  band.Drew(DrawnAs::kText, text);
+}
+
+void Box(Band& band, const std::function<std::string()>& makeText) {
+  band.guard.Step([&] { DrawBox(band, makeText()); });
 }
 
 void WriteFreeOrBoxed(Band& band, const std::function<std::string()>& makeText) {
   if (IsAutoSize(band)) {
-    band.guard.Step([&] { band.vp.PutParagraph(makeText()); });
+    Paragraph(band, makeText);
   } else {
     Box(band, makeText);
   }

@@ -23,7 +23,15 @@ void ReadField(Band& band);
 // Whether FAutoSize is set; Null counts as not.
 [[nodiscard]] bool IsAutoSize(Band& band);
 
-// One text box at the item's place; `makeText` and the place are one statement.
+// A text at the current point, as a paragraph or with no line end of its own; `makeText` and the
+// writing are one statement.
+void Paragraph(Band& band, const std::function<std::string()>& makeText);
+void RunningText(Band& band, const std::function<std::string()>& makeText);
+
+// One text box at the item's place: part of a statement.
+void DrawBox(Band& band, const std::string& text);
+
+// The same as a statement of its own, in which the text is made.
 void Box(Band& band, const std::function<std::string()>& makeText);
 
 // One text where the item wants it: a paragraph at the current point if it has FAutoSize, else in

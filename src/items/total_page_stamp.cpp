@@ -25,13 +25,22 @@ void PutStampFont(PrintSurface& vp, const TotalPageStamp& stamp) {
   vp.PutFontBold(stamp.StampFontBold);
 }
 
+void WriteStamp(PrintWindow& window, const TotalPageStamp& place, double top, int page,
+                const std::string& text) {
+  window.vp.TextBox(text, place.StampLeft, top, place.StampWidth, place.StampHeight);
+  RunWitness* const witness = window.platform.witness;
+  if (witness == nullptr) return;
+  const auto slot = static_cast<std::size_t>(&place - window.state.stamps.data());
+  witness->StampWritten(slot, page);
+}
+
 void StampColumnHead(PrintWindow& window, int page, const std::string& text) {
   TotalPageStamp& slot = window.state.Stamp(StampSlot::kColumnHead);
   if (slot.StampFontName.empty()) return;
   PutStampFont(window.vp, slot);
   // The slot itself moves, so the shift adds up from page to page.
   if (page > 1) slot.StampTop += window.state.AdjuctHeader;
-  window.vp.TextBox(text, slot.StampLeft, slot.StampTop, slot.StampWidth, slot.StampHeight);
+  WriteStamp(window, slot, slot.StampTop, page, text);
 }
 
 // A band behind the rows of a full middle page stands as high as on the first page; on the last
@@ -44,7 +53,7 @@ void StampOtherBand(PrintWindow& window, int page, int pageCount, const std::str
   const bool isMiddle = page < pageCount && !window.state.IntegralPage;
   const TotalPageStamp& place = page == 1 ? first : later;
   const double top = page == 1 || isMiddle ? first.StampTop : later.StampTop;
-  window.vp.TextBox(text, place.StampLeft, top, place.StampWidth, place.StampHeight);
+  WriteStamp(window, place, top, page, text);
 }
 
 }  // namespace
@@ -64,6 +73,7 @@ void StoreTotalPageStamp(Band& band) {
   guard.Step([&] { stamp.StampFontName = ToLoneText(band.Item("FFontName")); });
   guard.Step([&] { stamp.StampFontSize = ToInteger16(band.Item("FFontSize")); });
   guard.Step([&] { stamp.StampFontBold = ToFlag(band.Item("FFontBold")); });
+  if (band.witness != nullptr) band.witness->StampKept(static_cast<std::size_t>(slot));
 }
 
 void StampTotalPages(PrintWindow& window) {

@@ -27,7 +27,7 @@ class Recordset {
   virtual const Value& Field(std::string_view column) = 0;
 
   // The same for a column that may be absent, which is no failure: nothing then. A record set that
-  // doesn't say otherwise asks Field.
+  // doesn't say otherwise asks Field; where that tells of a lock, Find fails with it.
   virtual const Value* Find(std::string_view column);
 
   // Fail with kNoCurrentRow: MoveNext at the end, MoveFirst when there is no row.

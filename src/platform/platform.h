@@ -9,6 +9,8 @@
 
 namespace td {
 
+class RunWitness;
+
 inline constexpr int kInformationIcon = 64;
 
 class Messages {
@@ -32,6 +34,7 @@ struct Platform {
   Messages& messages;
   Machine& machine;
   Windows& windows;
+  RunWitness* witness = nullptr;  // is told of the runs if there is one
 };
 
 }  // namespace td

@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "platform/run_witness.h"
 #include "platform/standard_failures.h"
 
 namespace td {
@@ -22,17 +23,25 @@ Failure CurrentFailure() {
   }
 }
 
-Guard::Reaction Guard::ReactToCurrent() const {
+Guard::Reaction Guard::ReactToCurrent(Statement statement) const {
   const Failure failure = CurrentFailure();
   const bool isPrinter = failure.Number() == kInvalidProperty;
 
-  if (reactions_.retriesLocked && IsLockConflict(failure)) return Reaction::kRetry;
-  if (reactions_.skipsNull && failure.Number() == kInvalidUseOfNull) return Reaction::kNext;
-  if (reactions_.skipsMissingColumn && failure.Number() == kNoSuchColumn) return Reaction::kNext;
-  if (!reactions_.ignoresAll && !(reactions_.reportsPrinter && isPrinter)) throw failure;
+  if (reactions_.retriesLocked && IsLockConflict(failure)) {
+    if (witness_ != nullptr) witness_->TriesAgain(failure);
+    return Reaction::kRetry;
+  }
+  const bool isSkipped = (reactions_.skipsNull && failure.Number() == kInvalidUseOfNull) ||
+                         (reactions_.skipsMissingColumn && failure.Number() == kNoSuchColumn);
+  const bool isHandled = reactions_.ignoresAll || (reactions_.reportsPrinter && isPrinter);
+  if (!isSkipped && !isHandled) {
+    if (witness_ != nullptr) witness_->Ends(failure);
+    throw failure;
+  }
+  if (witness_ != nullptr) witness_->Forgives(failure, statement == Statement::kTest);
 
   try {
-    if (handle_) handle_();
+    if (handle_ && !isSkipped) handle_();
   } catch (...) {
     throw EscapingFailure{CurrentFailure()};
   }

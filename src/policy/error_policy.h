@@ -38,39 +38,47 @@ class Guard {
  public:
   // `handle` is the routine's own work on a forgiven failure: the report of a refused printer under
   // `reportsPrinter`, or whatever is due before the next statement under `ignoresAll`. A failure
-  // inside it leaves the routine.
-  explicit Guard(const Reactions& reactions, std::function<void()> handle = {})
-      : reactions_(reactions), handle_(std::move(handle)) {}
+  // inside it leaves the routine. `witness` is told of each decision, if there is one.
+  explicit Guard(const Reactions& reactions, std::function<void()> handle = {},
+                 RunWitness* witness = nullptr)
+      : reactions_(reactions), handle_(std::move(handle)), witness_(witness) {}
 
   // One statement. It is repeated or skipped as a whole; a skipped one leaves its target as it was.
   template <class Action>
   void Step(Action&& action) const {
-    for (;;) {
-      try {
-        action();
-        return;
-      } catch (...) {
-        if (ReactToCurrent() == Reaction::kNext) return;
-      }
-    }
+    Run(action, Statement::kStep);
   }
 
   // A test is a statement of its own; when it fails and is forgiven it counts as true.
   template <class Condition>
   [[nodiscard]] bool Test(Condition&& condition) const {
     bool holds = true;
-    Step([&] { holds = condition(); });
+    Run([&] { holds = condition(); }, Statement::kTest);
     return holds;
   }
 
  private:
+  enum class Statement { kStep, kTest };
   enum class Reaction { kRetry, kNext };
 
+  template <class Action>
+  void Run(Action&& action, Statement statement) const {
+    for (;;) {
+      try {
+        action();
+        return;
+      } catch (...) {
+        if (ReactToCurrent(statement) == Reaction::kNext) return;
+      }
+    }
+  }
+
   // Called while an exception is handled; throws what ends the routine.
-  Reaction ReactToCurrent() const;
+  Reaction ReactToCurrent(Statement statement) const;
 
   Reactions reactions_;
   std::function<void()> handle_;
+  RunWitness* witness_;
 };
 
 // Ends a routine and passes it by: a failure inside the routine's own handler.

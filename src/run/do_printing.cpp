@@ -95,7 +95,7 @@ bool PrepareRun(PrintRun& run) {
   Platform& platform = run.window.platform;
   BeginRun(run);
 
-  Query format(platform.database, run.request);
+  Query format(platform, run.request);
   guard.Step([&] { format.Open(TemplateRowStatement(run.request)); });
   if (guard.Test([&] { return format.Eof(); })) {
     guard.Step(
@@ -116,6 +116,7 @@ bool PrepareRun(PrintRun& run) {
     ApplyMachinePaper(run);
   }
   ReadLayout(run, format);
+  if (run.witness != nullptr) run.witness->FormatChosen(run.request.TDBillName);
   ChooseFormatPrinter(run, format);
   guard.Step([&] { format.Close(); });
   return true;
@@ -126,12 +127,38 @@ void ReportRefusedPrinter(PrintWindow& window, Query& paper) {
       "找不到打印“" + ToText(paper.Field("FDevice")) + "”，将采用默认打印机！", kInformationIcon);
 }
 
+// Tells the witness of the run, its end also where a failure leaves it.
+class TellsRun {
+ public:
+  explicit TellsRun(const PrintWindow& window) : witness_(window.platform.witness) {
+    if (witness_ == nullptr) return;
+    const PrintContext& request = window.request;
+    witness_->RunBegins({.window = window.kind.name,
+                         .connection = request.New_PromptString,
+                         .billType = request.New_TranType,
+                         .format = request.TDBillName,
+                         .onlyVariantItems = request.New_OnlyPrintVariantItem,
+                         .data = *request.PrintData});
+  }
+  ~TellsRun() {
+    if (witness_ != nullptr) witness_->RunEnds();
+  }
+  TellsRun(const TellsRun&) = delete;
+  TellsRun& operator=(const TellsRun&) = delete;
+
+ private:
+  RunWitness* witness_;
+};
+
 }  // namespace
 
 void DoPrinting(PrintWindow& window) {
+  const TellsRun tellsRun(window);
   LoadWindow(window);
-  Query paper(window.platform.database, window.request);
-  const Guard guard(window.kind.runReactions, [&] { ReportRefusedPrinter(window, paper); });
+  Query paper(window.platform, window.request);
+  const Guard guard(
+      window.kind.runReactions, [&] { ReportRefusedPrinter(window, paper); },
+      window.platform.witness);
   RunRoutine(guard, window.platform.messages, [&](const Guard&) {
     PrintRun run{.window = window, .guard = guard, .paper = paper};
     if (!PrepareRun(run)) return;

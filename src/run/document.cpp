@@ -22,6 +22,7 @@ void SkipBlankPages(PrintRun& run) {
   });
   for (std::int32_t row = 0; row < rows; ++row) {
     if (guard.Test([&] { return request.PrintData->Eof(); })) break;
+    if (run.witness != nullptr) run.witness->RowIsSkipped();
     guard.Step([&] { request.PrintData->MoveNext(); });
   }
   guard.Step([&] { AddChecked(request.PrintBlankRows, -rows); });
@@ -70,7 +71,7 @@ void CloseDocument(PrintRun& run) {
     guard.Step([&] { run.vp.PutRichText(frame.MemoTextRtf()); });
   }
   guard.Step([&] { run.vp.EndDoc(); });
-  const Guard ignoring(reactions::kIgnoreAll);
+  const Guard ignoring(reactions::kIgnoreAll, {}, run.witness);
   ignoring.Step([&] { request.PrintData->MoveFirst(); });
   guard.Step([&] { WritePageText(run.window); });
   guard.Step([&] { SetRunBusy(run.window, false); });

@@ -6,6 +6,7 @@
 #include "items/draw_page_header.h"
 #include "items/total_page_stamp.h"
 #include "platform/checked_counters.h"
+#include "platform/run_witness.h"
 #include "state/print_window.h"
 #include "text/conversions.h"
 
@@ -26,6 +27,8 @@ void GrowRowsPerPage(RunState& state) {
 
 void OnNewPage(PrintWindow& window) {
   RunState& state = window.state;
+  RunWitness* const witness = window.platform.witness;
+  if (witness != nullptr) witness->PageBegins();
   AddChecked(state.PageOfBill, 1);
   AddChecked(state.BillPageCount, 1);
   if (state.BlankRowsAtStart >= 1) {
@@ -50,6 +53,8 @@ void OnEndPage(PrintWindow& window) {
 }
 
 void OnEndDoc(PrintWindow& window) {
+  RunWitness* const witness = window.platform.witness;
+  if (witness != nullptr) witness->PagesEnd();
   StampTotalPages(window);
 }
 

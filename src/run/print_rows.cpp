@@ -17,8 +17,8 @@ namespace {
 // What both walks do.
 
 bool CloneStandsOnBill(const PrintRun& run) {
-  const Value& parked = run.request.PrintDataClone->Field("FInterID");
-  const Value& current = run.request.PrintData->Field("FInterID");
+  const Value& parked = ReadColumn(run.witness, *run.request.PrintDataClone, "FInterID");
+  const Value& current = run.Data("FInterID");
   return !IsNull(parked) && !IsNull(current) && ToText(parked) == ToText(current);
 }
 
@@ -36,6 +36,7 @@ void PlaceRow(PrintRun& run) {
   RunState& state = run.state;
   PrintContext& request = run.request;
 
+  if (run.witness != nullptr) run.witness->RowBegins(state.OrderId);
   state.CurrentRowTop += state.RowHeight;
   state.Site4Pending = true;
   AddRowToSums(run);
@@ -63,6 +64,7 @@ void SkipBlankRows(PrintRun& run) {
   RunState& state = run.state;
   PrintContext& request = run.request;
   while (request.PrintBlankRows != 0 && guard.Test([&] { return !request.PrintData->Eof(); })) {
+    if (run.witness != nullptr) run.witness->RowIsSkipped();
     state.CurrentRowTop += state.RowHeight;
     guard.Step([&] { AddChecked(request.PrintBlankRows, -1); });
     guard.Step([&] { request.PrintData->MoveNext(); });
@@ -80,7 +82,7 @@ bool BlankRowsFilledPage(const PrintRun& run) {
 }
 
 bool IsNewBill(const PrintRun& run) {
-  const Value& id = run.request.PrintData->Field("FInterID");
+  const Value& id = run.Data("FInterID");
   return !IsNull(id) && ToText(id) != run.state.CurrentInterId && !run.state.CurrentInterId.empty();
 }
 
@@ -94,6 +96,7 @@ void BreakBill(PrintRun& run) {
   state.HeaderPerPage = true;
   RecordBillPages(run);
   state.PageOfBill = 0;
+  if (run.witness != nullptr) run.witness->GroupBreaks();
   guard.Step([&] { run.vp.NewPage(); });
   state.HeaderPerPage = headerPerPage;
   state.CurrentRowTop = -state.RowHeight;
@@ -102,7 +105,7 @@ void BreakBill(PrintRun& run) {
 
 // A bill number of 0 belongs to no bill.
 void RememberBill(PrintRun& run) {
-  const auto id = [&] { return ToLoneText(run.request.PrintData->Field("FInterID")); };
+  const auto id = [&] { return ToLoneText(run.Data("FInterID")); };
   if (run.guard.Test([&] { return id() == "0"; })) {
     run.state.CurrentInterId.clear();
   } else {
@@ -117,7 +120,7 @@ std::string AreaOf(const std::string& stockArea) {
 }
 
 bool IsNewArea(const PrintRun& run) {
-  const Value& area = run.request.PrintData->Field("FStockArea");
+  const Value& area = run.Data("FStockArea");
   const RunState& state = run.state;
   return !IsNull(area) && AreaOf(ToText(area)) != state.CurrentArea && state.CurrentArea != "-1" &&
          state.RowsOnPage != 0;
@@ -128,6 +131,7 @@ void BreakArea(PrintRun& run) {
   const Guard& guard = run.guard;
   guard.Step([&] { FinishBill(run.window, false); });
   MoveCloneToBill(run);
+  if (run.witness != nullptr) run.witness->GroupBreaks();
   guard.Step([&] { run.vp.NewPage(); });
   run.state.CurrentRowTop = -run.state.RowHeight;
 }
@@ -139,9 +143,8 @@ std::int32_t WholeNumber(const Value& value) {
 
 void RememberArea(PrintRun& run) {
   const Guard& guard = run.guard;
-  Recordset& row = *run.request.PrintData;
-  guard.Step([&] { run.state.CurrentArea = AreaOf(ToLoneText(row.Field("FStockArea"))); });
-  guard.Step([&] { run.state.RowInterId = WholeNumber(row.Field("FInterID")); });
+  guard.Step([&] { run.state.CurrentArea = AreaOf(ToLoneText(run.Data("FStockArea"))); });
+  guard.Step([&] { run.state.RowInterId = WholeNumber(run.Data("FInterID")); });
 }
 
 }  // namespace

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
+#include "platform/run_witness.h"
 #include "policy/error_policy.h"
 #include "state/print_window.h"
 #include "store/query.h"
@@ -18,6 +20,12 @@ struct PrintRun {
   PrintContext& request = window.request;
   RunState& state = window.state;
   PrintSurface& vp = window.vp;
+  RunWitness* witness = window.platform.witness;
+
+  // A column of the current row.
+  [[nodiscard]] const Value& Data(std::string_view column) const {
+    return ReadColumn(witness, *request.PrintData, column);
+  }
 
   // NoTax and Tax of the last row whose price and quantity could be read.
   double NoTax = 0;

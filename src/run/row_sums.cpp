@@ -21,6 +21,9 @@ double Quotient(double dividend, double divisor) {
   return divisor == 0 ? kNoNumber : dividend / divisor;
 }
 
+// The columns of which a row's split into amount without tax and tax is computed.
+constexpr std::string_view kSplitColumns = "FPrice,FQty,FTaxRate";
+
 // A result that is no number, or too large to be one, leaves its target as it was.
 void Take(double& target, double result) {
   if (std::isfinite(result)) target = result;
@@ -29,23 +32,26 @@ void Take(double& target, double result) {
 // Reads the current row and adds to sums; a failing statement is skipped without a message.
 class RowAdder {
  public:
-  explicit RowAdder(Recordset& row) : row_(row) {}
+  explicit RowAdder(const PrintRun& run)
+      : row_(*run.request.PrintData),
+        witness_(run.witness),
+        ignoring_(reactions::kIgnoreAll, {}, run.witness) {}
 
   // The leading number of a column's text, or the column's value as it stands.
   void AddLeading(double& sum, std::string_view column) const {
-    ignoring_.Step([&] { Take(sum, sum + Leading(column)); });
+    ignoring_.Step([&] { Add(sum, column, Leading(column)); });
   }
   void AddNumber(double& sum, std::string_view column) const {
-    ignoring_.Step([&] { Take(sum, sum + Number(column)); });
+    ignoring_.Step([&] { Add(sum, column, Number(column)); });
   }
-  void Add(double& sum, double value) const {
-    ignoring_.Step([&] { Take(sum, sum + value); });
+  void AddSplit(double& sum, double part) const {
+    ignoring_.Step([&] { Add(sum, kSplitColumns, part); });
   }
 
   // Without the column FMainQty the test fails and thus holds: all rows are marker rows.
   [[nodiscard]] bool IsMarker() const {
     return ignoring_.Test([&] {
-      const Value* qty = row_.Find("FMainQty");
+      const Value* qty = Find("FMainQty");
       return qty == nullptr || (!IsNull(*qty) && ToDouble(*qty) == kMarkerQty);
     });
   }
@@ -60,12 +66,21 @@ class RowAdder {
   }
 
  private:
+  void Add(double& sum, std::string_view columns, double amount) const {
+    if (witness_ != nullptr) witness_->Adds(sum, columns, amount);
+    Take(sum, sum + amount);
+  }
+
+  [[nodiscard]] const Value* Find(std::string_view column) const {
+    if (witness_ != nullptr) witness_->Reads(row_, column);
+    return row_.Find(column);
+  }
   [[nodiscard]] double Leading(std::string_view column) const {
-    const Value* value = row_.Find(column);
+    const Value* value = Find(column);
     return value == nullptr || IsNull(*value) ? kNoNumber : Val(*value);
   }
   [[nodiscard]] double Number(std::string_view column) const {
-    const Value* value = row_.Find(column);
+    const Value* value = Find(column);
     return value == nullptr || IsNull(*value) ? kNoNumber : ToDouble(*value);
   }
   [[nodiscard]] double PriceWithoutTax() const {
@@ -73,17 +88,21 @@ class RowAdder {
   }
 
   Recordset& row_;
-  Guard ignoring_{reactions::kIgnoreAll};
+  RunWitness* witness_;
+  Guard ignoring_;
 };
 
 // The tax is computed from price and quantity.
 void AddRowOfBill(PrintRun& run) {
-  const RowAdder row(*run.request.PrintData);
+  const RowAdder row(run);
   RunSums& total = run.state.run;
   PageSums& page = run.state.page;
 
   row.AddLeading(total.SumAmount, "FAmount");
-  if (row.IsMarker()) return;
+  if (row.IsMarker()) {
+    if (run.witness != nullptr) run.witness->RowIsMarker();
+    return;
+  }
 
   row.AddLeading(page.PageMainQty, "FMainQty");
   row.AddLeading(page.PageAmount, "FAmount");
@@ -100,12 +119,12 @@ void AddRowOfBill(PrintRun& run) {
   // A row that lacks price, quantity or rate adds the split of the row before it once more.
   row.ComputeNoTax(run.NoTax);
   row.ComputeTax(run.Tax);
-  row.Add(page.PageNoTaxAmount, run.NoTax);
-  row.Add(page.PageTax, run.Tax);
+  row.AddSplit(page.PageNoTaxAmount, run.NoTax);
+  row.AddSplit(page.PageTax, run.Tax);
   row.AddNumber(page.PageRetailAmount, "FRetailAmount");
   row.AddNumber(page.PageBzkAmount, "FBeforeZkAmount");
-  row.Add(total.RunTax, run.Tax);
-  row.Add(total.RunNoTaxAmount, run.NoTax);
+  row.AddSplit(total.RunTax, run.Tax);
+  row.AddSplit(total.RunNoTaxAmount, run.NoTax);
   row.AddLeading(total.RunAmount, "FAmount");
   row.AddNumber(total.RunMainQty, "FMainQty");
   row.AddNumber(total.RunFreight, "FFreight");
@@ -114,7 +133,7 @@ void AddRowOfBill(PrintRun& run) {
 
 // The tax is taken from its column.
 void AddRowOfStockArea(PrintRun& run) {
-  const RowAdder row(*run.request.PrintData);
+  const RowAdder row(run);
   RunSums& total = run.state.run;
   PageSums& page = run.state.page;
 

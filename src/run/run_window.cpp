@@ -13,7 +13,7 @@ namespace {
 constexpr double kRowHeightAtLoad = 350;
 
 void ReadComplexQtySetting(PrintWindow& window) {
-  Query setting(window.platform.database, window.request);
+  Query setting(window.platform, window.request);
   setting.Open(ComplexQtySettingStatement());
   if (!setting.Eof() && ToText(setting.Field("FValue")) == "1") {
     window.state.MustShowComplexQty = true;
@@ -34,7 +34,7 @@ void LoadWindow(PrintWindow& window) {
   window.isLoaded = true;
 
   window.state.RowHeight = kRowHeightAtLoad;
-  const Guard guard(reactions::kIgnoreAll);
+  const Guard guard(reactions::kIgnoreAll, {}, window.platform.witness);
   bool isSettingRead = false;
   guard.Step([&] {
     ReadComplexQtySetting(window);

@@ -14,8 +14,9 @@ namespace {
 // to the end, so that any error which leaves the window has the same effect.
 void PrintOnWindow(Platform& platform, const WindowKind& kind) {
   PrintContext& context = Context();
-  const Guard guard(reactions::kIgnoreAll,
-                    [&context] { context.PrintDataClone = context.PrintData; });
+  const Guard guard(
+      reactions::kIgnoreAll, [&context] { context.PrintDataClone = context.PrintData; },
+      platform.witness);
   guard.Step([&] { context.PrintDataClone = context.PrintData->Clone(); });
   std::unique_ptr<PrintWindow> window;
   guard.Step([&] { window = OpenWindow(platform, context, kind); });

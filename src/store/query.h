@@ -4,39 +4,44 @@
 #include <string>
 #include <string_view>
 
-#include "platform/database.h"
+#include "platform/platform.h"
+#include "platform/run_witness.h"
 #include "platform/standard_failures.h"
 #include "state/print_context.h"
 
 namespace td {
 
 // Closed until Open has succeeded: every other use of it then fails, as it does after Close. The
-// rows are released with the object at the latest. Database and request are borrowed.
+// rows are released with the object at the latest. Platform and request are borrowed.
 class Query {
  public:
-  Query(Database& database, const PrintContext& request) : database_(database), request_(request) {}
+  Query(const Platform& platform, const PrintContext& request)
+      : platform_(platform), request_(request) {}
 
   // Opens on the request's connection text, which makes a connection of its own.
   void Open(const std::string& sql, CursorType cursor = CursorType::kUnspecified,
             LockType lock = LockType::kUnspecified) {
-    rows_ = database_.OpenQuery(request_.New_PromptString, sql, cursor, lock);
+    rows_ = platform_.database.OpenQuery(request_.New_PromptString, sql, cursor, lock);
   }
 
   [[nodiscard]] bool Eof() { return Rows().Eof(); }
-  [[nodiscard]] const Value& Field(std::string_view column) { return Rows().Field(column); }
+  [[nodiscard]] const Value& Field(std::string_view column) {
+    return ReadColumn(platform_.witness, Rows(), column);
+  }
   void MoveNext() { Rows().MoveNext(); }
   void Close() {
     Rows().Close();
     rows_.reset();
   }
 
- private:
-  Recordset& Rows() {
+  // The record set itself, open.
+  [[nodiscard]] Recordset& Rows() {
     if (!rows_) throw ClosedFailure();
     return *rows_;
   }
 
-  Database& database_;
+ private:
+  const Platform& platform_;
   const PrintContext& request_;
   RecordsetRef rows_;
 };

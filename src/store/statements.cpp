@@ -54,6 +54,10 @@ std::string ItemStatement(const PrintContext& context, ItemSite site, std::strin
   return sql;
 }
 
+std::string AllItemsStatement(const PrintContext& context) {
+  return ItemsOfFormat(context, "FTranType");
+}
+
 std::string HeaderItemStatement(const PrintContext& context) {
   std::string sql = ItemsOfFormat(context, "FTranType");
   sql.append(" where t2.FSite=").append(SiteText(ItemSite::kHead));

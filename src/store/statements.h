@@ -25,6 +25,9 @@ namespace td {
 // A filter: the frame of a row without its data.
 inline constexpr std::string_view kOnlyLines = "t2.FTypeID=1";
 
+// All items of the format, those that no band draws included. No run asks for them.
+[[nodiscard]] std::string AllItemsStatement(const PrintContext& context);
+
 // The items of the head, hidden positions included.
 [[nodiscard]] std::string HeaderItemStatement(const PrintContext& context);
 

@@ -142,7 +142,7 @@ void frmAdjuct::ShowModal() {
 void frmAdjuct::Load() {
   RunRoutine(Guard(reactions::kSettingsLoad), platform_.messages, [&](const Guard& guard) {
     FillPrinterList(*dialog_, guard);
-    Query formats(platform_.database, request_);
+    Query formats(platform_, request_);
     guard.Step([&] { formats.Open(FormatsStatement(request_)); });
     if (guard.Test([&] { return !formats.Eof(); })) ShowFirstFormat({*dialog_, guard, formats});
     FillFormatList(*dialog_, guard, request_.TDBillName, formats);
@@ -158,7 +158,7 @@ void frmAdjuct::Click(std::string_view control) {
 
 void frmAdjuct::ChangeFormat() {
   RunRoutine(Guard(reactions::kSettingsLoad), platform_.messages, [&](const Guard& guard) {
-    Query format(platform_.database, request_);
+    Query format(platform_, request_);
     guard.Step([&] {
       format.Open(FormatSettingsStatement(request_, dialog_->ListText(controls::kFormats)));
     });

@@ -74,7 +74,7 @@ void frmAreaPrintSet::Load() {
     }
     guard.Step([&] { dialog_->PutListIndex(controls::kBillTypes, 0); });
     FillPrinterList(*dialog_, guard);
-    Query areas(platform_.database, request_);
+    Query areas(platform_, request_);
     guard.Step([&] { areas.Open(StockAreasStatement()); });
     FillAreaList(*dialog_, guard, areas);
     guard.Step([&] { areas.Close(); });
@@ -93,7 +93,7 @@ void frmAreaPrintSet::ChangeBillType() {
     guard.Step([&] {
       const int tranType = TranTypeOf(dialog_->ListText(controls::kBillTypes));
       dialog_->ClearList(controls::kAreaFormats);
-      Query formats(platform_.database, request_);
+      Query formats(platform_, request_);
       formats.Open(FormatNamesStatement(tranType));
       for (; !formats.Eof(); formats.MoveNext()) {
         dialog_->AddItem(controls::kAreaFormats, ToLoneText(formats.Field("FTDBillName")));
@@ -111,7 +111,7 @@ AreaPrinterKey frmAreaPrintSet::SelectedKey() {
 // An unknown combination leaves the selection of the printer as it was.
 void frmAreaPrintSet::ShowAreaPrinter() {
   RunRoutine(Guard(reactions::kMessageOnly), platform_.messages, [&](const Guard& guard) {
-    Query row(platform_.database, request_);
+    Query row(platform_, request_);
     guard.Step(
         [&] { row.Open(AreaPrinterStatement(platform_.machine.LocalMachineId(), SelectedKey())); });
     if (guard.Test([&] { return !row.Eof(); })) SelectPrinter(*dialog_, guard, row);

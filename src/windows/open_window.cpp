@@ -13,7 +13,7 @@ namespace {
 
 void ReadAdvertisingSetting(PrintWindow& window) {
   window.state.PrintAdvertising = "-1";
-  Query setting(window.platform.database, window.request);
+  Query setting(window.platform, window.request);
   setting.Open(AdvertisingSettingStatement());
   if (!setting.Eof()) window.state.PrintAdvertising = ToLoneText(setting.Field("FValue"));
   setting.Close();

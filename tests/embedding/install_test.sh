@@ -5,7 +5,7 @@ source "$(dirname "$0")/common.sh"
 rm -rf "$prefix" "$XDG_DATA_HOME" "$work/sample.db"
 "$cmake" --install "$build" --prefix "$prefix" >"$work/install.log"
 registered=$("$prefix/bin/tdprint" register)
-expect_texts "$registered" "QbTdPrinter.Printer" "$(realpath "$prefix")"
+expect_texts "$registered" "QbTdPrinter.Printer" "QbTdPrinter.Session" "$(realpath "$prefix")"
 "$prefix/bin/tdprint" sample-sql --engine sqlite | sqlite3 "$work/sample.db"
 
 # Each link of the installed docs leads to a file.

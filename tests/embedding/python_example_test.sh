@@ -21,6 +21,15 @@ sqlite3 -json "$work/sample.db" "select * from v_sales_order where FInterID=2100
 run python3 "$script" "sqlite:$work/sample.db" 21 "$rows"
 expect_texts "$(exported)" XD-2403-0002 要大朵
 
+# A session writes a PDF, tells of its pages and explains it.
+script_to_pdf=$(dirname "$script")/bill_to_pdf.py
+pdf=$work/$name/bill.pdf
+said=$(run python3 "$script_to_pdf" "sqlite:$work/sample.db" 21 "$rows" "$pdf" 2>&1)
+expect_texts "$said" "page 1 is ready" XD-2403-0002
+expect_texts "$(pdftotext "$pdf" -)" XD-2403-0002 要大朵
+error=$(run python3 "$script_to_pdf" "sqlite:$work/sample.db" 98 "$rows" "$pdf" 2>&1) && exit 1
+expect_texts "$error" "Sorry, $pdf was not made." "未指定套打格式，打印被取消！"
+
 # Without rows there is nothing to print, and the component's own error says so.
 echo '[]' >"$rows"
 error=$(run python3 "$script" "sqlite:$work/sample.db" 21 "$rows" 2>&1) && exit 1

@@ -118,6 +118,79 @@ class Printing(unittest.TestCase):
             settings.call("TDSet", "", 21)
 
 
+class Sessions(unittest.TestCase):
+    def setUp(self):
+        self.folder = tempfile.TemporaryDirectory()
+        self.pdf = pathlib.Path(self.folder.name) / "order.pdf"
+        self.session = qbtdprinter.create("QbTdPrinter.Session")
+        self.session.call("ToPdf", str(self.pdf))
+        self.session.put("MessageMode", 2)
+
+    def tearDown(self):
+        self.session.close()
+        gc.collect()
+        self.assertEqual(_values._own_objects, {}, "objects were not given back")
+        self.folder.cleanup()
+
+    def print(self, data, bill_type=21):
+        self.session.call("DoPrint", True, f"sqlite:{SAMPLE}", bill_type, False, False, data)
+
+    def listen(self, answer):
+        pages = []
+
+        class Progress:
+            def OnPage(self, page):
+                pages.append(page)
+                return answer()
+
+        self.session.put("Progress", Progress())
+        return pages
+
+    def test_a_pdf_is_written_and_told_of(self):
+        pages = self.listen(lambda: None)
+        self.print(Rows(FBillNo="A-1", FItemName="米"))
+        self.assertTrue(self.pdf.read_bytes().startswith(b"%PDF"))
+        self.assertTrue(self.session.get("Delivered"))
+        self.assertEqual(self.session.get("Result"), "written")
+        self.assertEqual(pages, [1])
+        self.assertEqual(self.session.get("Pages"), 1)
+
+    def test_false_ends_the_print(self):
+        self.listen(lambda: False)
+        self.print(Rows(FItemName="米"))
+        self.assertFalse(self.pdf.exists())
+        self.assertEqual(self.session.get("Message", 1), "打印被调用程序取消。")
+
+    def test_an_exception_ends_the_print_in_its_words(self):
+        def fail():
+            raise qbtdprinter.Error(94, "没有纸")
+
+        self.listen(fail)
+        self.print(Rows(FItemName="米"))
+        self.assertFalse(self.session.get("Delivered"))
+        self.assertEqual(self.session.get("Messages"), "没有纸")
+
+    def test_another_thread_may_cancel_and_do_nothing_else(self):
+        errors = []
+
+        def cancel():
+            self.session.call("Cancel")
+            try:
+                self.session.get("Pages")
+            except qbtdprinter.Error as error:
+                errors.append(error.number)
+
+        def on_another_thread():
+            thread = threading.Thread(target=cancel)
+            thread.start()
+            thread.join()
+
+        self.listen(on_another_thread)
+        self.print(Rows(FItemName="米"))
+        self.assertFalse(self.pdf.exists())
+        self.assertEqual(errors, [0x8001010E])
+
+
 class RowsOfTheExample(unittest.TestCase):
     def setUp(self):
         self.rows = print_bill.Rows([{"FInterID": 1, "FQty": 2}, {"FInterID": 1, "FNote": "x"}])

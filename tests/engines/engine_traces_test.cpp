@@ -9,6 +9,7 @@
 
 #include "engine_runs.h"
 #include "platform/failure.h"
+#include "recording/record_print.h"
 #include "scenario_tables.h"
 
 namespace td {
@@ -54,6 +55,23 @@ TEST_P(OnServer, EverySamplePrintHasTheSameTrace) {
     const bool lacksPicture = print.name == "field-sheet";
     EXPECT_EQ(MessagesIn(trace).empty(), !lacksPicture);
     EXPECT_GT(trace.size(), 20U);
+  }
+}
+
+TEST_P(OnServer, EachSamplePrintIsRecordedAsItPrints) {
+  for (const SamplePrint& print : Prints()) {
+    SCOPED_TRACE(print.name);
+    recording::RecordedRequest request;
+    request.connection = SampleOn(GetParam());
+    request.billType = print.billType;
+    request.format = print.format;
+    request.onlyVariantItems = print.onlyVariant;
+    request.blankRows = print.blankRows;
+    request.byArea = print.byArea;
+    request.machine = recording::Scenario().machine;
+    const recording::RecordedPrint recorded =
+        RecordPrint(Engines(), request, RowsOf(print, GetParam()));
+    EXPECT_EQ(recorded.difference, "");
   }
 }
 

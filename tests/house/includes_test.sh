@@ -10,7 +10,7 @@ trap 'rm -rf "$folder"' EXIT
 "$check" "$source"
 
 plant() { # file, include, what the check says
-  cp -r "$source"/{src,adapters,recording,server,tools,docs} "$folder"
+  cp -r "$source"/{src,adapters,recording,checker,server,designer,tools,docs} "$folder"
   mkdir -p "$(dirname "$folder/$1")"
   echo "#include \"$2\"" >>"$folder/$1"
   if "$check" "$folder" 2>"$folder/said"; then
@@ -24,6 +24,7 @@ plant() { # file, include, what the check says
 plant src/store/query.h service/printer.h "src/store may not include src/service"
 plant src/run/print_run.h windows/toolbar.h "src/run may not include src/windows"
 plant src/items/band.h qt/render/fonts.h "src/items may not include adapters/qt/render"
+plant src/items/band.h designer/model/format.h "src/items may not include designer/model"
 plant adapters/page_document/paper.h qt/render/fonts.h "adapters/page_document may not include"
 plant tools/tdprint/new_part/part.h arguments_of_nobody.h "is no header of the project"
 plant src/cellar/part.h platform/value.h "no row for src/cellar"

@@ -18,6 +18,9 @@ _Static_assert(offsetof(TdExceptionInfo, result) == 4 * sizeof(void*) + 8 + 2 * 
 _Static_assert(offsetof(TdDispatchTable, Invoke) == 6 * sizeof(void*), "three, and four");
 _Static_assert(offsetof(TdPrinterTable, DoPrint) == 7 * sizeof(void*), "the first own operation");
 _Static_assert(offsetof(TdPrinterTable, PrintBlankRows) == 10 * sizeof(void*), "the last one");
+_Static_assert(offsetof(TdSessionTable, PrintBlankRows) == 10 * sizeof(void*),
+               "a session begins as a printer does");
+_Static_assert(offsetof(TdSessionTable, ExplanationJson) == 34 * sizeof(void*), "its last one");
 _Static_assert(offsetof(TdClassFactoryTable, LockServer) == 4 * sizeof(void*), "a factory");
 #if UINTPTR_MAX == 0xFFFFFFFFFFFFFFFF
 _Static_assert(sizeof(TdArray) == 32 && offsetof(TdArray, bounds) == 24, "an array");

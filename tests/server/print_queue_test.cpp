@@ -7,6 +7,7 @@
 #include <regex>
 
 #include "command_output.h"
+#include "objects/variant_values.h"
 #include "server_fixture.h"
 #include "test_rows.h"
 
@@ -61,6 +62,45 @@ TEST_F(ToAQueue, EachStockAreaBeginsAPage) {
       Printed([&] { return PrintByArea(printer_.Get(), TestRows::Make(data).Get()); });
   EXPECT_TRUE(PrintOk(printer_.Get()));
   EXPECT_TRUE(HasPages(file, 2));
+}
+
+TEST_F(ToAQueue, ASessionSendsToAPrinterOfItsChoiceAndTellsTheJob) {
+  OtherUser(folder_.File("bills.db")).Run("update TDBill set FPrintDevice=null");
+  const std::string log = folder_.File("prints.log");
+  const auto session = module_->Create(kTdSessionClass);
+  ExpectOk(Call(session.Get(), "ToPrinter", {TdTextVariant("QbTd-PDF")}));
+  ExpectOk(Put(session.Get(), "LogFile", TdTextVariant(log.c_str())));
+  const auto data = TestRows::Make(NamedRows({"Rice"}));
+  EXPECT_TRUE(HasPages(Printed([&] { return Print(session.Get(), data.Get()); }), 1));
+  const auto text = [&](const char* property) {
+    OwnedVariant value;
+    ExpectOk(Get(session.Get(), property, value));
+    return TextOf(value->value.string);
+  };
+  const int job = JobsTitled(JobTitle()).back();
+  OwnedVariant number;
+  ExpectOk(Get(session.Get(), "JobNumber", number));
+  EXPECT_EQ(number->value.integer32, job);
+  EXPECT_EQ(text("Jobs"), std::to_string(job));
+  EXPECT_EQ(text("PrinterName"), "QbTd-PDF");
+  EXPECT_EQ(text("Result"), "printed");
+  const std::string line = OutputOf("cat '" + log + "'");
+  EXPECT_NE(line.find("\"printer\":\"QbTd-PDF\",\"jobs\":[" + std::to_string(job) + "]"),
+            std::string::npos)
+      << line;
+}
+
+TEST_F(ToAQueue, ASessionTellsOfAPrinterThatRefuses) {
+  const auto session = module_->Create(kTdSessionClass);
+  ExpectOk(Call(session.Get(), "ToPrinter", {TdTextVariant("QbTd-Refusing")}));
+  ExpectOk(Put(session.Get(), "MessageMode", TdIntegerVariant(TD_MESSAGES_COLLECTED)));
+  ExpectOk(Print(session.Get(), TestRows::Make(NamedRows({"Rice"})).Get()));
+  OwnedVariant result;
+  ExpectOk(Get(session.Get(), "Result", result));
+  EXPECT_EQ(TextOf(result->value.string), "refused");
+  OwnedVariant reason;
+  ExpectOk(Get(session.Get(), "Reason", reason));
+  EXPECT_NE(TextOf(reason->value.string).find("QbTd-Refusing"), std::string::npos);
 }
 
 }  // namespace

@@ -58,6 +58,7 @@ TEST_F(Registration, MakesObjectsByName) {
   ExpectOk(Print(printer_.Get(), TestRows::Make(NamedRows({"大米"})).Get()));
   EXPECT_TRUE(HasPrinted("大米"));
   EXPECT_EQ(Create(TD_SETTINGS_CLASS_NAME), TD_OK);
+  EXPECT_EQ(Create("QBTDPRINTER.session"), TD_OK);
   EXPECT_EQ(Create("QbTdPrinter.Other"), TD_NAME_NOT_REGISTERED);
 }
 

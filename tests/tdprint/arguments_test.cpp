@@ -124,6 +124,21 @@ TEST(TdprintArguments, TheVersionIsThatOfTheProject) {
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "tdprint " QBTD_VERSION "\n");
 }
 
+TEST(TdprintArguments, CheckNeedsNothingButADatabase) {
+  EXPECT_EQ(Parse({"check", "--db", "sqlite:a.db"}), Command(CheckArguments{"sqlite:a.db"}));
+  EXPECT_EQ(Parse({"check"}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"check", "--db", "x", "--type", "32768"}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"check", "--db", "x", "--format", ""}), Command(ExitStatus::kWrongUsage));
+}
+
+TEST(TdprintArguments, CheckTakesRowsOfABillType) {
+  const Command command = Parse({"check", "--db", "x", "--type", "-3", "--format", "单", "--data",
+                                 "select 1", "--printer", "Dot", "--by-area", "--json"});
+  EXPECT_EQ(command,
+            Command(CheckArguments{"x", std::int16_t{-3}, "单", "select 1", "Dot", true, true}));
+  EXPECT_EQ(Parse({"check", "--db", "x", "--data", "select 1"}), Command(ExitStatus::kWrongUsage));
+}
+
 TEST(TdprintArguments, DemoWritesIntoOutUnlessToldOtherwise) {
   EXPECT_EQ(std::get<DemoArguments>(Parse({"demo"})).out, "out");
   EXPECT_EQ(std::get<DemoArguments>(Parse({"demo", "--out", "there"})).out, "there");
@@ -135,6 +150,16 @@ TEST(TdprintArguments, SettingsNeedDatabaseAndType) {
   EXPECT_EQ(Parse({"settings", "--db", "x"}), Command(ExitStatus::kWrongUsage));
   EXPECT_EQ(Parse({"settings", "--type", "22"}), Command(ExitStatus::kWrongUsage));
   EXPECT_EQ(Parse({"settings", "--db", "x", "--type", "32768"}), Command(ExitStatus::kWrongUsage));
+}
+
+TEST(TdprintArguments, TheDesignerAsksForADatabaseThatIsNotGiven) {
+  EXPECT_EQ(Parse({"design"}), Command(DesignArguments{}));
+  EXPECT_EQ(Parse({"design", "--db", "sqlite:a.db", "--type", "21", "--format", "运单", "--data",
+                   "select 1"}),
+            Command(DesignArguments{"sqlite:a.db", 21, "运单", "select 1"}));
+  EXPECT_EQ(Parse({"design", "--db", "sqlite:a.db"}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"design", "--format", "运单"}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"design", "--data", "select 1"}), Command(ExitStatus::kWrongUsage));
 }
 
 TEST(TdprintArguments, AreaPrintersNeedADatabase) {
@@ -160,6 +185,26 @@ TEST(TdprintArguments, RegistrationTakesTheInstalledModuleUnlessToldOtherwise) {
   EXPECT_EQ(Parse({"unregister"}), Command(UnregisterArguments{""}));
   EXPECT_EQ(Parse({"unregister", "--module", "a.so"}), Command(UnregisterArguments{"a.so"}));
   EXPECT_EQ(Parse({"register", "a.so"}), Command(ExitStatus::kWrongUsage));
+}
+
+TEST(TdprintArguments, FormatsAreWrittenToFilesAndTakenFromThem) {
+  EXPECT_EQ(Parse({"export-format", "--db", "d", "--type", "21"}),
+            Command(ExportFormatArguments{"d", 21, "", "", false}));
+  EXPECT_EQ(Parse({"export-format", "--db", "d", "--type", "21", "--format", "f", "--out", "-",
+                   "--with-pictures"}),
+            Command(ExportFormatArguments{"d", 21, "f", "/dev/stdout", true}));
+  EXPECT_EQ(Parse({"export-format", "--db", "d"}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"import-format", "--db", "d", "a.json"}),
+            Command(ImportFormatArguments{"d", std::nullopt, "", false, false, "", "a.json"}));
+  EXPECT_EQ(Parse({"import-format", "--db", "d", "--type", "0", "--format", "f", "--replace",
+                   "--dry-run", "--pictures", "/", "a.json"}),
+            Command(ImportFormatArguments{"d", std::int16_t{0}, "f", true, true, "/", "a.json"}));
+  EXPECT_EQ(Parse({"import-format", "--db", "d"}), Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"import-format", "--db", "d", "--pictures", "/nowhere", "a.json"}),
+            Command(ExitStatus::kWrongUsage));
+  EXPECT_EQ(Parse({"diff-format", "a.json", "b.json"}),
+            Command(DiffFormatArguments{"a.json", "b.json"}));
+  EXPECT_EQ(Parse({"diff-format", "a.json"}), Command(ExitStatus::kWrongUsage));
 }
 
 }  // namespace

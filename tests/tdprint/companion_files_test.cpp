@@ -123,12 +123,14 @@ TEST_F(TdprintCompanions, TheManPageNamesNothingThatTheProgramDoesNotKnow) {
   }
 }
 
-TEST_F(TdprintCompanions, TheManPageIsSetWithoutWarnings) {
-  const ProgramResult result = Run({"env", "LC_ALL=C.UTF-8", "MANPAGER=cat", "man", "--warnings",
-                                    "--encoding=UTF-8", "--local-file", kFiles / "tdprint.1"});
-  EXPECT_EQ(result.status, 0);
-  EXPECT_EQ(result.err, "");
-  EXPECT_NE(result.out.find("销售出库单A4"), std::string::npos);
+TEST_F(TdprintCompanions, TheManPagesAreSetWithoutWarnings) {
+  for (const char* page : {"tdprint.1", "tdprint.zh_CN.1"}) {
+    const ProgramResult result = Run({"env", "LC_ALL=C.UTF-8", "MANPAGER=cat", "man", "--warnings",
+                                      "--encoding=UTF-8", "--local-file", kFiles / page});
+    EXPECT_EQ(result.status, 0) << page;
+    EXPECT_EQ(result.err, "") << page;
+    EXPECT_NE(result.out.find("销售出库单A4"), std::string::npos) << page;
+  }
 }
 
 TEST_F(TdprintCompanions, CommandsAndOptionsAreCompleted) {
@@ -163,6 +165,9 @@ TEST_F(TdprintCompanions, FilesAndFoldersAreCompleted) {
   EXPECT_EQ(Completed({"print", "--png", start}), Words{folder_ / "shop"});
   EXPECT_EQ(Completed({"demo", "--out", start}), Words{folder_ / "shop"});
   EXPECT_EQ(Completed({"sample-sql", "--out", start}), both);
+  EXPECT_EQ(Completed({"import-format", start}), both);
+  EXPECT_EQ(Completed({"import-format", "--pictures", start}), Words{folder_ / "shop"});
+  EXPECT_EQ(Completed({"diff-format", file, start}), both);
   EXPECT_EQ(Completed({"print", "--db", "sqlite", ":", start}), both);
   EXPECT_EQ(Completed({"print", "--db", "sq"}), Words{"sqlite:"});
   EXPECT_EQ(Completed({"print", "--type", ""}), Words{});
@@ -183,6 +188,15 @@ TEST_F(TdprintCompanions, TheDesktopEntryIsValidAndOpensThePreview) {
   const std::set<std::string> lines = Lines(ContentOf(kFiles / "tdprint.desktop"));
   EXPECT_TRUE(lines.contains("Exec=tdprint preview --config %f"));
   EXPECT_TRUE(lines.contains("MimeType=application/x-tdprint;"));
+}
+
+TEST_F(TdprintCompanions, TheDesignersDesktopEntryIsValidAndOpensIt) {
+  const ProgramResult result = Run({"desktop-file-validate", kFiles / "tdprint-design.desktop"});
+  EXPECT_EQ(result.status, 0) << result.out;
+  EXPECT_EQ(result.out, "");
+  const std::set<std::string> lines = Lines(ContentOf(kFiles / "tdprint-design.desktop"));
+  EXPECT_TRUE(lines.contains("Exec=tdprint design"));
+  EXPECT_TRUE(lines.contains("Name[zh_CN]=套打格式设计"));
 }
 
 TEST_F(TdprintCompanions, TheDesktopKnowsFilesOfOptionsByTheirName) {

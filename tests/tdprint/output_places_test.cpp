@@ -134,13 +134,13 @@ TEST_F(OutputPlaces, AFullDiskIsNamedAndTheOldFileStays) {
       "ls -A >$scratch/names; exit $status";
   const ProgramResult pdf = Shell("exec unshare -m bash -c '" + script + "' bash \"$@\"");
   EXPECT_EQ(pdf.status, 1);
-  EXPECT_EQ(pdf.err, "无法写入文件“order.pdf”：磁盘空间不足。\n");
+  EXPECT_EQ(pdf.err, "无法写入文件“order.pdf”：磁盘空间不足。 (format 销售订单三联)\n");
   EXPECT_EQ(Shell("cat $scratch/order.pdf $scratch/names").out, "old\norder.pdf\n");
 
   const ProgramResult png = Shell("exec unshare -m bash -c 'rmdir $scratch/disk; " + disk +
                                   "\"$@\" --png .' bash \"$@\"");
   EXPECT_EQ(png.status, 1);
-  EXPECT_NE(png.err.find("page-001.png”：磁盘空间不足。\n"), std::string::npos) << png.err;
+  EXPECT_NE(png.err.find("page-001.png”：磁盘空间不足。 ("), std::string::npos) << png.err;
   EXPECT_NE(Shell("exec \"$@\" --html /dev/full").err.find("磁盘空间不足"), std::string::npos);
 }
 

@@ -42,6 +42,7 @@ ProgramRun::ProgramRun(const std::vector<std::string>& command,
   Redirect(STDERR_FILENO, err_.c_str(), O_WRONLY | O_CREAT | O_TRUNC);
   unsetenv("DISPLAY");
   unsetenv("WAYLAND_DISPLAY");
+  setenv("LC_ALL", "C.UTF-8", 1);
   setenv("CUPS_SERVER", (scratch / "no-printers").c_str(), 1);
   setenv("QBTDPRINTER_STATE_DIR", (scratch / "state").c_str(), 1);
   execvp(arguments[0], arguments.data());

@@ -19,7 +19,7 @@ struct ProgramResult {
 class ProgramRun {
  public:
   // `scratch` receives what the program writes. The program has no display, no printer and no
-  // standard input.
+  // standard input, and speaks English.
   ProgramRun(const std::vector<std::string>& command, const std::filesystem::path& scratch);
   ProgramResult Finish();
 

@@ -1,26 +1,15 @@
 #include "arguments.h"
 
 #include <CLI/CLI.hpp>
-#include <limits>
+#include <functional>
+#include <memory>
+#include <vector>
 
-#include "options_file.h"
+#include "command_options.h"
+#include "common_options.h"
 
 namespace td {
 namespace {
-
-constexpr const char* kExitStatusText =
-    "Exit status:\n"
-    "  0  printed, and no message was shown\n"
-    "  1  not printed\n"
-    "  2  wrong usage\n"
-    "  3  printed, but a message was shown: part of the bill may be missing\n";
-
-constexpr const char* kPrintExamples =
-    "Examples:\n"
-    "  tdprint print --db sqlite:shop.db --type 21 \\\n"
-    "      --data \"select * from v_sales_order where FInterID=21002\" --pdf order.pdf\n"
-    "  tdprint print --db sqlite:shop.db --type 22 --format 销售出库单A4 --only-variant \\\n"
-    "      --data \"select * from v_stock_out where FInterID=22001\" --printer 针式打印机\n";
 
 constexpr const char* kExamples =
     "Examples:\n"
@@ -29,158 +18,60 @@ constexpr const char* kExamples =
     "      --data \"select * from v_sales_order\" --pdf order.pdf\n"
     "  tdprint print --help\n";
 
-constexpr const char* kDialogExitStatusText =
-    "Exit status:\n"
-    "  0  the window was shown and has been closed\n"
-    "  1  the window can't be shown, or the database can't be opened\n"
-    "  2  wrong usage\n";
+// The commands of the program, each with what it was given.
+class Commands {
+ public:
+  explicit Commands(CLI::App& app) : app_(app) {}
 
-constexpr const char* kSampleSqlExamples =
-    "Examples:\n"
-    "  tdprint sample-sql --engine postgresql | psql -v ON_ERROR_STOP=1 shop\n"
-    "  tdprint sample-sql --engine sqlserver --only-schema --out tables.sql\n";
+  template <class Arguments>
+  void Add(const char* name, const char* help, Arguments defaults = {}) {
+    const auto arguments = std::make_shared<Arguments>(std::move(defaults));
+    CLI::App* const command = app_.add_subcommand(name, help);
+    Describe(*command, *arguments);
+    commands_.push_back({command, [arguments] { return Command(*arguments); }});
+  }
 
-constexpr const char* kRegistrationExitStatusText =
-    "Exit status:\n"
-    "  0  the registration was written or removed, as standard output tells\n"
-    "  1  it was not: the module isn't there, or others could change it or the registration\n"
-    "  2  wrong usage\n";
+  // The command that the line holds; there is exactly one.
+  [[nodiscard]] Command Given() const {
+    for (const auto& [command, arguments] : commands_) {
+      if (command->parsed()) return arguments();
+    }
+    return ExitStatus::kWrongUsage;
+  }
 
-// An empty name is mostly a shell's variable that isn't set: without this the document would go to
-// the printer that the format chooses.
-std::string RefuseEmpty(const std::string& name) {
-  return name.empty() ? "the name is empty" : "";
-}
+ private:
+  struct Known {
+    CLI::App* command;
+    std::function<Command()> arguments;
+  };
 
-std::string RefuseStandardOutput(const std::string& folder) {
-  return folder == "-" ? "standard output is no folder; --pdf - and --html - go there" : "";
-}
+  CLI::App& app_;
+  std::vector<Known> commands_;
+};
 
-std::string StandardOutputForDash(const std::string& file) {
-  return file == "-" ? "/dev/stdout" : file;
-}
-
-constexpr int kLargest = std::numeric_limits<std::int16_t>::max();
-
-void DescribeDatabase(CLI::App& command, std::string& database) {
-  command
-      .add_option("--db", database, "Connection text of the database: sqlite:PATH, or Driver=…;…")
-      ->required()
-      ->type_name("TEXT");
-}
-
-void DescribeBillType(CLI::App& command, std::int16_t& billType) {
-  command.add_option("--type", billType, "Bill type number of the format")
-      ->required()
-      ->check(CLI::Range(-kLargest - 1, kLargest))
-      ->type_name("N");
-}
-
-void DescribePrint(CLI::App& command, PrintArguments& arguments) {
-  AddOptionsFile(command);
-  DescribeDatabase(command, arguments.database);
-  DescribeBillType(command, arguments.billType);
-  command
-      .add_option("--data", arguments.data,
-                  "Statement that selects the rows to print, the rows of a bill together")
-      ->required()
-      ->type_name("SQL");
-  command
-      .add_option("--format", arguments.format,
-                  "Name of the format (without it: the selected format of the bill type)")
-      ->type_name("NAME");
-  command.add_flag("--only-variant", arguments.onlyVariant,
-                   "The sheets are pre-printed: draw only the variable values");
-  command
-      .add_option("--blank-rows", arguments.blankRows,
-                  "Rows that earlier bills have used up on the first sheet")
-      ->check(CLI::Range(0, kLargest))
-      ->type_name("N");
-
-  command.add_flag("--by-area", arguments.byArea,
-                   "Begin a new page at each stock area (FStockArea) instead of each bill");
-
-  CLI::Option_group* output = command.add_option_group(
-      "Output", "Where the document goes (without it: to the printer that the format chooses)");
-  output->add_option("--printer", arguments.printer, "A printer by its name")
-      ->check(RefuseEmpty)
-      ->type_name("NAME");
-  // A file of options that somebody sent must not overwrite anything.
-  output->add_option("--pdf", arguments.pdf, "A PDF file (-: standard output)")
-      ->configurable(false)
-      ->check(RefuseEmpty)
-      ->transform(StandardOutputForDash)
-      ->type_name("FILE");
-  output->add_option("--png", arguments.png, "A folder for one PNG file per page")
-      ->configurable(false)
-      ->check(RefuseEmpty)
-      ->check(RefuseStandardOutput)
-      ->type_name("FOLDER");
-  output->add_option("--html", arguments.html, "A self-contained HTML file (-: standard output)")
-      ->configurable(false)
-      ->check(RefuseEmpty)
-      ->transform(StandardOutputForDash)
-      ->type_name("FILE");
-  output->require_option(0, 1);
-
-  command.footer(std::string(kPrintExamples) + "\n" + kExitStatusText);
-}
-
-void DescribeSamples(CLI::App& command, std::string& samples) {
-  command
-      .add_option("--samples", samples,
-                  "Folder of the sample's SQL files (without it: where they were installed)")
-      ->check(RefuseEmpty)
-      ->type_name("FOLDER");
-}
-
-void DescribeDemo(CLI::App& command, DemoArguments& arguments) {
-  command.add_option("--out", arguments.out, "Folder for the database and the printed bills")
-      ->capture_default_str()
-      ->check(RefuseEmpty)
-      ->type_name("FOLDER");
-  DescribeSamples(command, arguments.samples);
-  command
-      .add_option("--printer", arguments.printer,
-                  "Printer to send one of the bills to, too (without it: files only)")
-      ->check(RefuseEmpty)
-      ->type_name("NAME");
-  command.footer(kExitStatusText);
-}
-
-void DescribeSampleSql(CLI::App& command, SampleSqlArguments& arguments) {
-  command.add_option("--engine", arguments.engine, "sqlite, postgresql, mariadb or sqlserver")
-      ->required()
-      ->check(CLI::IsMember({"sqlite", "postgresql", "mariadb", "sqlserver"}))
-      ->type_name("NAME");
-  command.add_flag("--only-schema", arguments.onlySchema,
-                   "Only the tables that the component uses, and their indexes, without rows");
-  DescribeSamples(command, arguments.samples);
-  command.add_option("--out", arguments.out, "A file (without it: standard output)")
-      ->check(RefuseEmpty)
-      ->transform(StandardOutputForDash)
-      ->type_name("FILE");
-  command.footer(kSampleSqlExamples);
-}
-
-void DescribeSettings(CLI::App& command, SettingsArguments& arguments) {
-  DescribeDatabase(command, arguments.database);
-  DescribeBillType(command, arguments.billType);
-  command.footer(kDialogExitStatusText);
-}
-
-void DescribeAreaPrinters(CLI::App& command, AreaPrintersArguments& arguments) {
-  DescribeDatabase(command, arguments.database);
-  command.footer(kDialogExitStatusText);
-}
-
-void DescribeRegistration(CLI::App& command, std::string& module) {
-  command
-      .add_option("--module", module,
-                  "File of the module QbTdPrinter (without it: where it was installed)")
-      ->check(RefuseEmpty)
-      ->type_name("FILE");
-  command.footer(kRegistrationExitStatusText);
+void AddAll(Commands& commands) {
+  commands.Add<PrintArguments>("print", "Print bills without showing them on the screen");
+  PrintArguments preview;
+  preview.preview = true;
+  commands.Add("preview", "Show bills in a window, where they can be printed", preview);
+  commands.Add<CheckArguments>("check", "Look for mistakes in formats, without printing anything");
+  commands.Add<DemoArguments>("demo", "Make a sample database and print all its bills");
+  commands.Add<SettingsArguments>("settings",
+                                  "Choose and fine-tune the format of a bill type in a window");
+  commands.Add<DesignArguments>("design", "Lay formats out in a window, over a scan of the form");
+  commands.Add<AreaPrintersArguments>("area-printers",
+                                      "Assign printers to the stock areas of formats in a window");
+  commands.Add<SampleSqlArguments>("sample-sql",
+                                   "Write the sample database as a script for a database engine");
+  commands.Add<RecordArguments>("record",
+                                "Write down what a print reads, as a scenario for td_replay");
+  commands.Add<RegisterArguments>("register",
+                                  "Make the component's classes known to programs of the user");
+  commands.Add<UnregisterArguments>("unregister", "Remove what register has written");
+  commands.Add<ExportFormatArguments>("export-format", "Write a format of a database into a file");
+  commands.Add<ImportFormatArguments>("import-format", "Take a format from a file into a database");
+  commands.Add<DiffFormatArguments>("diff-format", "Tell two files of formats apart, in words");
+  commands.Add<LogArguments>("log", "Look up in a print log who printed what, when and where");
 }
 
 }  // namespace
@@ -192,60 +83,15 @@ Command ParseArguments(int argc, const char* const* argv) {
   app.require_subcommand(1);
   app.set_version_flag("--version", "tdprint " TDPRINT_VERSION);
   app.footer(std::string(kExamples) + "\n" + kExitStatusText);
-
-  PrintArguments print;
-  CLI::App* printCommand =
-      app.add_subcommand("print", "Print bills without showing them on the screen");
-  DescribePrint(*printCommand, print);
-
-  PrintArguments preview;
-  preview.preview = true;
-  CLI::App* previewCommand =
-      app.add_subcommand("preview", "Show bills in a window, where they can be printed");
-  DescribePrint(*previewCommand, preview);
-
-  DemoArguments demo;
-  DescribeDemo(*app.add_subcommand("demo", "Make a sample database and print all its bills"), demo);
-
-  SettingsArguments settings;
-  CLI::App* settingsCommand =
-      app.add_subcommand("settings", "Choose and fine-tune the format of a bill type in a window");
-  DescribeSettings(*settingsCommand, settings);
-
-  AreaPrintersArguments areaPrinters;
-  CLI::App* areaPrintersCommand = app.add_subcommand(
-      "area-printers", "Assign printers to the stock areas of formats in a window");
-  DescribeAreaPrinters(*areaPrintersCommand, areaPrinters);
-
-  SampleSqlArguments sampleSql;
-  CLI::App* sampleSqlCommand = app.add_subcommand(
-      "sample-sql", "Write the sample database as a script for a database engine");
-  DescribeSampleSql(*sampleSqlCommand, sampleSql);
-
-  RegisterArguments registration;
-  CLI::App* registerCommand =
-      app.add_subcommand("register", "Make the component's classes known to programs of the user");
-  DescribeRegistration(*registerCommand, registration.module);
-
-  UnregisterArguments unregistration;
-  CLI::App* unregisterCommand =
-      app.add_subcommand("unregister", "Remove what register has written");
-  DescribeRegistration(*unregisterCommand, unregistration.module);
-
+  Commands commands(app);
+  AddAll(commands);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     const bool askedForHelp = app.exit(error) == static_cast<int>(CLI::ExitCodes::Success);
     return askedForHelp ? ExitStatus::kPrinted : ExitStatus::kWrongUsage;
   }
-  if (printCommand->parsed()) return print;
-  if (previewCommand->parsed()) return preview;
-  if (settingsCommand->parsed()) return settings;
-  if (areaPrintersCommand->parsed()) return areaPrinters;
-  if (sampleSqlCommand->parsed()) return sampleSql;
-  if (registerCommand->parsed()) return registration;
-  if (unregisterCommand->parsed()) return unregistration;
-  return demo;
+  return commands.Given();
 }
 
 }  // namespace td

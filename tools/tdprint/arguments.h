@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <variant>
+#include <vector>
 
 #include "exit_status.h"
 
@@ -24,8 +26,34 @@ struct PrintArguments {
   std::string pdf;   // a file; standard output has its path, too
   std::string png;   // a folder
   std::string html;  // as pdf
+  // Where the explanation of the print goes, a file as pdf; empty: none is asked for.
+  std::string explain;
+
+  std::string log;  // a file to which a line is added; empty: as the environment says
 
   bool operator==(const PrintArguments&) const = default;
+};
+
+// Looks for mistakes in formats.
+struct CheckArguments {
+  std::string database;
+  std::optional<std::int16_t> billType{};  // none: all
+  std::string format{};                    // empty: all
+  std::string data{};                      // a statement that selects rows; empty: none are read
+  std::string printer{};  // that takes the documents; empty: the one that each format chooses
+  bool byArea = false;
+  bool json = false;
+
+  bool operator==(const CheckArguments&) const = default;
+};
+
+// Writes down what a print reads, as a scenario.
+struct RecordArguments {
+  PrintArguments print;  // without outputs
+  bool mask = false;     // other values of the same kind in the data
+  std::string out;       // a file; empty: standard output
+
+  bool operator==(const RecordArguments&) const = default;
 };
 
 struct DemoArguments {
@@ -42,6 +70,16 @@ struct SettingsArguments {
   std::int16_t billType = 0;
 
   bool operator==(const SettingsArguments&) const = default;
+};
+
+// Opens the designer of formats.
+struct DesignArguments {
+  std::string database;  // empty: the user is asked for it
+  std::optional<std::int16_t> billType;
+  std::string format;  // empty: the selected format of the bill type
+  std::string data;    // as in PrintArguments; empty: captions are shown
+
+  bool operator==(const DesignArguments&) const = default;
 };
 
 // Opens the printers of the stock areas.
@@ -75,10 +113,59 @@ struct UnregisterArguments {
   bool operator==(const UnregisterArguments&) const = default;
 };
 
+// Writes a format into a file.
+struct ExportFormatArguments {
+  std::string database;
+  std::int16_t billType = 0;
+  std::string format;         // empty: the selected one
+  std::string out;            // a file; empty: standard output
+  bool withPictures = false;  // those of the picture items go into the file
+
+  bool operator==(const ExportFormatArguments&) const = default;
+};
+
+// Takes a format from a file into a database.
+struct ImportFormatArguments {
+  std::string database;
+  std::optional<std::int16_t> billType;  // nothing: as the file says
+  std::string format;                    // likewise
+  bool replace = false;                  // a format of that name
+  bool dryRun = false;
+  std::string pictures;  // folder for the file's pictures; empty: they stay in the file
+  std::string file;
+
+  bool operator==(const ImportFormatArguments&) const = default;
+};
+
+// Tells two files of formats apart.
+struct DiffFormatArguments {
+  std::string first;
+  std::string second;
+
+  bool operator==(const DiffFormatArguments&) const = default;
+};
+
+// Looks prints up in a print log. Empty texts ask for nothing.
+struct LogArguments {
+  std::string bill;  // its number
+  std::optional<std::int16_t> billType;
+  std::string format;
+  std::string printer;
+  std::string user;
+  std::string since;  // as ParseTimeSpan reads it
+  std::string until;
+  bool asJson = false;             // the lines as they stand in the log
+  std::vector<std::string> files;  // none: the one that the environment names
+
+  bool operator==(const LogArguments&) const = default;
+};
+
 // What to do, or the status to end with: help was shown, or the usage is wrong and said so.
 using Command =
-    std::variant<PrintArguments, DemoArguments, SettingsArguments, AreaPrintersArguments,
-                 SampleSqlArguments, RegisterArguments, UnregisterArguments, ExitStatus>;
+    std::variant<PrintArguments, CheckArguments, DemoArguments, SettingsArguments, DesignArguments,
+                 AreaPrintersArguments, SampleSqlArguments, RecordArguments, RegisterArguments,
+                 UnregisterArguments, ExportFormatArguments, ImportFormatArguments,
+                 DiffFormatArguments, LogArguments, ExitStatus>;
 
 Command ParseArguments(int argc, const char* const* argv);
 

@@ -25,6 +25,7 @@ constexpr std::array kDictionary = {
     Words{"the rows have no column FInterID", "数据中没有 FInterID 列"},
     Words{"the query gave no row", "没有查到要打印的数据"},
     Words{"the window can't be shown", "打不开窗口"},
+    Words{"the designer can't be shown", "打不开套打格式设计窗口"},
 };
 
 // What the dictionary doesn't have, such as the words of a database, stands as it is.

@@ -8,6 +8,12 @@ enum class ExitStatus {
   kNotPrinted = 1,  // or not shown
   kWrongUsage = 2,
   kPrintedWithMessages = 3,  // a message was shown: part of the bill may be missing
+
+  // Of a check, which prints nothing.
+  kNothingFound = 0,  // nothing but hints
+  kWarningsFound = 1,
+  kErrorsFound = 2,
+  kNotChecked = 3,
 };
 
 }  // namespace td

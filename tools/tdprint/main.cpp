@@ -2,9 +2,14 @@
 #include <unistd.h>
 
 #include "arguments.h"
+#include "check_command.h"
 #include "demo_command.h"
+#include "design_command.h"
 #include "dialog_commands.h"
+#include "format_commands.h"
+#include "log_command.h"
 #include "print_command.h"
+#include "record_command.h"
 #include "registration_commands.h"
 #include "sample_sql_command.h"
 
@@ -14,11 +19,17 @@ struct Runner {
   td::ExitStatus operator()(const td::PrintArguments& arguments) const {
     return td::PrintBills(arguments);
   }
+  td::ExitStatus operator()(const td::CheckArguments& arguments) const {
+    return td::CheckFormats(arguments);
+  }
   td::ExitStatus operator()(const td::DemoArguments& arguments) const {
     return td::MakeDemo(arguments);
   }
   td::ExitStatus operator()(const td::SettingsArguments& arguments) const {
     return td::ShowSettings(arguments);
+  }
+  td::ExitStatus operator()(const td::DesignArguments& arguments) const {
+    return td::DesignFormat(arguments);
   }
   td::ExitStatus operator()(const td::AreaPrintersArguments& arguments) const {
     return td::ShowAreaPrinters(arguments);
@@ -26,11 +37,26 @@ struct Runner {
   td::ExitStatus operator()(const td::SampleSqlArguments& arguments) const {
     return td::WriteSampleSql(arguments);
   }
+  td::ExitStatus operator()(const td::RecordArguments& arguments) const {
+    return td::RecordScenario(arguments);
+  }
   td::ExitStatus operator()(const td::RegisterArguments& arguments) const {
     return td::RegisterModule(arguments);
   }
   td::ExitStatus operator()(const td::UnregisterArguments& arguments) const {
     return td::UnregisterModule(arguments);
+  }
+  td::ExitStatus operator()(const td::ExportFormatArguments& arguments) const {
+    return td::ExportFormat(arguments);
+  }
+  td::ExitStatus operator()(const td::ImportFormatArguments& arguments) const {
+    return td::ImportFormat(arguments);
+  }
+  td::ExitStatus operator()(const td::DiffFormatArguments& arguments) const {
+    return td::DiffFormats(arguments);
+  }
+  td::ExitStatus operator()(const td::LogArguments& arguments) const {
+    return td::ShowLog(arguments);
   }
   td::ExitStatus operator()(td::ExitStatus status) const { return status; }
 };

@@ -8,11 +8,14 @@
 #include "component_folder.h"
 #include "desktop/desktop_platform.h"
 #include "document_bounds.h"
+#include "explanation/explanation_text.h"
+#include "files/file_error.h"
+#include "files/output_file.h"
 #include "page_document/page_document.h"
+#include "page_outputs/document_files.h"
 #include "platform/failure.h"
 #include "platform/standard_failures.h"
 #include "progress.h"
-#include "qt/render/outputs.h"
 #include "service/printer.h"
 
 namespace td {
@@ -112,8 +115,9 @@ void WriteFiles(const PageDocument& document, const PrintArguments& arguments) {
 
 // What the platform has told meanwhile.
 struct Seen {
-  bool hasPages = false;  // also when a later run of a preview made none
-  bool isWhole = true;    // nothing of the document was complained about
+  const DesktopPlatform* desktop = nullptr;  // when it is made
+  bool hasPages = false;                     // also when a later run of a preview made none
+  bool isWhole = true;                       // nothing of the document was complained about
 };
 
 DesktopOptions OptionsFor(const PrintArguments& arguments, const ComponentFolder& folder,
@@ -122,16 +126,24 @@ DesktopOptions OptionsFor(const PrintArguments& arguments, const ComponentFolder
   options.printer = arguments.printer;
   if (!arguments.preview) options.messages = MessageMode::kStandardError;
   options.componentFolder = folder.Path();
+  options.explain = !arguments.explain.empty();
+  if (!arguments.log.empty()) options.logFile = arguments.log;
+  options.onLogFailure = [](const std::string& text) {
+    Complain("the print isn't in the log", text);
+  };
   options.onPage = [&](int page) {
     progress.PageFinished(page);
     seen.hasPages = true;
   };
   options.onComplaint = [&seen](const std::string& text) {
     seen.isWhole = false;
-    Complain("the document is not as the format wants it", text);
+    const RunPlace place = seen.desktop == nullptr ? RunPlace() : seen.desktop->CurrentPlace();
+    Complain("the document is not as the format wants it",
+             WithPlace(text, place, LanguageOfLocale()));
   };
   if (GoesToFiles(arguments)) {
     options.documentSink = [&](const PageDocument& document) { WriteFiles(document, arguments); };
+    options.sinkTarget = arguments.pdf + arguments.png + arguments.html;
   }
   return options;
 }
@@ -159,11 +171,27 @@ void TellOfAnotherPrinter(const DesktopPlatform& desktop, const PrintArguments& 
   Complain("printed on " + used, "the format asks for " + preferred + ", which isn't installed");
 }
 
+// Whether the explanation that was asked for, if one was, has been written.
+bool Explain(const DesktopPlatform& desktop, const std::string& file) {
+  if (file.empty()) return true;
+  const Explanation explanation = desktop.LastExplanation();
+  try {
+    WriteOutput(
+        file, WriterOf(file.ends_with(".json") ? ExplanationJson(explanation) + "\n"
+                                               : ExplanationText(explanation, LanguageOfLocale())));
+    return true;
+  } catch (const FileError& error) {
+    Complain("the explanation wasn't written", file + ": " + error.what());
+    return false;
+  }
+}
+
 ExitStatus Print(const PrintArguments& arguments) {
   const ComponentFolder folder;
   Progress progress;
   Seen seen;
   DesktopPlatform desktop(OptionsFor(arguments, folder, progress, seen));
+  seen.desktop = &desktop;
   if (arguments.preview && !desktop.HasDisplay()) {
     Complain("not shown", "there is no display");
     return ExitStatus::kNotPrinted;
@@ -181,6 +209,7 @@ ExitStatus Print(const PrintArguments& arguments) {
   (printer.*print)(!arguments.preview, arguments.database, arguments.billType,
                    arguments.onlyVariant, false, progress.Watch(rows), arguments.format, nullptr);
 
+  const bool isExplained = Explain(desktop, arguments.explain);
   const bool isDone =
       arguments.preview ? seen.hasPages : printer.PrintOk() && desktop.LastDocument().IsDelivered();
   if (!isDone) {
@@ -190,8 +219,9 @@ ExitStatus Print(const PrintArguments& arguments) {
     return ExitStatus::kNotPrinted;
   }
   TellOfAnotherPrinter(desktop, arguments, preferredPrinter);
-  return desktop.MessagesShown() == 0 && seen.isWhole ? ExitStatus::kPrinted
-                                                      : ExitStatus::kPrintedWithMessages;
+  return desktop.MessagesShown() == 0 && seen.isWhole && isExplained
+             ? ExitStatus::kPrinted
+             : ExitStatus::kPrintedWithMessages;
 }
 
 void ComplainAbout(const PrintArguments& arguments, const std::string& what, const std::string& why,

@@ -28,8 +28,14 @@ _tdprint_value() {
     --db) _tdprint_database "$current" ;;
     --engine) _tdprint_words "sqlite postgresql mariadb sqlserver" "$current" ;;
     --printer) _tdprint_words "$(lpstat -e 2>/dev/null)" "$current" ;;
-    --config | --module | --pdf | --html) _tdprint_files "$current" ;;
-    --png | --samples) _tdprint_folders "$current" ;;
+    --config | --module | --pdf | --html | --log) _tdprint_files "$current" ;;
+    --explain) # its file may be left out
+      case $current in
+        -*) return 1 ;;
+        *) _tdprint_files "$current" ;;
+      esac
+      ;;
+    --png | --samples | --pictures) _tdprint_folders "$current" ;;
     --out)
       if [ "$command" = demo ]; then
         _tdprint_folders "$current"
@@ -38,6 +44,7 @@ _tdprint_value() {
       fi
       ;;
     --type | --data | --format | --blank-rows) COMPREPLY=() ;;
+    --bill | --user | --since | --until) COMPREPLY=() ;;
     *) return 1 ;;
   esac
 }
@@ -46,8 +53,8 @@ _tdprint() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} options
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
-    _tdprint_words "print preview demo settings area-printers sample-sql register unregister --help \
-      --version" \
+    _tdprint_words "print preview check demo settings design area-printers sample-sql record register \
+      unregister export-format import-format diff-format log --help --version" \
       "$current"
     return
   fi
@@ -64,13 +71,36 @@ _tdprint() {
   case ${COMP_WORDS[1]} in
     print | preview)
       options="--config --db --type --data --format --only-variant --blank-rows --by-area \
-        --printer --pdf --png --html"
+        --printer --pdf --png --html --explain --log"
       ;;
+    record)
+      options="--config --db --type --data --format --only-variant --blank-rows --by-area --mask \
+        --out"
+      ;;
+    check) options="--db --type --format --data --printer --by-area --json" ;;
     demo) options="--out --samples --printer" ;;
     settings) options="--db --type" ;;
+    design) options="--db --type --format --data" ;;
     area-printers) options="--db" ;;
     sample-sql) options="--engine --only-schema --samples --out" ;;
     register | unregister) options="--module" ;;
+    export-format) options="--db --type --format --out --with-pictures" ;;
+    import-format)
+      [[ $current == [!-]* ]] && { _tdprint_files "$current"; return; }
+      options="--db --type --format --replace --dry-run --pictures"
+      ;;
+    diff-format)
+      [[ $current == [!-]* ]] && { _tdprint_files "$current"; return; }
+      options=
+      ;;
+    log)
+      options="--bill --type --format --printer --user --since --until --json"
+      # The logs themselves have no option in front.
+      if [ "${current#-}" = "$current" ] && [ -n "$current" ]; then
+        _tdprint_files "$current"
+        return
+      fi
+      ;;
     *) options= ;;
   esac
   _tdprint_words "$options --help" "$current"

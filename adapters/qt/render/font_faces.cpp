@@ -2,10 +2,10 @@
 
 #include <QCoreApplication>
 #include <QFontDatabase>
-#include <QGlyphRun>
 #include <QTextLayout>
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <string_view>
 
 #include "render/fonts.h"
@@ -69,13 +69,20 @@ bool HasBoldFace(const QString& family) {
       styles, [&](const QString& style) { return QFontDatabase::bold(family, style); });
 }
 
-// One line of text as Qt lays it out.
-struct ShapedLine {
-  double width = 0;
-  bool isComplete = false;  // no character is missing in all fonts
-};
+// Whether the font's file calls it italic or oblique.
+bool IsSlanted(const QRawFont& raw) {
+  constexpr int kStyle = 62;  // where it stands
+  constexpr int kItalicOrOblique = 0x0201;
+  const QByteArray table = raw.fontTable("OS/2");
+  if (table.size() < kStyle + 2) return false;
+  const int style = static_cast<unsigned char>(table[kStyle]) << 8 |
+                    static_cast<unsigned char>(table[kStyle + 1]);
+  return (style & kItalicOrOblique) != 0;
+}
 
-ShapedLine Shape(const QString& text, const QFont& font) {
+}  // namespace
+
+ShapedText Shape(const QString& text, const QFont& font) {
   QTextLayout layout(text, font);
   layout.beginLayout();
   const QTextLine line = layout.createLine();
@@ -83,15 +90,15 @@ ShapedLine Shape(const QString& text, const QFont& font) {
   if (!line.isValid()) return {};
   const QList<QGlyphRun> runs = line.glyphRuns();
   // Qt draws boxes for missing characters, with a font that has no tables or with glyph 0.
-  return {line.naturalTextWidth(), std::ranges::none_of(runs, [](const QGlyphRun& run) {
-            return run.glyphIndexes().contains(0) || run.rawFont().fontTable("cmap").isEmpty();
-          })};
+  const bool isComplete = std::ranges::none_of(runs, [](const QGlyphRun& run) {
+    return run.glyphIndexes().contains(0) || run.rawFont().fontTable("cmap").isEmpty();
+  });
+  return {line.naturalTextWidth(), line.ascent(), runs, isComplete};
 }
 
-}  // namespace
-
-double ShapedWidth(const QString& text, const QFont& font) {
-  return Shape(text, font).width;
+Synthesis SynthesisOf(const QRawFont& raw, bool wantsBold, bool wantsItalic) {
+  return {.slants = wantsItalic && !IsSlanted(raw),
+          .emboldens = wantsBold && !HasBoldFace(raw.familyName())};
 }
 
 FontFaces::FontFaces(const TextFont& font)
@@ -101,7 +108,7 @@ FontFaces::FontFaces(const TextFont& font)
 
 FaceRef FontFaces::FaceAt(std::size_t index) {
   while (faces_.size() <= index && static_cast<qsizetype>(faces_.size()) < families_.size()) {
-    auto face = std::make_shared<Face>();
+    auto face = std::make_unique<Face>();
     face->name = QString::fromStdString(wanted_.name);
     // The first face carries all families: a text that is shaped finds its characters in them.
     face->font.setFamilies(families_.mid(static_cast<qsizetype>(faces_.size())));
@@ -111,28 +118,31 @@ FaceRef FontFaces::FaceAt(std::size_t index) {
     face->font.setItalic(wanted_.italic);
     face->font.setHintingPreference(QFont::PreferNoHinting);
     face->font.setKerning(false);
-    face->raw = QRawFont::fromFont(face->font);
+    QFont alone = face->font;
+    alone.setStyleStrategy(QFont::NoFontMerging);  // the fonts that help it out are faces, too
+    face->raw = QRawFont::fromFont(alone);
     face->raw.setPixelSize(face->size);
     face->ascent = face->raw.ascent();
     face->descent = face->raw.descent();
-    face->syntheticBold =
-        wanted_.bold && !HasBoldFace(families_.at(static_cast<qsizetype>(faces_.size())));
+    face->synthesis = SynthesisOf(face->raw, wanted_.bold, wanted_.italic);
     faces_.push_back(std::move(face));
   }
-  return index < faces_.size() ? faces_[index] : nullptr;
+  return index < faces_.size() ? faces_[index].get() : nullptr;
 }
 
 double FontFaces::LineHeight() {
   return Ascent() + Descent() + std::max(0.0, Primary()->raw.leading());
 }
 
-FaceGlyph FontFaces::GlyphIn(const FaceRef& face, char32_t character) const {
+FaceGlyph FontFaces::GlyphIn(FaceRef face, char32_t character) {
   const QList<quint32> indexes = face->raw.glyphIndexesForString(QString::fromUcs4(&character, 1));
   if (indexes.size() != 1 || indexes[0] == 0) return {};
-  return {face, indexes[0], face->raw.advancesForGlyphIndexes(indexes).at(0).x()};
+  return {.face = face,
+          .index = indexes[0],
+          .advance = face->raw.advancesForGlyphIndexes(indexes).at(0).x()};
 }
 
-bool FontFaces::HasEvenDigits(const FaceRef& face) const {
+bool FontFaces::HasEvenDigits(FaceRef face) {
   const double tolerance = face->size / 100;
   const double zero = GlyphIn(face, U'0').advance;
   return std::ranges::all_of(std::u32string_view(U"123456789"), [&](char32_t digit) {
@@ -141,11 +151,11 @@ bool FontFaces::HasEvenDigits(const FaceRef& face) const {
 }
 
 FaceRef FontFaces::AsciiFace() {
-  for (std::size_t i = 0; !asciiFace_; ++i) {
-    const FaceRef face = FaceAt(i);
-    if (!face) {
+  for (std::size_t i = 0; asciiFace_ == nullptr; ++i) {
+    FaceRef face = FaceAt(i);
+    if (face == nullptr) {
       asciiFace_ = Primary();
-    } else if (GlyphIn(face, U'0').face && HasEvenDigits(face)) {
+    } else if (GlyphIn(face, U'0').face != nullptr && HasEvenDigits(face)) {
       asciiFace_ = face;
     }
   }
@@ -159,47 +169,25 @@ const FaceGlyph& FontFaces::Find(char32_t character) {
   glyph.invisible = IsInvisible(character);
   if (glyph.invisible) return glyph;
   if (character >= U' ' && character <= U'~') glyph = GlyphIn(AsciiFace(), character);
-  for (std::size_t i = 0; !glyph.face; ++i) {
-    const FaceRef face = FaceAt(i);
-    if (!face) break;
+  for (std::size_t i = 0; glyph.face == nullptr; ++i) {
+    FaceRef face = FaceAt(i);
+    if (face == nullptr) break;
     glyph = GlyphIn(face, character);
   }
-  if (!glyph.face) {
-    const ShapedLine shaped = Shape(QString::fromUcs4(&character, 1), Primary()->font);
+  if (glyph.face == nullptr) {
+    const ShapedText shaped = Shape(QString::fromUcs4(&character, 1), Primary()->font);
     glyph = {.face = nullptr, .advance = shaped.width, .missing = !shaped.isComplete};
   }
+  glyph.character = character;
   glyph.needsShaping = NeedsShaping(character);
-  glyph.isPlain = !glyph.missing && !glyph.needsShaping && !EndsLine(character);
+  glyph.isPlain = glyph.face != nullptr && !glyph.needsShaping && !EndsLine(character);
   return glyph;
 }
 
 FontFaces& FacesOf(const TextFont& font) {
-  if (Cache().empty()) qAddPostRoutine([] { Cache().clear(); });
-  return Cache().try_emplace(font, font).first->second;
-}
-
-DrawnCharacters::DrawnCharacters() {
-  for (const auto& [font, faces] : Cache()) {
-    for (const auto& [character, glyph] : faces.Glyphs()) {
-      if (!glyph.face) continue;
-      glyphs_.emplace(std::pair(glyph.face, glyph.index), character);
-      faces_.insert(glyph.face);
-      characters_.insert(character);
-    }
-  }
-}
-
-char16_t DrawnCharacters::For(char16_t character) const {
-  if (characters_.contains(character)) return character;
-  for (const FaceRef& face : faces_) {
-    const QList<quint32> indexes = face->raw.glyphIndexesForString(QString(QChar(character)));
-    if (indexes.isEmpty() || indexes[0] == 0) continue;
-    const auto drawn = glyphs_.find({face, indexes[0]});
-    if (drawn != glyphs_.end() && drawn->second <= 0xFFFF) {
-      return static_cast<char16_t>(drawn->second);
-    }
-  }
-  return character;
+  FaceCache& cache = Cache();
+  if (cache.empty()) qAddPostRoutine([] { Cache().clear(); });
+  return cache.try_emplace(font, font).first->second;
 }
 
 }  // namespace td

@@ -2,18 +2,23 @@
 #pragma once
 
 #include <QFont>
+#include <QGlyphRun>
 #include <QRawFont>
 #include <array>
-#include <map>
 #include <memory>
-#include <set>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 #include "page_document/drawing.h"
 
 namespace td {
+
+// What Qt adds to the glyphs of a font that is not as bold or slanted as it is wanted.
+struct Synthesis {
+  bool slants = false;
+  bool emboldens = false;
+};
+[[nodiscard]] Synthesis SynthesisOf(const QRawFont& raw, bool wantsBold, bool wantsItalic);
 
 // One installed face at one size; a pixel of its fonts is a twip. Hinting is off, so that glyphs
 // have the same advances at every resolution.
@@ -24,14 +29,16 @@ struct Face {
   double size = 0;  // twips, as are the heights
   double ascent = 0;
   double descent = 0;
-  bool syntheticBold = false;  // bold is wanted and the family has no bold face
+  Synthesis synthesis;  // that it needs for what is wanted
 };
-using FaceRef = std::shared_ptr<const Face>;
+// Good until the application object is destroyed.
+using FaceRef = const Face*;
 
 // A glyph of one face. Without a face, another font of the machine has the character, or none has
 // it (`missing`).
 struct FaceGlyph {
-  FaceRef face;
+  FaceRef face = nullptr;
+  char32_t character = 0;
   quint32 index = 0;
   double advance = 0;  // twips
   bool missing = false;
@@ -45,10 +52,7 @@ class FontFaces {
  public:
   explicit FontFaces(const TextFont& font);
 
-  [[nodiscard]] const FaceRef& Primary() {
-    if (faces_.empty()) (void)FaceAt(0);
-    return faces_.front();
-  }
+  [[nodiscard]] FaceRef Primary() { return faces_.empty() ? FaceAt(0) : faces_.front().get(); }
   // The glyph of a character in the first face that has it. Where the digits of the first face
   // differ in width, so that columns of numbers would not line up, the characters of ASCII come
   // from the first other face whose digits don't.
@@ -59,9 +63,6 @@ class FontFaces {
       known = {character, &Find(character)};
     return *known.glyph;
   }
-
-  // All characters that were looked up, with their glyphs.
-  [[nodiscard]] const std::unordered_map<char32_t, FaceGlyph>& Glyphs() const { return glyphs_; }
 
   // Twips above and below the base line, and of the whole line, in the primary face.
   [[nodiscard]] double Ascent() { return Primary()->ascent; }
@@ -77,39 +78,32 @@ class FontFaces {
   };
 
   const FaceGlyph& Find(char32_t character);
-  // The face of the n-th family; empty behind the last.
+  // The face of the n-th family; null behind the last.
   FaceRef FaceAt(std::size_t index);
-  [[nodiscard]] FaceGlyph GlyphIn(const FaceRef& face, char32_t character) const;
-  [[nodiscard]] bool HasEvenDigits(const FaceRef& face) const;
+  [[nodiscard]] static FaceGlyph GlyphIn(FaceRef face, char32_t character);
+  [[nodiscard]] static bool HasEvenDigits(FaceRef face);
   // The face that the characters of ASCII come from.
   FaceRef AsciiFace();
 
   TextFont wanted_;
   QStringList families_;
-  std::vector<FaceRef> faces_;  // loaded one by one, when a character asks for them
-  FaceRef asciiFace_;
+  // Loaded one by one, when a character asks for them.
+  std::vector<std::unique_ptr<const Face>> faces_;
+  FaceRef asciiFace_ = nullptr;
   std::unordered_map<char32_t, FaceGlyph> glyphs_;
   std::array<Known, 256> known_{};
 };
 
-// Width in twips of a text that Qt shapes, with characters from any font of the machine.
-[[nodiscard]] double ShapedWidth(const QString& text, const QFont& font);
+// One line of text that Qt shapes, with characters from any font of the machine.
+struct ShapedText {
+  double width = 0;         // twips
+  double ascent = 0;        // of the line above its base line
+  QList<QGlyphRun> runs;    // from the line's top
+  bool isComplete = false;  // no character is missing in all fonts
+};
+[[nodiscard]] ShapedText Shape(const QString& text, const QFont& font);
 
 // The faces of a font; shared by all texts, kept until the application object is destroyed.
 FontFaces& FacesOf(const TextFont& font);
-
-// Which characters the glyphs stood for that have been looked up so far.
-class DrawnCharacters {
- public:
-  DrawnCharacters();
-  // `character` itself if it was looked up, else one that was and has the same glyph as it in a
-  // face, else `character`.
-  [[nodiscard]] char16_t For(char16_t character) const;
-
- private:
-  std::map<std::pair<FaceRef, quint32>, char32_t> glyphs_;
-  std::set<FaceRef> faces_;
-  std::set<char32_t> characters_;
-};
 
 }  // namespace td

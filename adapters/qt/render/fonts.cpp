@@ -4,6 +4,7 @@
 #include <QFontDatabase>
 #include <QStandardPaths>
 #include <QTextStream>
+#include <algorithm>
 #include <array>
 
 namespace td {
@@ -110,15 +111,24 @@ void FontTable::Read(const std::string& configuration) {
   }
 }
 
-QStringList FontTable::Families(const std::string& name) const {
-  const QString key = Key(QString::fromStdString(name));
-  QStringList wanted;
-  if (const auto found = configured_.find(key); found != configured_.end()) wanted = found->second;
-  wanted.append(key);
+QStringList FontTable::Meant(const QString& key) const {
+  QStringList meant;
+  if (const auto found = configured_.find(key); found != configured_.end()) meant = found->second;
+  meant.append(key);
   for (const Style& style : BuiltIn()) {
-    if (style.names.contains(key)) wanted += style.families();
+    if (style.names.contains(key)) meant += style.families();
   }
-  wanted += Song() + Hei() + FangSong() + Sans();
+  return meant;
+}
+
+bool FontTable::Serves(const std::string& name) const {
+  return std::ranges::any_of(Meant(Key(QString::fromStdString(name))),
+                             [](const QString& family) { return !Installed(family).isEmpty(); });
+}
+
+QStringList FontTable::Families(const std::string& name) const {
+  const QStringList wanted =
+      Meant(Key(QString::fromStdString(name))) + Song() + Hei() + FangSong() + Sans();
 
   QStringList families;
   for (const QString& family : wanted) {

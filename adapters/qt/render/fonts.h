@@ -26,7 +26,12 @@ class FontTable {
   // the table, then such that have the Chinese characters. Empty only if no font is installed.
   [[nodiscard]] QStringList Families(const std::string& name) const;
 
+  // Whether one of the families that are meant by the name is installed: a configured one, the one
+  // that bears it, or one of those that the table has for it. Otherwise any Chinese font stands in.
+  [[nodiscard]] bool Serves(const std::string& name) const;
+
  private:
+  [[nodiscard]] QStringList Meant(const QString& key) const;
   void Read(const std::string& configuration);
 
   std::map<QString, QStringList> configured_;

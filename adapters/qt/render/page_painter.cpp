@@ -13,10 +13,6 @@
 namespace td {
 namespace {
 
-bool WritesPdf(const QPainter& painter) {
-  return painter.paintEngine()->type() == QPaintEngine::Pdf;
-}
-
 class PagePainter {
  public:
   explicit PagePainter(QPainter& painter) : painter_(painter) {}
@@ -97,25 +93,25 @@ class PagePainter {
       if (text.glyphs.empty()) {
         painter_.setPen(colour_);
         painter_.setFont(text.face->font);
-        painter_.drawText(QPointF(text.x, text.y), text.text);
+        painter_.drawText(QPointF(text.x, text.y), QString::fromStdString(text.text));
         continue;
       }
       auto& [indexes, positions] = isMixed ? NextGlyphs(text.face) : GlyphsOf(text.face);
       double x = text.x;
-      for (std::size_t i = 0; i < text.glyphs.size(); ++i) {
-        indexes.append(text.glyphs[i]);
+      for (const FaceGlyph* glyph : text.glyphs) {
+        indexes.append(glyph->index);
         positions.append(QPointF(x, text.y));
-        x += text.advances[i];
+        x += glyph->advance;
       }
     }
   }
 
-  Glyphs& GlyphsOf(const FaceRef& face) {
+  Glyphs& GlyphsOf(FaceRef face) {
     const auto found = std::ranges::find(byFace_, face, &FaceRun::first);
     return found != byFace_.end() ? found->second : byFace_.emplace_back(face, Glyphs()).second;
   }
 
-  Glyphs& NextGlyphs(const FaceRef& face) {
+  Glyphs& NextGlyphs(FaceRef face) {
     const bool goesOn = !inOrder_.empty() && inOrder_.back().first == face;
     return goesOn ? inOrder_.back().second : inOrder_.emplace_back(face, Glyphs()).second;
   }
@@ -135,8 +131,8 @@ class PagePainter {
     drawn.setGlyphIndexes(glyphs.first);
     drawn.setPositions(glyphs.second);
     painter_.drawGlyphRun(QPointF(0, 0), drawn);
-    // A bold that the family lacks is struck twice. The PDF engine does the same by itself.
-    if (face->syntheticBold && !WritesPdf(painter_)) {
+    // A bold that the family lacks is struck twice.
+    if (face->synthesis.emboldens) {
       painter_.drawGlyphRun(QPointF(-face->raw.lineThickness() / 2, 0), drawn);
     }
   }

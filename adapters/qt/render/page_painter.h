@@ -1,5 +1,4 @@
-// Draws pages with QPainter. Every output goes through DrawPage, so that an item lies at the same
-// place in all of them.
+// Draws pages with QPainter, for the screen and for images.
 #pragma once
 
 #include "page_document/drawing.h"

@@ -1,49 +1,81 @@
-#include <QPageLayout>
-#include <QPainter>
-#include <QPdfWriter>
+#include <QByteArray>
+#include <QDateTime>
+#include <QString>
 
+#include "page_outputs/number_text.h"
+#include "page_outputs/written_file.h"
 #include "render/outputs.h"
-#include "render/page_painter.h"
-#include "render/pdf_mending.h"
-#include "render/written_file.h"
+#include "render/pdf_file.h"
+#include "render/pdf_fonts.h"
+#include "render/pdf_page.h"
+#include "render/pdf_pictures.h"
 
 namespace td {
 namespace {
 
-QPageLayout LayoutOf(const Page& page) {
-  const QSize points(PointsToHold(page.width), PointsToHold(page.height));
-  return {QPageSize(points, QString(), QPageSize::ExactMatch), QPageLayout::Portrait,
-          QMarginsF(0, 0, 0, 0)};
+// A text as an entry of the file's properties.
+std::string TextEntry(const std::string& text) {
+  QByteArray units("\xFE\xFF");
+  for (const QChar unit : QString::fromStdString(text)) {
+    units.append(static_cast<char>(unit.unicode() >> 8));
+    units.append(static_cast<char>(unit.unicode() & 0xFF));
+  }
+  return '<' + units.toHex().toStdString() + '>';
 }
+
+std::string Points(double twips) {
+  return QByteArray::number(twips / kTwipsPerPoint, 'f', 4).toStdString();
+}
+
+// Writes the objects of a document, page by page.
+class PdfDocument {
+ public:
+  explicit PdfDocument(const ByteSink& sink) : file_(sink) {}
+
+  void Write(const PageRefs& pages, const std::string& title) {
+    file_.Put(thinLines_, "<</Type/ExtGState/SA true>>");
+    for (const Page* page : pages) Put(*page);
+    fonts_.Put();
+    std::string kids;
+    for (const int number : kids_) kids += Reference(number) + '\n';
+    file_.Put(tree_,
+              "<</Type/Pages/Count " + std::to_string(kids_.size()) + "/Kids[" + kids + "]>>");
+    const int catalogue = file_.Reserve();
+    file_.Put(catalogue, "<</Type/Catalog/Pages " + Reference(tree_) + ">>");
+    const int information = file_.Reserve();
+    const QString now = QDateTime::currentDateTimeUtc().toString("yyyyMMddhhmmss");
+    file_.Put(information, "<</Title" + TextEntry(title) +
+                               "/Producer(QbTdPrinter)/CreationDate(D:" + now.toStdString() +
+                               "Z)>>");
+    file_.End(catalogue, information);
+  }
+
+ private:
+  void Put(const Page& page) {
+    PdfPage drawn(fonts_, pictures_);
+    drawn.Draw(page);
+    const int content = file_.Reserve();
+    file_.PutStream(content, "", drawn.Content());
+    kids_.push_back(file_.Reserve());
+    file_.Put(kids_.back(), "<</Type/Page/Parent " + Reference(tree_) + "/MediaBox[0 0 " +
+                                Points(page.width) + ' ' + Points(page.height) + "]/Contents " +
+                                Reference(content) + "/Resources<</ExtGState<</Thin " +
+                                Reference(thinLines_) + ">>" + drawn.Resources() + ">>>>");
+  }
+
+  PdfFile file_;
+  PdfFonts fonts_{file_};
+  PdfPictures pictures_{file_};
+  int tree_ = file_.Reserve();
+  int thinLines_ = file_.Reserve();
+  std::vector<int> kids_;  // the pages
+};
 
 }  // namespace
 
-PageRefs RefsTo(const std::vector<Page>& pages) {
-  PageRefs refs;
-  refs.reserve(pages.size());
-  for (const Page& page : pages) refs.push_back(&page);
-  return refs;
-}
-
 void StreamPdf(const PageRefs& pages, const std::string& title, const ByteSink& sink) {
   RequirePages(pages.size());
-  MendedPdf file(pages, sink);
-  {
-    QPdfWriter writer(&file);
-    writer.setResolution(static_cast<int>(kTwipsPerInch));
-    writer.setTitle(QString::fromStdString(title));
-    writer.setPageLayout(LayoutOf(*pages.front()));
-    QPainter painter(&writer);
-    for (std::size_t i = 0; i < pages.size(); ++i) {  // a page may come twice
-      if (i > 0) {
-        writer.setPageLayout(LayoutOf(*pages[i]));
-        writer.newPage();
-      }
-      DrawPage(painter, *pages[i]);
-      if (file.HasFailed()) break;
-    }
-  }
-  file.Finish();
+  PdfDocument(sink).Write(pages, title);
 }
 
 std::string ToPdf(const std::vector<Page>& pages, const std::string& title) {

@@ -4,6 +4,7 @@
 #include <QTextLayout>
 #include <algorithm>
 #include <optional>
+#include <string_view>
 
 #include "render/outputs.h"
 
@@ -23,61 +24,75 @@ struct LaidLine {
 };
 
 LaidLine ShapedLine(const QString& text, FontFaces& faces) {
-  const FaceRef face = faces.Primary();
-  const double width = ShapedWidth(text, face->font);
-  return {{PlacedText{face, text, 0, 0, width, {}, {}}}, width};
+  FaceRef face = faces.Primary();
+  const double width = Shape(text, face->font).width;
+  return {{PlacedText{face, text.toStdString(), 0, 0, width, {}}}, width};
 }
 
 LaidLine LayOutLine(const QString& text, FontFaces& faces) {
   if (NeedsShaping(text, faces)) return ShapedLine(text, faces);
   LaidLine line;
-  FaceRef face;  // of the last piece; empty if another font has its characters
+  FaceRef face = nullptr;  // of the last piece; null if another font has its characters
   for (const char32_t character : text.toUcs4()) {
     const FaceGlyph& glyph = faces.Glyph(character);
     if (glyph.invisible) continue;
     if (line.pieces.empty() || face != glyph.face) {
       face = glyph.face;
-      line.pieces.push_back({face ? face : faces.Primary(), {}, line.width, 0, 0, {}, {}});
+      line.pieces.push_back({face != nullptr ? face : faces.Primary(), {}, line.width, 0, 0, {}});
     }
     PlacedText& piece = line.pieces.back();
-    piece.text += QString::fromUcs4(&character, 1);
+    piece.text += QString::fromUcs4(&character, 1).toStdString();
     piece.width += glyph.advance;
     line.width += glyph.advance;
-    if (!face) continue;
-    piece.glyphs.push_back(glyph.index);
-    piece.advances.push_back(glyph.advance);
+    if (face != nullptr) piece.glyphs.push_back(&glyph);
   }
   return line;
 }
 
+// The character of the first plane that begins at a place of a text in UTF-8, and the place behind
+// it. 0 for any other and for bytes that are no character.
+char32_t ShortCharacter(std::string_view text, std::size_t& at) {
+  const auto byte = [&text](std::size_t place) -> unsigned {
+    return place < text.size() ? static_cast<unsigned char>(text[place]) : 0;
+  };
+  const auto rest = [&byte](std::size_t place) { return byte(place) & 0x3F; };
+  const auto goesOn = [&byte](std::size_t place) { return (byte(place) & 0xC0) == 0x80; };
+  const unsigned first = byte(at);
+  if (first < 0x80) {
+    at += 1;
+    return first;
+  }
+  if (first >= 0xC2 && first < 0xE0 && goesOn(at + 1)) {
+    at += 2;
+    return (first & 0x1F) << 6 | rest(at - 1);
+  }
+  if (first < 0xE0 || first >= 0xF0 || !goesOn(at + 1) || !goesOn(at + 2)) return 0;
+  at += 3;
+  const char32_t character = (first & 0x0F) << 12 | rest(at - 2) << 6 | rest(at - 1);
+  return character < 0x800 || QChar::isSurrogate(character) ? 0 : character;
+}
+
 // The line of a text whose characters are all drawn as they stand: nearly every one of a form.
 // Nothing for any other text.
-std::optional<LaidLine> PlainLine(const QString& text, FontFaces& faces) {
+std::optional<LaidLine> PlainLine(std::string_view text, FontFaces& faces) {
   LaidLine line;
-  qsizetype begin = 0;  // of the last piece
-  const auto endPiece = [&](qsizetype end) {
-    if (line.pieces.empty()) return;
-    PlacedText& piece = line.pieces.back();
-    piece.text = begin == 0 && end == text.size() ? text : text.mid(begin, end - begin);
-  };
-  for (qsizetype i = 0; i < text.size(); ++i) {
-    if (text.at(i).isSurrogate()) return std::nullopt;
-    const FaceGlyph& glyph = faces.Glyph(text.at(i).unicode());
-    if (!glyph.isPlain || !glyph.face) return std::nullopt;
+  std::size_t begin = 0;  // of the last piece
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t start = at;
+    const FaceGlyph& glyph = faces.Glyph(ShortCharacter(text, at));
+    if (!glyph.isPlain) return std::nullopt;
     if (line.pieces.empty() || line.pieces.back().face != glyph.face) {
-      endPiece(i);
-      begin = i;
-      line.pieces.push_back({glyph.face, {}, line.width, 0, 0, {}, {}});
-      line.pieces.back().glyphs.reserve(static_cast<std::size_t>(text.size() - i));
-      line.pieces.back().advances.reserve(static_cast<std::size_t>(text.size() - i));
+      if (!line.pieces.empty()) line.pieces.back().text = text.substr(begin, start - begin);
+      begin = start;
+      line.pieces.push_back({glyph.face, {}, line.width, 0, 0, {}});
+      line.pieces.back().glyphs.reserve(text.size() - start);
     }
     PlacedText& piece = line.pieces.back();
-    piece.glyphs.push_back(glyph.index);
-    piece.advances.push_back(glyph.advance);
+    piece.glyphs.push_back(&glyph);
     piece.width += glyph.advance;
     line.width += glyph.advance;
   }
-  endPiece(text.size());
+  if (!line.pieces.empty()) line.pieces.back().text = text.substr(begin);
   return line;
 }
 
@@ -278,9 +293,8 @@ QString Drawable(QString text, FontFaces& faces) {
 }
 
 LaidLine OneLine(const std::string& text, FontFaces& faces) {
-  const QString characters = QString::fromStdString(text);
-  if (std::optional<LaidLine> plain = PlainLine(characters, faces)) return *std::move(plain);
-  return LayOutLine(Drawable(characters, faces), faces);
+  if (std::optional<LaidLine> plain = PlainLine(text, faces)) return *std::move(plain);
+  return LayOutLine(Drawable(QString::fromStdString(text), faces), faces);
 }
 
 // The lines between the line breaks, broken inside the width if the box asks for that.
@@ -304,12 +318,12 @@ std::vector<LaidLine> LinesOf(const BoxText& box, QString whole, FontFaces& face
 std::vector<PlacedText> LayOut(const BoxText& command) {
   FontFaces& faces = FacesOf(*command.font);
   const Box box{command.left, command.top, command.width, command.height};
-  const QString text = QString::fromStdString(command.text);
   if (!command.wordWrap) {
-    if (std::optional<LaidLine> plain = PlainLine(text, faces)) {
+    if (std::optional<LaidLine> plain = PlainLine(command.text, faces)) {
       return PlaceInBox(*std::move(plain), box, command.alignment, faces);
     }
   }
+  const QString text = QString::fromStdString(command.text);
   return PlaceInBox(LinesOf(command, text, faces), box, command.alignment, faces);
 }
 

@@ -1,7 +1,7 @@
 // Where the lines and letters of a text lie. The same for every output.
 #pragma once
 
-#include <QString>
+#include <string>
 #include <vector>
 
 #include "page_document/drawing.h"
@@ -12,15 +12,14 @@ namespace td {
 
 // A piece of one line in one face. Twips; `y` is the base line.
 struct PlacedText {
-  FaceRef face;
-  QString text;
+  FaceRef face = nullptr;
+  std::string text;  // UTF-8
   double x = 0;
   double y = 0;
   double width = 0;
-  // One for each character. Empty if the text has to be shaped, or if its characters have to be
-  // searched in other fonts than its own: the output then draws `text` as a whole.
-  std::vector<quint32> glyphs;
-  std::vector<double> advances;
+  // One for each character, side by side. Empty if the text has to be shaped, or if its characters
+  // have to be searched in other fonts than its own: the output then draws `text` as a whole.
+  std::vector<const FaceGlyph*> glyphs;
 };
 
 [[nodiscard]] std::vector<PlacedText> LayOut(const BoxText& command);

@@ -1,10 +1,10 @@
 // Owners of the printing system's objects.
 #pragma once
 
-#include <cups/cups.h>
-
 #include <memory>
 #include <string>
+
+#include "qt/system/cups_library.h"
 
 namespace td {
 
@@ -12,9 +12,9 @@ namespace td {
 class CupsPrinter {
  public:
   explicit CupsPrinter(const std::string& name)
-      : destination_(cupsGetNamedDest(CUPS_HTTP_DEFAULT, name.c_str(), nullptr)),
-        details_(destination_ ? cupsCopyDestInfo(CUPS_HTTP_DEFAULT, destination_.get()) : nullptr) {
-  }
+      : destination_(Cups().cupsGetNamedDest(CUPS_HTTP_DEFAULT, name.c_str(), nullptr)),
+        details_(destination_ ? Cups().cupsCopyDestInfo(CUPS_HTTP_DEFAULT, destination_.get())
+                              : nullptr) {}
 
   // The rest needs a printer that is known and answers.
   [[nodiscard]] bool IsReachable() const { return details_ != nullptr; }
@@ -23,8 +23,8 @@ class CupsPrinter {
 
  private:
   struct Free {
-    void operator()(cups_dest_t* destination) const { cupsFreeDests(1, destination); }
-    void operator()(cups_dinfo_t* details) const { cupsFreeDestInfo(details); }
+    void operator()(cups_dest_t* destination) const { Cups().cupsFreeDests(1, destination); }
+    void operator()(cups_dinfo_t* details) const { Cups().cupsFreeDestInfo(details); }
   };
   std::unique_ptr<cups_dest_t, Free> destination_;
   std::unique_ptr<cups_dinfo_t, Free> details_;
@@ -34,13 +34,13 @@ class CupsPrinter {
 class CupsOptions {
  public:
   CupsOptions() = default;
-  ~CupsOptions() { cupsFreeOptions(count_, list_); }
+  ~CupsOptions() { Cups().cupsFreeOptions(count_, list_); }
   CupsOptions(const CupsOptions&) = delete;
   CupsOptions& operator=(const CupsOptions&) = delete;
 
   // Replaces an option of the same name.
   void Set(const std::string& name, const std::string& value) {
-    count_ = cupsAddOption(name.c_str(), value.c_str(), count_, &list_);
+    count_ = Cups().cupsAddOption(name.c_str(), value.c_str(), count_, &list_);
   }
   [[nodiscard]] int Count() const { return count_; }
   [[nodiscard]] cups_option_t* List() const { return list_; }

@@ -1,14 +1,12 @@
 #include "qt/system/desktop_host.h"
 
-#include <cstdio>
-
 #include "page_document/page_document.h"
+#include "page_outputs/export_file.h"
+#include "print_calls/device_failure.h"
 #include "qt/preview/page_setup_dialog.h"
 #include "qt/render/outputs.h"
 #include "qt/system/application.h"
-#include "qt/system/device_failure.h"
 #include "qt/system/document_printing.h"
-#include "qt/system/export_folder.h"
 #include "qt/system/printers.h"
 
 namespace td {
@@ -43,25 +41,11 @@ std::string DesktopHost::PrinterOf(PageDocument& document) const {
 }
 
 void DesktopHost::Print(PageDocument& document, bool withDialog) {
-  DocumentOutcome untold;
-  DocumentOutcome& outcome = settings_.outcome != nullptr ? *settings_.outcome : untold;
-  BeginOutcome(outcome, document.PageCount());
-  try {
-    Deliver(document, withDialog, outcome);
-  } catch (const std::exception& failure) {
-    outcome.delivery = Delivery::kRefused;
-    outcome.reason = failure.what();
-    throw;
-  }
-  if (outcome.IsDelivered() && settings_.onPrinted) settings_.onPrinted();
+  Deliver(settings_, document,
+          [&](DocumentOutcome& outcome) { PrintTo(document, withDialog, outcome); });
 }
 
-void DesktopHost::Deliver(PageDocument& document, bool withDialog, DocumentOutcome& outcome) {
-  if (settings_.documentSink) {
-    settings_.documentSink(document);
-    outcome.delivery = Delivery::kSink;
-    return;
-  }
+void DesktopHost::PrintTo(PageDocument& document, bool withDialog, DocumentOutcome& outcome) {
   PrintChoice choice;
   choice.printer = PrinterOf(document);
   if (withDialog) {
@@ -82,7 +66,11 @@ void DesktopHost::Deliver(PageDocument& document, bool withDialog, DocumentOutco
     throw DeviceFailure(kInvalidCall, "所选的范围里没有要打印的页。");
   }
   const bool isForFile = !choice.pdfFile.empty();
-  if (!isForFile) outcome.printer = choice.printer;
+  if (isForFile) {
+    outcome.file = choice.pdfFile;
+  } else {
+    outcome.printer = choice.printer;
+  }
   PrintDocument(document, choice, &outcome.jobs);
   outcome.delivery = isForFile ? Delivery::kFile : Delivery::kPrinter;
 }
@@ -102,16 +90,7 @@ bool DesktopHost::ShowPageSetup(PageDocument& document) {
 
 void DesktopHost::Export(PageDocument& document, const std::string& file, std::int32_t format) {
   try {
-    if (format != kExportHtml) {
-      throw DeviceFailure(kInvalidCall, "不支持的导出格式：" + std::to_string(format));
-    }
-    const std::string folder =
-        settings_.stateDirectory.empty() ? DefaultStateFolder() : settings_.stateDirectory;
-    if (folder.empty())
-      throw DeviceFailure(kPathNotFound, "找不到用户的文件夹，无法保存导出文件。");
-    const std::string name = FileNameOf(file);
-    WritePrivateFile(folder, name,
-                     [&](const ByteSink& sink) { StreamHtml(document.Pages(), name, sink); });
+    ExportDocument(document, file, format, settings_.stateDirectory);
   } catch (const Failure& failure) {
     messages_.ShowBox(failure.Description(), kInformationIcon);
   }
@@ -126,12 +105,7 @@ void DesktopHost::PointerChanged(std::int32_t shape) {
 }
 
 void DesktopHost::Complain(const std::string& text) {
-  if (!complaints_.insert(text).second) return;
-  if (settings_.onComplaint) {
-    settings_.onComplaint(text);
-  } else {
-    std::fprintf(stderr, "QbTdPrinter: %s\n", text.c_str());
-  }
+  complaints_.Tell(text);
 }
 
 }  // namespace td

@@ -1,41 +1,21 @@
 #include "qt/system/print_frame.h"
 
 #include <QEventLoop>
+#include <utility>
 
 #include "platform/failure.h"
 #include "qt/system/application.h"
 
 namespace td {
 
-void ReportingDocument::Report(int page) {
-  if (settings_.outcome != nullptr) settings_.outcome->pages = page;
-  if (settings_.onPage) settings_.onPage(page);
-}
-
-void ReportingDocument::StartDoc() {
-  if (settings_.outcome != nullptr) BeginOutcome(*settings_.outcome, 0);
-  PageDocument::StartDoc();
-}
-
-void ReportingDocument::NewPage() {
-  const int finished = PageCount();
-  PageDocument::NewPage();
-  Report(finished);
-}
-
-void ReportingDocument::EndDoc() {
-  PageDocument::EndDoc();
-  Report(PageCount());
-}
-
-QtPrintFrame::QtPrintFrame(const FrameSettings& settings, Messages& messages,
+QtPrintFrame::QtPrintFrame(std::shared_ptr<const FrameSettings> settings, Messages& messages,
                            const BarcodeSettings& barcodeSettings)
-    : messages_(messages),
-      host_(settings, messages),
-      document_(host_, settings),
-      barcode_(barcodeSettings, [this](const std::string& reason) { host_.Complain(reason); }) {
-  if (settings.outcome != nullptr) *settings.outcome = {};
-}
+    : settings_(std::move(settings)),
+      call_(*settings_),
+      messages_(messages),
+      host_(*settings_, messages),
+      document_(host_, *settings_),
+      barcode_(barcodeSettings, [this](const std::string& reason) { host_.Complain(reason); }) {}
 
 void QtPrintFrame::MakeWindow() {
   window_ = std::make_unique<PreviewWindow>(
@@ -58,6 +38,7 @@ void QtPrintFrame::ShowModal() {
     messages_.ShowBox(failure.Description(), kInformationIcon);
     throw failure;
   }
+  call_.BeginPreview();
   isUnloaded_ = false;
   wasActivated_ = false;
   failureOfActivation_ = nullptr;
@@ -92,6 +73,7 @@ void QtPrintFrame::Unload() {
 void QtPrintFrame::Activate() {
   const bool isFirst = !wasActivated_;
   wasActivated_ = true;
+  call_.BeginAction();
   try {
     if (events_.Activate) events_.Activate();
   } catch (...) {
@@ -106,6 +88,7 @@ void QtPrintFrame::Activate() {
 }
 
 void QtPrintFrame::PressButton(std::string_view key) {
+  call_.BeginAction();
   try {
     if (events_.ButtonPressed) events_.ButtonPressed(key);
   } catch (...) {

@@ -8,8 +8,9 @@
 #include <string>
 
 #include "barcodes/zint_barcode.h"
-#include "page_document/page_document.h"
 #include "platform/windows.h"
+#include "print_calls/delivery.h"
+#include "print_calls/reporting_document.h"
 #include "qt/preview/preview_window.h"
 #include "qt/system/desktop_host.h"
 
@@ -17,26 +18,10 @@ class QEventLoop;
 
 namespace td {
 
-// A document that tells of its beginning and of each page that the run has finished.
-class ReportingDocument : public PageDocument {
- public:
-  ReportingDocument(DocumentHost& host, const FrameSettings& settings)
-      : PageDocument(host), settings_(settings) {}
-
-  void StartDoc() override;
-  void NewPage() override;
-  void EndDoc() override;
-
- private:
-  void Report(int page);
-
-  const FrameSettings& settings_;
-};
-
 class QtPrintFrame : public PrintFrame {
  public:
-  // Both outlive the frame. Needs EnsureApplication().
-  QtPrintFrame(const FrameSettings& settings, Messages& messages,
+  // `messages` outlives the frame. Needs EnsureApplication().
+  QtPrintFrame(std::shared_ptr<const FrameSettings> settings, Messages& messages,
                const BarcodeSettings& barcodeSettings);
 
   void Connect(PrintFrameEvents events) override { events_ = std::move(events); }
@@ -60,6 +45,8 @@ class QtPrintFrame : public PrintFrame {
   void PressButton(std::string_view key);
   void ShowFailure(const std::exception_ptr& failure);
 
+  std::shared_ptr<const FrameSettings> settings_;
+  RunningCall call_;
   Messages& messages_;
   DesktopHost host_;
   ReportingDocument document_;

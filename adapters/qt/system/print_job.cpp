@@ -3,12 +3,11 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <string_view>
 
 #include "page_document/drawing.h"
+#include "print_calls/device_failure.h"
 #include "qt/system/cups_handles.h"
-#include "qt/system/device_failure.h"
 #include "qt/system/printers.h"
 
 namespace td {
@@ -38,20 +37,14 @@ std::string PointsText(double twips) {
   return text.data();
 }
 
-bool TakesAnySize(const CupsPrinter& queue) {
-  const char* type =
-      cupsGetOption("printer-type", queue.Destination()->num_options, queue.Destination()->options);
-  return type != nullptr && (std::strtoul(type, nullptr, 10) & CUPS_PRINTER_VARIABLE) != 0;
-}
-
 // A printer with fixed sheets only may have a wide one that is fed with its short side first: the
 // printing system turns the pages on it.
-void AskForSheet(const PrintJob& job, const CupsPrinter& queue, CupsOptions& options) {
+void AskForSheet(const PrintJob& job, CupsOptions& options) {
   if (const auto name = SheetName(job.printer, job.sheet)) {
     options.Set("media", *name);
     return;
   }
-  if (!TakesAnySize(queue)) {
+  if (!TakesAnySize(job.printer)) {
     if (const auto name = SheetName(job.printer, {job.sheet.height, job.sheet.width})) {
       options.Set("media", *name);
       return;
@@ -71,37 +64,37 @@ void FillOptions(const PrintJob& job, const CupsPrinter& queue, CupsOptions& opt
     if (!IsPlacingOption(name)) options.Set(name, value);
   }
   options.Set("print-scaling", "none");
-  AskForSheet(job, queue, options);
+  AskForSheet(job, options);
 }
 
 // The reason is that of the last request: it is to be taken before the next one.
 Failure RefusedFailure(const PrintJob& job) {
-  return DeviceFailure(kDeviceIo,
-                       "打印机“" + job.printer + "”不接受打印任务：" + cupsLastErrorString());
+  return DeviceFailure(
+      kDeviceIo, "打印机“" + job.printer + "”不接受打印任务：" + Cups().cupsLastErrorString());
 }
 
 // Sends the job's only document as it is made. Returns False when the printing system stops taking
 // it.
 bool SendDocument(const PrintJob& job, const CupsPrinter& queue, int number) {
-  if (cupsStartDestDocument(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details(), number,
-                            job.title.c_str(), CUPS_FORMAT_PDF, 0, nullptr,
-                            1) != HTTP_STATUS_CONTINUE) {
+  if (Cups().cupsStartDestDocument(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details(), number,
+                                   job.title.c_str(), CUPS_FORMAT_PDF, 0, nullptr,
+                                   1) != HTTP_STATUS_CONTINUE) {
     return false;
   }
   bool isTaken = true;
   const auto finish = [&] {
-    return cupsFinishDestDocument(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details()) <=
+    return Cups().cupsFinishDestDocument(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details()) <=
            IPP_STATUS_OK_EVENTS_COMPLETE;
   };
   try {
     job.pdf([&isTaken](std::string_view part) {
       if (part.empty()) return;  // a chunk of no bytes would end the document
-      isTaken = isTaken && cupsWriteRequestData(CUPS_HTTP_DEFAULT, part.data(), part.size()) ==
-                               HTTP_STATUS_CONTINUE;
+      isTaken = isTaken && Cups().cupsWriteRequestData(CUPS_HTTP_DEFAULT, part.data(),
+                                                       part.size()) == HTTP_STATUS_CONTINUE;
     });
   } catch (...) {
     finish();
-    cupsCancelDestJob(CUPS_HTTP_DEFAULT, queue.Destination(), number);
+    Cups().cupsCancelDestJob(CUPS_HTTP_DEFAULT, queue.Destination(), number);
     throw;
   }
   return finish() && isTaken;
@@ -116,7 +109,7 @@ const char* NoPassword(const char* /*prompt*/, http_t* /*http*/, const char* /*m
 
 int SubmitPrintJob(const PrintJob& job) {
   // The printing system's library would ask on the terminal and wait there.
-  cupsSetPasswordCB2(NoPassword, nullptr);
+  Cups().cupsSetPasswordCB2(NoPassword, nullptr);
   const CupsPrinter queue(job.printer);
   if (queue.Destination() == nullptr) {
     throw DeviceFailure(kDeviceIo,
@@ -127,14 +120,14 @@ int SubmitPrintJob(const PrintJob& job) {
   CupsOptions options;
   FillOptions(job, queue, options);
   int number = 0;
-  if (cupsCreateDestJob(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details(), &number,
-                        job.title.c_str(), options.Count(),
-                        options.List()) > IPP_STATUS_OK_EVENTS_COMPLETE) {
+  if (Cups().cupsCreateDestJob(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details(), &number,
+                               job.title.c_str(), options.Count(),
+                               options.List()) > IPP_STATUS_OK_EVENTS_COMPLETE) {
     throw RefusedFailure(job);
   }
   if (!SendDocument(job, queue, number)) {
     const Failure failure = RefusedFailure(job);
-    cupsCancelDestJob(CUPS_HTTP_DEFAULT, queue.Destination(), number);
+    Cups().cupsCancelDestJob(CUPS_HTTP_DEFAULT, queue.Destination(), number);
     throw failure;
   }
   return number;

@@ -1,12 +1,12 @@
 #include "qt/system/printers.h"
 
-#include <cups/cups.h>
-
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 #include "page_document/drawing.h"
 #include "qt/system/cups_handles.h"
+#include "qt/system/cups_library.h"
 
 namespace td {
 namespace {
@@ -14,8 +14,8 @@ namespace {
 // The list of the printing system, freed when it goes out of scope.
 class Destinations {
  public:
-  Destinations() : count_(cupsGetDests2(CUPS_HTTP_DEFAULT, &list_)) {}
-  ~Destinations() { cupsFreeDests(count_, list_); }
+  Destinations() : count_(Cups().cupsGetDests2(CUPS_HTTP_DEFAULT, &list_)) {}
+  ~Destinations() { Cups().cupsFreeDests(count_, list_); }
   Destinations(const Destinations&) = delete;
   Destinations& operator=(const Destinations&) = delete;
 
@@ -29,7 +29,7 @@ class Destinations {
   }
 
   [[nodiscard]] std::string Default() const {
-    const cups_dest_t* chosen = cupsGetDest(nullptr, nullptr, count_, list_);
+    const cups_dest_t* chosen = Cups().cupsGetDest(nullptr, nullptr, count_, list_);
     if (chosen != nullptr) return chosen->name;
     return count_ > 0 ? list_[0].name : "";
   }
@@ -44,14 +44,18 @@ int Hundredths(double twips) {
   return static_cast<int>(std::lround(twips / kTwipsPerInch * 2540));
 }
 
+double Twips(int hundredths) {
+  return hundredths * kTwipsPerInch / 2540;
+}
+
 PaperExtent Extent(int width, int length) {
-  return {width * kTwipsPerInch / 2540, length * kTwipsPerInch / 2540};
+  return {Twips(width), Twips(length)};
 }
 
 // The size of a sheet's name, which may be the standard's, the driver's or an older one.
 std::optional<PaperExtent> ExtentOf(const char* name) {
   if (name == nullptr) return std::nullopt;
-  for (const auto find : {pwgMediaForPWG, pwgMediaForPPD, pwgMediaForLegacy}) {
+  for (const auto find : {Cups().pwgMediaForPWG, Cups().pwgMediaForPPD, Cups().pwgMediaForLegacy}) {
     if (const pwg_media_t* media = find(name)) return Extent(media->width, media->length);
   }
   return std::nullopt;
@@ -59,28 +63,52 @@ std::optional<PaperExtent> ExtentOf(const char* name) {
 
 // A setting of a queue for all jobs that do not say otherwise.
 const char* SettingOf(const CupsPrinter& queue, const char* name) {
-  return cupsGetOption(name, queue.Destination()->num_options, queue.Destination()->options);
+  return Cups().cupsGetOption(name, queue.Destination()->num_options, queue.Destination()->options);
 }
 
 ipp_attribute_t* DefaultOf(const CupsPrinter& queue, const char* name) {
-  return cupsFindDestDefault(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details(), name);
+  return Cups().cupsFindDestDefault(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details(), name);
 }
 
 const char* DefaultMediaName(const CupsPrinter& queue) {
   ipp_attribute_t* media = DefaultOf(queue, CUPS_MEDIA);
-  return media == nullptr ? nullptr : ippGetString(media, 0, nullptr);
+  return media == nullptr ? nullptr : Cups().ippGetString(media, 0, nullptr);
 }
 
 // For drivers that have no name for their sheet.
 std::optional<PaperExtent> DefaultMediaExtent(const CupsPrinter& queue) {
   ipp_attribute_t* media = DefaultOf(queue, "media-col");
-  ipp_t* details = media == nullptr ? nullptr : ippGetCollection(media, 0);
-  ipp_attribute_t* size = ippFindAttribute(details, "media-size", IPP_TAG_BEGIN_COLLECTION);
-  ipp_t* sides = size == nullptr ? nullptr : ippGetCollection(size, 0);
-  ipp_attribute_t* width = ippFindAttribute(sides, "x-dimension", IPP_TAG_INTEGER);
-  ipp_attribute_t* length = ippFindAttribute(sides, "y-dimension", IPP_TAG_INTEGER);
+  ipp_t* details = media == nullptr ? nullptr : Cups().ippGetCollection(media, 0);
+  ipp_attribute_t* size = Cups().ippFindAttribute(details, "media-size", IPP_TAG_BEGIN_COLLECTION);
+  ipp_t* sides = size == nullptr ? nullptr : Cups().ippGetCollection(size, 0);
+  ipp_attribute_t* width = Cups().ippFindAttribute(sides, "x-dimension", IPP_TAG_INTEGER);
+  ipp_attribute_t* length = Cups().ippFindAttribute(sides, "y-dimension", IPP_TAG_INTEGER);
   if (width == nullptr || length == nullptr) return std::nullopt;
-  return Extent(ippGetInteger(width, 0), ippGetInteger(length, 0));
+  return Extent(Cups().ippGetInteger(width, 0), Cups().ippGetInteger(length, 0));
+}
+
+// The smallest of the lengths that a printer lists, twips; 0 if it lists none.
+double SmallestOf(const CupsPrinter& queue, const char* name) {
+  ipp_attribute_t* lengths =
+      Cups().cupsFindDestSupported(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details(), name);
+  const int count = lengths == nullptr ? 0 : Cups().ippGetCount(lengths);
+  int smallest = count == 0 ? 0 : Cups().ippGetInteger(lengths, 0);
+  for (int i = 1; i < count; ++i) smallest = std::min(smallest, Cups().ippGetInteger(lengths, i));
+  return Twips(smallest);
+}
+
+// The sheet that a printer has for a size.
+std::optional<cups_size_t> FindSheet(const std::string& printer, const PaperExtent& extent) {
+  const CupsPrinter queue(printer);
+  if (!queue.IsReachable()) return std::nullopt;
+  cups_size_t found = {};
+  if (Cups().cupsGetDestMediaBySize(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details(),
+                                    Hundredths(extent.width), Hundredths(extent.height),
+                                    CUPS_MEDIA_FLAGS_DEFAULT, &found) == 0) {
+    return std::nullopt;
+  }
+  const bool isSame = IsSameSheet(Extent(found.width, found.length), extent);
+  return isSame ? std::optional(found) : std::nullopt;
 }
 
 }  // namespace
@@ -109,17 +137,28 @@ std::optional<PaperExtent> OwnSheet(const std::string& printer) {
   return DefaultMediaExtent(queue);
 }
 
-std::optional<std::string> SheetName(const std::string& printer, const PaperExtent& extent) {
+bool TakesAnySize(const std::string& printer) {
+  const CupsPrinter queue(printer);
+  const char* type = queue.IsReachable() ? SettingOf(queue, "printer-type") : nullptr;
+  return type != nullptr && (std::strtoul(type, nullptr, 10) & CUPS_PRINTER_VARIABLE) != 0;
+}
+
+std::optional<PrinterMargins> MarginsOf(const std::string& printer, const PaperExtent& extent) {
+  if (const std::optional<cups_size_t> sheet = FindSheet(printer, extent)) {
+    return PrinterMargins{Twips(sheet->left), Twips(sheet->top), Twips(sheet->right),
+                          Twips(sheet->bottom)};
+  }
+  if (!TakesAnySize(printer)) return std::nullopt;
   const CupsPrinter queue(printer);
   if (!queue.IsReachable()) return std::nullopt;
-  cups_size_t found = {};
-  if (cupsGetDestMediaBySize(CUPS_HTTP_DEFAULT, queue.Destination(), queue.Details(),
-                             Hundredths(extent.width), Hundredths(extent.height),
-                             CUPS_MEDIA_FLAGS_DEFAULT, &found) == 0) {
-    return std::nullopt;
-  }
-  const bool isSame = IsSameSheet(Extent(found.width, found.length), extent);
-  return isSame ? std::optional<std::string>(found.media) : std::nullopt;
+  return PrinterMargins{
+      SmallestOf(queue, "media-left-margin"), SmallestOf(queue, "media-top-margin"),
+      SmallestOf(queue, "media-right-margin"), SmallestOf(queue, "media-bottom-margin")};
+}
+
+std::optional<std::string> SheetName(const std::string& printer, const PaperExtent& extent) {
+  const std::optional<cups_size_t> sheet = FindSheet(printer, extent);
+  return sheet ? std::optional<std::string>(sheet->media) : std::nullopt;
 }
 
 }  // namespace td

@@ -23,6 +23,21 @@ namespace td {
 // or can't be asked.
 [[nodiscard]] std::optional<PaperExtent> OwnSheet(const std::string& printer);
 
+// Whether the printer takes sheets of any size. Not if it can't be asked.
+[[nodiscard]] bool TakesAnySize(const std::string& printer);
+
+// What a printer leaves empty along the edges of a sheet as it is fed, twips.
+struct PrinterMargins {
+  double left = 0;
+  double top = 0;
+  double right = 0;
+  double bottom = 0;
+};
+// Those of its sheet of that size (IsSameSheet); of a size that it takes without having such a
+// sheet the smallest that it has. Nothing if it has neither, or can't be asked.
+[[nodiscard]] std::optional<PrinterMargins> MarginsOf(const std::string& printer,
+                                                      const PaperExtent& extent);
+
 // The printing system's own name of the sheet that a printer has for a size (IsSameSheet). Nothing
 // if it has no such sheet or can't be asked.
 [[nodiscard]] std::optional<std::string> SheetName(const std::string& printer,

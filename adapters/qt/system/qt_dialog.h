@@ -3,6 +3,7 @@
 
 #include <exception>
 #include <memory>
+#include <utility>
 
 #include "page_document/page_document.h"
 #include "platform/dialog.h"
@@ -15,9 +16,13 @@ namespace td {
 // be shown, ShowModal and all that concerns controls fail with kInvalidCall.
 class QtDialog : public Dialog {
  public:
-  // All three outlive the dialog. Needs EnsureApplication().
-  QtDialog(const DialogLayout& layout, const FrameSettings& settings, Messages& messages)
-      : layout_(layout), host_(settings, messages), surface_(host_) {}
+  // `layout` and `messages` outlive the dialog. Needs EnsureApplication().
+  QtDialog(const DialogLayout& layout, std::shared_ptr<const FrameSettings> settings,
+           Messages& messages)
+      : layout_(layout),
+        settings_(std::move(settings)),
+        host_(*settings_, messages),
+        surface_(host_) {}
 
   void Connect(DialogEvents events) override { events_ = std::move(events); }
 
@@ -46,6 +51,7 @@ class QtDialog : public Dialog {
   void React(const std::function<void()>& reaction);
 
   const DialogLayout& layout_;
+  std::shared_ptr<const FrameSettings> settings_;
   DesktopHost host_;
   PageDocument surface_;
   DialogEvents events_;

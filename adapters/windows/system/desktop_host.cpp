@@ -1,15 +1,14 @@
 #include "windows/system/desktop_host.h"
 
 #include "page_document/page_document.h"
+#include "page_outputs/export_file.h"
 #include "platform/standard_failures.h"
 #include "windows/controls/visual_styles.h"
 #include "windows/preview/page_setup_dialog.h"
 #include "windows/printing/document_printing.h"
 #include "windows/printing/print_dialog.h"
 #include "windows/printing/printers.h"
-#include "windows/render/html_output.h"
 #include "windows/render/text_layout.h"
-#include "windows/system/export_folder.h"
 #include "windows/system/message_boxes.h"
 
 namespace td {
@@ -44,25 +43,11 @@ std::string DesktopHost::PrinterOf(PageDocument& document) const {
 }
 
 void DesktopHost::Print(PageDocument& document, bool withDialog) {
-  DocumentOutcome untold;
-  DocumentOutcome& outcome = settings_.outcome != nullptr ? *settings_.outcome : untold;
-  BeginOutcome(outcome, document.PageCount());
-  try {
-    Deliver(document, withDialog, outcome);
-  } catch (const std::exception& failure) {
-    outcome.delivery = Delivery::kRefused;
-    outcome.reason = failure.what();
-    throw;
-  }
-  if (outcome.IsDelivered() && settings_.onPrinted) settings_.onPrinted();
+  Deliver(settings_, document,
+          [&](DocumentOutcome& outcome) { PrintTo(document, withDialog, outcome); });
 }
 
-void DesktopHost::Deliver(PageDocument& document, bool withDialog, DocumentOutcome& outcome) {
-  if (settings_.documentSink) {
-    settings_.documentSink(document);
-    outcome.delivery = Delivery::kSink;
-    return;
-  }
+void DesktopHost::PrintTo(PageDocument& document, bool withDialog, DocumentOutcome& outcome) {
   PrintChoice choice;
   choice.printer = PrinterOf(document);
   if (withDialog) {
@@ -79,6 +64,9 @@ void DesktopHost::Deliver(PageDocument& document, bool withDialog, DocumentOutco
   }
   choice.title = ProgramName();
   if (choice.printer.empty()) throw Failure(kDeviceIo, "本机没有安装打印机，无法打印。");
+  if (choice.pages && choice.pages->empty()) {
+    throw Failure(kInvalidCall, "所选的范围里没有要打印的页。");
+  }
   outcome.printer = choice.printer;
   const bool isPrinted = PrintDocument(document.Pages(), choice, outcome.jobs);
   outcome.delivery = isPrinted ? Delivery::kPrinter : Delivery::kCancelled;
@@ -99,15 +87,7 @@ bool DesktopHost::ShowPageSetup(PageDocument& document) {
 
 void DesktopHost::Export(PageDocument& document, const std::string& file, std::int32_t format) {
   try {
-    if (format != kExportHtml) {
-      throw Failure(kInvalidCall, "不支持的导出格式：" + std::to_string(format));
-    }
-    const std::string folder =
-        settings_.stateDirectory.empty() ? DefaultStateFolder() : settings_.stateDirectory;
-    if (folder.empty()) throw Failure(kPathNotFound, "找不到用户的文件夹，无法保存导出文件。");
-    const std::string name = FileNameOf(file);
-    WritePrivateFile(folder, name,
-                     [&](const ByteSink& sink) { StreamHtml(document.Pages(), name, sink); });
+    ExportDocument(document, file, format, settings_.stateDirectory);
   } catch (const Failure& failure) {
     messages_.ShowBox(failure.Description(), kInformationIcon);
   }
@@ -122,12 +102,7 @@ void DesktopHost::PointerChanged(std::int32_t shape) {
 }
 
 void DesktopHost::Complain(const std::string& text) {
-  if (!complaints_.insert(text).second) return;
-  if (settings_.onComplaint) {
-    settings_.onComplaint(text);
-  } else {
-    WriteComplaint("QbTdPrinter: " + text);
-  }
+  complaints_.Tell(text);
 }
 
 }  // namespace td

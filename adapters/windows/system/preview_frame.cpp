@@ -23,6 +23,7 @@ void PreviewFrame::ShowModal() {
     HiddenPrintFrame::ShowModal();
     return;
   }
+  call_.BeginPreview();
   isUnloaded_ = false;
   wasActivated_ = false;
   failureOfActivation_ = nullptr;
@@ -52,6 +53,7 @@ void PreviewFrame::Unload() {
 void PreviewFrame::Activate() {
   const bool isFirst = !wasActivated_;
   wasActivated_ = true;
+  call_.BeginAction();
   try {
     if (events_.Activate) events_.Activate();
   } catch (...) {
@@ -66,6 +68,7 @@ void PreviewFrame::Activate() {
 }
 
 void PreviewFrame::PressButton(std::string_view key) {
+  call_.BeginAction();
   try {
     if (events_.ButtonPressed) events_.ButtonPressed(key);
   } catch (...) {

@@ -53,9 +53,9 @@ class Object:
         """Calls a method."""
         return self._invoke(name, METHOD, arguments)
 
-    def get(self, name):
+    def get(self, name, *arguments):
         """Reads a property."""
-        return self._invoke(name, GET, ())
+        return self._invoke(name, GET, arguments)
 
     def put(self, name, value):
         """Writes a property."""

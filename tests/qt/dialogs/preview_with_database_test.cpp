@@ -1,7 +1,10 @@
 // The preview of a print call on a real database: page setup and its rows, and runs that fail.
 #include <QPrintDialog>
+#include <fstream>
 
+#include "page_document/page_document.h"
 #include "preview_use.h"
+#include "print_log/print_record.h"
 #include "qt/preview/page_setup_dialog.h"
 #include "service/printer.h"
 #include "shown_dialog.h"
@@ -100,6 +103,37 @@ TEST_F(PreviewWithDatabase, WithoutAFormatTheWindowClosesByItself) {
                   desktop_.Get().database.OpenQuery(database_.Connection(), kRow));
   EXPECT_FALSE(printer.PrintOk());
   EXPECT_EQ(boxes_, std::vector<std::string>{"未指定套打格式，打印被取消！"});
+}
+
+TEST_F(PreviewWithDatabase, TheLogHasALineForEachPrintOfAPreview) {
+  const std::string log = folder_.File("prints.log");
+  int documents = 0;
+  DesktopOptions options;
+  options.logFile = log;
+  options.sinkTarget = "订单.pdf";
+  options.documentSink = [&documents](const PageDocument&) {
+    if (++documents == 2) throw Failure(kDeviceIo, "磁盘空间不足");
+  };
+  desktop_.PutOptions(std::move(options));
+  Preview(kRow, [](PreviewWindow& window) {
+    WaitForRun(window);
+    Press(window, "print");
+    Press(window, "print");
+    WaitForRun(window);
+  });
+  Preview(kRow, [](PreviewWindow& window) { WaitForRun(window); });
+
+  std::vector<std::string> results;
+  std::ifstream lines(log);
+  for (std::string line; std::getline(lines, line);) {
+    const auto record = RecordOf(line);
+    ASSERT_TRUE(record) << line;
+    EXPECT_EQ(record->pages, 1);
+    EXPECT_EQ(record->bills, (std::vector<std::string>{"7"}));
+    results.push_back(record->result + " " + std::to_string(record->messages.size()));
+  }
+  EXPECT_EQ(results, (std::vector<std::string>{"written 0", "refused 1", "previewed 0"}));
+  EXPECT_EQ(boxes_, std::vector<std::string>{"磁盘空间不足"});
 }
 
 }  // namespace

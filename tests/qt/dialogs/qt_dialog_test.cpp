@@ -26,7 +26,7 @@ class DialogOfLogic : public ShownDialog {
   }
 
   FrameSettings settings_;
-  MessageBoxes messages_{false};
+  MessageBoxes messages_{MessageMode::kStandardError};
   QtWindows windows_{settings_, {}, messages_};
   std::unique_ptr<Dialog> dialog_ = windows_.CreateDialog("frmAdjuct");
   Texts clicked_;

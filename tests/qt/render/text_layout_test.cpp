@@ -23,7 +23,7 @@ std::vector<std::string> Lines(const std::vector<PlacedText>& placed) {
   for (const PlacedText& text : placed) {
     if (text.y != baseLine) lines.emplace_back();
     baseLine = text.y;
-    lines.back() += text.text.toStdString();
+    lines.back() += text.text;
   }
   return lines;
 }
@@ -144,7 +144,7 @@ void ExpectWholeWord(const std::string& word, double width, double tolerance) {
   std::string joined;
   double widest = 0;
   for (const PlacedText& line : placed) {
-    joined += line.text.toStdString();
+    joined += line.text;
     widest = std::max(widest, line.width);
   }
   EXPECT_TRUE(joined == word);
@@ -220,7 +220,7 @@ TEST(TextLayout, CharactersThatTheFontLacksComeFromAnother) {
   const auto placed = LayOut(box);
   ASSERT_EQ(placed.size(), 2U);
   EXPECT_EQ(placed[0].face->raw.familyName(), "Liberation Sans");
-  EXPECT_EQ(placed[1].text, QString("中文"));
+  EXPECT_EQ(placed[1].text, "中文");
   EXPECT_EQ(placed[1].glyphs.size(), 2U);
   EXPECT_NEAR(placed[1].x, placed[0].x + placed[0].width, 1e-6);
 }

@@ -2,14 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "qt/system/device_failure.h"
+#include "print_calls/device_failure.h"
 
 namespace td {
 namespace {
 
 // There is no application in this program, and so no window system.
 TEST(Messages, AreLinesOnStandardErrorWithoutAWindowSystem) {
-  MessageBoxes messages(true);
+  MessageBoxes messages(MessageMode::kAutomatic);
   testing::internal::CaptureStderr();
   messages.ShowBox("未指定套打格式，打印被取消！", kInformationIcon);
   messages.ShowBox("两行\r\n文字", kInformationIcon);

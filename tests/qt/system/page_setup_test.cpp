@@ -57,7 +57,7 @@ class PageSetup : public testing::Test {
   }
 
   FrameSettings settings_;
-  MessageBoxes messages_{false};
+  MessageBoxes messages_{MessageMode::kStandardError};
   TwoPrinters host_{settings_, messages_};
   PageDocument document_{host_};
   OwnSheets ownSheets_;

@@ -62,7 +62,7 @@ class PageSetupLayout : public testing::Test {
   QRect Place(const QWidget* part) { return {part->mapTo(&dialog_, QPoint(0, 0)), part->size()}; }
 
   FrameSettings settings_;
-  MessageBoxes messages_{false};
+  MessageBoxes messages_{MessageMode::kStandardError};
   DesktopHost host_{settings_, messages_};
   PageDocument document_{host_};
   PageSetupDialog dialog_{document_, "", {}, nullptr};

@@ -92,7 +92,7 @@ class PrintDialog : public testing::Test {
   [[nodiscard]] std::vector<int> Jobs() const { return JobsTitled(title_); }
 
   FrameSettings settings_;
-  MessageBoxes messages_{false};
+  MessageBoxes messages_{MessageMode::kStandardError};
   DesktopHost host_{settings_, messages_};
   PageDocument document_{host_};
   const std::string title_ =

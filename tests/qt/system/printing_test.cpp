@@ -96,6 +96,18 @@ TEST(Printers, TellTheirOwnSheet) {
   EXPECT_FALSE(OwnSheet(""));
 }
 
+TEST(Printers, TellWhatTheyLeaveEmptyAtTheEdges) {
+  const auto margins = MarginsOf("QbTd-Margins", kA4);
+  ASSERT_TRUE(margins);
+  EXPECT_NEAR(margins->left / kTwipsPerPoint, 12, 0.2);
+  EXPECT_NEAR(margins->bottom / kTwipsPerPoint, 60, 0.2);
+  EXPECT_NEAR(margins->right / kTwipsPerPoint, 18, 0.2);
+  EXPECT_NEAR(margins->top / kTwipsPerPoint, 30, 0.2);
+  EXPECT_TRUE(MarginsOf("QbTd-PDF", kForm)) << "it takes any size";
+  EXPECT_FALSE(MarginsOf("QbTd-Fixed", kForm));
+  EXPECT_FALSE(MarginsOf("nowhere", kA4));
+}
+
 TEST(PrintJob, PutsAUserDefinedSheetOnPaperOfExactlyItsSize) {
   for (const char* printer : {"QbTd-PDF", "QbTd-Margins"}) {
     const std::string pdf = Print(PageWithBars(241, 140), printer, kForm);
@@ -164,7 +176,7 @@ class DocumentPrinting : public testing::Test {
   [[nodiscard]] std::vector<int> Jobs() const { return JobsTitled(title_); }
 
   FrameSettings settings_;
-  MessageBoxes messages_{false};
+  MessageBoxes messages_{MessageMode::kStandardError};
   DesktopHost host_{settings_, messages_};
   PageDocument document_{host_};
   const std::string title_ =

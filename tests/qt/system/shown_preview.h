@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QTest>
 #include <functional>
+#include <memory>
 
 #include "qt/preview/preview_window.h"
 #include "qt/system/message_boxes.h"
@@ -21,7 +22,7 @@ void Click(PreviewWindow& window, const std::string& key);
 
 class ShownPreview : public testing::Test {
  protected:
-  ShownPreview() : frame_(settings_, messages_, {}) {}
+  ShownPreview() : frame_(std::make_shared<FrameSettings>(), messages_, {}) {}
 
   // Shows the window. `run` is its first activation; `use` comes when the window waits for its
   // user, and the window is closed after it.
@@ -29,8 +30,7 @@ class ShownPreview : public testing::Test {
   // A document of A5 sheets with a frame and a text on each.
   void MakeDocument(int pages);
 
-  FrameSettings settings_;
-  MessageBoxes messages_{false};
+  MessageBoxes messages_{MessageMode::kStandardError};
   QtPrintFrame frame_;
   int loads_ = 0;
   int activations_ = 0;

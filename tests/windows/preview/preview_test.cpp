@@ -161,8 +161,7 @@ TEST_F(Preview, WaitsWithTheWaitingPointer) {
                  MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
     return GetCursor();
   };
-  Show([this] { surface_.PutMousePointer(kWaitingPointer); },
-       {[&] {
+  Show([this] { surface_.PutMousePointer(kWaitingPointer); }, {[&] {
          EXPECT_EQ(pointer(), LoadCursorW(nullptr, IDC_WAIT));
          surface_.PutMousePointer(kArrowPointer);
          EXPECT_EQ(pointer(), LoadCursorW(nullptr, IDC_ARROW));
@@ -208,7 +207,6 @@ TEST_F(Preview, CanBeShownAgain) {
   Show([] {}, {});
   EXPECT_EQ(loads_, 2);
 }
-
 
 TEST_F(Preview, TheTabKeyGoesFromThePageOverTheButtonsToThePageText) {
   std::string visited;

@@ -145,11 +145,11 @@ void ShownPreview::Resize(int width, int height) {
   const UINT dpi = GetDpiForWindow(Window().Handle());
   RECT outer{0, 0, MulDiv(width, static_cast<int>(dpi), 96),
              MulDiv(height, static_cast<int>(dpi), 96)};
-  AdjustWindowRectExForDpi(
-      &outer, static_cast<DWORD>(GetWindowLongW(Window().Handle(), GWL_STYLE)), FALSE,
-      static_cast<DWORD>(GetWindowLongW(Window().Handle(), GWL_EXSTYLE)), dpi);
-  SetWindowPos(Window().Handle(), nullptr, 0, 0, outer.right - outer.left,
-               outer.bottom - outer.top, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  AdjustWindowRectExForDpi(&outer, static_cast<DWORD>(GetWindowLongW(Window().Handle(), GWL_STYLE)),
+                           FALSE,
+                           static_cast<DWORD>(GetWindowLongW(Window().Handle(), GWL_EXSTYLE)), dpi);
+  SetWindowPos(Window().Handle(), nullptr, 0, 0, outer.right - outer.left, outer.bottom - outer.top,
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 }  // namespace td

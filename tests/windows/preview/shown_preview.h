@@ -34,7 +34,6 @@ class ShownPreview : public testing::Test {
  protected:
   using Step = std::function<void()>;
 
-  ShownPreview() : frame_(settings_, messages_, {}) {}
   ~ShownPreview() override { LetGoOfKeys(); }
 
   // Shows the window. `run` is its first activation; the steps come one by one, each when
@@ -53,9 +52,8 @@ class ShownPreview : public testing::Test {
   // Of the window's inner part, in pixels at 96 dots per inch.
   void Resize(int width, int height);
 
-  FrameSettings settings_;
-  MessageBoxes messages_{false};
-  PreviewFrame frame_;
+  MessageBoxes messages_{MessageMode::kStandardError};
+  PreviewFrame frame_{std::make_shared<const FrameSettings>(), messages_, {}};
   PrintSurface& surface_ = frame_.Surface();
   int loads_ = 0;
   int activations_ = 0;

@@ -1,0 +1,35 @@
+// A witness that is told everything and keeps nothing: the base of those that want to know a part.
+#pragma once
+
+#include "platform/run_witness.h"
+
+namespace td {
+
+class QuietWitness : public RunWitness {
+ public:
+  void RunBegins(const WitnessedRun& /*run*/) override {}
+  void FormatChosen(const std::string& /*name*/) override {}
+  void RunEnds() override {}
+  void PageBegins() override {}
+  void PagesEnd() override {}
+  void GroupBreaks() override {}
+  void RowBegins(std::int16_t /*number*/) override {}
+  void RowIsMarker() override {}
+  void RowIsSkipped() override {}
+  void Adds(const double& /*sum*/, std::string_view /*columns*/, double /*amount*/) override {}
+  void BandBegins(WitnessedBand /*band*/) override {}
+  void BandEnds() override {}
+  void ItemBegins(Recordset& /*item*/) override {}
+  void ItemEnds() override {}
+  void Drawn(DrawnAs /*what*/, std::string_view /*text*/) override {}
+  void Meets(Circumstance /*circumstance*/) override {}
+  void ShowsSum(const double& /*sum*/) override {}
+  void StampKept(std::size_t /*place*/) override {}
+  void StampWritten(std::size_t /*place*/, int /*page*/) override {}
+  void Reads(Recordset& /*rows*/, std::string_view /*column*/) override {}
+  void Forgives(const Failure& /*failure*/, bool /*isTest*/) override {}
+  void TriesAgain(const Failure& /*failure*/) override {}
+  void Ends(const Failure& /*failure*/) override {}
+};
+
+}  // namespace td

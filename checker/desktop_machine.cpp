@@ -1,0 +1,41 @@
+#include "checker/desktop_machine.h"
+
+#include "qt/system/printers.h"
+
+namespace td::checker {
+
+DesktopMachine::DesktopMachine(Platform& platform)
+    : platform_(platform), barcodes_(ReadBarcodeSettings(BarcodeSettingsFile())) {}
+
+std::vector<std::string> DesktopMachine::Printers() const {
+  if (!printers_) printers_ = PrinterNames();
+  return *printers_;
+}
+
+std::string DesktopMachine::DefaultPrinter() const {
+  if (!defaultPrinter_) defaultPrinter_ = td::DefaultPrinter();
+  return *defaultPrinter_;
+}
+
+std::string DesktopMachine::Id() const {
+  return platform_.machine.LocalMachineId();
+}
+
+std::optional<PaperExtent> DesktopMachine::OwnSheet(const std::string& printer) const {
+  const auto [sheet, isNew] = ownSheets_.try_emplace(printer);
+  if (isNew) sheet->second = td::OwnSheet(printer);
+  return sheet->second;
+}
+
+std::optional<SheetMargins> DesktopMachine::Margins(const std::string& printer,
+                                                    const PaperExtent& sheet) const {
+  const auto margins = MarginsOf(printer, sheet);
+  if (!margins) return std::nullopt;
+  return SheetMargins{margins->left, margins->top, margins->right, margins->bottom};
+}
+
+bool DesktopMachine::Answers(const std::string& printer) const {
+  return OwnSheet(printer).has_value();
+}
+
+}  // namespace td::checker

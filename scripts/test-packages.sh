@@ -1,0 +1,84 @@
+#!/bin/bash
+# Installs the packages of build/packages/ into a bare Debian 12 below that folder, as a new user
+# would, prints with each of them there, and removes them without a trace. As root: the bare system
+# gets packages of its own from the registry that this machine uses.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+# Mounts of its own, which end with it.
+[ "${1:-}" = in-own-mounts ] || exec unshare --mount "$0" in-own-mounts
+readonly packages=$PWD/build/packages root=$PWD/build/packages/root
+
+in_root() {
+  chroot "$root" /usr/bin/env -i HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 \
+    DEBIAN_FRONTEND=noninteractive "$@"
+}
+install_in_root() { in_root apt-get install -q -y --no-install-recommends "$@"; }
+
+# What a package could leave behind. Lists that Debian's own tools keep change with each run.
+files_in_root() {
+  find "$root" -xdev \( -path "$root/proc" -o -path "$root/sys" -o -path "$root/dev" -o \
+    -path "$root/tmp" -o -path "$root/root" -o -path "$root/var/log" -o -path "$root/var/cache" -o \
+    -path "$root/var/lib/dpkg" -o -path "$root/var/lib/apt" \) -prune -o -print | sort
+}
+
+mapfile -t sources < <(find /etc/apt -name '*.list' -o -name 'debian.sources')
+rm -rf "$root"
+mmdebstrap --variant=apt bookworm "$root" "${sources[@]}"
+mount --bind /proc "$root/proc"
+mount --bind /dev "$root/dev"
+find "$packages" -maxdepth 1 -name '*.deb' ! -name '*-dbgsym_*' -exec cp -t "$root/tmp" {} +
+
+# What the packages ask for and what the examples are built with comes first, so that the difference
+# afterwards is theirs alone.
+mapfile -t files < <(cd "$root" && printf '/%s\n' tmp/*.deb)
+mapfile -t names < <(for file in "${files[@]}"; do dpkg-deb -f "$root$file" Package; done)
+in_root apt-get update -q
+install_in_root fonts-noto-cjk gcc g++ cmake make pkgconf poppler-utils sqlite3 "${files[@]}"
+in_root apt-get purge -q -y "${names[@]}"
+files_in_root >"$packages/before"
+install_in_root "${files[@]}"
+
+in_root bash -euo pipefail <<'NEW_USER'
+cd /root
+expect() { grep -qF -- "$1" || { echo "“$1” wasn't printed." >&2; exit 1; }; }
+export QBTDPRINTER_STATE_DIR=/root/state
+
+tdprint demo --out out
+pdftotext out/sales-order-5-lines.pdf - | expect XD-2403-0002
+tdprint sample-sql --engine sqlite >/dev/null
+tdprint register
+
+examples=/usr/share/qbtdprinter/examples
+cmake -S $examples/c -B c >/dev/null
+cmake --build c >/dev/null
+c/print_order sqlite:out/sample.db 21 销售订单三联
+expect 精制食盐 <state/订单.html
+
+cmake -S $examples/embed -B embed >/dev/null
+cmake --build embed >/dev/null
+embed/embed out/sample.db 21 "select * from v_sales_order where FInterID=21002" order.pdf
+pdftotext order.pdf - | expect 要大朵
+
+read -ra flags < <(pkg-config --cflags --libs qbtdprinter)
+g++ -std=c++20 -fPIC $examples/embed/main.cpp -o by-pkg-config "${flags[@]}"
+./by-pkg-config out/sample.db 21 "select * from v_sales_order where FInterID=21002" again.pdf
+pdftotext again.pdf - | expect 要大朵
+
+sqlite3 -json out/sample.db "select * from v_sales_order where FInterID=21001" >rows.json
+$examples/python/print_bill.py sqlite:out/sample.db 21 rows.json
+expect XD-2403-0001 <state/订单.html
+
+# The commands of the page of recipes, as they stand there.
+cp -r $examples examples
+zcat -f /usr/share/doc/qbtdprinter-doc/docs/recipes.md* | sed -n '/^```sh$/,/^```$/{/^```/!p}' >commands.sh
+(cd examples/recipes && bash -euo pipefail /root/commands.sh)
+pdftotext examples/recipes/cheque.pdf - | expect 壹拾万柒仟元伍角叁分
+NEW_USER
+
+in_root apt-get purge -q -y "${names[@]}"
+files_in_root >"$packages/after"
+if ! diff "$packages/before" "$packages/after"; then
+  echo "The packages leave something behind." >&2
+  exit 1
+fi
+rm -rf "$root"
