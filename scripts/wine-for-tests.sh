@@ -33,6 +33,8 @@ prepare() {
   mkdir -p "$root/build"
   wineboot --init
   add 'HKCU\Software\Wine\WineDbg' ShowCrashDialog 0 REG_DWORD
+  # No window waits for a window manager: there is none.
+  add 'HKCU\Software\Wine\X11 Driver' Managed N
   local fonts='HKCU\Software\Wine\Fonts\Replacements'
   local name
   for name in 宋体 SimSun NSimSun 新宋体; do add "$fonts" "$name" 'AR PL UMing CN'; done

@@ -92,7 +92,7 @@ void PageSetupDialog::FillPrinters(const std::string& printer) {
     printer_->Add(printers_.back());
     if (printers_.back() == printer) shownPrinter_ = i;
   }
-  printer_->Select(shownPrinter_);
+  if (shownPrinter_ >= 0) printer_->Select(shownPrinter_);
   EnableWindow(GetDlgItem(Window(), kPrinterId), count > 0 ? TRUE : FALSE);
 }
 

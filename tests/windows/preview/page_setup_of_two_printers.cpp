@@ -26,6 +26,7 @@ bool PageSetupOfTwoPrinters::Show(std::vector<Step> steps) {
   WhenIdle([this] { Next(); });
   const bool isConfirmed = dialog_->Ask();
   isShown_ = false;
+  ForgetIdleSteps();
   EXPECT_TRUE(steps_.empty()) << "the dialog was closed before its last step";
   return isConfirmed;
 }
@@ -55,6 +56,13 @@ void PageSetupOfTwoPrinters::Choose(int list, const std::string& beginning) {
   tell(CBN_SELCHANGE);
   tell(CBN_SELENDOK);
   tell(CBN_CLOSEUP);
+}
+
+void PageSetupOfTwoPrinters::ChooseLandscape() const {
+  const int option = PageSetupDialog::kLandscapeId;
+  CheckRadioButton(dialog_->Window(), PageSetupDialog::kPortraitId, option, option);
+  SendMessageW(dialog_->Window(), WM_COMMAND, MAKEWPARAM(option, BN_CLICKED),
+               reinterpret_cast<LPARAM>(Part(option)));
 }
 
 }  // namespace td

@@ -47,9 +47,7 @@ class PageSetupOfTwoPrinters : public testing::Test {
   void Write(int field, const wchar_t* millimetres) const {
     SetWindowTextW(Part(field), millimetres);
   }
-  void ChooseLandscape() const {
-    SendMessageW(Part(PageSetupDialog::kLandscapeId), BM_CLICK, 0, 0);
-  }
+  void ChooseLandscape() const;
 
   FrameSettings settings_;
   MessageBoxes messages_{MessageMode::kStandardError};

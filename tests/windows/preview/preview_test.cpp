@@ -51,10 +51,13 @@ TEST_F(Preview, TakesTheInputOfTheProgramsWindowsWhileItIsShown) {
   Show([&] { EXPECT_FALSE(program.IsEnabled()); },
        {[&] {
           EXPECT_EQ(GetWindow(Window().Handle(), GW_OWNER), program.Handle());
-          PostMessageW(program.Handle(), WM_SETTEXT, 0,
-                       reinterpret_cast<LPARAM>(L"its messages are handed out"));
+          PostMessageW(program.Handle(), WM_SETREDRAW, FALSE, 0);
+          EXPECT_TRUE(IsWindowVisible(program.Handle()));
         },
-        [&] { EXPECT_EQ(WordsOf(program.Handle()), "its messages are handed out"); }});
+        [&] {
+          EXPECT_FALSE(IsWindowVisible(program.Handle())) << "its messages are handed out";
+          SendMessageW(program.Handle(), WM_SETREDRAW, TRUE, 0);
+        }});
   EXPECT_TRUE(program.IsEnabled());
   EXPECT_EQ(GetActiveWindow(), program.Handle());
 }
@@ -188,17 +191,16 @@ TEST_F(Preview, EndsWhenTheRunUnloadsIt) {
 }
 
 TEST_F(Preview, ShowsAFailureOfAButtonAndStays) {
-  Show(
-      [this] {
-        frame_.Connect({.Load = nullptr, .Activate = nullptr, .ButtonPressed = [](auto) {
-                          throw Failure(kInvalidCall, "不行");
-                        }});
-      },
-      {[this] { PostClick(Button("nextpage")); },
-       [this] {
-         EXPECT_EQ(messages_.Shown(), 1);
-         EXPECT_TRUE(IsWindowVisible(Window().Handle()));
-       }});
+  Show([] {}, {[this] {
+                 frame_.Connect({.Load = nullptr, .Activate = nullptr, .ButtonPressed = [](auto) {
+                                   throw Failure(kInvalidCall, "不行");
+                                 }});
+                 PostClick(Button("nextpage"));
+               },
+               [this] {
+                 EXPECT_EQ(messages_.Shown(), 1);
+                 EXPECT_TRUE(IsWindowVisible(Window().Handle()));
+               }});
 }
 
 TEST_F(Preview, CanBeShownAgain) {

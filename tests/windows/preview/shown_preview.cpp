@@ -44,6 +44,10 @@ void WhenIdle(std::function<void()> step) {
   SetTimer(nullptr, 0, 1, DoFirst);
 }
 
+void ForgetIdleSteps() {
+  WaitingSteps().clear();
+}
+
 void PostClick(HWND window) {
   RECT inner{};
   GetClientRect(window, &inner);
@@ -113,6 +117,7 @@ void ShownPreview::Show(Step run, std::vector<Step> steps) {
                       },
                   .ButtonPressed = [this](std::string_view key) { pressed_.emplace_back(key); }});
   frame_.ShowModal();
+  ForgetIdleSteps();
   EXPECT_TRUE(steps_.empty()) << "the window was closed before its last step";
 }
 

@@ -16,6 +16,8 @@ namespace td {
 
 // Calls a step when the thread has nothing else to do, the painting of windows included.
 void WhenIdle(std::function<void()> step);
+// Those that have not come. To be called when what they are for has been closed.
+void ForgetIdleSteps();
 
 // Input as the system posts it. Keys go to the window that has the focus.
 void PostClick(HWND window);
@@ -34,7 +36,10 @@ class ShownPreview : public testing::Test {
  protected:
   using Step = std::function<void()>;
 
-  ~ShownPreview() override { LetGoOfKeys(); }
+  ~ShownPreview() override {
+    ForgetIdleSteps();
+    LetGoOfKeys();
+  }
 
   // Shows the window. `run` is its first activation; the steps come one by one, each when
   // everything before it has been worked off, and the window is closed behind the last.
