@@ -84,8 +84,11 @@ void LengthField::Place(int left, int top, int width, int height) {
   const int arrows = Scaled(18, dotsPerInch);
   const int unit = Scaled(30, dotsPerInch);
   const int gap = Scaled(4, dotsPerInch);
-  td::Place(box_, left, top, width - arrows - unit, height);
-  td::Place(arrows_, left + width - arrows - unit, top, arrows, height);
+  const auto font = reinterpret_cast<HFONT>(SendMessageW(box_, WM_GETFONT, 0, 0));
+  const int box = TextBoxHeight(font, dotsPerInch);
+  const int boxTop = top + (height - box) / 2;
+  td::Place(box_, left, boxTop, width - arrows - unit, box);
+  td::Place(arrows_, left + width - arrows - unit, boxTop, arrows, box);
   td::Place(unit_, left + width - unit + gap, top, unit - gap, height);
 }
 

@@ -24,6 +24,7 @@ class LengthField {
   [[nodiscard]] double Twips() const;
 
   void Enable(bool isEnabled);
+  // In the middle of the height.
   void Place(int left, int top, int width, int height);
 
  private:

@@ -52,9 +52,10 @@ class PageNumberDialog : public DialogFrame {
     int top = margin;
     Place(label_, margin, top, width, line);
     top += line;
-    Place(number_, margin, top, width - arrows, line);
-    Place(arrows_, margin + width - arrows, top, arrows, line);
-    top += line + 2 * gap;
+    const int box = TextBoxHeight(Font(), DotsPerInch());
+    Place(number_, margin, top, width - arrows, box);
+    Place(arrows_, margin + width - arrows, top, arrows, box);
+    top += box + 2 * gap;
     Place(confirm_, margin + width - 2 * button - gap, top, button, line);
     Place(cancel_, margin + width - button, top, button, line);
     return {width + 2 * margin, top + line + margin};

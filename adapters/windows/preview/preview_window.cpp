@@ -109,12 +109,12 @@ double PreviewWindow::PixelsPerTwip() const {
 }
 
 SIZE PreviewWindow::PageTextSize() const {
-  constexpr int kBesideText = 8;  // pixels at 100 percent for the frame and the room within
+  constexpr int kBesideText = 8;  // pixels at 96 dots per inch, for the frame and the room within
   constexpr auto kLastPage = std::numeric_limits<std::int16_t>::max();
   const SIZE reading = TextSize(pageFont_.get(), ToWide(kReadingText));
   const SIZE numbers = TextSize(pageFont_.get(), ToWide(PageText(kLastPage, kLastPage)));
   return {std::max(reading.cx, numbers.cx) + 2 * Scaled(kBesideText, Dpi()),
-          std::max(reading.cy, numbers.cy) + Scaled(kBesideText, Dpi())};
+          TextBoxHeight(pageFont_.get(), Dpi())};
 }
 
 // Large enough for most of a page and for all buttons, and smaller than the monitor.

@@ -2,6 +2,7 @@
 
 #include "platform/standard_failures.h"
 #include "windows/api/wide_text.h"
+#include "windows/controls/text_fitting.h"
 #include "windows/controls/visual_styles.h"
 
 // Where this module lies in memory, a symbol of the linker's.
@@ -83,6 +84,12 @@ HWND MakeControl(HWND parent, const wchar_t* kind, const std::string& text, DWOR
 
 void Place(HWND window, int left, int top, int width, int height) {
   SetWindowPos(window, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+int TextBoxHeight(HFONT font, int dotsPerInch) {
+  constexpr int kBesideText = 3;  // pixels: the system leaves one above the line
+  const int edge = GetSystemMetricsForDpi(SM_CYEDGE, static_cast<UINT>(dotsPerInch));
+  return static_cast<int>(TextSize(font, L"国").cy) + 2 * edge + kBesideText;
 }
 
 void PutTextInto(HWND window, const std::string& text) {

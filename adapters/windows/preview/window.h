@@ -43,6 +43,8 @@ class Window {
                                DWORD style, int id = 0, DWORD extendedStyle = 0);
 
 void Place(HWND window, int left, int top, int width, int height);
+// Height of a text box with a frame, in which a line of a font stands in the middle.
+[[nodiscard]] int TextBoxHeight(HFONT font, int dotsPerInch);
 void PutTextInto(HWND window, const std::string& text);
 
 // A length in pixels at 96 dots per inch, as it is at a resolution.
