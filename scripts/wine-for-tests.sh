@@ -3,8 +3,10 @@
 # display of its own.
 #   scripts/wine-for-tests.sh COMMAND ARGUMENTS…
 #
-# In the prefix a program that crashes ends, instead of showing a window that nobody closes; and the
-# families that stored formats name stand for the free ones of Debian.
+# In the prefix a program that crashes ends, instead of showing a window that nobody closes; all
+# windows lie on a desktop of their own, where no window manager of the display is missed when the
+# keyboard goes from one to the other; and the families that stored formats name stand for the free
+# ones of Debian.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 export WINEPREFIX=$root/build/wine WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
@@ -33,8 +35,8 @@ prepare() {
   mkdir -p "$root/build"
   wineboot --init
   add 'HKCU\Software\Wine\WineDbg' ShowCrashDialog 0 REG_DWORD
-  # No window waits for a window manager: there is none.
-  add 'HKCU\Software\Wine\X11 Driver' Managed N
+  add 'HKCU\Software\Wine\Explorer' Desktop tests
+  add 'HKCU\Software\Wine\Explorer\Desktops' tests 1600x1200
   local fonts='HKCU\Software\Wine\Fonts\Replacements'
   local name
   for name in 宋体 SimSun NSimSun 新宋体; do add "$fonts" "$name" 'AR PL UMing CN'; done
@@ -48,7 +50,7 @@ prepare() {
   touch "$WINEPREFIX/prepared"
 }
 
-[ -e "$WINEPREFIX/prepared" ] || prepare >"$root/build/wine-prefix.log" 2>&1 ||
+[ "$WINEPREFIX/prepared" -nt "$0" ] || prepare >"$root/build/wine-prefix.log" 2>&1 ||
   { cat "$root/build/wine-prefix.log" >&2; exit 1; }
 
 "$@"

@@ -1,19 +1,12 @@
 // What the component's dialogs look like.
 #pragma once
 
-#include <string_view>
-
+#include "dialogs/dialog_contents.h"
 #include "qt/dialogs/dialog_window.h"
 
 namespace td {
 
-struct DialogLayout {
-  std::string_view name;  // "frmAdjuct", "frmAreaPrintSet"
-  const char* title;
-  void (*layOut)(DialogWindow& window);  // makes and places the controls of an empty window
-};
-
-// Nothing for a name that no dialog has.
-[[nodiscard]] const DialogLayout* FindDialogLayout(std::string_view name);
+// Makes and places the controls of an empty window.
+void LayOutDialog(DialogWindow& window, const DialogContents& contents);
 
 }  // namespace td

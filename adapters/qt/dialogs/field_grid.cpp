@@ -3,19 +3,13 @@
 #include <QLabel>
 #include <string_view>
 
+#include "dialogs/field_texts.h"
 #include "qt/dialogs/length_note.h"
 
 namespace td {
 namespace {
 
 enum Column { kLabel, kField, kUnit, kNote, kHint };
-
-constexpr int kRoomForNumber = 14;  // half-width characters
-
-// A label without the colon at its end.
-QString Description(const QString& label) {
-  return label.chopped(label.endsWith(QStringLiteral("：")) ? 1 : 0);
-}
 
 }  // namespace
 
@@ -31,7 +25,8 @@ void FieldGrid::AddLabel(const QString& text, QWidget* field) {
 
 void FieldGrid::AddField(const ListField& field) {
   const QString label = QString::fromUtf8(field.label);
-  QComboBox* list = window_.MakeList(QString::fromUtf8(field.name), Description(label));
+  QComboBox* list =
+      window_.MakeList(QString::fromUtf8(field.name), QString::fromStdString(DescriptionOf(field)));
   AddLabel(label, list);
   addWidget(list, row_, kField, 1, -1);
   ++row_;
@@ -40,9 +35,8 @@ void FieldGrid::AddField(const ListField& field) {
 void FieldGrid::AddField(const NumberField& field) {
   const QString label = QString::fromUtf8(field.label);
   const QString unit = QString::fromUtf8(field.unit);
-  const QString description =
-      unit.isEmpty() ? Description(label) : Description(label) + QStringLiteral("，单位") + unit;
-  QLineEdit* box = window_.MakeBox(QString::fromUtf8(field.name), description);
+  QLineEdit* box =
+      window_.MakeBox(QString::fromUtf8(field.name), QString::fromStdString(DescriptionOf(field)));
   box->setAccessibleDescription(QString::fromUtf8(field.hint));
   box->setMinimumWidth(box->fontMetrics().averageCharWidth() * kRoomForNumber);
   AddLabel(label, box);

@@ -3,23 +3,10 @@
 
 #include <QGridLayout>
 
+#include "dialogs/dialog_contents.h"
 #include "qt/dialogs/dialog_window.h"
 
 namespace td {
-
-struct ListField {
-  const char* name;
-  const char* label;
-};
-
-inline constexpr const char* kTwipsUnit = "缇";
-
-struct NumberField {
-  const char* name;
-  const char* label;
-  const char* unit = "";  // one in kTwipsUnit is noted in millimetres, too
-  const char* hint = "";
-};
 
 // The labels end, and the fields, units and hints begin, on common lines.
 class FieldGrid : public QGridLayout {

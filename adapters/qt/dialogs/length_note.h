@@ -12,9 +12,6 @@ class LengthNote : public QLabel {
  public:
   // `box` and the note have the same parent.
   explicit LengthNote(const QLineEdit& box, QWidget* parent);
-
- private:
-  void Show(const QString& twips);
 };
 
 }  // namespace td

@@ -3,18 +3,12 @@
 #include <QApplication>
 #include <QPainter>
 
+#include "dialogs/field_texts.h"
+
 namespace td {
-namespace {
-
-bool IsSeparator(const QString& text) {
-  return !text.isEmpty() && text.count(QLatin1Char('-')) == text.size();
-}
-
-}  // namespace
-
 void SeparatorDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const {
-  if (!IsSeparator(index.data().toString())) {
+  if (!IsSeparator(index.data().toString().toStdString())) {
     QStyledItemDelegate::paint(painter, option, index);
     return;
   }

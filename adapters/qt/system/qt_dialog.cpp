@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "qt/dialogs/dialog_layouts.h"
 #include "qt/system/application.h"
 
 namespace td {
@@ -17,7 +18,7 @@ DialogWindow& QtDialog::Window() {
   if (window_) return *window_;
   if (!HasWindowSystem()) {
     throw Failure(kInvalidCall,
-                  "没有可用的显示，无法打开“" + std::string(layout_.title) + "”窗口。");
+                  "没有可用的显示，无法打开“" + std::string(contents_.title) + "”窗口。");
   }
   const auto click = [this](std::string_view control) {
     React([&] {
@@ -25,10 +26,10 @@ DialogWindow& QtDialog::Window() {
     });
   };
   window_ = std::make_unique<DialogWindow>(
-      QString::fromUtf8(layout_.title),
+      QString::fromUtf8(contents_.title),
       DialogWindowEvents{.clicked = click, .closed = [this] { React([this] { Unload(); }); }},
       QApplication::activeWindow());
-  layout_.layOut(*window_);
+  LayOutDialog(*window_, contents_);
   return *window_;
 }
 

@@ -5,9 +5,10 @@
 #include <memory>
 #include <utility>
 
+#include "dialogs/dialog_contents.h"
 #include "page_document/page_document.h"
 #include "platform/dialog.h"
-#include "qt/dialogs/dialog_layouts.h"
+#include "qt/dialogs/dialog_window.h"
 #include "qt/system/desktop_host.h"
 
 namespace td {
@@ -16,10 +17,10 @@ namespace td {
 // be shown, ShowModal and all that concerns controls fail with kInvalidCall.
 class QtDialog : public Dialog {
  public:
-  // `layout` and `messages` outlive the dialog. Needs EnsureApplication().
-  QtDialog(const DialogLayout& layout, std::shared_ptr<const FrameSettings> settings,
+  // `contents` and `messages` outlive the dialog. Needs EnsureApplication().
+  QtDialog(const DialogContents& contents, std::shared_ptr<const FrameSettings> settings,
            Messages& messages)
-      : layout_(layout),
+      : contents_(contents),
         settings_(std::move(settings)),
         host_(*settings_, messages),
         surface_(host_) {}
@@ -50,7 +51,7 @@ class QtDialog : public Dialog {
   // Something that the user did. A failure of it closes the dialog and leaves ShowModal.
   void React(const std::function<void()>& reaction);
 
-  const DialogLayout& layout_;
+  const DialogContents& contents_;
   std::shared_ptr<const FrameSettings> settings_;
   DesktopHost host_;
   PageDocument surface_;

@@ -25,9 +25,9 @@ std::unique_ptr<PrintFrame> QtWindows::CreatePrintFrame(std::string_view name) {
 }
 
 std::unique_ptr<Dialog> QtWindows::CreateDialog(std::string_view name) {
-  const DialogLayout* layout = FindDialogLayout(name);
-  if (layout == nullptr) throw NoSuchWindow(name);
-  return std::make_unique<QtDialog>(*layout, settings_, messages_);
+  const DialogContents* contents = FindDialogContents(name);
+  if (contents == nullptr) throw NoSuchWindow(name);
+  return std::make_unique<QtDialog>(*contents, settings_, messages_);
 }
 
 }  // namespace td

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "dialogs/field_texts.h"
 #include "platform/standard_failures.h"
 #include "windows/api/wide_text.h"
 #include "windows/controls/text_fitting.h"
@@ -18,10 +19,6 @@ constexpr int kMostOpenLines = 14;  // of the opened list; more are scrolled
 
 HFONT FontOf(HWND window) {
   return reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0));
-}
-
-bool IsSeparator(std::wstring_view text) {
-  return !text.empty() && std::ranges::all_of(text, [](wchar_t c) { return c == L'-'; });
 }
 
 // What of a closed list shows the text.
@@ -101,11 +98,6 @@ void ChoiceList::Select(int index) {
   TellWholeEntry();
 }
 
-int ChoiceList::HeightFor(HFONT font, int padding) {
-  constexpr int kBorders = 4;
-  return TextSize(font, L"套").cy + 2 * padding + kBorders;
-}
-
 void ChoiceList::Place(const RECT& place, int padding) {
   const LONG line = TextSize(FontOf(control_), L"套").cy + padding;
   const LONG height = place.bottom - place.top;
@@ -157,7 +149,7 @@ void ChoiceList::Draw(const DRAWITEMSTRUCT& item) {
   const int color = isChosen ? COLOR_HIGHLIGHTTEXT : usual;
   FillRect(item.hDC, &item.rcItem, GetSysColorBrush(isChosen ? COLOR_HIGHLIGHT : COLOR_WINDOW));
   const std::wstring text = EntryText(item.hwndItem, item.itemID);
-  if (IsSeparator(text)) {
+  if (IsSeparator(FromWide(text))) {
     DrawSeparator(item, isChosen ? COLOR_HIGHLIGHTTEXT : COLOR_GRAYTEXT);
   } else {
     RECT place = item.rcItem;

@@ -35,9 +35,6 @@ class ChoiceList {
   // Puts the list into a place, whose height is that of the closed list. To be called after each
   // change of the font, too.
   void Place(const RECT& place, int padding);
-  // The height of a closed list with such room above and below its text, font given.
-  [[nodiscard]] static int HeightFor(HFONT font, int padding);
-
   // For WM_DRAWITEM.
   static void Draw(const DRAWITEMSTRUCT& item);
 

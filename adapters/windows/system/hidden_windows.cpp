@@ -4,8 +4,16 @@
 
 #include "platform/standard_failures.h"
 #include "windows/system/preview_frame.h"
+#include "windows/system/windows_dialog.h"
 
 namespace td {
+namespace {
+
+Failure NoSuchWindow(std::string_view name) {
+  return {kInvalidCall, "没有名为“" + std::string(name) + "”的窗口。"};
+}
+
+}  // namespace
 
 void HiddenWindows::CheckThread() const {
   if (std::this_thread::get_id() != thread_) throw WrongThreadFailure();
@@ -13,13 +21,15 @@ void HiddenWindows::CheckThread() const {
 
 std::unique_ptr<PrintFrame> HiddenWindows::CreatePrintFrame(std::string_view name) {
   if (name != "frmTdPrint" && name != "frmTdPrint_GroupByStockArea") {
-    throw Failure(kInvalidCall, "没有名为“" + std::string(name) + "”的窗口。");
+    throw NoSuchWindow(name);
   }
   return std::make_unique<PreviewFrame>(settings_, messages_, barcodeSettings_);
 }
 
 std::unique_ptr<Dialog> HiddenWindows::CreateDialog(std::string_view name) {
-  throw Failure(kInvalidCall, "没有可用的窗口，无法打开“" + std::string(name) + "”。");
+  const DialogContents* contents = FindDialogContents(name);
+  if (contents == nullptr) throw NoSuchWindow(name);
+  return std::make_unique<WindowsDialog>(*contents, settings_, messages_);
 }
 
 }  // namespace td

@@ -32,7 +32,7 @@ class HiddenWindows : public Windows {
   // "frmTdPrint" and "frmTdPrint_GroupByStockArea". Fails with kInvalidCall for any other name.
   std::unique_ptr<PrintFrame> CreatePrintFrame(std::string_view name) override;
 
-  // Fails with kInvalidCall.
+  // "frmAdjuct" and "frmAreaPrintSet". Fails with kInvalidCall for any other name.
   std::unique_ptr<Dialog> CreateDialog(std::string_view name) override;
 
  private:

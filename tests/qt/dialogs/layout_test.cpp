@@ -17,12 +17,12 @@ namespace {
 class DialogLook : public testing::TestWithParam<const char*> {
  protected:
   DialogLook() {
-    const DialogLayout& layout = *FindDialogLayout(GetParam());
+    const DialogContents& contents = *FindDialogContents(GetParam());
     window_ = std::make_unique<DialogWindow>(
-        layout.title,
+        contents.title,
         DialogWindowEvents{[this](std::string_view control) { clicked_ = control; }, [] {}},
         nullptr);
-    layout.layOut(*window_);
+    LayOutDialog(*window_, contents);
     for (QLineEdit* box : window_->findChildren<QLineEdit*>()) box->setText("-12345.678");
   }
 
@@ -133,9 +133,9 @@ INSTANTIATE_TEST_SUITE_P(Dialogs, DialogLook, testing::Values("frmAdjuct", "frmA
                          [](const auto& dialog) { return std::string(dialog.param); });
 
 TEST(SettingsLook, ALengthIsNotedInMillimetres) {
-  const DialogLayout& layout = *FindDialogLayout("frmAdjuct");
-  DialogWindow window(layout.title, {[](std::string_view) {}, [] {}}, nullptr);
-  layout.layOut(window);
+  const DialogContents& contents = *FindDialogContents("frmAdjuct");
+  DialogWindow window(contents.title, {[](std::string_view) {}, [] {}}, nullptr);
+  LayOutDialog(window, contents);
   const auto shows = [&](const char* note) {
     const QList<QLabel*> labels = window.findChildren<QLabel*>();
     return std::count_if(labels.begin(), labels.end(),

@@ -106,7 +106,7 @@ TEST_F(WindowsDesktop, AWindowThatCantBeShownIsTold) {
   EXPECT_EQ(NumberOf([&] { frame->Surface().PrintDoc(true); }), kInvalidCall);
   EXPECT_EQ(desktop.LastDocument().delivery, Delivery::kRefused);
   EXPECT_EQ(NumberOf([&] { frame->Surface().ShowPageSetup(kPageSetupDialog); }), kInvalidCall);
-  EXPECT_EQ(NumberOf([&] { desktop.Get().windows.CreateDialog("frmAdjuct"); }), kInvalidCall);
+  EXPECT_EQ(NumberOf([&] { desktop.Get().windows.CreateDialog("frmOther"); }), kInvalidCall);
   EXPECT_EQ(NumberOf([&] { desktop.Get().windows.CreatePrintFrame("frmOther"); }), kInvalidCall);
 }
 
