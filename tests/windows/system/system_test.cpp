@@ -98,7 +98,9 @@ class DesktopThatNobodySees {
 
 TEST_F(WindowsDesktop, AWindowThatCantBeShownIsTold) {
   const DesktopThatNobodySees hidden;
-  DesktopPlatform desktop(Options());
+  DesktopOptions options = Options();
+  options.documentSink = nullptr;  // which is asked without a dialog
+  DesktopPlatform desktop(options);
   const auto frame = desktop.Get().windows.CreatePrintFrame("frmTdPrint");
   EXPECT_EQ(NumberOf([&] { frame->ShowModal(); }), kInvalidCall);
   EXPECT_EQ(desktop.MessagesShown(), 1);
