@@ -7,8 +7,9 @@ bool IsClick(UINT message) {
   return message >= WM_LBUTTONDOWN && message <= WM_MBUTTONDBLCLK;
 }
 
+// Those with Alt are the system's: Alt+F4 is the close box.
 bool IsKey(UINT message) {
-  return message >= WM_KEYFIRST && message <= WM_KEYLAST;
+  return message >= WM_KEYFIRST && message <= WM_DEADCHAR;
 }
 
 bool IsMouse(UINT message) {

@@ -368,7 +368,7 @@ LRESULT PreviewWindow::Receive(UINT message, WPARAM first, LPARAM second) {
       return 0;
     case WM_ACTIVATE:
       if (LOWORD(first) != WA_INACTIVE) {
-        SetFocus(focused_);
+        SetFocus(IsWindowEnabled(focused_) != FALSE ? focused_ : view_.Handle());
         PostMessageW(Handle(), kActivated, 0, 0);
       } else if (const HWND focus = GetFocus(); IsChild(Handle(), focus) != FALSE) {
         focused_ = focus;
