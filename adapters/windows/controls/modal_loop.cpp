@@ -10,15 +10,14 @@ bool IsUsable(HWND window) {
   return IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE;
 }
 
+BOOL CALLBACK AddIfUsable(HWND window, LPARAM found) {
+  if (IsUsable(window)) reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
+  return TRUE;
+}
+
 std::vector<HWND> UsableWindowsOfThread() {
   std::vector<HWND> windows;
-  EnumThreadWindows(
-      GetCurrentThreadId(),
-      [](HWND window, LPARAM found) -> BOOL {
-        if (IsUsable(window)) reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&windows));
+  EnumThreadWindows(GetCurrentThreadId(), AddIfUsable, reinterpret_cast<LPARAM>(&windows));
   return windows;
 }
 

@@ -30,6 +30,21 @@ std::string Schema() {
   return text.str();
 }
 
+struct PartSearch {
+  const std::wstring& kind;
+  const std::string& text;
+  HWND found;
+};
+
+BOOL CALLBACK FindPart(HWND part, LPARAM context) {
+  auto& search = *reinterpret_cast<PartSearch*>(context);
+  wchar_t name[32]{};
+  GetClassNameW(part, name, 32);
+  if (search.kind != name || (!search.text.empty() && WordsOf(part) != search.text)) return TRUE;
+  search.found = part;
+  return FALSE;
+}
+
 class PreviewOfLogic : public testing::Test {
  protected:
   using Step = std::function<void()>;
@@ -77,24 +92,8 @@ class PreviewOfLogic : public testing::Test {
 
   // The part of the preview of a class, and with a text if that isn't empty.
   static HWND Part(const std::wstring& kind, const std::string& text) {
-    struct Search {
-      const std::wstring& kind;
-      const std::string& text;
-      HWND found;
-    } search{kind, text, nullptr};
-    EnumChildWindows(
-        Window(),
-        [](HWND part, LPARAM context) -> BOOL {
-          auto& wanted = *reinterpret_cast<Search*>(context);
-          wchar_t name[32]{};
-          GetClassNameW(part, name, 32);
-          if (wanted.kind != name || (!wanted.text.empty() && WordsOf(part) != wanted.text)) {
-            return TRUE;
-          }
-          wanted.found = part;
-          return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&search));
+    PartSearch search{kind, text, nullptr};
+    EnumChildWindows(Window(), FindPart, reinterpret_cast<LPARAM>(&search));
     return search.found;
   }
   static void Click(const std::string& caption) { PostClick(Part(L"Button", caption)); }

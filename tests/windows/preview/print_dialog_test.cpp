@@ -12,18 +12,17 @@ namespace {
 
 constexpr const char* kPrinter = "QbTd-PDF";
 
+BOOL CALLBACK FindDialog(HWND window, LPARAM result) {
+  const bool isOpen = IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE;
+  if (!isOpen || GetDlgItem(window, IDOK) == nullptr) return TRUE;
+  *reinterpret_cast<HWND*>(result) = window;
+  return FALSE;
+}
+
 // The uppermost dialog of the thread.
 HWND Dialog() {
   HWND found = nullptr;
-  EnumThreadWindows(
-      GetCurrentThreadId(),
-      [](HWND window, LPARAM result) -> BOOL {
-        const bool isOpen = IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE;
-        if (!isOpen || GetDlgItem(window, IDOK) == nullptr) return TRUE;
-        *reinterpret_cast<HWND*>(result) = window;
-        return FALSE;
-      },
-      reinterpret_cast<LPARAM>(&found));
+  EnumThreadWindows(GetCurrentThreadId(), FindDialog, reinterpret_cast<LPARAM>(&found));
   return found;
 }
 
