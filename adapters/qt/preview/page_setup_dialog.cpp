@@ -5,34 +5,20 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
-#include "page_document/offered_papers.h"
-#include "page_document/paper.h"
+#include "preview/toolbar_buttons.h"
 #include "qt/fields/option_focus.h"
 #include "qt/fields/wheel_guard.h"
-#include "qt/preview/unkept_sheet.h"
+#include "qt/preview/unkept_sheet_warning.h"
 #include "qt/preview/window_font.h"
 
 namespace td {
+
+namespace words = page_setup_words;
+
 namespace {
 
-QString SizeText(double width, double height) {
-  const auto millimetres = [](double twips) {
-    return QString::number(qRound(twips / kTwipsPerMillimetre * 10) / 10.0);
-  };
-  return millimetres(width) + QStringLiteral(" × ") + millimetres(height) + QStringLiteral(" mm");
-}
-
-QString PaperText(const QString& name, double width, double height) {
-  return name + QStringLiteral("（") + SizeText(width, height) + QStringLiteral("）");
-}
-
-// A paper that has no name here is called by its number.
-QString PaperText(std::int32_t code, double width, double height) {
-  if (const OfferedPaper* offered = FindOfferedPaper(code)) {
-    const QByteArray name(offered->chinese.data(), static_cast<qsizetype>(offered->chinese.size()));
-    return PaperText(QString::fromUtf8(name), width, height);
-  }
-  return PaperText(QStringLiteral("纸张 ") + QString::number(code), width, height);
+QString Text(const char* words) {
+  return QString::fromUtf8(words);
 }
 
 }  // namespace
@@ -40,7 +26,7 @@ QString PaperText(std::int32_t code, double width, double height) {
 PageSetupDialog::PageSetupDialog(PageDocument& document, const std::string& printer,
                                  OwnSheets ownSheets, QWidget* parent)
     : QDialog(parent), document_(document), ownSheets_(std::move(ownSheets)) {
-  setWindowTitle(QStringLiteral("页面设置"));
+  setWindowTitle(Text(words::kTitle));
   setFont(FontWithChinese(font()));
   GuardFieldsAgainstWheel(*this);
   MakeFields();
@@ -57,8 +43,8 @@ void PageSetupDialog::MakeFields() {
   paper_ = new ChoiceList(this);
   width_ = new LengthField(document_.PaperWidth(), this);
   height_ = new LengthField(document_.PaperHeight(), this);
-  portrait_ = new QRadioButton(QStringLiteral("纵向(&P)"), this);
-  landscape_ = new QRadioButton(QStringLiteral("横向(&L)"), this);
+  portrait_ = new QRadioButton(Text(words::kPortrait), this);
+  landscape_ = new QRadioButton(Text(words::kLandscape), this);
   (document_.Orientation() == kLandscape ? landscape_ : portrait_)->setChecked(true);
   LetTabReachTheSetOption({portrait_, landscape_});
   left_ = new LengthField(document_.MarginLeft(), this);
@@ -69,9 +55,9 @@ void PageSetupDialog::MakeFields() {
   objection_ = new QLabel(this);
   objection_->setWordWrap(true);
   objection_->setStyleSheet(QStringLiteral("color: #b00020"));
-  confirm_ = new QPushButton(QStringLiteral("确定(&O)"), this);
+  confirm_ = new QPushButton(Text(kConfirmCaption), this);
   confirm_->setDefault(true);
-  cancel_ = new QPushButton(QStringLiteral("取消(&C)"), this);
+  cancel_ = new QPushButton(Text(kCancelCaption), this);
 }
 
 // A printer that the machine doesn't have leaves the list without a choice: the first entry would
@@ -83,49 +69,37 @@ void PageSetupDialog::FillPrinters(const std::string& printer) {
   }
   shownPrinter_ = printer_->findText(QString::fromStdString(printer));
   printer_->setCurrentIndex(shownPrinter_);
-  printer_->setPlaceholderText(count > 0 ? QStringLiteral("（未选择）")
-                                         : QStringLiteral("（没有打印机）"));
+  printer_->setPlaceholderText(count > 0 ? Text(words::kNotChosen) : Text(words::kNoPrinters));
   printer_->setEnabled(count > 0);
 }
 
 void PageSetupDialog::FillPapers() {
-  for (const OfferedPaper& offered : OfferedPapers()) {
-    const auto extent = StandardPaper(offered.code);
-    if (!extent) continue;
-    paper_->addItem(PaperText(offered.code, extent->width, extent->height), offered.code);
+  for (const PaperEntry& entry : PaperEntries(document_)) {
+    paper_->addItem(QString::fromStdString(entry.text), entry.code);
   }
-  paper_->addItem(QStringLiteral("自定义"), kUserDefinedPaper);
-  const std::int32_t current = document_.PaperSize();
-  if (paper_->findData(current) < 0) {
-    InsertPaper(current, {document_.PaperWidth(), document_.PaperHeight()});
-  }
-  paper_->setCurrentIndex(paper_->findData(current));
-}
-
-void PageSetupDialog::InsertPaper(std::int32_t code, const PaperExtent& extent) {
-  paper_->insertItem(paper_->count() - 1, PaperText(code, extent.width, extent.height), code);
+  paper_->setCurrentIndex(paper_->findData(document_.PaperSize()));
 }
 
 void PageSetupDialog::LayOutFields() {
-  auto* sheet = new QGroupBox(QStringLiteral("打印机和纸张"), this);
+  auto* sheet = new QGroupBox(Text(words::kSheetGroup), this);
   auto* sheetForm = new QFormLayout(sheet);
-  sheetForm->addRow(QStringLiteral("打印机(&D)："), printer_);
-  sheetForm->addRow(QStringLiteral("纸张(&S)："), paper_);
-  sheetForm->addRow(QStringLiteral("宽度(&W)："), width_);
-  sheetForm->addRow(QStringLiteral("高度(&H)："), height_);
+  sheetForm->addRow(Text(words::kPrinter), printer_);
+  sheetForm->addRow(Text(words::kPaper), paper_);
+  sheetForm->addRow(Text(words::kWidth), width_);
+  sheetForm->addRow(Text(words::kHeight), height_);
 
-  auto* direction = new QGroupBox(QStringLiteral("方向"), this);
+  auto* direction = new QGroupBox(Text(words::kDirectionGroup), this);
   auto* directionBox = new QVBoxLayout(direction);
   directionBox->addWidget(portrait_);
   directionBox->addWidget(landscape_);
   directionBox->addStretch();
 
-  auto* margins = new QGroupBox(QStringLiteral("页边距"), this);
+  auto* margins = new QGroupBox(Text(words::kMarginGroup), this);
   auto* marginForm = new QFormLayout(margins);
-  marginForm->addRow(QStringLiteral("左(&F)："), left_);
-  marginForm->addRow(QStringLiteral("上(&T)："), top_);
-  marginForm->addRow(QStringLiteral("右(&R)："), right_);
-  marginForm->addRow(QStringLiteral("下(&B)："), bottom_);
+  marginForm->addRow(Text(words::kLeft), left_);
+  marginForm->addRow(Text(words::kTop), top_);
+  marginForm->addRow(Text(words::kRight), right_);
+  marginForm->addRow(Text(words::kBottom), bottom_);
 
   auto* lower = new QHBoxLayout;
   lower->addWidget(direction);
@@ -171,75 +145,41 @@ void PageSetupDialog::PaperChosen() {
   Check();
 }
 
-PaperExtent PageSetupDialog::Sheet() const {
-  return {width_->Twips(), height_->Twips()};
-}
-
-QSizeF PageSetupDialog::SheetAsRead() const {
-  const QSizeF sheet(width_->Twips(), height_->Twips());
-  return landscape_->isChecked() ? sheet.transposed() : sheet;
-}
-
-SheetMargins PageSetupDialog::Margins() const {
-  return {left_->Twips(), top_->Twips(), right_->Twips(), bottom_->Twips()};
-}
-
-QString PageSetupDialog::Objection() const {
-  const QSizeF sheet = SheetAsRead();
-  const SheetMargins margins = Margins();
-  if (sheet.width() <= 0 || sheet.height() <= 0) {
-    return QStringLiteral("纸张的宽度和高度都必须大于 0。");
-  }
-  if (margins.left + margins.right >= sheet.width()) {
-    return QStringLiteral("左右页边距之和必须小于纸张的宽度。");
-  }
-  if (margins.top + margins.bottom >= sheet.height()) {
-    return QStringLiteral("上下页边距之和必须小于纸张的高度。");
-  }
-  return {};
+PageSetupChoice PageSetupDialog::Choice() const {
+  return {.paper = PaperCode(),
+          .sheet = {width_->Twips(), height_->Twips()},
+          .isLandscape = landscape_->isChecked(),
+          .margins = {left_->Twips(), top_->Twips(), right_->Twips(), bottom_->Twips()}};
 }
 
 void PageSetupDialog::Check() {
-  const QString objection = Objection();
-  objection_->setText(objection);
-  confirm_->setEnabled(objection.isEmpty());
-  picture_->Show(SheetAsRead(), Margins());
-}
-
-// A stored user-defined sheet brings no size back: a new document keeps the one that it begins
-// with.
-bool PageSetupDialog::IsKept() const {
-  if (PaperCode() != kUserDefinedPaper) return true;
-  const auto first = ownSheets_.ofNewDocument ? ownSheets_.ofNewDocument() : std::nullopt;
-  return first && IsSameSheet(*first, Sheet());
-}
-
-QStringList PageSetupDialog::PrintersWithSheet() const {
-  QStringList printers;
-  if (!ownSheets_.ofPrinter) return printers;
-  for (int i = 0; i < printer_->count(); ++i) {
-    const auto own = ownSheets_.ofPrinter(printer_->itemText(i).toStdString());
-    if (own && IsSameSheet(*own, Sheet())) printers.append(printer_->itemText(i));
-  }
-  return printers;
+  const PageSetupChoice choice = Choice();
+  const std::string objection = ObjectionTo(choice);
+  objection_->setText(QString::fromStdString(objection));
+  confirm_->setEnabled(objection.empty());
+  picture_->Show(choice.SheetAsRead(), choice.margins);
 }
 
 // Asks the user where the sheet will not come back, and changes it if the user agrees.
 bool PageSetupDialog::MayBeUsed() {
-  if (IsKept()) return true;
-  const PaperExtent sheet = Sheet();
-  const std::int32_t code = PaperCodeOf(sheet);
-  const bool hasName = code != kUserDefinedPaper;
-  const SheetAnswer answer = WarnOfUnkeptSheet(
-      {.size = SizeText(sheet.width, sheet.height),
-       .namedPaper = hasName ? PaperText(code, sheet.width, sheet.height) : QString(),
-       .printers = hasName ? QStringList() : PrintersWithSheet()},
-      this);
-  if (answer == SheetAnswer::kUseNamedPaper) {
-    if (paper_->findData(code) < 0) InsertPaper(code, sheet);
-    paper_->setCurrentIndex(paper_->findData(code));
+  const PageSetupChoice choice = Choice();
+  if (IsKept(choice, ownSheets_)) return true;
+  std::vector<std::string> printers;
+  for (int i = 0; i < printer_->count(); ++i) {
+    printers.push_back(printer_->itemText(i).toStdString());
   }
+  const SheetAnswer answer = WarnOfUnkeptSheet(UnkeptSheetOf(choice, ownSheets_, printers), this);
+  if (answer == SheetAnswer::kUseNamedPaper) ChooseNamedPaper(choice.sheet);
   return answer != SheetAnswer::kGoBack;
+}
+
+// The list may not have it yet; the user-defined sheet stays the last entry.
+void PageSetupDialog::ChooseNamedPaper(const PaperExtent& sheet) {
+  const std::int32_t code = PaperCodeOf(sheet);
+  if (paper_->findData(code) < 0) {
+    paper_->insertItem(paper_->count() - 1, QString::fromStdString(PaperText(code, sheet)), code);
+  }
+  paper_->setCurrentIndex(paper_->findData(code));
 }
 
 void PageSetupDialog::accept() {
@@ -252,18 +192,7 @@ std::string PageSetupDialog::ChosenPrinter() const {
 }
 
 void PageSetupDialog::Apply() {
-  if (PaperCode() == kUserDefinedPaper) {
-    document_.PutPaperWidth(static_cast<float>(width_->Twips()));
-    document_.PutPaperHeight(static_cast<float>(height_->Twips()));
-  } else {
-    document_.PutPaperSize(PaperCode());
-  }
-  document_.PutOrientation(landscape_->isChecked() ? kLandscape : kPortrait);
-  document_.PutMarginLeft(left_->Twips());
-  document_.PutMarginTop(top_->Twips());
-  document_.PutMarginRight(right_->Twips());
-  document_.PutMarginBottom(bottom_->Twips());
-  if (!ChosenPrinter().empty()) document_.PutDevice(ChosenPrinter());
+  PutChoice(document_, Choice(), ChosenPrinter());
 }
 
 }  // namespace td

@@ -5,22 +5,14 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
-#include <functional>
-#include <optional>
 #include <string>
 
-#include "page_document/page_document.h"
+#include "preview/page_setup_choice.h"
 #include "qt/fields/choice_list.h"
 #include "qt/fields/length_field.h"
 #include "qt/preview/sheet_picture.h"
 
 namespace td {
-
-// What is known of the printers' own sheets; a function that is not set knows of none.
-struct OwnSheets {
-  std::function<std::optional<PaperExtent>()> ofNewDocument;  // before its paper is set
-  std::function<std::optional<PaperExtent>(const std::string& printer)> ofPrinter;
-};
 
 // Shows a document's paper, orientation, margins and printer. A sheet without an area, and margins
 // that leave nothing of it, can't be confirmed; the dialog then says why. A user-defined sheet that
@@ -49,16 +41,11 @@ class PageSetupDialog : public QDialog {
   void FillPrinters(const std::string& printer);
   void FillPapers();
   void PaperChosen();
-  void InsertPaper(std::int32_t code, const PaperExtent& extent);
-  [[nodiscard]] PaperExtent Sheet() const;
-  [[nodiscard]] bool IsKept() const;
-  [[nodiscard]] QStringList PrintersWithSheet() const;
+  void ChooseNamedPaper(const PaperExtent& sheet);
   [[nodiscard]] bool MayBeUsed();
   void Check();
-  [[nodiscard]] QString Objection() const;
   [[nodiscard]] std::int32_t PaperCode() const;
-  [[nodiscard]] QSizeF SheetAsRead() const;
-  [[nodiscard]] SheetMargins Margins() const;
+  [[nodiscard]] PageSetupChoice Choice() const;
 
   PageDocument& document_;
   OwnSheets ownSheets_;

@@ -8,6 +8,8 @@
 #include <cmath>
 #include <utility>
 
+#include "preview/sheet_place.h"
+#include "preview/toolbar_buttons.h"
 #include "qt/render/page_painter.h"
 
 namespace td {
@@ -33,7 +35,7 @@ PageView::PageView(PageDocument& document, PageViewEvents events, QWidget* paren
       document_(document),
       events_(std::move(events)),
       shownZoom_(document.Zoom()) {
-  setAccessibleName(QStringLiteral("打印页面"));
+  setAccessibleName(QString::fromUtf8(kPageViewName));
   setFocusPolicy(Qt::StrongFocus);
   setFrameShape(QFrame::NoFrame);
   horizontalScrollBar()->setSingleStep(kLineStep);
@@ -61,10 +63,8 @@ QRectF PageView::SheetRect() const {
   const QSizeF size = SheetSize();
   if (size.isEmpty()) return {};
   const double ratio = devicePixelRatioF();
-  const auto place = [ratio](double room, double length, int scrolled) {
-    const double free = room - length;
-    const double start = free > 2 * kDeskMargin ? free / 2 : kDeskMargin - scrolled;
-    return std::round(start * ratio) / ratio;
+  const auto place = [ratio](int room, double length, int scrolled) {
+    return std::round(SheetStart(length, room, kDeskMargin, scrolled) * ratio) / ratio;
   };
   return {QPointF(place(viewport()->width(), size.width(), horizontalScrollBar()->value()),
                   place(viewport()->height(), size.height(), verticalScrollBar()->value())),
@@ -74,8 +74,7 @@ QRectF PageView::SheetRect() const {
 void PageView::FitScrollBars() {
   const QSizeF size = SheetSize();
   const auto fit = [](QScrollBar* bar, double length, int room) {
-    const int needed = static_cast<int>(std::ceil(length)) + 2 * kDeskMargin;
-    bar->setRange(0, length > 0 ? std::max(0, needed - room) : 0);
+    bar->setRange(0, ScrollEnd(length, room, kDeskMargin));
     bar->setPageStep(room);
   };
   fit(horizontalScrollBar(), size.width(), viewport()->width());
@@ -93,11 +92,12 @@ void PageView::ScrollTo(const QPoint& place) {
 
 void PageView::PutZoom(double zoom) {
   const QRectF formerSheet = SheetRect();
-  const QPointF middle = QRectF(viewport()->rect()).center();
   const double scale = zoom / std::exchange(shownZoom_, zoom);
-  const QPointF inSheet = (middle - formerSheet.topLeft()) * scale;
+  const QPoint scrolled(
+      ScrolledAfterZoom(formerSheet.left(), scale, viewport()->width(), kDeskMargin),
+      ScrolledAfterZoom(formerSheet.top(), scale, viewport()->height(), kDeskMargin));
   FitScrollBars();
-  ScrollTo((inSheet + QPointF(kDeskMargin, kDeskMargin) - middle).toPoint());
+  ScrollTo(scrolled);
 }
 
 void PageView::ShowChanges() {

@@ -12,6 +12,8 @@
 #include <cstdint>
 #include <limits>
 
+#include "preview/toolbar_buttons.h"
+#include "preview/toolbar_icons.h"
 #include "qt/preview/page_number_dialog.h"
 #include "qt/preview/toolbar_icons.h"
 #include "qt/preview/window_font.h"
@@ -21,27 +23,10 @@
 namespace td {
 namespace {
 
-struct Button {
-  const char* caption;
-  const char* key;
-  bool isLastOfGroup;
-  QKeySequence shortcut;
-  const char* toolTip;
-};
-
-// Page Up, Page Down and Esc are no shortcuts of their buttons: they do more, or other things.
-std::array<Button, 7> Buttons() {
-  return {{
-      {"上页", "previouspage", false, {}, "上一页（Page Up；第一页：Ctrl+Home）"},
-      {"下页", "nextpage", true, {}, "下一页（Page Down；最后一页：Ctrl+End）"},
-      {"缩放", "zoom", true, Qt::CTRL | Qt::Key_0,
-       "一半大小或原大（Ctrl+0；放大：Ctrl++，缩小：Ctrl+-，或按住 Ctrl 转动滚轮）"},
-      {"页面", "pageset", false, Qt::CTRL | Qt::SHIFT | Qt::Key_P,
-       "纸张、方向、边距和打印机（Ctrl+Shift+P）"},
-      {"微调", "adjuct", true, Qt::CTRL | Qt::Key_T, "套打格式的偏移、行高和选项（Ctrl+T）"},
-      {"打印", "print", true, QKeySequence::Print, "选择打印机并打印（Ctrl+P）"},
-      {"关闭", "exit", false, {}, "关闭预览（Esc）"},
-  }};
+QKeySequence SequenceOf(const Shortcut& shortcut) {
+  if (shortcut.key == 0) return {};
+  const auto key = static_cast<Qt::Key>(shortcut.key);
+  return QKeySequence(Qt::CTRL | (shortcut.withShift ? Qt::SHIFT : Qt::Modifier()) | key);
 }
 
 }  // namespace
@@ -60,7 +45,7 @@ PreviewWindow::PreviewWindow(PageDocument& document, PreviewEvents events)
       zoomIn_(new QShortcut(this)),
       zoomOut_(new QShortcut(this)),
       heldInput_(new HeldInput(*this)) {
-  setWindowTitle(QStringLiteral("打印预览"));
+  setWindowTitle(QString::fromUtf8(kPreviewTitle));
   setFont(FontWithChinese(font()));
   AddButtons();
   AddPageText();
@@ -70,15 +55,15 @@ PreviewWindow::PreviewWindow(PageDocument& document, PreviewEvents events)
 }
 
 void PreviewWindow::AddButtons() {
-  toolbar_->setAccessibleName(QStringLiteral("工具栏"));
+  toolbar_->setAccessibleName(QString::fromUtf8(kToolbarName));
   toolbar_->setIconSize(QSize(kToolbarIconSize, kToolbarIconSize));
   toolbar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   toolbar_->setMovable(false);
-  for (const Button& button : Buttons()) {
+  for (const ToolbarButton& button : kToolbarButtons) {
     const QString caption = QString::fromUtf8(button.caption);
     QAction* action = toolbar_->addAction(ToolbarIcon(button.key), caption);
     action->setObjectName(QString::fromUtf8(button.key));
-    action->setShortcut(button.shortcut);
+    action->setShortcut(SequenceOf(button.shortcut));
     action->setToolTip(QString::fromUtf8(button.toolTip));
     connect(action, &QAction::triggered, this,
             [this, key = button.key] { events_.buttonPressed(key); });
@@ -92,11 +77,11 @@ void PreviewWindow::AddButtons() {
 
 void PreviewWindow::AddPageText() {
   pageText_->setFont(FontWithFamilies(font(), "宋体"));
-  pageText_->setAccessibleName(QStringLiteral("页码"));
+  pageText_->setAccessibleName(QString::fromUtf8(kPageTextName));
   pageText_->setObjectName(QStringLiteral("txtPageNo"));
   pageText_->setReadOnly(true);
-  pageText_->setText(QStringLiteral("第    页 共    页"));
-  pageText_->setToolTip(QStringLiteral("转到某一页：Ctrl+G"));
+  pageText_->setText(QString::fromUtf8(kEmptyPageText));
+  pageText_->setToolTip(QString::fromUtf8(kPageTextToolTip));
   pageText_->installEventFilter(this);
 }
 
@@ -136,15 +121,10 @@ void PreviewWindow::Turn(PageTurn turn) {
   }
 }
 
-// The button knows which scale follows which; from one that it doesn't know it takes two presses.
 void PreviewWindow::Zoom(bool isLarger) {
-  constexpr double kSmall = 50;
-  constexpr double kLarge = 100;
-  constexpr int kMostPresses = 2;
-  const auto isThere = [&] {
-    return isLarger ? document_.Zoom() >= kLarge : document_.Zoom() <= kSmall;
-  };
-  for (int press = 0; press < kMostPresses && !isThere(); ++press) Press("zoom");
+  for (int presses = PressesToZoom(document_.Zoom(), isLarger); presses > 0; --presses) {
+    Press("zoom");
+  }
 }
 
 void PreviewWindow::ShowPage(std::int16_t page) {

@@ -7,11 +7,11 @@ namespace td {
 
 SheetPicture::SheetPicture(QWidget* parent) : QWidget(parent) {
   setFixedSize(150, 150);
-  setAccessibleName(QStringLiteral("纸张示意图"));
+  setAccessibleName(QString::fromUtf8(page_setup_words::kPictureName));
 }
 
-void SheetPicture::Show(const QSizeF& sheet, const SheetMargins& margins) {
-  sheet_ = sheet;
+void SheetPicture::Show(const PaperExtent& sheet, const SheetMargins& margins) {
+  sheet_ = QSizeF(sheet.width, sheet.height);
   margins_ = margins;
   update();
 }

@@ -3,22 +3,16 @@
 
 #include <QWidget>
 
-namespace td {
+#include "preview/page_setup_choice.h"
 
-struct SheetMargins {
-  double left = 0;
-  double top = 0;
-  double right = 0;
-  double bottom = 0;
-};
+namespace td {
 
 class SheetPicture : public QWidget {
  public:
   explicit SheetPicture(QWidget* parent = nullptr);
 
-  // All in one unit of length; the sheet as it is read, landscape or portrait. A sheet without an
-  // area shows nothing.
-  void Show(const QSizeF& sheet, const SheetMargins& margins);
+  // The sheet as it is read, landscape or portrait. A sheet without an area shows nothing.
+  void Show(const PaperExtent& sheet, const SheetMargins& margins);
 
  protected:
   void paintEvent(QPaintEvent* event) override;

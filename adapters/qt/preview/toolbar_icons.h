@@ -6,10 +6,7 @@
 
 namespace td {
 
-inline constexpr int kToolbarIconSize = 17;  // pixels at 100 percent
-
-// The image of a toolbar key (previouspage, nextpage, zoom, pageset, adjuct, print, exit, export),
-// drawn afresh for each size, so that it is sharp on every screen. Empty for other keys.
+// The image of a toolbar key, drawn afresh for each size; empty for an unknown one.
 [[nodiscard]] QIcon ToolbarIcon(std::string_view key);
 
 }  // namespace td

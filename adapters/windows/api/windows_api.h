@@ -9,3 +9,4 @@
 #undef GetMessage
 #undef GetObject
 #undef ReplaceFile
+#undef StartDoc

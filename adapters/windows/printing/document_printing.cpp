@@ -116,7 +116,7 @@ class Job {
 
 // The number of the job; nothing if the user has cancelled it.
 std::optional<int> PrintAsOneJob(const PageRefs& pages, const PrintChoice& choice) {
-  DriverSettings settings(choice.printer);
+  DriverSettings settings(choice.printer, choice.options.settings);
   if (!settings.IsKnown()) {
     throw Failure(kDeviceIo, WithoutLockCharacter("打印机“" + choice.printer +
                                                   "”已不存在，或者打印系统没有响应，未打印。"));

@@ -16,7 +16,8 @@ std::int16_t AsShort(int number) {
 
 }  // namespace
 
-DriverSettings::DriverSettings(const std::string& printer) : printer_(printer) {
+DriverSettings::DriverSettings(const std::string& printer, const std::vector<std::byte>& chosen)
+    : printer_(printer) {
   const PrinterHandle opened = OpenPrinterOf(printer);
   if (!opened) return;
   std::wstring name = ToWide(printer);
@@ -26,7 +27,12 @@ DriverSettings::DriverSettings(const std::string& printer) : printer_(printer) {
   if (DocumentPropertiesW(nullptr, opened.get(), name.data(), &Changed(), nullptr, DM_OUT_BUFFER) !=
       IDOK) {
     mode_.clear();
+    return;
   }
+  if (chosen.size() < sizeof(DEVMODEW)) return;
+  mode_ = chosen;
+  mode_.resize(std::max(mode_.size(), static_cast<std::size_t>(size)));
+  Complete();
 }
 
 void DriverSettings::Complete() {

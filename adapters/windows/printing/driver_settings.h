@@ -20,12 +20,16 @@ struct JobOptions {
   bool collated = true;
   Sides sides = Sides::kAsSet;
   std::optional<std::int16_t> tray;  // a number of the driver
+  // What a user has chosen in the dialogs of the system and of the driver, the driver's own choices
+  // included; empty: as the printer is set. What it says of the sheet, the copies and the
+  // orientation doesn't hold.
+  std::vector<std::byte> settings;
 };
 
 class DriverSettings {
  public:
-  // Those that a user has set for the printer.
-  explicit DriverSettings(const std::string& printer);
+  // Those that a user has set for the printer; `chosen` takes their place if it isn't empty.
+  explicit DriverSettings(const std::string& printer, const std::vector<std::byte>& chosen = {});
 
   // False if there is no such printer, or its driver fails.
   [[nodiscard]] bool IsKnown() const { return !mode_.empty(); }
@@ -39,6 +43,9 @@ class DriverSettings {
 
   // How many copies the driver makes itself, under the options.
   [[nodiscard]] int CopiesOfDriver() const;
+
+  // As JobOptions has them.
+  [[nodiscard]] const std::vector<std::byte>& Bytes() const { return mode_; }
 
   // For CreateDC and ResetDC. Good until the settings change.
   [[nodiscard]] const DEVMODEW* Mode() const {

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "platform/standard_failures.h"
-#include "windows/system/print_frame.h"
+#include "windows/system/preview_frame.h"
 #include "windows/system/windows_dialog.h"
 
 namespace td {
@@ -23,7 +23,7 @@ std::unique_ptr<PrintFrame> HiddenWindows::CreatePrintFrame(std::string_view nam
   if (name != "frmTdPrint" && name != "frmTdPrint_GroupByStockArea") {
     throw NoSuchWindow(name);
   }
-  return std::make_unique<HiddenPrintFrame>(settings_, messages_, barcodeSettings_);
+  return std::make_unique<PreviewFrame>(settings_, messages_, barcodeSettings_);
 }
 
 std::unique_ptr<Dialog> HiddenWindows::CreateDialog(std::string_view name) {

@@ -1,4 +1,4 @@
-// Makes print windows for programs and services that show none.
+// Makes the print windows.
 #pragma once
 
 #include <memory>

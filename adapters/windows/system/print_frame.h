@@ -36,7 +36,7 @@ class HiddenPrintFrame : public PrintFrame {
   void EnableButton(std::string_view, bool) override {}
   void PutPageText(const std::string&) override {}
 
- private:
+ protected:
   std::shared_ptr<const FrameSettings> settings_;
   RunningCall call_;
   Messages& messages_;

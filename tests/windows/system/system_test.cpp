@@ -13,6 +13,7 @@
 #include "page_outputs/export_file.h"
 #include "page_outputs/export_folder.h"
 #include "platform/failure.h"
+#include "windows/api/windows_api.h"
 #include "windows/system/local_machine.h"
 
 namespace td {
@@ -76,8 +77,30 @@ TEST_F(WindowsDesktop, APrintGoesToTheSinkAndIntoTheExportFile) {
   EXPECT_NE(html.str().find(">第一页<"), std::string::npos);
 }
 
+// As services have it.
+class DesktopThatNobodySees {
+ public:
+  DesktopThatNobodySees() : former_(GetProcessWindowStation()) {
+    station_ = CreateWindowStationW(nullptr, 0, WINSTA_ALL_ACCESS, nullptr);
+    SetProcessWindowStation(station_);
+  }
+  ~DesktopThatNobodySees() {
+    SetProcessWindowStation(former_);
+    CloseWindowStation(station_);
+  }
+  DesktopThatNobodySees(const DesktopThatNobodySees&) = delete;
+  DesktopThatNobodySees& operator=(const DesktopThatNobodySees&) = delete;
+
+ private:
+  HWINSTA former_;
+  HWINSTA station_;
+};
+
 TEST_F(WindowsDesktop, AWindowThatCantBeShownIsTold) {
-  DesktopPlatform desktop(Options());
+  const DesktopThatNobodySees hidden;
+  DesktopOptions options = Options();
+  options.documentSink = nullptr;  // which is asked without a dialog
+  DesktopPlatform desktop(options);
   const auto frame = desktop.Get().windows.CreatePrintFrame("frmTdPrint");
   EXPECT_EQ(NumberOf([&] { frame->ShowModal(); }), kInvalidCall);
   EXPECT_EQ(desktop.MessagesShown(), 1);

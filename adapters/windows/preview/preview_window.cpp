@@ -1,0 +1,405 @@
+#include "windows/preview/preview_window.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+#include "text/page_text.h"
+#include "windows/api/wide_text.h"
+#include "windows/controls/text_fitting.h"
+#include "windows/controls/visual_styles.h"
+#include "windows/controls/window_font.h"
+#include "windows/frame_layout.h"
+#include "windows/preview/page_number_dialog.h"
+#include "windows/preview/screen_reader_name.h"
+#include "windows/render/font_table.h"
+
+namespace td {
+namespace {
+
+constexpr UINT kActivated = WM_APP;
+constexpr UINT_PTR kFocusTimer = 1;
+
+void AddToolTip(HWND toolTips, HWND control, const char* text) {
+  std::wstring words = ToWide(text);
+  TTTOOLINFOW tool{};
+  tool.cbSize = TTTOOLINFOW_V2_SIZE;  // which every version of the system's controls takes
+  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  tool.hwnd = GetParent(control);
+  tool.uId = reinterpret_cast<UINT_PTR>(control);
+  tool.lpszText = words.data();
+  SendMessageW(toolTips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+// The same font in the family that stands for a name of a stored format.
+FontOwner InFamilyOf(const std::string& name, HFONT font) {
+  LOGFONTW wanted{};
+  GetObjectW(font, sizeof wanted, &wanted);
+  const auto families = FontTable::Instance().Families(name);
+  if (!families.empty()) {
+    const std::wstring& family = families.front()->name;
+    const std::size_t length = family.copy(wanted.lfFaceName, LF_FACESIZE - 1);
+    wanted.lfFaceName[length] = L'\0';
+    wanted.lfCharSet = DEFAULT_CHARSET;
+  }
+  return FontOwner(CreateFontIndirectW(&wanted));
+}
+
+bool IsKeyDown(int key) {
+  return GetKeyState(key) < 0;
+}
+
+}  // namespace
+
+PreviewWindow::PreviewWindow(PageDocument& document, PreviewEvents events)
+    : Window(kPreviewTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT,
+             OwnerWindow()),
+      document_(document),
+      events_(std::move(events)),
+      toolbar_(Handle(),
+               [this](std::string_view key) {
+                 SetFocus(view_.Handle());
+                 events_.buttonPressed(key);
+               }),
+      view_(
+          document, [this](bool isLarger) { Zoom(isLarger); }, Handle()),
+      heldInput_({.handle = [this] { return Handle(); },
+                  .commandOf = [this](const MSG& message) { return CommandIn(message); },
+                  .isEnabled = [this](const KeyCommand& command) { return IsEnabled(command); },
+                  .obey = [this](const KeyCommand& command) { Obey(command); }}) {
+  AddPageText();
+  AddToolTips();
+  focused_ = view_.Handle();
+  UseSensibleSize();
+}
+
+void PreviewWindow::AddPageText() {
+  pageText_ = MakeControl(Handle(), WC_EDITW, kEmptyPageText,
+                          WS_TABSTOP | ES_READONLY | ES_AUTOHSCROLL, 0, WS_EX_CLIENTEDGE);
+  NameForScreenReaders(pageText_, kPageTextName);
+}
+
+void PreviewWindow::AddToolTips() {
+  const WindowMaking making;
+  toolTips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
+                              WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, Handle(),
+                              nullptr, OwnModule(), nullptr);
+  for (const ToolbarButton& button : kToolbarButtons) {
+    AddToolTip(toolTips_, toolbar_.ButtonOf(button.key), button.toolTip);
+  }
+  AddToolTip(toolTips_, pageText_, kPageTextToolTip);
+}
+
+// The parts need the new fonts before the old ones go.
+void PreviewWindow::UseFonts() {
+  FontOwner font = WindowFont(Dpi());
+  FontOwner pageFont = InFamilyOf("宋体", font.get());
+  SendMessageW(pageText_, WM_SETFONT, reinterpret_cast<WPARAM>(pageFont.get()), TRUE);
+  SendMessageW(toolTips_, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
+  toolbar_.LayOut(Dpi(), font.get());
+  font_.swap(font);
+  pageFont_.swap(pageFont);
+}
+
+double PreviewWindow::PixelsPerTwip() const {
+  return Dpi() / kTwipsPerInch;
+}
+
+SIZE PreviewWindow::PageTextSize() const {
+  constexpr int kBesideText = 8;  // pixels at 96 dots per inch, for the frame and the room within
+  constexpr auto kLastPage = std::numeric_limits<std::int16_t>::max();
+  const SIZE reading = TextSize(pageFont_.get(), ToWide(kReadingText));
+  const SIZE numbers = TextSize(pageFont_.get(), ToWide(PageText(kLastPage, kLastPage)));
+  return {std::max(reading.cx, numbers.cx) + 2 * Scaled(kBesideText, Dpi()),
+          TextBoxHeight(pageFont_.get(), Dpi())};
+}
+
+// Large enough for most of a page and for all buttons, and smaller than the monitor.
+void PreviewWindow::UseSensibleSize() {
+  const WindowMaking inPixelsOfTheMonitor;
+  const HWND owner = GetWindow(Handle(), GW_OWNER);
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(owner != nullptr ? owner : Handle(), MONITOR_DEFAULTTONEAREST),
+                  &monitor);
+  const RECT& room = monitor.rcWork;
+  // There first, since its resolution decides about the rest.
+  SetWindowPos(Handle(), nullptr, room.left, room.top, 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  UseFonts();
+  const auto part = [](LONG length) { return static_cast<int>(length) * 85 / 100; };
+  const int besideToolbar = static_cast<int>(std::ceil(kTwipsBesideToolbarBand * PixelsPerTwip())) +
+                            static_cast<int>(PageTextSize().cx);
+  const int forButtons = static_cast<int>(toolbar_.NeededSize().cx) + besideToolbar;
+  RECT outer{0, 0,
+             std::max(std::min(part(room.right - room.left), Scaled(1100, Dpi())), forButtons),
+             std::min(part(room.bottom - room.top), Scaled(900, Dpi()))};
+  AdjustWindowRectExForDpi(&outer, WS_OVERLAPPEDWINDOW, FALSE, WS_EX_CONTROLPARENT,
+                           static_cast<UINT>(Dpi()));
+  const LONG width = std::min(outer.right - outer.left, room.right - room.left);
+  const LONG height = std::min(outer.bottom - outer.top, room.bottom - room.top);
+  SetWindowPos(Handle(), nullptr, (room.left + room.right - width) / 2,
+               (room.top + room.bottom - height) / 2, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+  LayOutParts();
+}
+
+void PreviewWindow::LayOutParts() {
+  const double pixelsPerTwip = PixelsPerTwip();
+  const auto pixels = [pixelsPerTwip](double twips) {
+    return static_cast<int>(std::lround(twips * pixelsPerTwip));
+  };
+  const SIZE inner = InnerSize();
+  const SIZE text = PageTextSize();
+  const auto stripHeight = static_cast<int>(std::max(toolbar_.NeededSize().cy, text.cy));
+  const FrameLayout layout = LayOutFrame({.innerWidth = inner.cx / pixelsPerTwip,
+                                          .innerHeight = inner.cy / pixelsPerTwip,
+                                          .stripTop = 0,
+                                          .stripHeight = stripHeight / pixelsPerTwip,
+                                          .pageBoxWidth = text.cx / pixelsPerTwip});
+  Place(toolbar_.Handle(), 0, 0, std::max(0, pixels(layout.toolbarBandWidth)), stripHeight);
+  Place(pageText_, pixels(layout.pageBoxLeft), (stripHeight - static_cast<int>(text.cy)) / 2,
+        static_cast<int>(text.cx), static_cast<int>(text.cy));
+  Place(view_.Handle(), pixels(layout.surfaceLeft), pixels(layout.surfaceTop),
+        std::max(0, pixels(layout.surfaceWidth)), std::max(0, pixels(layout.surfaceHeight)));
+  InvalidateRect(Handle(), nullptr, TRUE);
+}
+
+void PreviewWindow::ShowModal() {
+  constexpr UINT kWaitForFocus = 300;  // milliseconds
+  ModalLoop loop(Handle());
+  loop_ = &loop;
+  ShowWindow(Handle(), SW_SHOW);
+  SetForegroundWindow(Handle());
+  // Not every program may give its new window the focus; the first activation comes all the same.
+  SetTimer(Handle(), kFocusTimer, kWaitForFocus, nullptr);
+  loop.Run([this](MSG& message) { return Takes(message); });
+  Close();
+  loop_ = nullptr;
+}
+
+void PreviewWindow::Close() {
+  if (loop_ != nullptr) loop_->End();
+  if (Handle() != nullptr) ShowWindow(Handle(), SW_HIDE);
+}
+
+void PreviewWindow::EnableButton(std::string_view key, bool isEnabled) {
+  const HWND button = toolbar_.ButtonOf(key);
+  if (button == nullptr) return;
+  const bool isShown = IsWindowVisible(Handle()) != FALSE;
+  if (isEnabled && !toolbar_.IsEnabled(key) && isShown) heldInput_.TakePending();
+  if (!isEnabled && GetFocus() == button) SetFocus(view_.Handle());
+  toolbar_.Enable(key, isEnabled);
+  UpdateWindow(button);
+}
+
+void PreviewWindow::PutPageText(const std::string& text) {
+  PutTextInto(pageText_, text);
+  UpdateWindow(pageText_);
+}
+
+void PreviewWindow::PutPointer(std::int32_t shape) {
+  view_.PutPointer(shape == kWaitingPointer ? IDC_WAIT : IDC_ARROW);
+}
+
+bool PreviewWindow::Takes(MSG& message) {
+  if (message.hwnd != Handle() && IsChild(Handle(), message.hwnd) == FALSE) return false;
+  if (heldInput_.Takes(message)) return true;
+  const bool isWheel = message.message == WM_MOUSEWHEEL || message.message == WM_MOUSEHWHEEL;
+  if (isWheel && message.hwnd != view_.Handle()) {
+    SendMessageW(view_.Handle(), message.message, message.wParam, message.lParam);
+    return true;
+  }
+  if (message.message != WM_KEYDOWN) return false;
+  const auto command = CommandIn(message);
+  if (command) Obey(*command);
+  return command.has_value();
+}
+
+// Space and Enter press the button that has the focus. A key that is held presses nothing again.
+std::optional<KeyCommand> PreviewWindow::CommandIn(const MSG& message) const {
+  constexpr LPARAM kIsRepeated = 1 << 30;
+  if (message.message != WM_KEYDOWN || IsKeyDown(VK_MENU)) return std::nullopt;
+  const PressedKey pressed{message.wParam, IsKeyDown(VK_CONTROL), IsKeyDown(VK_SHIFT)};
+  std::optional<KeyCommand> command = CommandOf(pressed);
+  const std::string_view button = toolbar_.KeyOf(message.hwnd);
+  const bool pressesFocused =
+      !button.empty() && (pressed.key == VK_SPACE || pressed.key == VK_RETURN);
+  if (pressesFocused) command = KeyCommand{KeyAction::kPress, button};
+  const bool isRepeated = (message.lParam & kIsRepeated) != 0;
+  if (command && command->action == KeyAction::kPress && isRepeated) return std::nullopt;
+  return command;
+}
+
+bool PreviewWindow::IsEnabled(const KeyCommand& command) const {
+  switch (command.action) {
+    case KeyAction::kPress:
+      return toolbar_.IsEnabled(command.button);
+    case KeyAction::kZoomIn:
+    case KeyAction::kZoomOut:
+      return toolbar_.IsEnabled("zoom");
+    default:
+      return true;
+  }
+}
+
+void PreviewWindow::Obey(const KeyCommand& command) {
+  switch (command.action) {
+    case KeyAction::kPageForward:
+      return PageForward();
+    case KeyAction::kPageBackward:
+      return PageBackward();
+    case KeyAction::kFirstPage:
+      ShowPage(1);
+      return view_.ScrollTo(PageView::Part::kStart);
+    case KeyAction::kLastPage:
+      ShowPage(document_.PageCount());
+      return view_.ScrollTo(PageView::Part::kEnd);
+    case KeyAction::kPageTop:
+      return view_.ScrollTo(PageView::Part::kStart);
+    case KeyAction::kPageEnd:
+      return view_.ScrollTo(PageView::Part::kEnd);
+    case KeyAction::kLineUp:
+    case KeyAction::kLineDown:
+      return view_.ScrollLine(SB_VERT, command.action == KeyAction::kLineDown);
+    case KeyAction::kLineLeft:
+    case KeyAction::kLineRight:
+      return view_.ScrollLine(SB_HORZ, command.action == KeyAction::kLineRight);
+    case KeyAction::kZoomIn:
+    case KeyAction::kZoomOut:
+      return Zoom(command.action == KeyAction::kZoomIn);
+    case KeyAction::kGoToPage:
+      return GoToPage();
+    case KeyAction::kClose:
+      return events_.closed();
+    case KeyAction::kNextPart:
+    case KeyAction::kPreviousPart:
+      return MoveFocus(command.action == KeyAction::kNextPart);
+    case KeyAction::kPress:
+      return Press(command.button);
+  }
+}
+
+// As a click on the button, which does nothing if it is disabled.
+void PreviewWindow::Press(std::string_view key) {
+  if (toolbar_.IsEnabled(key)) events_.buttonPressed(key);
+}
+
+void PreviewWindow::Zoom(bool isLarger) {
+  for (int presses = PressesToZoom(document_.Zoom(), isLarger); presses > 0; --presses) {
+    Press("zoom");
+  }
+}
+
+void PreviewWindow::PageForward() {
+  if (view_.IsAt(PageView::Part::kEnd)) {
+    Press("nextpage");
+  } else {
+    view_.ScrollPage(true);
+  }
+}
+
+// The page before is then shown from its end.
+void PreviewWindow::PageBackward() {
+  if (!view_.IsAt(PageView::Part::kStart)) {
+    view_.ScrollPage(false);
+    return;
+  }
+  const int number = document_.PreviewPage();
+  Press("previouspage");
+  if (document_.PreviewPage() != number) view_.ScrollTo(PageView::Part::kEnd);
+}
+
+void PreviewWindow::ShowPage(std::int16_t page) {
+  if (page < 1 || page > document_.PageCount()) return;
+  document_.PutPreviewPage(page);
+  PutPageText(PageText(page, document_.PageCount()));
+}
+
+void PreviewWindow::GoToPage() {
+  if (document_.PageCount() == 0) return;
+  if (const auto page = AskForPage(document_.PreviewPage(), document_.PageCount())) {
+    ShowPage(*page);
+  }
+}
+
+// From the page over the buttons to the page text, and round.
+void PreviewWindow::MoveFocus(bool isForward) {
+  std::vector<HWND> parts = {view_.Handle()};
+  for (const HWND button : toolbar_.Buttons()) {
+    if (IsWindowEnabled(button) != FALSE) parts.push_back(button);
+  }
+  parts.push_back(pageText_);
+  const auto found = std::ranges::find(parts, GetFocus());
+  const auto place = found == parts.end() ? 0 : static_cast<std::size_t>(found - parts.begin());
+  const std::size_t step = isForward ? 1 : parts.size() - 1;
+  SetFocus(parts[(place + step) % parts.size()]);
+}
+
+// Called from the message loop, and the window is drawn before a long run begins.
+void PreviewWindow::ReportActivation() {
+  if (IsWindowVisible(Handle()) == FALSE) return;
+  KillTimer(Handle(), kFocusTimer);
+  wasActivated_ = true;
+  RedrawWindow(Handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+  events_.activated();
+}
+
+void PreviewWindow::Paint() {
+  PAINTSTRUCT paint{};
+  const HDC device = BeginPaint(Handle(), &paint);
+  FillRect(device, &paint.rcPaint, GetSysColorBrush(COLOR_3DFACE));
+  EndPaint(Handle(), &paint);
+}
+
+LRESULT PreviewWindow::Receive(UINT message, WPARAM first, LPARAM second) {
+  switch (message) {
+    case kActivated:
+      ReportActivation();
+      return 0;
+    case HeldInput::kDeliver:
+      heldInput_.DeliverNext();
+      return 0;
+    case WM_TIMER:
+      KillTimer(Handle(), kFocusTimer);
+      if (!wasActivated_) ReportActivation();
+      return 0;
+    case WM_ACTIVATE:
+      if (LOWORD(first) != WA_INACTIVE) {
+        SetFocus(IsWindowEnabled(focused_) != FALSE ? focused_ : view_.Handle());
+        PostMessageW(Handle(), kActivated, 0, 0);
+      } else if (const HWND focus = GetFocus(); IsChild(Handle(), focus) != FALSE) {
+        focused_ = focus;
+      }
+      return 0;
+    case WM_CLOSE:
+      events_.closed();
+      return 0;
+    case WM_SIZE:
+      if (pageText_ != nullptr) LayOutParts();
+      return 0;
+    case WM_DPICHANGED: {
+      const RECT& place = *reinterpret_cast<const RECT*>(second);
+      UseFonts();
+      SetWindowPos(Handle(), nullptr, place.left, place.top, place.right - place.left,
+                   place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+      LayOutParts();
+      view_.ShowChanges();
+      return 0;
+    }
+    case WM_ERASEBKGND:
+      return TRUE;
+    case WM_PAINT:
+      Paint();
+      return 0;
+    case WM_CTLCOLORSTATIC:  // a text that can only be read
+      SetBkColor(reinterpret_cast<HDC>(first), GetSysColor(COLOR_WINDOW));
+      return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
+    default:
+      return Window::Receive(message, first, second);
+  }
+}
+
+}  // namespace td

@@ -1,0 +1,99 @@
+#include "windows/preview/window.h"
+
+#include "platform/standard_failures.h"
+#include "windows/api/wide_text.h"
+#include "windows/controls/text_fitting.h"
+#include "windows/controls/visual_styles.h"
+
+// Where this module lies in memory, a symbol of the linker's.
+extern "C" const IMAGE_DOS_HEADER __ImageBase;  // NOLINT(bugprone-reserved-identifier)
+
+namespace td {
+namespace {
+
+constexpr const wchar_t* kClassName = L"QbTdPrinter.Window";
+
+// Registered once, and gone with the module: its code is the windows' code.
+class WindowClass {
+ public:
+  explicit WindowClass(WNDPROC procedure) {
+    WNDCLASSEXW description{};
+    description.cbSize = sizeof description;
+    description.style = CS_DBLCLKS;
+    description.lpfnWndProc = procedure;
+    description.hInstance = OwnModule();
+    description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    description.lpszClassName = kClassName;
+    RegisterClassExW(&description);
+  }
+  ~WindowClass() { UnregisterClassW(kClassName, OwnModule()); }
+  WindowClass(const WindowClass&) = delete;
+  WindowClass& operator=(const WindowClass&) = delete;
+};
+
+}  // namespace
+
+HINSTANCE OwnModule() {
+  return reinterpret_cast<HINSTANCE>(const_cast<IMAGE_DOS_HEADER*>(&__ImageBase));
+}
+
+Window::~Window() {
+  if (handle_ == nullptr) return;
+  SetWindowLongPtrW(handle_, GWLP_USERDATA, 0);
+  DestroyWindow(handle_);
+}
+
+SIZE Window::InnerSize() const {
+  RECT inner{};
+  GetClientRect(handle_, &inner);
+  return {inner.right, inner.bottom};
+}
+
+Window::Window(const std::string& title, DWORD style, DWORD extendedStyle, HWND parent) {
+  static const WindowClass registered(Dispatch);
+  const WindowMaking making;
+  const bool isChild = (style & WS_CHILD) != 0;
+  const int place = isChild ? 0 : CW_USEDEFAULT;
+  if (CreateWindowExW(extendedStyle, kClassName, ToWide(title).c_str(), style, place, place, place,
+                      place, parent, nullptr, OwnModule(), this) == nullptr) {
+    throw Failure(kOutOfMemory, "系统无法建立窗口。");
+  }
+}
+
+LRESULT CALLBACK Window::Dispatch(HWND handle, UINT message, WPARAM first, LPARAM second) {
+  if (message == WM_NCCREATE) {
+    auto* made =
+        static_cast<Window*>(reinterpret_cast<const CREATESTRUCTW*>(second)->lpCreateParams);
+    made->handle_ = handle;
+    SetWindowLongPtrW(handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(made));
+  }
+  auto* window = reinterpret_cast<Window*>(GetWindowLongPtrW(handle, GWLP_USERDATA));
+  if (window == nullptr) return DefWindowProcW(handle, message, first, second);
+  const LRESULT result = window->Receive(message, first, second);
+  if (message == WM_NCDESTROY) window->handle_ = nullptr;
+  return result;
+}
+
+HWND MakeControl(HWND parent, const wchar_t* kind, const std::string& text, DWORD style, int id,
+                 DWORD extendedStyle) {
+  const WindowMaking making;
+  return CreateWindowExW(extendedStyle, kind, ToWide(text).c_str(), WS_CHILD | WS_VISIBLE | style,
+                         0, 0, 0, 0, parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                         OwnModule(), nullptr);
+}
+
+void Place(HWND window, int left, int top, int width, int height) {
+  SetWindowPos(window, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+int TextBoxHeight(HFONT font, int dotsPerInch) {
+  constexpr int kBesideText = 3;  // pixels: the system leaves one above the line
+  const int edge = GetSystemMetricsForDpi(SM_CYEDGE, static_cast<UINT>(dotsPerInch));
+  return static_cast<int>(TextSize(font, L"国").cy) + 2 * edge + kBesideText;
+}
+
+void PutTextInto(HWND window, const std::string& text) {
+  SetWindowTextW(window, ToWide(text).c_str());
+}
+
+}  // namespace td

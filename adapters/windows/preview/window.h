@@ -1,0 +1,55 @@
+// A window of the component.
+#pragma once
+
+#include <string>
+
+#include "windows/api/windows_api.h"
+
+namespace td {
+
+// The module that holds this code: the DLL or the program.
+[[nodiscard]] HINSTANCE OwnModule();
+
+// Owns a window of the system. It may go before this object, with the window that it belongs to.
+class Window {
+ public:
+  virtual ~Window();
+  Window(const Window&) = delete;
+  Window& operator=(const Window&) = delete;
+
+  // Null before it is made and when it has gone.
+  [[nodiscard]] HWND Handle() const { return handle_; }
+  // Dots per inch of the monitor on which it lies.
+  [[nodiscard]] int Dpi() const { return static_cast<int>(GetDpiForWindow(handle_)); }
+  [[nodiscard]] SIZE InnerSize() const;
+
+ protected:
+  // `parent` is the owner of a window that is no child. Fails with kOutOfMemory.
+  Window(const std::string& title, DWORD style, DWORD extendedStyle, HWND parent);
+
+  // A message for the window, from when it has been made. No exception may leave it.
+  virtual LRESULT Receive(UINT message, WPARAM first, LPARAM second) {
+    return DefWindowProcW(handle_, message, first, second);
+  }
+
+ private:
+  static LRESULT CALLBACK Dispatch(HWND handle, UINT message, WPARAM first, LPARAM second);
+
+  HWND handle_ = nullptr;
+};
+
+// Makes a control of the system's as a visible child; null if that fails.
+[[nodiscard]] HWND MakeControl(HWND parent, const wchar_t* kind, const std::string& text,
+                               DWORD style, int id = 0, DWORD extendedStyle = 0);
+
+void Place(HWND window, int left, int top, int width, int height);
+// Height of a text box with a frame, in which a line of a font stands in the middle.
+[[nodiscard]] int TextBoxHeight(HFONT font, int dotsPerInch);
+void PutTextInto(HWND window, const std::string& text);
+
+// A length in pixels at 96 dots per inch, as it is at a resolution.
+[[nodiscard]] inline int Scaled(int pixels, int dotsPerInch) {
+  return MulDiv(pixels, dotsPerInch, 96);
+}
+
+}  // namespace td
