@@ -1,5 +1,7 @@
 #include "common_options.h"
 
+#include "files/output_file.h"
+
 namespace td {
 
 const char* const kExitStatusText =
@@ -20,7 +22,7 @@ std::string RefuseEmpty(const std::string& name) {
 }
 
 std::string StandardOutputForDash(const std::string& file) {
-  return file == "-" ? "/dev/stdout" : file;
+  return file == "-" ? kStandardOutput : file;
 }
 
 void DescribeDatabase(CLI::App& command, std::string& database) {

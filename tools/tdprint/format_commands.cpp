@@ -1,8 +1,7 @@
 #include "format_commands.h"
 
-#include <fcntl.h>
-
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <iostream>
 #include <optional>
@@ -13,10 +12,10 @@
 #include "designer/model/format_file.h"
 #include "designer/model/format_store.h"
 #include "desktop/databases.h"
-#include "files/descriptor.h"
 #include "files/file_error.h"
 #include "files/output_file.h"
-#include "files/read_file.h"
+#include "files/path_text.h"
+#include "files/user_files.h"
 #include "platform/failure.h"
 
 namespace td {
@@ -31,10 +30,10 @@ using designer::Variable;
 constexpr std::size_t kLargestFile = std::size_t{256} << 20U;
 
 std::string ContentOf(const std::string& path) {
-  const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
   try {
-    if (!file.IsOpen()) throw FileError(errno);
-    return ReadRegularFile(file, kLargestFile);
+    std::optional<std::string> content = ReadUserFile(PathOf(path), kLargestFile);
+    if (!content) throw FileError(ENOENT);
+    return std::move(*content);
   } catch (const FileError& error) {
     throw Failure(kFileNotFound, path + ": " + error.what());
   }
@@ -104,7 +103,7 @@ class PictureFolder {
   void TakeBack() const {
     for (const std::string& path : written_) {
       std::error_code ignored;
-      fs::remove(path, ignored);
+      fs::remove(PathOf(path), ignored);
     }
   }
 
@@ -112,7 +111,7 @@ class PictureFolder {
 
  private:
   static bool HoldsAlready(const std::string& path, const Bytes& bytes) {
-    return fs::exists(path) && PictureAt(path) == bytes;
+    return fs::exists(PathOf(path)) && PictureAt(path) == bytes;
   }
 
   [[nodiscard]] std::string FreePath(const designer::FilePicture& picture) const {
@@ -120,20 +119,18 @@ class PictureFolder {
     std::string given =
         separator == std::string::npos ? picture.path : picture.path.substr(separator + 1);
     if (given.empty() || given == "." || given == "..") given = "picture";
-    const fs::path name(given);
+    const fs::path name = PathOf(given);
     for (int number = 1;; ++number) {
-      std::string path = (fs::absolute(folder_) /
-                          (number == 1 ? given
-                                       : name.stem().string() + "-" + std::to_string(number) +
-                                             name.extension().string()))
-                             .lexically_normal()
-                             .string();
+      const std::string own = number == 1 ? given
+                                          : TextOf(name.stem()) + "-" + std::to_string(number) +
+                                                TextOf(name.extension());
+      std::string path = TextOf((fs::absolute(PathOf(folder_)) / PathOf(own)).lexically_normal());
       const bool isTaken =
           std::ranges::any_of(files_,
                               [&](const designer::FilePicture& file) {
                                 return file.path == path && file.bytes != picture.bytes;
                               }) ||
-          (fs::exists(path) && !HoldsAlready(path, picture.bytes));
+          (fs::exists(PathOf(path)) && !HoldsAlready(path, picture.bytes));
       if (!isTaken) return path;
     }
   }
@@ -254,7 +251,7 @@ ExitStatus ExportFormat(const ExportFormatArguments& arguments) {
     const Format format = store.Load(arguments.billType, arguments.format);
     const std::string text = designer::WriteFormatFile(
         format, arguments.withPictures ? PictureAt : designer::ReadPicture());
-    const std::string out = arguments.out.empty() ? "/dev/stdout" : arguments.out;
+    const std::string out = arguments.out.empty() ? kStandardOutput : arguments.out;
     try {
       WriteOutput(out, WriterOf(text));
     } catch (const FileError& error) {

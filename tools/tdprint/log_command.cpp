@@ -8,6 +8,7 @@
 
 #include "complaint.h"
 #include "explanation/language.h"
+#include "files/path_text.h"
 #include "print_log/log_reader.h"
 #include "print_log/log_time.h"
 
@@ -143,7 +144,7 @@ ExitStatus ShowLog(const LogArguments& arguments) {
   bool isRead = true;
   for (const std::string& file : files) {
     std::ifstream log;
-    if (!fs::is_directory(file)) log.open(file, std::ios::binary);
+    if (!fs::is_directory(PathOf(file))) log.open(PathOf(file), std::ios::binary);
     if (!log.is_open()) {
       Complain("the log can't be read", file);
       isRead = false;
