@@ -15,10 +15,12 @@ set(qbtd_public_headers
   adapters/page_document/document_host.h
   adapters/page_document/drawing.h
   adapters/page_document/page_document.h
+  adapters/page_document/page_refs.h
   adapters/page_document/paper.h
+  adapters/page_outputs/document_files.h
+  adapters/print_calls/document_outcome.h
+  adapters/print_calls/kept_messages.h
   adapters/qt/render/outputs.h
-  adapters/qt/system/document_outcome.h
-  adapters/qt/system/message_boxes.h
   server/client/client.h
   server/client/recordsets.h
   server/interface/binary_interface.h

@@ -2,28 +2,20 @@
 
 #include <utility>
 
-#include "barcodes/barcode_settings.h"
 #include "desktop/databases.h"
+#include "desktop/desktop_parts.h"
 #include "desktop/lock_waits.h"
 #include "desktop/print_journal.h"
 #include "explanation/explainer.h"
-#include "platform/failure.h"
-#include "qt/pictures/qt_picture_files.h"
-#include "qt/system/application.h"
-#include "qt/system/device_failure.h"
-#include "qt/system/local_machine.h"
-#include "qt/system/message_boxes.h"
-#include "qt/system/printers.h"
-#include "qt/system/qt_windows.h"
+#include "print_calls/device_failure.h"
 #include "run_witnesses/witness_group.h"
 
 namespace td {
 namespace {
 
-// In front of all that paints.
 DesktopOptions Checked(DesktopOptions options) {
-  EnsureApplication();
-  if (!options.printer.empty() && !HasPrinter(options.printer)) {
+  PrepareDesktop();
+  if (!options.printer.empty() && !DesktopHasPrinter(options.printer)) {
     throw DeviceFailure(kInvalidProperty, "找不到打印机“" + options.printer + "”。");
   }
   return options;
@@ -33,10 +25,9 @@ DesktopOptions Checked(DesktopOptions options) {
 
 struct DesktopPlatform::Parts {
   explicit Parts(DesktopOptions options)
-      : pictures(options.componentFolder),
-        messages(options.messages, &outcome),
-        windows({}, ReadBarcodeSettings(BarcodeSettingsFile()), messages) {
-    messages.PutPlace([this] { return PlaceText(CurrentPlace(), LanguageOfLocale()); });
+      : own(MakeDesktopParts(options.componentFolder, options.messages, &outcome)) {
+    own->MessagesOfCalls().PutPlace(
+        [this] { return PlaceText(CurrentPlace(), LanguageOfLocale()); });
     Put(std::move(options));
   }
 
@@ -45,20 +36,20 @@ struct DesktopPlatform::Parts {
   }
 
   void Put(DesktopOptions options) {
-    messages.PutMode(options.messages);
+    own->MessagesOfCalls().PutMode(options.messages);
     journal.Put(
         {.logFile = std::move(options.logFile), .onLogFailure = std::move(options.onLogFailure)});
     lockWaits.Put({.seconds = options.lockWaitLimit, .goOn = std::move(options.onLockWait)});
-    windows.PutSettings({.printer = std::move(options.printer),
-                         .stateDirectory = std::move(options.stateDirectory),
-                         .documentSink = std::move(options.documentSink),
-                         .sinkTarget = std::move(options.sinkTarget),
-                         .onPage = std::move(options.onPage),
-                         .onPrinted = std::move(options.onPrinted),
-                         .onComplaint = std::move(options.onComplaint),
-                         .outcome = &outcome,
-                         .stop = &stop,
-                         .listener = journal.IsOn() ? &journal : nullptr});
+    own->PutSettings({.printer = std::move(options.printer),
+                      .stateDirectory = std::move(options.stateDirectory),
+                      .documentSink = std::move(options.documentSink),
+                      .sinkTarget = std::move(options.sinkTarget),
+                      .onPage = std::move(options.onPage),
+                      .onPrinted = std::move(options.onPrinted),
+                      .onComplaint = std::move(options.onComplaint),
+                      .outcome = &outcome,
+                      .stop = &stop,
+                      .listener = journal.IsOn() ? &journal : nullptr});
     PutWitnesses(options.explain);
   }
 
@@ -76,16 +67,14 @@ struct DesktopPlatform::Parts {
   LockWaits lockWaits{stop};
   PatientDatabase patientDatabases{databases, lockWaits};
   DocumentOutcome outcome;
-  QtPictureFiles pictures;
-  MessageBoxes messages;
-  LocalMachine machine;
-  PrintJournal journal{outcome, machine};
+  std::unique_ptr<DesktopParts> own;
+  PrintJournal journal{outcome, own->ThisMachine()};
   WitnessGroup witnesses;
-  QtWindows windows;
   PlaceKeeper placeKeeper;
   Explainer explainer;
   bool explains = false;
-  Platform platform{patientDatabases, pictures, messages, machine, windows};
+  Platform platform{patientDatabases, own->PictureFiles(), own->MessagesOfCalls(),
+                    own->ThisMachine(), own->PrintWindows()};
 };
 
 DesktopPlatform::DesktopPlatform(DesktopOptions options)
@@ -122,11 +111,11 @@ RunPlace DesktopPlatform::CurrentPlace() const {
 }
 
 bool DesktopPlatform::HasDisplay() const {
-  return HasWindowSystem();
+  return DesktopHasDisplay();
 }
 
 bool DesktopPlatform::HasPrinter(const std::string& name) const {
-  return td::HasPrinter(name);
+  return DesktopHasPrinter(name);
 }
 
 DocumentOutcome DesktopPlatform::LastDocument() const {
@@ -134,7 +123,7 @@ DocumentOutcome DesktopPlatform::LastDocument() const {
 }
 
 int DesktopPlatform::MessagesShown() const {
-  return parts_->messages.Shown();
+  return parts_->own->MessagesOfCalls().Shown();
 }
 
 }  // namespace td

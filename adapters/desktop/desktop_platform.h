@@ -5,10 +5,11 @@
 //   td::DesktopPlatform desktop;      // keep it alive as long as anything that was given Get()
 //   … desktop.Get() …
 //
-// The program may have a Qt application of its own, which is then used and kept. If it has none,
-// one is made when the first DesktopPlatform is constructed, and lives until the program ends; it
-// needs no display. Everything but the databases runs on the thread that constructs the object,
-// which must be the thread of the Qt application; a print call on another one is refused.
+// Elsewhere than on Windows, the program may have a Qt application of its own, which is then used
+// and kept. If it has none, one is made when the first DesktopPlatform is constructed, and lives
+// until the program ends; it needs no display. Everything but the databases runs on the thread that
+// constructs the object, which must be that of the Qt application, where there is one; a print call
+// on another one is refused.
 #pragma once
 
 #include <functional>
@@ -18,8 +19,8 @@
 
 #include "explanation/explanation.h"
 #include "platform/platform.h"
-#include "qt/system/document_outcome.h"
-#include "qt/system/message_boxes.h"
+#include "print_calls/document_outcome.h"
+#include "print_calls/kept_messages.h"
 
 namespace td {
 
@@ -41,8 +42,8 @@ struct DesktopOptions {
   MessageMode messages = MessageMode::kAutomatic;
 
   // The folder of the export file 订单.html. Default: the environment variable
-  // QBTDPRINTER_STATE_DIR, else qbtdprinter in $XDG_STATE_HOME, else in ~/.local/state. It is
-  // created when it is missing, for the user alone.
+  // QBTDPRINTER_STATE_DIR, else qbtdprinter in $XDG_STATE_HOME, else in ~/.local/state; on Windows
+  // QbTdPrinter in %LOCALAPPDATA%. It is created when it is missing, for the user alone.
   std::string stateDirectory;
 
   // The folder whose subfolder "picture" holds the goods pictures. Default: the folder of the

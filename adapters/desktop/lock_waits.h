@@ -13,7 +13,7 @@
 
 #include "platform/database.h"
 #include "platform/failure.h"
-#include "qt/system/print_stop.h"
+#include "print_calls/print_stop.h"
 
 namespace td {
 

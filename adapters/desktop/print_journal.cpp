@@ -1,39 +1,20 @@
 #include "desktop/print_journal.h"
 
-#include <pwd.h>
-#include <stdlib.h>
-#include <unistd.h>
-
-#include <QGuiApplication>
-#include <array>
 #include <cstdio>
 #include <filesystem>
 #include <stdexcept>
 #include <utility>
 #include <vector>
 
+#include "desktop/who_prints.h"
+#include "files/path_text.h"
 #include "print_log/log_writer.h"
 #include "print_log/secrets.h"
 
 namespace td {
 namespace {
 
-constexpr const char* kVariable = "QBTDPRINTER_LOG_FILE";
-
-std::string UserName() {
-  std::array<char, 4096> texts{};
-  passwd user{};
-  passwd* found = nullptr;
-  if (getpwuid_r(geteuid(), &user, texts.data(), texts.size(), &found) == 0 && found != nullptr) {
-    return user.pw_name;
-  }
-  return std::to_string(geteuid());
-}
-
-std::string MachineName() {
-  std::array<char, 256> name{};
-  return gethostname(name.data(), name.size() - 1) == 0 ? name.data() : std::string();
-}
+namespace fs = std::filesystem;
 
 std::string_view ResultOf(Delivery delivery) {
   switch (delivery) {
@@ -60,13 +41,12 @@ double SecondsBetween(std::chrono::steady_clock::time_point begin,
 
 void PrintJournal::Put(JournalSettings settings) {
   onLogFailure_ = std::move(settings.onLogFailure);
-  std::string file;
-  if (settings.logFile) {
+  fs::path file;
+  if (!settings.logFile) {
+    file = LogFileOfEnvironment();
+  } else if (!settings.logFile->empty()) {
     std::error_code error;
-    file = std::filesystem::absolute(*settings.logFile, error).string();
-    if (settings.logFile->empty()) file.clear();
-  } else if (const char* variable = secure_getenv(kVariable); variable != nullptr) {
-    file = variable;
+    file = fs::absolute(PathOf(*settings.logFile), error);
   }
   if (std::exchange(file_, std::move(file)) != file_) isFailureTold_ = false;
 }
@@ -129,8 +109,8 @@ void PrintJournal::Write(const std::string& result, double seconds) {
   if (!IsOn()) return;
   hasLine_ = true;
   try {
-    if (file_.front() != '/') throw std::runtime_error("路径必须从根文件夹开始");
-    AppendLine(file_, LineOf(Record(result, seconds)));
+    if (!file_.is_absolute()) throw std::runtime_error("路径必须从根文件夹开始");
+    AppendLine(TextOf(file_), LineOf(Record(result, seconds)));
     isFailureTold_ = false;
   } catch (const std::exception& error) {
     TellFailure(error.what());
@@ -144,7 +124,7 @@ PrintRecord PrintJournal::Record(const std::string& result, double seconds) {
       .user = UserName(),
       .machine = MachineName(),
       .address = machine_.LocalMachineId(),
-      .program = QGuiApplication::applicationDisplayName().toStdString(),
+      .program = NameOfProgram(),
       .billType = bills_.BillType(),
       .format = bills_.Format(),
       .bills = bills_.Bills(),
@@ -169,7 +149,8 @@ PrintRecord PrintJournal::Record(const std::string& result, double seconds) {
 
 void PrintJournal::TellFailure(const std::string& reason) {
   if (std::exchange(isFailureTold_, true)) return;
-  const std::string text = "无法写入打印日志“" + file_ + "”：" + reason + "。打印照常进行。";
+  const std::string text =
+      "无法写入打印日志“" + TextOf(file_) + "”：" + reason + "。打印照常进行。";
   try {
     if (onLogFailure_) {
       onLogFailure_(text);

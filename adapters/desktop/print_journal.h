@@ -2,14 +2,15 @@
 #pragma once
 
 #include <chrono>
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
 
 #include "platform/platform.h"
+#include "print_calls/call_listener.h"
+#include "print_calls/document_outcome.h"
 #include "print_log/print_record.h"
-#include "qt/system/call_listener.h"
-#include "qt/system/document_outcome.h"
 #include "run_witnesses/bill_list.h"
 
 namespace td {
@@ -53,7 +54,7 @@ class PrintJournal : public CallListener {
   const DocumentOutcome& outcome_;
   Machine& machine_;
   std::function<void(const std::string& text)> onLogFailure_;
-  std::string file_;  // empty: there is no log
+  std::filesystem::path file_;  // empty: there is no log
   bool isFailureTold_ = false;
   BillList bills_;
 

@@ -9,7 +9,8 @@ namespace td {
 
 enum class Language { kEnglish, kChinese };
 
-// Chinese where the process's locale is (LC_ALL, LC_MESSAGES, LANG, in this order), else English.
+// Chinese where the process's locale is (LC_ALL, LC_MESSAGES, LANG, in this order), on Windows
+// where the system's windows are for the user; else English.
 [[nodiscard]] Language LanguageOfLocale();
 
 // A sentence in both languages. {0}, {1}, … stand for what is filled in.

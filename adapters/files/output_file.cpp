@@ -107,4 +107,15 @@ void WriteOutput(const std::string& path, const FileWriter& write) {
   }
 }
 
+void MakeOutputFolder(const std::string& path) {
+  std::error_code error;
+  fs::create_directory(path, error);
+  if (error) throw FileError(error == std::errc::file_exists ? ENOTDIR : error.value());
+}
+
+bool RemoveOutput(const std::string& path) {
+  std::error_code error;
+  return fs::is_regular_file(fs::symlink_status(path, error)) && fs::remove(path, error);
+}
+
 }  // namespace td

@@ -23,4 +23,12 @@ inline constexpr const char* kStandardError = "/dev/stderr";
 // Fails with FileError; what `write` throws goes through.
 void WriteOutput(const std::string& path, const FileWriter& write);
 
+// Makes a folder in one that is there; a folder that has the name stays. Fails with FileError:
+// ENOTDIR for anything else that has the name.
+void MakeOutputFolder(const std::string& path);
+
+// Removes a file that an earlier output has left. False if there is none, if it can't be removed,
+// or if it is anything but a regular file: that was put there by somebody else.
+bool RemoveOutput(const std::string& path);
+
 }  // namespace td

@@ -63,4 +63,21 @@ void WriteOutput(const std::string& path, const FileWriter& write) {
   ReplaceWholeFile(there.IsOpen() ? FinalPath(there, wanted) : wanted, write);
 }
 
+void MakeOutputFolder(const std::string& path) {
+  const std::wstring folder = SystemPath(PathOf(path));
+  if (CreateDirectoryW(folder.c_str(), nullptr) != FALSE) return;
+  const FileError error = LastFileError();
+  const DWORD attributes = GetFileAttributesW(folder.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) throw error;
+  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) throw FileError(ENOTDIR);
+}
+
+bool RemoveOutput(const std::string& path) {
+  constexpr DWORD kNoFile = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
+  const std::wstring file = SystemPath(PathOf(path));
+  const DWORD attributes = GetFileAttributesW(file.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & kNoFile) == 0 &&
+         DeleteFileW(file.c_str()) != FALSE;
+}
+
 }  // namespace td

@@ -6,6 +6,8 @@
 #include <cstdlib>
 #include <ctime>
 
+#include "print_log/local_time.h"
+
 namespace td {
 namespace {
 
@@ -78,6 +80,15 @@ LogTime OfSystem(std::time_t time) {
   return LogTime(seconds(time));
 }
 
+// The parts as if they were those of Greenwich.
+LogTime OfGreenwich(const std::tm& parts) {
+  const std::chrono::sys_days day = std::chrono::year(parts.tm_year + 1900) /
+                                    std::chrono::month(static_cast<unsigned>(parts.tm_mon) + 1) /
+                                    std::chrono::day(static_cast<unsigned>(parts.tm_mday));
+  return day + std::chrono::hours(parts.tm_hour) + std::chrono::minutes(parts.tm_min) +
+         seconds(parts.tm_sec);
+}
+
 LogTime OfLocal(std::tm parts) {
   parts.tm_isdst = -1;
   return OfSystem(std::mktime(&parts));
@@ -87,15 +98,16 @@ LogTime OfLocal(std::tm parts) {
 
 std::string LogTimeText(LogTime time) {
   const auto whole = std::chrono::floor<seconds>(time);
-  const std::time_t system = whole.time_since_epoch().count();
-  std::tm parts{};
-  localtime_r(&system, &parts);
-  const long minutes = std::labs(parts.tm_gmtoff) / 60;
+  const std::tm parts = LocalParts(whole.time_since_epoch().count());
+  // How far the local time is from Greenwich.
+  const auto distance =
+      std::chrono::duration_cast<std::chrono::minutes>(OfGreenwich(parts) - whole);
+  const long long minutes = std::abs(distance.count());
   std::array<char, 80> text{};
-  std::snprintf(text.data(), text.size(), "%04d-%02d-%02dT%02d:%02d:%02d.%03d%c%02ld:%02ld",
+  std::snprintf(text.data(), text.size(), "%04d-%02d-%02dT%02d:%02d:%02d.%03d%c%02lld:%02lld",
                 parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour, parts.tm_min,
                 parts.tm_sec, static_cast<int>((time - whole).count()),
-                parts.tm_gmtoff < 0 ? '-' : '+', minutes / 60, minutes % 60);
+                distance.count() < 0 ? '-' : '+', minutes / 60, minutes % 60);
   return text.data();
 }
 
@@ -109,7 +121,7 @@ std::optional<LogTime> ParseLogTime(std::string_view text) {
       !taker.IsAtEnd()) {
     return std::nullopt;
   }
-  return OfSystem(timegm(&parts) - distance) + milliseconds(thousandths);
+  return OfGreenwich(parts) - seconds(distance) + milliseconds(thousandths);
 }
 
 std::optional<TimeSpan> ParseTimeSpan(std::string_view text) {

@@ -9,7 +9,7 @@
 #include <QJsonObject>
 #include <algorithm>
 
-#include "qt/system/export_folder.h"
+#include "page_outputs/export_folder.h"
 
 namespace td::designer {
 namespace {

@@ -11,8 +11,8 @@
 #include "designer/window/designer_window.h"
 #include "desktop/databases.h"
 #include "desktop/desktop_platform.h"
+#include "page_outputs/export_folder.h"
 #include "platform/failure.h"
-#include "qt/system/export_folder.h"
 #include "qt/system/printers.h"
 
 namespace td::designer {

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "module/member_names.h"
 #include "module/remote_failures.h"
 #include "objects/variant_values.h"
 #include "text_encoding/utf16.h"
@@ -14,10 +15,8 @@ constexpr const char* kOnLockWait = "OnLockWait";
 
 std::optional<std::int32_t> MemberOf(TdDispatch* object, const char* name) {
   const std::u16string wanted = ToUtf16(name);
-  const TdUnit* names = wanted.c_str();
   std::int32_t id = TD_MEMBER_UNKNOWN;
-  if (object == nullptr ||
-      TD_FAILED(object->table->GetIDsOfNames(object, &kTdNoId, &names, 1, 0, &id))) {
+  if (object == nullptr || TD_FAILED(FindMemberOf(object, wanted.c_str(), id))) {
     return std::nullopt;
   }
   return id;

@@ -7,7 +7,7 @@
 #include "module/program_progress.h"
 #include "module/remote_recordset.h"
 #include "page_document/page_document.h"
-#include "qt/render/outputs.h"
+#include "page_outputs/document_files.h"
 #include "service/request.h"
 
 namespace td {

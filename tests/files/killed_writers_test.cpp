@@ -11,9 +11,9 @@
 #include "client/registration.h"
 #include "file_tools.h"
 #include "page_document/drawing.h"
+#include "page_outputs/export_folder.h"
 #include "qt/pictures/qt_picture_files.h"
 #include "qt/system/application.h"
-#include "qt/system/export_folder.h"
 #include "render/outputs.h"
 
 namespace td {

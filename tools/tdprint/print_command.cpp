@@ -12,10 +12,10 @@
 #include "files/file_error.h"
 #include "files/output_file.h"
 #include "page_document/page_document.h"
+#include "page_outputs/document_files.h"
 #include "platform/failure.h"
 #include "platform/standard_failures.h"
 #include "progress.h"
-#include "qt/render/outputs.h"
 #include "service/printer.h"
 
 namespace td {

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <string>
 
-#include "render/number_text.h"
+#include "page_outputs/number_text.h"
 #include "render/true_type.h"
 
 namespace td {

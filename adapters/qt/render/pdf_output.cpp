@@ -2,13 +2,13 @@
 #include <QDateTime>
 #include <QString>
 
-#include "render/number_text.h"
+#include "page_outputs/number_text.h"
+#include "page_outputs/written_file.h"
 #include "render/outputs.h"
 #include "render/pdf_file.h"
 #include "render/pdf_fonts.h"
 #include "render/pdf_page.h"
 #include "render/pdf_pictures.h"
-#include "render/written_file.h"
 
 namespace td {
 namespace {
@@ -72,13 +72,6 @@ class PdfDocument {
 };
 
 }  // namespace
-
-PageRefs RefsTo(const std::vector<Page>& pages) {
-  PageRefs refs;
-  refs.reserve(pages.size());
-  for (const Page& page : pages) refs.push_back(&page);
-  return refs;
-}
 
 void StreamPdf(const PageRefs& pages, const std::string& title, const ByteSink& sink) {
   RequirePages(pages.size());

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <string_view>
 
-#include "render/number_text.h"
+#include "page_outputs/number_text.h"
 #include "render/true_type.h"
 
 namespace td {

@@ -24,10 +24,6 @@ QByteArray Decodable(const ImagePicture& picture) {
                                  static_cast<qsizetype>(picture.Encoded().size()));
 }
 
-std::string Uri(const char* type, const QByteArray& bytes) {
-  return std::string("data:image/") + type + ";base64," + bytes.toBase64().toStdString();
-}
-
 }  // namespace
 
 QByteArray ContentKey(const ImagePicture& picture) {
@@ -43,21 +39,17 @@ QImage DecodedImage(const ImagePicture& picture) {
   return image;
 }
 
-bool IsJpeg(const ImagePicture& picture) {
-  return StartsWith(picture, "\xFF\xD8\xFF");
-}
-
-std::string DataUri(const ImagePicture& picture) {
-  using std::string_view_literals::operator""sv;
-  if (IsJpeg(picture)) return Uri("jpeg", Decodable(picture));
-  if (StartsWith(picture, "\x89PNG\r\n\x1A\n"sv)) return Uri("png", Decodable(picture));
-  const QImage image = DecodedImage(picture);
-  if (image.isNull()) return {};
+Bytes PngOf(const QImage& image) {
   QByteArray png;
   QBuffer buffer(&png);
   buffer.open(QIODevice::WriteOnly);
-  if (!image.save(&buffer, "PNG")) return {};
-  return Uri("png", png);
+  if (image.isNull() || !image.save(&buffer, "PNG")) return {};
+  const auto* first = reinterpret_cast<const std::byte*>(png.constData());
+  return {first, first + png.size()};
+}
+
+bool IsJpeg(const ImagePicture& picture) {
+  return StartsWith(picture, "\xFF\xD8\xFF");
 }
 
 }  // namespace td

@@ -3,7 +3,6 @@
 
 #include <QByteArray>
 #include <QImage>
-#include <string>
 
 #include "page_document/pictures.h"
 
@@ -17,10 +16,9 @@ namespace td {
 // Equal for pictures with the same bytes, and for no others.
 [[nodiscard]] QByteArray ContentKey(const ImagePicture& picture);
 
-[[nodiscard]] bool IsJpeg(const ImagePicture& picture);
+// As a PNG file; empty if that fails.
+[[nodiscard]] Bytes PngOf(const QImage& image);
 
-// The picture as a data: URI, in a format that every browser shows: JPEG and PNG files as they are,
-// others as PNG. Empty if it doesn't decode.
-[[nodiscard]] std::string DataUri(const ImagePicture& picture);
+[[nodiscard]] bool IsJpeg(const ImagePicture& picture);
 
 }  // namespace td

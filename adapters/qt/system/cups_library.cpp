@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "qt/system/device_failure.h"
+#include "print_calls/device_failure.h"
 
 namespace td {
 namespace {

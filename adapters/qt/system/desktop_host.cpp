@@ -1,15 +1,12 @@
 #include "qt/system/desktop_host.h"
 
-#include <cstdio>
-
 #include "page_document/page_document.h"
+#include "page_outputs/export_file.h"
+#include "print_calls/device_failure.h"
 #include "qt/preview/page_setup_dialog.h"
 #include "qt/render/outputs.h"
 #include "qt/system/application.h"
-#include "qt/system/call_listener.h"
-#include "qt/system/device_failure.h"
 #include "qt/system/document_printing.h"
-#include "qt/system/export_folder.h"
 #include "qt/system/printers.h"
 
 namespace td {
@@ -44,29 +41,11 @@ std::string DesktopHost::PrinterOf(PageDocument& document) const {
 }
 
 void DesktopHost::Print(PageDocument& document, bool withDialog) {
-  DocumentOutcome untold;
-  DocumentOutcome& outcome = settings_.outcome != nullptr ? *settings_.outcome : untold;
-  BeginOutcome(outcome, document.PageCount());
-  if (settings_.listener != nullptr) settings_.listener->PrintBegins();
-  try {
-    Deliver(document, withDialog, outcome);
-  } catch (const std::exception& failure) {
-    outcome.delivery = Delivery::kRefused;
-    outcome.reason = failure.what();
-    if (settings_.listener != nullptr) settings_.listener->PrintEnds();
-    throw;
-  }
-  if (settings_.listener != nullptr) settings_.listener->PrintEnds();
-  if (outcome.IsDelivered() && settings_.onPrinted) settings_.onPrinted();
+  Deliver(settings_, document,
+          [&](DocumentOutcome& outcome) { PrintTo(document, withDialog, outcome); });
 }
 
-void DesktopHost::Deliver(PageDocument& document, bool withDialog, DocumentOutcome& outcome) {
-  if (settings_.documentSink) {
-    settings_.documentSink(document);
-    outcome.file = settings_.sinkTarget;
-    outcome.delivery = Delivery::kSink;
-    return;
-  }
+void DesktopHost::PrintTo(PageDocument& document, bool withDialog, DocumentOutcome& outcome) {
   PrintChoice choice;
   choice.printer = PrinterOf(document);
   if (withDialog) {
@@ -111,16 +90,7 @@ bool DesktopHost::ShowPageSetup(PageDocument& document) {
 
 void DesktopHost::Export(PageDocument& document, const std::string& file, std::int32_t format) {
   try {
-    if (format != kExportHtml) {
-      throw DeviceFailure(kInvalidCall, "不支持的导出格式：" + std::to_string(format));
-    }
-    const std::string folder =
-        settings_.stateDirectory.empty() ? DefaultStateFolder() : settings_.stateDirectory;
-    if (folder.empty())
-      throw DeviceFailure(kPathNotFound, "找不到用户的文件夹，无法保存导出文件。");
-    const std::string name = FileNameOf(file);
-    WritePrivateFile(folder, name,
-                     [&](const ByteSink& sink) { StreamHtml(document.Pages(), name, sink); });
+    ExportDocument(document, file, format, settings_.stateDirectory);
   } catch (const Failure& failure) {
     messages_.ShowBox(failure.Description(), kInformationIcon);
   }
@@ -135,13 +105,7 @@ void DesktopHost::PointerChanged(std::int32_t shape) {
 }
 
 void DesktopHost::Complain(const std::string& text) {
-  if (!complaints_.insert(text).second) return;
-  if (settings_.outcome != nullptr) settings_.outcome->complaints.push_back(text);
-  if (settings_.onComplaint) {
-    settings_.onComplaint(text);
-  } else {
-    std::fprintf(stderr, "QbTdPrinter: %s\n", text.c_str());
-  }
+  complaints_.Tell(text);
 }
 
 }  // namespace td

@@ -2,13 +2,13 @@
 #pragma once
 
 #include <functional>
-#include <set>
 #include <string>
 #include <vector>
 
 #include "page_document/document_host.h"
 #include "platform/platform.h"
-#include "qt/system/frame_settings.h"
+#include "print_calls/delivery.h"
+#include "print_calls/frame_settings.h"
 
 class QWidget;
 
@@ -54,13 +54,13 @@ class DesktopHost : public DocumentHost {
 
  private:
   [[nodiscard]] std::string PrinterOf(PageDocument& document) const;
-  void Deliver(PageDocument& document, bool withDialog, DocumentOutcome& outcome);
+  void PrintTo(PageDocument& document, bool withDialog, DocumentOutcome& outcome);
 
   const FrameSettings& settings_;
   Messages& messages_;
   std::string chosenPrinter_;  // in the page setup; empty: none
   Viewer viewer_;
-  std::set<std::string> complaints_;
+  Complaints complaints_{settings_};
 };
 
 }  // namespace td

@@ -8,16 +8,6 @@
 namespace td {
 namespace {
 
-PageRefs ChosenPages(const PageDocument& document, const std::optional<std::vector<int>>& numbers) {
-  if (!numbers) return RefsTo(document.Pages());
-  PageRefs chosen;
-  chosen.reserve(numbers->size());
-  for (const int number : *numbers) {
-    chosen.push_back(&document.Pages().at(static_cast<std::size_t>(number) - 1));
-  }
-  return chosen;
-}
-
 // What the printing system calls the job.
 std::string Title() {
   const QString name = QGuiApplication::applicationDisplayName();
@@ -34,18 +24,14 @@ int PrintPages(const PageRefs& pages, const PaperExtent& sheet, const PrintChoic
 
 void PrintDocument(const PageDocument& document, const PrintChoice& choice,
                    std::vector<int>* jobs) {
-  const PageRefs pages = ChosenPages(document, choice.pages);
+  const PageRefs chosen = ChosenPages(document.Pages(), choice.pages);
   if (!choice.pdfFile.empty()) {
-    WritePdf(pages, choice.pdfFile, Title());
+    WritePdf(chosen, choice.pdfFile, Title());
     return;
   }
-  for (auto first = pages.begin(); first != pages.end();) {
-    const PaperExtent sheet = (*first)->Sheet();
-    auto last = first;
-    while (last != pages.end() && (*last)->Sheet() == sheet) ++last;
-    const int job = PrintPages({first, last}, sheet, choice);
+  for (const PageRefs& pages : SheetRuns(chosen)) {
+    const int job = PrintPages(pages, pages.front()->Sheet(), choice);
     if (jobs != nullptr) jobs->push_back(job);
-    first = last;
   }
 }
 

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QMessageBox>
-#include <cstdio>
 
 #include "qt/preview/window_font.h"
 #include "qt/system/application.h"
@@ -27,23 +26,14 @@ QMessageBox::Icon IconOf(int style) {
 
 }  // namespace
 
-void MessageBoxes::ShowBox(const std::string& text, int style) {
-  ++shown_;
-  const std::string place = place_ ? place_() : std::string();
-  if (outcome_ != nullptr) {
-    ++outcome_->messages;
-    outcome_->texts.push_back(text);
-    outcome_->places.push_back(place);
-  }
-  if (mode_ == MessageMode::kCollected) return;
-  const QString words = QString::fromStdString(text);
-  if (mode_ == MessageMode::kStandardError || !HasWindowSystem()) {
-    const QString note = place.empty() ? QString() : QString::fromStdString(" (" + place + ")");
-    std::fprintf(stderr, "%s\n", (words + note).simplified().toUtf8().constData());
-    return;
-  }
-  QMessageBox box(IconOf(style), QGuiApplication::applicationDisplayName(), words,
-                  QMessageBox::NoButton, QApplication::activeWindow());
+bool MessageBoxes::HasDisplay() const {
+  return HasWindowSystem();
+}
+
+void MessageBoxes::ShowInBox(const std::string& text, int style) {
+  QMessageBox box(IconOf(style), QGuiApplication::applicationDisplayName(),
+                  QString::fromStdString(text), QMessageBox::NoButton,
+                  QApplication::activeWindow());
   box.setFont(FontWithChinese(box.font()));
   box.setTextFormat(Qt::PlainText);
   box.addButton(QStringLiteral("确定"), QMessageBox::AcceptRole);

@@ -1,45 +1,17 @@
 // Messages for the user.
 #pragma once
 
-#include <functional>
-#include <string>
-#include <utility>
-
-#include "platform/platform.h"
-#include "qt/system/document_outcome.h"
+#include "print_calls/kept_messages.h"
 
 namespace td {
 
-enum class MessageMode {
-  kAutomatic,      // a message box if there is a window system, otherwise as kStandardError
-  kStandardError,  // one line on standard error for each message, whatever display there is
-  kCollected,      // nobody sees them: the document's outcome has their texts
-};
-
-class MessageBoxes : public Messages {
+class MessageBoxes : public KeptMessages {
  public:
-  // The messages of a document are kept in its outcome, if there is one, which outlives this
-  // object.
-  explicit MessageBoxes(MessageMode mode, DocumentOutcome* outcome = nullptr)
-      : mode_(mode), outcome_(outcome) {}
+  using KeptMessages::KeptMessages;
 
-  void PutMode(MessageMode mode) { mode_ = mode; }
-
-  // Tells where a print is, in one line, or nothing: a line on standard error adds it to the text.
-  // A box doesn't, since the user of the box sees what is printed.
-  void PutPlace(std::function<std::string()> place) { place_ = std::move(place); }
-
-  // The icon is that of the style's second hexadecimal digit: 1 stop, 2 question, 3 warning,
-  // 4 information; any other style has none. The box bears the program's name.
-  void ShowBox(const std::string& text, int style) override;
-
-  [[nodiscard]] int Shown() const { return shown_; }
-
- private:
-  MessageMode mode_;
-  DocumentOutcome* outcome_;
-  std::function<std::string()> place_;
-  int shown_ = 0;
+ protected:
+  [[nodiscard]] bool HasDisplay() const override;
+  void ShowInBox(const std::string& text, int style) override;
 };
 
 }  // namespace td

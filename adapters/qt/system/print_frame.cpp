@@ -5,65 +5,17 @@
 
 #include "platform/failure.h"
 #include "qt/system/application.h"
-#include "qt/system/call_listener.h"
-#include "qt/system/print_stop.h"
 
 namespace td {
-
-void ReportingDocument::Report(int page) {
-  if (settings_.outcome != nullptr) settings_.outcome->pages = page;
-  if (!settings_.onPage) {
-    CheckStop();
-  } else if (settings_.stop == nullptr) {
-    settings_.onPage(page);
-  } else {
-    settings_.stop->Run([&] { settings_.onPage(page); });
-  }
-}
-
-void ReportingDocument::CheckStop() const {
-  if (settings_.stop != nullptr) settings_.stop->Check();
-}
-
-void ReportingDocument::StartDoc() {
-  CheckStop();
-  if (settings_.listener != nullptr) settings_.listener->DocumentBegins();
-  if (settings_.outcome != nullptr) BeginOutcome(*settings_.outcome, 0);
-  PageDocument::StartDoc();
-}
-
-void ReportingDocument::NewPage() {
-  const int finished = PageCount();
-  PageDocument::NewPage();
-  Report(finished);
-}
-
-void ReportingDocument::EndDoc() {
-  PageDocument::EndDoc();
-  if (settings_.listener != nullptr) settings_.listener->DocumentEnds();
-  Report(PageCount());
-}
 
 QtPrintFrame::QtPrintFrame(std::shared_ptr<const FrameSettings> settings, Messages& messages,
                            const BarcodeSettings& barcodeSettings)
     : settings_(std::move(settings)),
+      call_(*settings_),
       messages_(messages),
       host_(*settings_, messages),
       document_(host_, *settings_),
-      barcode_(barcodeSettings, [this](const std::string& reason) { host_.Complain(reason); }) {
-  if (settings_->outcome != nullptr) *settings_->outcome = {};
-  if (settings_->listener != nullptr) settings_->listener->CallBegins();
-  BeginAction();
-}
-
-QtPrintFrame::~QtPrintFrame() {
-  if (settings_->stop != nullptr) settings_->stop->End();
-  if (settings_->listener != nullptr) settings_->listener->CallEnds();
-}
-
-void QtPrintFrame::BeginAction() const {
-  if (settings_->stop != nullptr) settings_->stop->Begin();
-}
+      barcode_(barcodeSettings, [this](const std::string& reason) { host_.Complain(reason); }) {}
 
 void QtPrintFrame::MakeWindow() {
   window_ = std::make_unique<PreviewWindow>(
@@ -86,7 +38,7 @@ void QtPrintFrame::ShowModal() {
     messages_.ShowBox(failure.Description(), kInformationIcon);
     throw failure;
   }
-  if (settings_->listener != nullptr) settings_->listener->PreviewBegins();
+  call_.BeginPreview();
   isUnloaded_ = false;
   wasActivated_ = false;
   failureOfActivation_ = nullptr;
@@ -121,7 +73,7 @@ void QtPrintFrame::Unload() {
 void QtPrintFrame::Activate() {
   const bool isFirst = !wasActivated_;
   wasActivated_ = true;
-  BeginAction();
+  call_.BeginAction();
   try {
     if (events_.Activate) events_.Activate();
   } catch (...) {
@@ -136,7 +88,7 @@ void QtPrintFrame::Activate() {
 }
 
 void QtPrintFrame::PressButton(std::string_view key) {
-  BeginAction();
+  call_.BeginAction();
   try {
     if (events_.ButtonPressed) events_.ButtonPressed(key);
   } catch (...) {

@@ -8,8 +8,9 @@
 #include <string>
 
 #include "barcodes/zint_barcode.h"
-#include "page_document/page_document.h"
 #include "platform/windows.h"
+#include "print_calls/delivery.h"
+#include "print_calls/reporting_document.h"
 #include "qt/preview/preview_window.h"
 #include "qt/system/desktop_host.h"
 
@@ -17,32 +18,11 @@ class QEventLoop;
 
 namespace td {
 
-// A document that tells of its beginning and of each page that the run has finished.
-class ReportingDocument : public PageDocument {
- public:
-  // The settings outlive the document.
-  ReportingDocument(DocumentHost& host, const FrameSettings& settings)
-      : PageDocument(host), settings_(settings) {}
-
-  void StartDoc() override;
-  void NewPage() override;
-  void EndDoc() override;
-
- private:
-  void Report(int page);
-  void CheckStop() const;
-
-  const FrameSettings& settings_;
-};
-
 class QtPrintFrame : public PrintFrame {
  public:
   // `messages` outlives the frame. Needs EnsureApplication().
   QtPrintFrame(std::shared_ptr<const FrameSettings> settings, Messages& messages,
                const BarcodeSettings& barcodeSettings);
-  ~QtPrintFrame() override;
-  QtPrintFrame(const QtPrintFrame&) = delete;
-  QtPrintFrame& operator=(const QtPrintFrame&) = delete;
 
   void Connect(PrintFrameEvents events) override { events_ = std::move(events); }
 
@@ -64,9 +44,9 @@ class QtPrintFrame : public PrintFrame {
   void Activate();
   void PressButton(std::string_view key);
   void ShowFailure(const std::exception_ptr& failure);
-  void BeginAction() const;
 
   std::shared_ptr<const FrameSettings> settings_;
+  RunningCall call_;
   Messages& messages_;
   DesktopHost host_;
   ReportingDocument document_;

@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "page_document/drawing.h"
+#include "print_calls/device_failure.h"
 #include "qt/system/cups_handles.h"
-#include "qt/system/device_failure.h"
 #include "qt/system/printers.h"
 
 namespace td {

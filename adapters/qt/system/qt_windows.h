@@ -7,7 +7,7 @@
 
 #include "barcodes/barcode_settings.h"
 #include "platform/windows.h"
-#include "qt/system/frame_settings.h"
+#include "print_calls/frame_settings.h"
 
 namespace td {
 

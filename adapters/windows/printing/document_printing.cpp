@@ -1,10 +1,10 @@
 #include "windows/printing/document_printing.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <utility>
 
+#include "page_document/page_refs.h"
 #include "platform/failure.h"
 #include "platform/standard_failures.h"
 #include "windows/api/system_error.h"
@@ -15,21 +15,6 @@
 
 namespace td {
 namespace {
-
-using PageRefs = std::vector<const Page*>;
-
-PageRefs ChosenPages(const std::vector<Page>& pages,
-                     const std::optional<std::vector<int>>& numbers) {
-  PageRefs chosen;
-  if (numbers) {
-    for (const int number : *numbers) {
-      chosen.push_back(&pages.at(static_cast<std::size_t>(number) - 1));
-    }
-  } else {
-    for (const Page& page : pages) chosen.push_back(&page);
-  }
-  return chosen;
-}
 
 // What a driver doesn't repeat is sent again.
 PageRefs Repeated(const PageRefs& pages, int times, bool collated) {
@@ -47,16 +32,19 @@ PageRefs Repeated(const PageRefs& pages, int times, bool collated) {
 class Job {
  public:
   // The settings are those of the first page.
-  Job(const PrintChoice& choice, DriverSettings& settings, bool beginsLandscape)
+  Job(const PrintChoice& choice, DriverSettings& settings, const Page& first)
       : printer_(choice.printer),
         settings_(settings),
         device_(CreateDCW(L"WINSPOOL", ToWide(printer_).c_str(), nullptr, settings.Mode())),
-        isLandscape_(beginsLandscape) {
+        sheet_(first.Sheet()),
+        isLandscape_(first.landscape) {
     if (!device_) throw Refused();
     const std::wstring name = ToWide(choice.title);
     DOCINFOW info{};
     info.cbSize = sizeof info;
     info.lpszDocName = name.c_str();
+    const std::wstring file = ToWide(choice.file);
+    if (!file.empty()) info.lpszOutput = file.c_str();
     SetLastError(ERROR_SUCCESS);
     number_ = StartDocW(device_.get(), &info);
     isCancelled_ = number_ <= 0 && GetLastError() == ERROR_CANCELLED;
@@ -71,10 +59,12 @@ class Job {
   [[nodiscard]] bool IsCancelled() const { return isCancelled_; }
 
   void Print(const Page& page) {
-    if (page.landscape != isLandscape_) {
-      settings_.PutLandscape(page.landscape);
-      if (ResetDCW(device_.get(), settings_.Mode()) == nullptr) throw Refused();
+    if (!(page.Sheet() == sheet_) || page.landscape != isLandscape_) {
+      sheet_ = page.Sheet();
       isLandscape_ = page.landscape;
+      settings_.PutSheet(sheet_, page.paperCode);
+      settings_.PutLandscape(isLandscape_);
+      if (ResetDCW(device_.get(), settings_.Mode()) == nullptr) throw Refused();
     }
     Require(StartPage(device_.get()) > 0);
     DrawPage(device_.get(), PlaceOf(page), page);
@@ -118,13 +108,14 @@ class Job {
   const std::string& printer_;
   DriverSettings& settings_;
   DeviceOwner device_;
+  PaperExtent sheet_;
   bool isLandscape_;
   int number_ = 0;
   bool isCancelled_ = false;
 };
 
 // The number of the job; nothing if the user has cancelled it.
-std::optional<int> PrintOnOneSheet(const PageRefs& pages, const PrintChoice& choice) {
+std::optional<int> PrintAsOneJob(const PageRefs& pages, const PrintChoice& choice) {
   DriverSettings settings(choice.printer);
   if (!settings.IsKnown()) {
     throw Failure(kDeviceIo, WithoutLockCharacter("打印机“" + choice.printer +
@@ -136,7 +127,7 @@ std::optional<int> PrintOnOneSheet(const PageRefs& pages, const PrintChoice& cho
   settings.PutLandscape(first.landscape);
   const int copies = settings.CopiesOfDriver() == choice.options.copies ? 1 : choice.options.copies;
 
-  Job job(choice, settings, first.landscape);
+  Job job(choice, settings, first);
   if (job.IsCancelled()) return std::nullopt;
   for (const Page* page : Repeated(pages, copies, choice.options.collated)) job.Print(*page);
   return job.End();
@@ -147,14 +138,11 @@ std::optional<int> PrintOnOneSheet(const PageRefs& pages, const PrintChoice& cho
 bool PrintDocument(const std::vector<Page>& pages, const PrintChoice& choice,
                    std::vector<int>& jobs) {
   const PageRefs chosen = ChosenPages(pages, choice.pages);
-  for (auto first = chosen.begin(); first != chosen.end();) {
-    const PaperExtent sheet = (*first)->Sheet();
-    const auto last = std::find_if(
-        first, chosen.end(), [&sheet](const Page* page) { return !(page->Sheet() == sheet); });
-    const std::optional<int> job = PrintOnOneSheet({first, last}, choice);
+  const auto runs = choice.file.empty() ? SheetRuns(chosen) : std::vector<PageRefs>{chosen};
+  for (const PageRefs& run : runs) {
+    const std::optional<int> job = PrintAsOneJob(run, choice);
     if (!job) return false;
     jobs.push_back(*job);
-    first = last;
   }
   return true;
 }

@@ -14,6 +14,7 @@ namespace td {
 struct PrintChoice {
   std::string printer;
   std::string title;  // of the jobs
+  std::string file;   // not empty: the driver writes there; all pages are one job
   // Pages to print, each from 1, in their order; nothing: all.
   std::optional<std::vector<int>> pages;
   JobOptions options;

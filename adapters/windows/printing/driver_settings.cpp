@@ -1,29 +1,14 @@
 #include "windows/printing/driver_settings.h"
 
 #include <algorithm>
-#include <memory>
 
 #include "page_document/drawing.h"
 #include "windows/api/wide_text.h"
 #include "windows/printing/forms.h"
-
-// Behind the system's other headers.
-#include <winspool.h>
+#include "windows/printing/printer_handle.h"
 
 namespace td {
 namespace {
-
-struct PrinterCloser {
-  using pointer = HANDLE;
-  void operator()(HANDLE printer) const { ClosePrinter(printer); }
-};
-using PrinterHandle = std::unique_ptr<HANDLE, PrinterCloser>;
-
-PrinterHandle Open(const std::string& printer) {
-  HANDLE opened = nullptr;
-  return PrinterHandle(OpenPrinterW(ToWide(printer).data(), &opened, nullptr) == FALSE ? nullptr
-                                                                                       : opened);
-}
 
 std::int16_t AsShort(int number) {
   return static_cast<std::int16_t>(std::clamp(number, -32'768, 32'767));
@@ -32,7 +17,7 @@ std::int16_t AsShort(int number) {
 }  // namespace
 
 DriverSettings::DriverSettings(const std::string& printer) : printer_(printer) {
-  const PrinterHandle opened = Open(printer);
+  const PrinterHandle opened = OpenPrinterOf(printer);
   if (!opened) return;
   std::wstring name = ToWide(printer);
   const LONG size = DocumentPropertiesW(nullptr, opened.get(), name.data(), nullptr, nullptr, 0);
@@ -45,7 +30,7 @@ DriverSettings::DriverSettings(const std::string& printer) : printer_(printer) {
 }
 
 void DriverSettings::Complete() {
-  const PrinterHandle opened = Open(printer_);
+  const PrinterHandle opened = OpenPrinterOf(printer_);
   if (!opened) return;
   std::vector<std::byte> completed(mode_.size());
   const LONG result = DocumentPropertiesW(nullptr, opened.get(), ToWide(printer_).data(),

@@ -2,31 +2,81 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <span>
 
 #include "windows/api/wide_text.h"
 #include "windows/printing/driver_settings.h"
+#include "windows/printing/printer_handle.h"
 
 // Behind the system's other headers.
 #include <winspool.h>
 
 namespace td {
 
-std::vector<std::string> PrinterNames() {
-  constexpr DWORD kKinds = PRINTER_ENUM_LOCAL | PRINTER_ENUM_CONNECTIONS;
-  constexpr DWORD kLevel = 4;  // the only one that asks no other machine
-  DWORD size = 0;
-  DWORD count = 0;
-  std::vector<std::byte> list;
-  // The list may grow between being measured and being read.
-  while (EnumPrintersW(kKinds, nullptr, kLevel, reinterpret_cast<BYTE*>(list.data()),
-                       static_cast<DWORD>(list.size()), &size, &count) == FALSE) {
-    if (GetLastError() != ERROR_INSUFFICIENT_BUFFER) return {};
-    list.resize(size);
+namespace {
+
+// What the system tells of all printers, in the structures of a level.
+class PrinterList {
+ public:
+  explicit PrinterList(DWORD level) {
+    constexpr DWORD kKinds = PRINTER_ENUM_LOCAL | PRINTER_ENUM_CONNECTIONS;
+    DWORD size = 0;
+    // The list may grow between being measured and being read.
+    while (EnumPrintersW(kKinds, nullptr, level, reinterpret_cast<BYTE*>(list_.data()),
+                         static_cast<DWORD>(list_.size()), &size, &count_) == FALSE) {
+      count_ = 0;
+      if (GetLastError() != ERROR_INSUFFICIENT_BUFFER) return;
+      list_.resize(size);
+    }
   }
+
+  template <class Printer>
+  [[nodiscard]] std::span<const Printer> As() const {
+    return {reinterpret_cast<const Printer*>(list_.data()), count_};
+  }
+
+ private:
+  std::vector<std::byte> list_;
+  DWORD count_ = 0;
+};
+
+}  // namespace
+
+std::vector<std::string> PrinterNames() {
+  constexpr DWORD kNamesAlone = 4;  // the only level that asks no other machine
+  const PrinterList list(kNamesAlone);
   std::vector<std::string> names;
-  const auto* printers = reinterpret_cast<const PRINTER_INFO_4W*>(list.data());
-  for (DWORD i = 0; i < count; ++i) names.push_back(FromWide(printers[i].pPrinterName));
+  for (const PRINTER_INFO_4W& printer : list.As<PRINTER_INFO_4W>()) {
+    names.push_back(FromWide(printer.pPrinterName));
+  }
   return names;
+}
+
+std::string PrinterOfDriver(const std::string& driver) {
+  constexpr DWORD kWithDrivers = 2;
+  const std::wstring wanted = ToWide(driver);
+  const PrinterList list(kWithDrivers);
+  for (const PRINTER_INFO_2W& printer : list.As<PRINTER_INFO_2W>()) {
+    if (printer.pDriverName != nullptr && wanted == printer.pDriverName) {
+      return FromWide(printer.pPrinterName);
+    }
+  }
+  return {};
+}
+
+void WaitForJobs(const std::string& printer, const std::vector<int>& jobs) {
+  constexpr DWORD kMilliseconds = 60'000;
+  constexpr DWORD kPause = 50;
+  const PrinterHandle opened = OpenPrinterOf(printer);
+  const auto isThere = [&opened](int job) {
+    DWORD size = 0;
+    return GetJobW(opened.get(), static_cast<DWORD>(job), 1, nullptr, 0, &size) != FALSE ||
+           GetLastError() == ERROR_INSUFFICIENT_BUFFER;
+  };
+  for (DWORD waited = 0; opened && waited < kMilliseconds; waited += kPause) {
+    if (std::ranges::none_of(jobs, isThere)) return;
+    Sleep(kPause);
+  }
 }
 
 std::string DefaultPrinter() {

@@ -1,16 +1,5 @@
-#include "windows/render/html_output.h"
-
-#include <algorithm>
-#include <array>
-#include <charconv>
-#include <cmath>
-#include <cstdint>
-#include <map>
-#include <string_view>
-#include <utility>
-
-#include "page_document/pictures.h"
-#include "platform/failure.h"
+#include "page_outputs/document_files.h"
+#include "page_outputs/html_writer.h"
 #include "windows/api/wide_text.h"
 #include "windows/render/picture_pixels.h"
 #include "windows/render/text_layout.h"
@@ -18,323 +7,48 @@
 namespace td {
 namespace {
 
-constexpr std::size_t kPartSize = 65536;  // of the file: what is handed on at a time
+constexpr double kUsualDotsPerInch = 96;
 
-// A length in twips, to a hundredth: finer than any output can show. Halves are rounded up.
-void AppendNumber(std::string& text, double number) {
-  constexpr double kPlaces = 100;
-  const double magnitude = std::abs(number);
-  const double scaled = magnitude * kPlaces;
-  const double whole = std::floor(scaled);
-  const double lost = std::fma(magnitude, kPlaces, -scaled);  // by the multiplication
-  const double rest = scaled - whole;
-  const bool roundsUp = rest > 0.5 || (rest == 0.5 && lost >= 0);
-  const auto hundredths = static_cast<std::int64_t>(whole) + (roundsUp ? 1 : 0);
-  if (number < 0 && hundredths != 0) text += '-';
-  std::array<char, 24> digits{};
-  text.append(digits.data(), std::to_chars(digits.begin(), digits.end(), hundredths / 100).ptr);
-  if (hundredths % 100 == 0) return;
-  text += '.';
-  text += static_cast<char>('0' + hundredths % 100 / 10);
-  if (hundredths % 10 != 0) text += static_cast<char>('0' + hundredths % 10);
-}
-
-std::string Number(double number) {
-  std::string text;
-  AppendNumber(text, number);
-  return text;
-}
-
-std::string Formatted(double number, std::chars_format format, int digits) {
-  std::array<char, 64> text{};
-  return {text.data(), std::to_chars(text.begin(), text.end(), number, format, digits).ptr};
-}
-
-std::string Millimetres(double twips) {
-  return Formatted(twips / kTwipsPerMillimetre, std::chars_format::fixed, 3) + "mm";
-}
-
-// Only what must not stand in the file as it is costs more than a copy.
-void AppendEscaped(std::string& html, std::string_view text) {
-  constexpr std::array<std::string_view, 2> kNoCharacters = {"\uFFFE", "\uFFFF"};
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const char byte = text[i];
-    if (byte == '&') {
-      html += "&amp;";
-    } else if (byte == '<') {
-      html += "&lt;";
-    } else if (byte == '>') {
-      html += "&gt;";
-    } else if (byte == '"') {
-      html += "&quot;";
-    } else if (byte >= 0 && byte < ' ') {
-      html += ' ';
-    } else if (byte == '\xEF' &&
-               (text.substr(i, 3) == kNoCharacters[0] || text.substr(i, 3) == kNoCharacters[1])) {
-      html += ' ';
-      i += 2;
-    } else {
-      html += byte;
-    }
+std::vector<HtmlText> AsHtml(const std::vector<PlacedText>& placed) {
+  std::vector<HtmlText> texts;
+  texts.reserve(placed.size());
+  for (const PlacedText& text : placed) {
+    texts.push_back({text.face, FromWide(text.text), text.x, text.y, text.width});
   }
+  return texts;
 }
 
-std::string HexColour(const Colour& colour) {
-  constexpr std::string_view kDigits = "0123456789abcdef";
-  std::string text = "#";
-  for (const std::uint8_t part : {colour.red, colour.green, colour.blue}) {
-    text += kDigits[part / 16U];
-    text += kDigits[part % 16U];
-  }
-  return text;
-}
-
-// A style sheet's string.
-std::string Quoted(std::string_view text) {
-  std::string quoted = "\"";
-  for (const char byte : text) {
-    if ((byte >= 0 && byte < ' ') || byte == 0x7F) continue;
-    if (byte == '<') {
-      quoted += "\\3c ";
-      continue;
-    }
-    if (byte == '"' || byte == '\\') quoted += '\\';
-    quoted += byte;
-  }
-  return quoted + '"';
-}
-
-std::string Base64(const Bytes& bytes) {
-  constexpr std::string_view kDigits =
-      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-  std::string text;
-  text.reserve((bytes.size() + 2) / 3 * 4);
-  for (std::size_t i = 0; i < bytes.size(); i += 3) {
-    const std::size_t count = std::min<std::size_t>(3, bytes.size() - i);
-    std::uint32_t group = 0;
-    for (std::size_t j = 0; j < 3; ++j) {
-      group = (group << 8U) | (j < count ? std::to_integer<std::uint32_t>(bytes[i + j]) : 0U);
-    }
-    for (std::size_t j = 0; j < 4; ++j) {
-      text += j <= count ? kDigits[(group >> (18U - 6U * j)) & 0x3FU] : '=';
-    }
-  }
-  return text;
-}
-
-bool StartsWith(const Bytes& bytes, std::string_view signature) {
-  return bytes.size() >= signature.size() &&
-         std::equal(signature.begin(), signature.end(), bytes.begin(),
-                    [](char a, std::byte b) { return static_cast<std::byte>(a) == b; });
-}
-
-// The bytes of the file where browsers show its kind, else of a PNG file. Empty if it can't be
-// decoded.
-std::string DataUri(const ImagePicture& picture) {
-  using std::string_view_literals::operator""sv;
-  const Bytes& file = picture.Encoded();
-  if (StartsWith(file, "\xFF\xD8\xFF"sv)) return "data:image/jpeg;base64," + Base64(file);
-  if (StartsWith(file, "\x89PNG\r\n\x1A\n"sv)) return "data:image/png;base64," + Base64(file);
-  const PixelsRef pixels = PixelsOf(picture);
-  return pixels ? "data:image/png;base64," + Base64(ToPng(*pixels, 96)) : std::string();
-}
-
-// A bold that the family lacks is made by a stroke instead of the browser's own way, so that the
-// letters are as wide as in the other outputs, where they are struck twice.
-double BoldStroke(const Face& face) {
-  return face.syntheticBold ? face.lineThickness / 2 : 0;
-}
-
-std::string FontStyle(const Face& face) {
-  std::string style = "font-family:" + Quoted(FromWide(face.family)) +
-                      ",sans-serif;font-size:" + Number(face.size) + "px;";
-  if (face.syntheticBold) {
-    style += "stroke:#000;stroke-width:" + Number(BoldStroke(face)) + ';';
-  } else if (face.bold) {
-    style += "font-weight:bold;";
-  }
-  return face.italic ? style + "font-style:italic;" : style;
-}
-
-// Writes pages as SVG, in twips, one after the other: no more than a page is held. The file has
-// each font, each sheet and each picture once, where it is used first.
-class HtmlWriter {
+class WindowsHtmlParts : public HtmlParts {
  public:
-  explicit HtmlWriter(const ByteSink& sink) : sink_(sink) {}
-
-  void Write(const std::vector<Page>& pages, const std::string& title) {
-    html_ += "<!DOCTYPE html>\n<html lang=\"zh-CN\">\n<head>\n<meta charset=\"utf-8\">\n<title>";
-    AppendEscaped(html_, title);
-    html_ += "</title>\n<style>\n" + StyleSheet(pages) + "</style>\n</head>\n<body>\n";
-    for (const Page& page : pages) {
-      AddPage(page);
-      if (html_.size() >= kPartSize) HandOn();
-    }
-    html_ += "</body>\n</html>\n";
-    HandOn();
+  [[nodiscard]] std::vector<HtmlText> LayOut(const BoxText& command) const override {
+    return AsHtml(td::LayOut(command));
+  }
+  [[nodiscard]] std::vector<HtmlText> LayOut(const PointText& command) const override {
+    return AsHtml(td::LayOut(command));
+  }
+  [[nodiscard]] std::vector<HtmlText> LayOut(const VectorPicture::Text& line) const override {
+    return AsHtml(td::LayOut(line));
   }
 
- private:
-  void HandOn() {
-    sink_(html_);
-    html_.clear();
+  [[nodiscard]] HtmlFont FontOf(const HtmlFace& known) const override {
+    const Face& face = *static_cast<const Face*>(known.get());
+    return {.families = {FromWide(face.family)},
+            .size = face.size,
+            .bold = face.bold,
+            .italic = face.italic,
+            .boldStroke = face.syntheticBold ? face.lineThickness / 2 : 0};
   }
 
-  std::string StyleSheet(const std::vector<Page>& pages) {
-    std::string style =
-        "body{margin:0;background:#ddd}\n"
-        "svg{display:block;margin:5mm auto;background:#fff;fill:#000}\n"
-        "text{white-space:pre;font-kerning:none;font-variant-ligatures:none;"
-        "text-rendering:geometricPrecision}\n"
-        "image{image-orientation:none}\n"
-        "@media print{body{background:none}svg{margin:0;break-after:page;break-inside:avoid}"
-        "svg:last-of-type{break-after:auto}}\n";
-    for (const Page& page : pages) {
-      const auto [known, isNew] =
-          sheets_.try_emplace({page.width, page.height}, "s" + std::to_string(sheets_.size()));
-      if (!isNew) continue;
-      const std::string& name = known->second;
-      style.append("@page ").append(name).append("{size:").append(Millimetres(page.width));
-      style.append(" ").append(Millimetres(page.height)).append(";margin:0}\n.").append(name);
-      style.append("{page:").append(name).append("}\n");
-    }
-    return style;
+  [[nodiscard]] Bytes PngOf(const ImagePicture& picture) const override {
+    const PixelsRef pixels = PixelsOf(picture);
+    return pixels ? ToPng(*pixels, kUsualDotsPerInch) : Bytes();
   }
-
-  // The fonts that the page is the first to use stand in front of its texts.
-  void AddPage(const Page& page) {
-    html_ += "<svg class=\"" + sheets_.at({page.width, page.height}) + "\" width=\"" +
-             Millimetres(page.width) + "\" height=\"" + Millimetres(page.height) +
-             "\" viewBox=\"0 0 " + Number(page.width) + ' ' + Number(page.height) + "\">\n";
-    const std::size_t begin = html_.size();
-    for (const DrawingCommand& command : page.commands) {
-      std::visit([this](const auto& drawn) { Add(drawn); }, command);
-    }
-    html_ += "</svg>\n";
-    if (newFonts_.empty()) return;
-    html_.insert(begin, "<style>\n" + newFonts_ + "</style>\n");
-    newFonts_.clear();
-  }
-
-  // Adds ` name="number"`.
-  void AddNumber(std::string_view name, double number) {
-    html_.append(" ").append(name).append("=\"");
-    AppendNumber(html_, number);
-    html_ += '"';
-  }
-
-  void Add(const BoxText& command) { AddTexts(LayOut(command), {}); }
-  void Add(const PointText& command) { AddTexts(LayOut(command), {}); }
-
-  void Add(const Line& line) {
-    html_ += "<path d=\"M";
-    AppendNumber(html_, line.x1);
-    html_ += ' ';
-    AppendNumber(html_, line.y1);
-    html_ += 'L';
-    AppendNumber(html_, line.x2);
-    html_ += ' ';
-    AppendNumber(html_, line.y2);
-    html_ += "\" stroke=\"#000\"";
-    AddNumber("stroke-width", std::max(line.penWidth, 1.0));
-    html_ += " stroke-linecap=\"square\"/>\n";
-  }
-
-  void Add(const PlacedPicture& placed) {
-    if (placed.width <= 0 || placed.height <= 0) return;
-    if (const auto* image = dynamic_cast<const ImagePicture*>(placed.picture.get())) {
-      AddImage(*image, placed);
-    } else if (const auto* drawing = dynamic_cast<const VectorPicture*>(placed.picture.get())) {
-      AddVectors(*drawing, placed);
-    }
-  }
-
-  // A picture is a square of 1 by 1 that each of its uses stretches over a box.
-  void AddImage(const ImagePicture& image, const PlacedPicture& placed) {
-    const auto [known, isNew] =
-        pictures_.try_emplace(&image, "i" + std::to_string(pictures_.size()));
-    if (isNew) {
-      const std::string uri = DataUri(image);
-      if (uri.empty()) {
-        known->second.clear();
-      } else {
-        html_ += "<defs><image id=\"" + known->second +
-                 "\" width=\"1\" height=\"1\" preserveAspectRatio=\"none\" href=\"" + uri +
-                 "\"/></defs>\n";
-      }
-    }
-    if (known->second.empty()) return;
-    html_ += "<use href=\"#" + known->second + "\" transform=\"translate(" + Number(placed.left) +
-             ' ' + Number(placed.top) + ") scale(" + Number(placed.width) + ' ' +
-             Number(placed.height) + ")\"/>\n";
-  }
-
-  void AddVectors(const VectorPicture& drawing, const PlacedPicture& placed) {
-    const PictureSize size = drawing.NaturalSize();
-    const auto scale = [](double factor) {
-      return Formatted(factor, std::chars_format::general, 9);
-    };
-    html_ += "<g transform=\"translate(" + Number(placed.left) + ' ' + Number(placed.top) +
-             ") scale(" + scale(placed.width / size.width) + ' ' +
-             scale(placed.height / size.height) + ")\" shape-rendering=\"crispEdges\">\n";
-    for (const VectorPicture::Rectangle& bar : drawing.Rectangles()) {
-      html_ += "<rect";
-      AddNumber("x", bar.left);
-      AddNumber("y", bar.top);
-      AddNumber("width", bar.width);
-      AddNumber("height", bar.height);
-      html_ += " fill=\"" + HexColour(bar.colour) + "\"/>\n";
-    }
-    for (const VectorPicture::Text& text : drawing.Texts()) AddTexts(LayOut(text), text.colour);
-    html_ += "</g>\n";
-  }
-
-  // Each line is one text, so that readers select and find it whole.
-  void AddTexts(const std::vector<PlacedText>& texts, const Colour& colour) {
-    const PlacedText* last = nullptr;
-    for (const PlacedText& text : texts) {
-      if (text.text.empty()) continue;
-      if (last == nullptr || last->y != text.y) {
-        if (last != nullptr) html_ += "</text>\n";
-        html_ += "<text";
-        AddNumber("y", text.y);
-        if (colour != Colour()) html_ += " fill=\"" + HexColour(colour) + '"';
-        html_ += '>';
-      }
-      html_ += "<tspan class=\"";
-      html_ += FontClass(text.face);
-      html_ += '"';
-      AddNumber("x", text.x - BoldStroke(*text.face) / 2);
-      AddNumber("textLength", text.width);
-      html_ += '>';
-      AppendEscaped(html_, FromWide(text.text));
-      html_ += "</tspan>";
-      last = &text;
-    }
-    if (last != nullptr) html_ += "</text>\n";
-  }
-
-  const std::string& FontClass(const FaceRef& face) {
-    if (const auto known = fonts_.find(face); known != fonts_.end()) return known->second;
-    const std::string& name =
-        fonts_.emplace(face, "f" + std::to_string(fonts_.size())).first->second;
-    newFonts_ += '.' + name + '{' + FontStyle(*face) + "}\n";
-    return name;
-  }
-
-  const ByteSink& sink_;
-  std::string html_;                      // what has not been handed on
-  std::string newFonts_;                  // rules of the fonts that the page is the first to use
-  std::map<FaceRef, std::string> fonts_;  // face → class
-  std::map<std::pair<double, double>, std::string> sheets_;  // size → class
-  std::map<const ImagePicture*, std::string> pictures_;  // → identifier; empty if it can't be shown
 };
 
 }  // namespace
 
 void StreamHtml(const std::vector<Page>& pages, const std::string& title, const ByteSink& sink) {
-  if (pages.empty()) throw Failure(kInvalidCall, "文档中没有页");
-  HtmlWriter(sink).Write(pages, title);
+  WriteHtmlPages(pages, title, WindowsHtmlParts(), sink);
 }
 
 }  // namespace td

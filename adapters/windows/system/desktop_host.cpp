@@ -1,12 +1,11 @@
 #include "windows/system/desktop_host.h"
 
 #include "page_document/page_document.h"
+#include "page_outputs/export_file.h"
 #include "platform/standard_failures.h"
 #include "windows/printing/document_printing.h"
 #include "windows/printing/printers.h"
-#include "windows/render/html_output.h"
 #include "windows/render/text_layout.h"
-#include "windows/system/export_folder.h"
 #include "windows/system/message_boxes.h"
 
 namespace td {
@@ -36,26 +35,12 @@ double DesktopHost::LineWidth(const TextLine& line) {
 }
 
 void DesktopHost::Print(PageDocument& document, bool withDialog) {
-  DocumentOutcome untold;
-  DocumentOutcome& outcome = settings_.outcome != nullptr ? *settings_.outcome : untold;
-  BeginOutcome(outcome, document.PageCount());
-  try {
-    if (withDialog) throw Failure(kInvalidCall, "没有可用的窗口，无法打开打印对话框。");
-    Deliver(document, outcome);
-  } catch (const std::exception& failure) {
-    outcome.delivery = Delivery::kRefused;
-    outcome.reason = failure.what();
-    throw;
-  }
-  if (outcome.IsDelivered() && settings_.onPrinted) settings_.onPrinted();
+  Deliver(settings_, document,
+          [&](DocumentOutcome& outcome) { PrintTo(document, withDialog, outcome); });
 }
 
-void DesktopHost::Deliver(PageDocument& document, DocumentOutcome& outcome) {
-  if (settings_.documentSink) {
-    settings_.documentSink(document);
-    outcome.delivery = Delivery::kSink;
-    return;
-  }
+void DesktopHost::PrintTo(PageDocument& document, bool withDialog, DocumentOutcome& outcome) {
+  if (withDialog) throw Failure(kInvalidCall, "没有可用的窗口，无法打开打印对话框。");
   PrintChoice choice;
   choice.printer = settings_.printer.empty() ? document.Device() : settings_.printer;
   choice.title = ProgramName();
@@ -71,27 +56,14 @@ bool DesktopHost::ShowPageSetup(PageDocument&) {
 
 void DesktopHost::Export(PageDocument& document, const std::string& file, std::int32_t format) {
   try {
-    if (format != kExportHtml) {
-      throw Failure(kInvalidCall, "不支持的导出格式：" + std::to_string(format));
-    }
-    const std::string folder =
-        settings_.stateDirectory.empty() ? DefaultStateFolder() : settings_.stateDirectory;
-    if (folder.empty()) throw Failure(kPathNotFound, "找不到用户的文件夹，无法保存导出文件。");
-    const std::string name = FileNameOf(file);
-    WritePrivateFile(folder, name,
-                     [&](const ByteSink& sink) { StreamHtml(document.Pages(), name, sink); });
+    ExportDocument(document, file, format, settings_.stateDirectory);
   } catch (const Failure& failure) {
     messages_.ShowBox(failure.Description(), kInformationIcon);
   }
 }
 
 void DesktopHost::Complain(const std::string& text) {
-  if (!complaints_.insert(text).second) return;
-  if (settings_.onComplaint) {
-    settings_.onComplaint(text);
-  } else {
-    WriteComplaint("QbTdPrinter: " + text);
-  }
+  complaints_.Tell(text);
 }
 
 }  // namespace td

@@ -1,13 +1,13 @@
 // The machine around a page document: its printers and its export file.
 #pragma once
 
-#include <set>
 #include <string>
 #include <vector>
 
 #include "page_document/document_host.h"
 #include "platform/platform.h"
-#include "qt/system/frame_settings.h"
+#include "print_calls/delivery.h"
+#include "print_calls/frame_settings.h"
 
 namespace td {
 
@@ -42,11 +42,11 @@ class DesktopHost : public DocumentHost {
   void Complain(const std::string& text) override;
 
  private:
-  void Deliver(PageDocument& document, DocumentOutcome& outcome);
+  void PrintTo(PageDocument& document, bool withDialog, DocumentOutcome& outcome);
 
   const FrameSettings& settings_;
   Messages& messages_;
-  std::set<std::string> complaints_;
+  Complaints complaints_{settings_};
 };
 
 }  // namespace td

@@ -4,11 +4,12 @@
 #include <memory>
 #include <string_view>
 #include <thread>
+#include <utility>
 
 #include "barcodes/barcode_settings.h"
 #include "platform/platform.h"
 #include "platform/windows.h"
-#include "qt/system/frame_settings.h"
+#include "print_calls/frame_settings.h"
 
 namespace td {
 
@@ -16,9 +17,14 @@ class HiddenWindows : public Windows {
  public:
   // `messages` outlives this object, and this object its windows.
   HiddenWindows(FrameSettings settings, BarcodeSettings barcodeSettings, Messages& messages)
-      : settings_(std::move(settings)),
-        barcodeSettings_(std::move(barcodeSettings)),
-        messages_(messages) {}
+      : barcodeSettings_(std::move(barcodeSettings)), messages_(messages) {
+    PutSettings(std::move(settings));
+  }
+
+  // For the windows that are made from now on; those that there are keep theirs.
+  void PutSettings(FrameSettings settings) {
+    settings_ = std::make_shared<const FrameSettings>(std::move(settings));
+  }
 
   // All windows live on the thread that made this object.
   void CheckThread() const override;
@@ -31,7 +37,7 @@ class HiddenWindows : public Windows {
 
  private:
   const std::thread::id thread_ = std::this_thread::get_id();
-  FrameSettings settings_;
+  std::shared_ptr<const FrameSettings> settings_;
   BarcodeSettings barcodeSettings_;
   Messages& messages_;
 };

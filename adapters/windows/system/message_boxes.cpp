@@ -1,7 +1,5 @@
 #include "windows/system/message_boxes.h"
 
-#include <algorithm>
-#include <cstdio>
 #include <filesystem>
 
 #include "files/path_text.h"
@@ -28,13 +26,6 @@ UINT IconOf(int style) {
 
 }  // namespace
 
-void WriteComplaint(const std::string& text) {
-  std::string line = text;
-  std::ranges::replace_if(
-      line, [](char c) { return c == '\n' || c == '\r'; }, ' ');
-  std::fprintf(stderr, "%s\n", line.c_str());
-}
-
 bool HasVisibleDesktop() {
   USEROBJECTFLAGS flags{};
   return GetUserObjectInformationW(GetProcessWindowStation(), UOI_FLAGS, &flags, sizeof flags,
@@ -49,13 +40,11 @@ std::string ProgramName() {
   return TextOf(std::filesystem::path(file).stem());
 }
 
-void MessageBoxes::ShowBox(const std::string& text, int style) {
-  ++shown_;
-  if (outcome_ != nullptr) ++outcome_->messages;
-  if (!boxesAllowed_ || !HasVisibleDesktop()) {
-    WriteComplaint(text);
-    return;
-  }
+bool MessageBoxes::HasDisplay() const {
+  return HasVisibleDesktop();
+}
+
+void MessageBoxes::ShowInBox(const std::string& text, int style) {
   MessageBoxW(GetActiveWindow(), ToWide(text).c_str(), ToWide(ProgramName()).c_str(),
               MB_OK | MB_TASKMODAL | MB_SETFOREGROUND | IconOf(style));
 }

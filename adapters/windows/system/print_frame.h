@@ -1,37 +1,23 @@
 // A print window that is not shown.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include "barcodes/zint_barcode.h"
-#include "page_document/page_document.h"
 #include "platform/windows.h"
+#include "print_calls/delivery.h"
+#include "print_calls/reporting_document.h"
 #include "windows/system/desktop_host.h"
 
 namespace td {
 
-// A document that tells of its beginning and of each page that the run has finished.
-class ReportingDocument : public PageDocument {
- public:
-  ReportingDocument(DocumentHost& host, const FrameSettings& settings)
-      : PageDocument(host), settings_(settings) {}
-
-  void StartDoc() override;
-  void NewPage() override;
-  void EndDoc() override;
-
- private:
-  void Report(int page);
-
-  const FrameSettings& settings_;
-};
-
 // Prints without a preview. What concerns the window's own parts has no effect.
 class HiddenPrintFrame : public PrintFrame {
  public:
-  // Both outlive the frame.
-  HiddenPrintFrame(const FrameSettings& settings, Messages& messages,
+  // `messages` outlives the frame.
+  HiddenPrintFrame(std::shared_ptr<const FrameSettings> settings, Messages& messages,
                    const BarcodeSettings& barcodeSettings);
 
   // Load and Activate don't come: the logic causes the loading itself where no window is shown.
@@ -51,6 +37,8 @@ class HiddenPrintFrame : public PrintFrame {
   void PutPageText(const std::string&) override {}
 
  private:
+  std::shared_ptr<const FrameSettings> settings_;
+  RunningCall call_;
   Messages& messages_;
   DesktopHost host_;
   ReportingDocument document_;

@@ -1,4 +1,4 @@
-#include "qt/system/export_folder.h"
+#include "page_outputs/export_folder.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "qt/system/device_failure.h"
+#include "print_calls/device_failure.h"
 
 namespace td {
 namespace {

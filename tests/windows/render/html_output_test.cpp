@@ -1,9 +1,8 @@
-#include "windows/render/html_output.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
+#include "page_outputs/document_files.h"
 #include "platform/failure.h"
 #include "sample_page.h"
 

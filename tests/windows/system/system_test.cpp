@@ -10,8 +10,9 @@
 #include "desktop/desktop_platform.h"
 #include "files/path_text.h"
 #include "page_document/page_document.h"
+#include "page_outputs/export_file.h"
+#include "page_outputs/export_folder.h"
 #include "platform/failure.h"
-#include "windows/system/export_folder.h"
 #include "windows/system/local_machine.h"
 
 namespace td {

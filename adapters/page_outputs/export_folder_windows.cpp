@@ -1,12 +1,10 @@
-#include "windows/system/export_folder.h"
-
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
 #include "files/path_text.h"
 #include "files/windows_files.h"
-#include "platform/failure.h"
+#include "page_outputs/export_folder.h"
 #include "platform/standard_failures.h"
 
 namespace td {
@@ -32,11 +30,6 @@ std::string DefaultStateFolder() {
   }
   const fs::path local = AbsolutePathFrom(L"LOCALAPPDATA");
   return local.empty() ? std::string() : TextOf(local / "QbTdPrinter");
-}
-
-std::string FileNameOf(const std::string& path) {
-  const std::size_t separator = path.find_last_of("/\\:");
-  return separator == std::string::npos ? path : path.substr(separator + 1);
 }
 
 void WritePrivateFile(const std::string& folder, const std::string& name, const FileWriter& write) {

@@ -1,4 +1,4 @@
-#include "render/number_text.h"
+#include "page_outputs/number_text.h"
 
 #include <array>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "qt/system/device_failure.h"
+#include "print_calls/device_failure.h"
 
 #include <utility>
 

@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "qt/system/document_outcome.h"
+#include "print_calls/document_outcome.h"
 
 namespace td {
 

@@ -1,4 +1,4 @@
-#include "render/written_file.h"
+#include "page_outputs/written_file.h"
 
 #include "files/file_error.h"
 #include "files/output_file.h"

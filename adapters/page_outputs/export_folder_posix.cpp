@@ -1,5 +1,3 @@
-#include "qt/system/export_folder.h"
-
 #include <fcntl.h>
 #include <pwd.h>
 #include <sys/stat.h>
@@ -13,7 +11,8 @@
 #include "files/file_error.h"
 #include "files/private_folder.h"
 #include "files/whole_file.h"
-#include "qt/system/device_failure.h"
+#include "page_outputs/export_folder.h"
+#include "platform/standard_failures.h"
 
 namespace td {
 namespace {
@@ -21,7 +20,7 @@ namespace {
 namespace fs = std::filesystem;
 
 Failure SavingFailure(int number, const std::string& path, const std::string& reason) {
-  return DeviceFailure(number, "无法保存文件“" + path + "”：" + reason + "。");
+  return {number, WithoutLockCharacter("无法保存文件“" + path + "”：" + reason + "。")};
 }
 
 std::string AbsolutePathFrom(const char* variable) {
@@ -46,11 +45,6 @@ std::string DefaultStateFolder() {
   }
   const std::string home = HomeFolder();
   return home.empty() ? home : home + "/.local/state/qbtdprinter";
-}
-
-std::string FileNameOf(const std::string& path) {
-  const std::size_t separator = path.find_last_of("/\\:");
-  return separator == std::string::npos ? path : path.substr(separator + 1);
 }
 
 void WritePrivateFile(const std::string& folder, const std::string& name, const FileWriter& write) {

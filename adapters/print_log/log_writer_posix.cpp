@@ -1,5 +1,3 @@
-#include "print_log/log_writer.h"
-
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -12,6 +10,7 @@
 #include "files/descriptor.h"
 #include "files/file_error.h"
 #include "files/written_bytes.h"
+#include "print_log/log_writer.h"
 
 namespace td {
 namespace {

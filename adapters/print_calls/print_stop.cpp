@@ -1,4 +1,4 @@
-#include "qt/system/print_stop.h"
+#include "print_calls/print_stop.h"
 
 #include <exception>
 
