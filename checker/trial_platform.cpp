@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "checker/drawn_text.h"
 #include "page_document/pictures.h"
 #include "platform/failure.h"
-#include "qt/render/outputs.h"
 #include "text/conversions.h"
 
 namespace td::checker {
@@ -65,11 +65,11 @@ std::optional<PaperExtent> TrialHost::DefaultSheet() {
 }
 
 double TrialHost::LineHeight(const TextLine& line) {
-  return td::LineHeight(line);
+  return HeightOf(line);
 }
 
 double TrialHost::LineWidth(const TextLine& line) {
-  return td::LineWidth(line);
+  return WidthOf(line);
 }
 
 void TrialHost::Print(PageDocument& document, bool /*withDialog*/) {
@@ -104,10 +104,10 @@ void TrialDocument::TextBox(const std::string& text, double left, double top, do
 void TrialDocument::TellWritten(const std::string& text, double x, double y) {
   if (text.empty()) return;
   const TextLine line = {{text, Font()}};
-  const double width = td::LineWidth(line);
+  const double width = WidthOf(line);
   const double parts[] = {0, width / 2, width};
   const auto before = parts[static_cast<int>(AlignmentOf(TextAlign()))];
-  listener_.Written({width, td::LineHeight(line)}, x - before, y);
+  listener_.Written({width, HeightOf(line)}, x - before, y);
 }
 
 void TrialDocument::PutParagraph(const std::string& text) {

@@ -1,12 +1,11 @@
 #include "log_command.h"
 
-#include <stdlib.h>
-
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 
 #include "complaint.h"
+#include "desktop/who_prints.h"
 #include "explanation/language.h"
 #include "files/path_text.h"
 #include "print_log/log_reader.h"
@@ -125,9 +124,9 @@ std::string NumbersText(const std::vector<std::size_t>& numbers) {
 
 std::vector<std::string> FilesOf(const LogArguments& arguments) {
   if (!arguments.files.empty()) return arguments.files;
-  const char* file = getenv("QBTDPRINTER_LOG_FILE");
-  if (file == nullptr || *file == '\0') return {};
-  return {file};
+  const fs::path file = LogFileOfEnvironment();
+  if (file.empty()) return {};
+  return {TextOf(file)};
 }
 
 }  // namespace

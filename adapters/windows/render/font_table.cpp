@@ -130,6 +130,23 @@ const FontTable& FontTable::Instance() {
   return table;
 }
 
+std::vector<std::string> FontTable::Meant(const std::string& key) const {
+  Names meant;
+  if (const auto found = configured_.find(key); found != configured_.end()) meant = found->second;
+  meant.push_back(key);
+  for (const Style& style : BuiltIn()) {
+    if (std::ranges::find(style.names, key) == style.names.end()) continue;
+    meant.insert(meant.end(), style.families().begin(), style.families().end());
+  }
+  return meant;
+}
+
+bool FontTable::Serves(const std::string& name) const {
+  return std::ranges::any_of(Meant(Key(name)), [](const std::string& family) {
+    return FindFamily(ToWide(family)) != nullptr;
+  });
+}
+
 std::vector<const InstalledFamily*> FontTable::Families(const std::string& name) const {
   std::vector<const InstalledFamily*> families;
   const auto add = [&families](const InstalledFamily* family) {
@@ -140,12 +157,7 @@ std::vector<const InstalledFamily*> FontTable::Families(const std::string& name)
   const auto addAll = [&add](const Names& names) {
     for (const std::string& wanted : names) add(FindFamily(ToWide(wanted)));
   };
-  const std::string key = Key(name);
-  if (const auto found = configured_.find(key); found != configured_.end()) addAll(found->second);
-  add(FindFamily(ToWide(key)));
-  for (const Style& style : BuiltIn()) {
-    if (std::ranges::find(style.names, key) != style.names.end()) addAll(style.families());
-  }
+  addAll(Meant(Key(name)));
   for (const Names* names : {&Song(), &Hei(), &FangSong(), &Sans(), &Symbols()}) addAll(*names);
   for (const InstalledFamily& family : InstalledFamilies()) add(&family);
   return families;

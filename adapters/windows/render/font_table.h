@@ -28,7 +28,13 @@ class FontTable {
   // is installed.
   [[nodiscard]] std::vector<const InstalledFamily*> Families(const std::string& name) const;
 
+  // Whether one of the families that are meant by the name is installed: a configured one, the one
+  // that bears it, or one of those that the table has for it. Otherwise any Chinese font stands in.
+  [[nodiscard]] bool Serves(const std::string& name) const;
+
  private:
+  [[nodiscard]] std::vector<std::string> Meant(const std::string& key) const;
+
   std::map<std::string, std::vector<std::string>> configured_;
 };
 
