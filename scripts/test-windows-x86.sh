@@ -35,6 +35,7 @@ mount --bind /run/cups "$root/run/cups"
 for program in wine wineboot wineserver winepath; do
   cat >"$wrappers/$program" <<WRAPPER
 #!/bin/bash
+export PATH=/usr/sbin:/usr/bin:/sbin:/bin
 exec chroot "$root" /bin/sh -c 'cd "\$0" && exec "\$@"' "\$PWD" $program "\$@"
 WRAPPER
   chmod +x "$wrappers/$program"
