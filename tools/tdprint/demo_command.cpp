@@ -8,6 +8,7 @@
 #include "complaint.h"
 #include "files/file_error.h"
 #include "files/path_text.h"
+#include "page_outputs/document_files.h"
 #include "platform/failure.h"
 #include "print_command.h"
 #include "sample_files.h"
@@ -40,7 +41,7 @@ ExitStatus Worse(ExitStatus one, ExitStatus other) {
 ExitStatus PrintToFiles(const SamplePrint& sample, const fs::path& out, const fs::path& database) {
   PrintArguments arguments = ArgumentsFor(sample, database);
   const std::string base = TextOf(out / PathOf(sample.name));
-  arguments.pdf = base + ".pdf";
+  if (CanWritePdf()) arguments.pdf = base + ".pdf";
   arguments.png = base;
   arguments.html = base + ".html";
   const ExitStatus status = PrintBills(arguments);
@@ -68,10 +69,9 @@ ExitStatus Demonstrate(const DemoArguments& arguments) {
   fs::create_directories(out);
   const fs::path database = out / "sample.db";
   MakeSampleDatabase(samples, database);
-  std::cout
-      << "The sample database: " << TextOf(database)
-      << "\nThe printed bills, each as NAME.pdf, NAME.html and NAME/page-001.png and so on, in "
-      << TextOf(out) << ":" << std::endl;
+  std::cout << "The sample database: " << TextOf(database) << "\nThe printed bills, each as "
+            << (CanWritePdf() ? "NAME.pdf, " : "")
+            << "NAME.html and NAME/page-001.png and so on, in " << TextOf(out) << ":" << std::endl;
 
   ExitStatus status = ExitStatus::kPrinted;
   for (const SamplePrint& sample : prints) {

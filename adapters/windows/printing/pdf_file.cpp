@@ -26,6 +26,10 @@ Failure NotWritten(const std::string& path, const std::string& reason) {
 
 }  // namespace
 
+bool CanWritePdf() {
+  return !PrinterOfDriver(kPdfDriver).empty();
+}
+
 // The printing system writes a file only under a name that has no file, and only to the disk.
 void WritePdf(const std::vector<Page>& pages, const std::string& path, const std::string& title) {
   RequirePages(pages.size());
