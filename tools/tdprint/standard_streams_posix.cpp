@@ -1,6 +1,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <initializer_list>
+
 #include "standard_streams.h"
 
 namespace td {
