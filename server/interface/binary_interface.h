@@ -259,8 +259,9 @@ typedef struct TdExceptionInfo {
 
 /* Names are zero-terminated, and found without regard to case. `reserved` is null, or points to
  * zeros; `language` has no effect.
- *   GetTypeInfoCount  gives 0
- *   GetTypeInfo       fails with TD_NOT_IMPLEMENTED
+ *   GetTypeInfoCount  gives 0; on Windows 1
+ *   GetTypeInfo       fails with TD_NOT_IMPLEMENTED; on Windows it gives the system's description
+ *                     of the class's own interface
  *   GetIDsOfNames     gives the number of a member, and behind it those of its arguments' names;
  *                     TD_UNKNOWN_NAME and TD_MEMBER_UNKNOWN where there is none
  *   Invoke            calls a member. `result`, `info` and `badArgument` may be null;
@@ -491,6 +492,10 @@ static const TdGuid kTdSessionClass = {
     0xBEC9E21A, 0x8357, 0x4EC5, {0xB2, 0x61, 0x5C, 0xEC, 0x43, 0xB8, 0x2E, 0x3B}};
 static const TdGuid kTdSettingsClass = {
     0xA15FD0B3, 0x9AE9, 0x4BD7, {0x91, 0x65, 0x60, 0x0A, 0xB8, 0xD4, 0x0F, 0xD1}};
+
+/* The type library of the module on Windows, version 1.0. */
+static const TdGuid kTdTypeLibraryId = {
+    0xFB0C9C6E, 0x63A5, 0x4F1D, {0x9C, 0x52, 0x6E, 0x3C, 0x7E, 0x2B, 0x5D, 0x40}};
 
 /* The component's own interfaces. */
 static const TdGuid kTdPrinterId = {
