@@ -16,6 +16,8 @@ namespace {
 
 constexpr std::wstring_view kClasses = L"Software\\Classes";
 constexpr std::wstring_view kNamesBegin = L"QbTdPrinter.";
+// Of QbTdPrinter.idl.
+constexpr const wchar_t* kTypeLibrary = L"{FB0C9C6E-63A5-4F1D-9C52-6E3C7E2B5D40}";
 // The system's own marshaller reads the type library.
 constexpr const wchar_t* kMarshaller = L"{00020424-0000-0000-C000-000000000046}";
 constexpr const wchar_t* kLibraryVersion = L"1.0";
@@ -57,7 +59,7 @@ std::wstring InterfacePath(const TdGuid& id) {
 }
 
 std::wstring LibraryPath() {
-  return Joined(kClasses, Joined(L"TypeLib", ToWide(TextOfGuid(kTdTypeLibraryId))));
+  return Joined(kClasses, Joined(L"TypeLib", kTypeLibrary));
 }
 
 Key Make(HKEY scope, const std::wstring& path) {
@@ -100,12 +102,11 @@ void WriteClass(HKEY scope, const RegisteredClass& one) {
   const Key server = Make(scope, Joined(path, L"InprocServer32"));
   PutText(server, nullptr, one.module.wstring());
   PutText(server, L"ThreadingModel", L"Apartment");
-  PutText(Make(scope, Joined(path, L"TypeLib")), nullptr, ToWide(TextOfGuid(kTdTypeLibraryId)));
+  PutText(Make(scope, Joined(path, L"TypeLib")), nullptr, kTypeLibrary);
 }
 
 // By it calls through the classes' own interfaces arrive from other threads, too.
 void WriteTypeLibrary(HKEY scope, const std::filesystem::path& module) {
-  const std::wstring library = ToWide(TextOfGuid(kTdTypeLibraryId));
   const std::wstring version = Joined(LibraryPath(), kLibraryVersion);
   PutText(Make(scope, version), nullptr, L"QbTdPrinter");
   PutText(Make(scope, Joined(version, Joined(L"0", kOwnKind))), nullptr, module.wstring());
@@ -116,7 +117,7 @@ void WriteTypeLibrary(HKEY scope, const std::filesystem::path& module) {
     PutText(Make(scope, path), nullptr, one.name);
     PutText(Make(scope, Joined(path, L"ProxyStubClsid32")), nullptr, kMarshaller);
     const Key typeLibrary = Make(scope, Joined(path, L"TypeLib"));
-    PutText(typeLibrary, nullptr, library);
+    PutText(typeLibrary, nullptr, kTypeLibrary);
     PutText(typeLibrary, L"Version", kLibraryVersion);
   }
 }

@@ -29,6 +29,18 @@ PaperExtent Millimetres(double width, double height) {
   return {width * kTwipsPerMillimetre, height * kTwipsPerMillimetre};
 }
 
+PrintChoice ChoiceOf(const std::string& printer) {
+  PrintChoice choice;
+  choice.printer = printer;
+  choice.title = "test";
+  return choice;
+}
+
+JobOptions OptionsOf(int copies, bool collated, Sides sides = Sides::kAsSet,
+                     std::optional<std::int16_t> tray = std::nullopt) {
+  return {copies, collated, sides, tray};
+}
+
 TEST(Printers, AreThoseOfTheSystemByTheirExactNames) {
   const std::vector<std::string> names = PrinterNames();
   EXPECT_GT(std::ranges::count(names, "QbTd-PDF"), 0);
@@ -67,18 +79,18 @@ TEST(DocumentPrinting, AJobHasOneSheetAndANumber) {
   Page across = PageOf(210, 148, {Box("乙", 10, 10, 50, 10)});
   across.landscape = true;
   const Page a4 = PageOf(210, 297, {Box("丙", 10, 10, 50, 10)});
-  EXPECT_TRUE(
-      PrintDocument({a5, across, a4, a4}, {.printer = "QbTd-PDF", .title = "sheets"}, jobs));
+  EXPECT_TRUE(PrintDocument({a5, across, a4, a4}, ChoiceOf("QbTd-PDF"), jobs));
   EXPECT_EQ(jobs.size(), 2U);
-  EXPECT_TRUE(PrintDocument(
-      {a5, a4}, {.printer = "QbTd-PDF", .title = "chosen", .pages = std::vector<int>{2}}, jobs));
+  PrintChoice chosen = ChoiceOf("QbTd-PDF");
+  chosen.pages = {2};
+  EXPECT_TRUE(PrintDocument({a5, a4}, chosen, jobs));
   EXPECT_EQ(jobs.size(), 3U);
 }
 
 TEST(DocumentPrinting, APrinterThatHasGoneIsAFailureOfADevice) {
   std::vector<int> jobs;
   try {
-    PrintDocument({PageOf(148, 210, {})}, {.printer = "锁机", .title = "none"}, jobs);
+    PrintDocument({PageOf(148, 210, {})}, ChoiceOf("锁机"), jobs);
     FAIL();
   } catch (const Failure& failure) {
     EXPECT_EQ(failure.Number(), kDeviceIo);
@@ -103,13 +115,10 @@ class JobFile : public testing::Test {
                                     const JobOptions& options = {}) const {
     const fs::path file = folder_ / PathOf("job.ps");
     std::vector<int> jobs;
-    EXPECT_TRUE(PrintDocument(pages,
-                              {.printer = printer,
-                               .title = "file",
-                               .file = TextOf(file),
-                               .pages = {},
-                               .options = options},
-                              jobs));
+    PrintChoice choice = ChoiceOf(printer);
+    choice.file = TextOf(file);
+    choice.options = options;
+    EXPECT_TRUE(PrintDocument(pages, choice, jobs));
     EXPECT_EQ(jobs.size(), 1U);
     std::stringstream content;
     content << std::ifstream(file, std::ios::binary).rdbuf();
@@ -153,12 +162,13 @@ TEST_F(JobFile, NamesTheTrayAndTheSides) {
   EXPECT_EQ(CountOf(usual, "*Duplex DuplexNoTumble"), 0U);
   const std::int16_t second = TrayNamed(L"QbTd-Office", L"Tray 2");
   const std::string chosen =
-      Printed({page, page}, "QbTd-Office", {.sides = Sides::kTwoLongEdge, .tray = second});
+      Printed({page, page}, "QbTd-Office", OptionsOf(1, true, Sides::kTwoLongEdge, second));
   EXPECT_GT(CountOf(chosen, "*InputSlot Tray2"), 0U);
   EXPECT_GT(CountOf(chosen, "*Duplex DuplexNoTumble"), 0U);
-  const std::string turned = Printed({page}, "QbTd-Office", {.sides = Sides::kTwoShortEdge});
+  const std::string turned =
+      Printed({page}, "QbTd-Office", OptionsOf(1, true, Sides::kTwoShortEdge));
   EXPECT_GT(CountOf(turned, "*Duplex DuplexTumble"), 0U);
-  const std::string single = Printed({page}, "QbTd-Office", {.sides = Sides::kOne});
+  const std::string single = Printed({page}, "QbTd-Office", OptionsOf(1, true, Sides::kOne));
   EXPECT_EQ(CountOf(single, "*Duplex DuplexTumble") + CountOf(single, "*Duplex DuplexNoTumble"),
             0U);
 }
@@ -167,7 +177,7 @@ TEST_F(JobFile, NamesTheTrayAndTheSides) {
 TEST_F(JobFile, HasAsManyCopiesAsAreWanted) {
   const Page page = PageOf(210, 297, {Box("甲", 10, 10, 50, 10)});
   for (const bool collated : {true, false}) {
-    const std::string job = Printed({page, page}, "QbTd-PDF", {.copies = 3, .collated = collated});
+    const std::string job = Printed({page, page}, "QbTd-PDF", OptionsOf(3, collated));
     const std::size_t ofDriver = CountOf(job, "/NumCopies 3") > 0 ? 3 : 1;
     EXPECT_EQ(CountOf(job, "%%Page: ") * ofDriver, 6U);
   }
