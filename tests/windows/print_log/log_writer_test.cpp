@@ -14,7 +14,6 @@
 
 #include "files/file_error.h"
 #include "files/path_text.h"
-#include "files/windows_file.h"
 
 namespace td {
 namespace {
@@ -97,10 +96,6 @@ TEST_F(LogWriter, FailsWithTheSystemsReason) {
   EXPECT_EQ(ErrorOf(folder_ / "missing" / "prints.log"), ENOENT);
   EXPECT_EQ(ErrorOf(folder_), EISDIR);
   EXPECT_EQ(ErrorOf("NUL"), EINVAL);
-  AppendLine(path_, "one\n");
-  SetFileAttributesW(PathOf(path_).c_str(), FILE_ATTRIBUTE_READONLY);
-  EXPECT_EQ(ErrorOf(PathOf(path_)), EACCES);
-  SetFileAttributesW(PathOf(path_).c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
 }  // namespace
