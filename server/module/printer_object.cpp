@@ -24,6 +24,7 @@ class PrinterObject final : public DispatchObject<PrinterObject, TdPrinter> {
  public:
   PrinterObject() : DispatchObject(&kTable) {}
 
+  static const TdGuid& OwnInterface() { return kTdPrinterId; }
   static bool Has(const TdGuid& id) {
     return SameGuid(id, kTdDispatchId) || SameGuid(id, kTdPrinterId);
   }

@@ -39,6 +39,7 @@ class SessionObject final : public DispatchObject<SessionObject, TdSession> {
  public:
   SessionObject() : DispatchObject(&kTable) {}
 
+  static const TdGuid& OwnInterface() { return kTdSessionId; }
   static bool Has(const TdGuid& id) {
     return SameGuid(id, kTdDispatchId) || SameGuid(id, kTdSessionId);
   }

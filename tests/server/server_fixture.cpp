@@ -1,14 +1,12 @@
 #include "server_fixture.h"
 
-#include <dlfcn.h>
-#include <stdlib.h>
-
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
 
+#include "module_loading.h"
 #include "objects/variant_values.h"
 #include "test_rows.h"
 
@@ -27,13 +25,13 @@ constexpr const char* kFormats = R"(
 
 std::string Content(const std::string& path) {
   std::stringstream content;
-  content << std::ifstream(path, std::ios::binary).rdbuf();
+  content << std::ifstream(PathOf(path), std::ios::binary).rdbuf();
   return content.str();
 }
 
 template <class Function>
 Function Exported(void* handle, const char* name) {
-  auto function = reinterpret_cast<Function>(dlsym(handle, name));
+  auto function = reinterpret_cast<Function>(ExportOf(handle, name));
   if (function == nullptr) throw std::runtime_error(name);
   return function;
 }
@@ -46,9 +44,7 @@ Outcome OutcomeOf(TdResult result, TdExceptionInfo& info) {
 
 }  // namespace
 
-LoadedModule::LoadedModule(const std::string& path)
-    : handle_(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL)) {
-  if (handle_ == nullptr) throw std::runtime_error(dlerror());
+LoadedModule::LoadedModule(const std::string& path) : handle_(LoadModule(path)) {
   getClassObject = td::Exported<TdGetClassObjectFunction>(handle_, "DllGetClassObject");
   canUnloadNow = td::Exported<TdCanUnloadNowFunction>(handle_, "DllCanUnloadNow");
   registerServer = td::Exported<TdRegisterServerFunction>(handle_, "DllRegisterServer");
@@ -56,7 +52,7 @@ LoadedModule::LoadedModule(const std::string& path)
 }
 
 LoadedModule::~LoadedModule() {
-  dlclose(handle_);
+  UnloadModule(handle_);
 }
 
 Reference<TdClassFactory> LoadedModule::Factory(const TdGuid& classId) const {
@@ -109,8 +105,8 @@ void ExpectRaised(const Outcome& outcome, TdResult number, const std::string& de
 ServerTest::ServerTest()
     : connection_(MakeDatabase(folder_.File("bills.db"),
                                Content(QBTD_SOURCE_DIR "/examples/schema.sql") + kFormats)) {
-  setenv("QBTDPRINTER_STATE_DIR", folder_.File("state").c_str(), 1);
-  setenv("XDG_CONFIG_HOME", folder_.File("config").c_str(), 1);
+  PutVariable("QBTDPRINTER_STATE_DIR", folder_.File("state"));
+  PutVariable(kSettingsVariable, folder_.File("config"));
   testing::internal::CaptureStderr();
   module_ = std::make_unique<LoadedModule>();
 }
@@ -146,8 +142,8 @@ std::string ServerTest::Exported() const {
 }
 
 void ServerTest::WriteBarcodeSettings(const std::string& content) const {
-  std::filesystem::create_directories(folder_.File("config/qbtdprinter"));
-  std::ofstream(folder_.File("config/qbtdprinter/barcode.conf")) << content;
+  std::filesystem::create_directories(folder_.Path() / "config" / "qbtdprinter");
+  std::ofstream(folder_.Path() / "config" / "qbtdprinter" / "barcode.conf") << content;
 }
 
 std::string ServerTest::Messages() {
