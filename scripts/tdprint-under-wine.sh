@@ -25,11 +25,12 @@ fail() {
 # windows_path PATH: as the programs of Windows write it.
 windows_path() { printf '%s' "Z:${1//\//\\}"; }
 
-# run STATUS ARGUMENTS…: its outputs are in $work/said and $work/errors.
+# run STATUS ARGUMENTS…: its outputs are in $work/said and $work/errors. A program that waits for a
+# user who isn't there is ended some day.
 run() {
   local wanted=$1 status=0
   shift
-  timeout 120 wine "$folder/tdprint.exe" "$@" >"$work/said" 2>"$work/errors" || status=$?
+  timeout 900 wine "$folder/tdprint.exe" "$@" >"$work/said" 2>"$work/errors" || status=$?
   [ "$status" = "$wanted" ] || fail "$*: status $status, expected $wanted"
 }
 says() { grep -qF -- "$1" "$work/said" || fail "“$1” isn't in: $(<"$work/said")"; }
