@@ -19,7 +19,9 @@ End Class
 
 ' A record set over rows of the script: the component calls these five members.
 Class RowSet
-  Private names, rows, current
+  Private names
+  Private rows
+  Private current
 
   Public Sub Load(newNames, newRows)
     names = newNames
@@ -34,11 +36,12 @@ Class RowSet
   ' Called for every value that a format shows. A column that the rows don't have is error 3265, and
   ' what shows it stays blank.
   Public Function Fields(name)
-    Dim i
+    Dim i, found
     For i = 0 To UBound(names)
       If LCase(names(i)) = LCase(name) Then
-        Set Fields = New OneField
-        Fields.Value = rows(current)(i)
+        Set found = New OneField
+        found.Value = rows(current)(i)
+        Set Fields = found
         Exit Function
       End If
     Next
@@ -55,8 +58,10 @@ Class RowSet
 
   ' A second cursor over the same rows.
   Public Function Clone()
-    Set Clone = New RowSet
-    Clone.Load names, rows
+    Dim other
+    Set other = New RowSet
+    other.Load names, rows
+    Set Clone = other
   End Function
 End Class
 
@@ -69,9 +74,11 @@ End If
 
 ' The rows of a bill stand together, and FInterID tells the bills apart.
 Set data = New RowSet
-data.Load Array("FInterID", "FEntryID", "FBillNo", "FItemName", "FUnitName", "FQty", "FPrice", "FAmount"), _
-  Array(Array(1, 1, "XD-0001", "Rice", "kg", 25, 5.2, 130), _
-        Array(1, 2, "XD-0001", "Salt", "bag", 10, 2.5, 25))
+Dim names, first, second
+names = Array("FInterID", "FEntryID", "FBillNo", "FItemName", "FUnitName", "FQty", "FPrice", "FAmount")
+first = Array(1, 1, "XD-0001", "Rice", "kg", 25, 5.2, 130)
+second = Array(1, 2, "XD-0001", "Salt", "bag", 10, 2.5, 25)
+data.Load names, Array(first, second)
 
 On Error Resume Next
 ' A session prints to an output of the program's choice and tells what became of the document.

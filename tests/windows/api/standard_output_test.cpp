@@ -83,6 +83,7 @@ TEST(StandardOutput, FailsWhereNobodyReads) {
 class ConsoleOutput : public testing::Test {
  protected:
   void SetUp() override {
+    FreeConsole();
     hasConsole_ = AllocConsole() != FALSE;
     codePage_ = GetConsoleOutputCP();
   }
