@@ -1,6 +1,6 @@
 #include "checker/desktop_machine.h"
 
-#include "qt/system/printers.h"
+#include "checker/installed_printers.h"
 
 namespace td::checker {
 
@@ -8,12 +8,12 @@ DesktopMachine::DesktopMachine(Platform& platform)
     : platform_(platform), barcodes_(ReadBarcodeSettings(BarcodeSettingsFile())) {}
 
 std::vector<std::string> DesktopMachine::Printers() const {
-  if (!printers_) printers_ = PrinterNames();
+  if (!printers_) printers_ = InstalledPrinters();
   return *printers_;
 }
 
 std::string DesktopMachine::DefaultPrinter() const {
-  if (!defaultPrinter_) defaultPrinter_ = td::DefaultPrinter();
+  if (!defaultPrinter_) defaultPrinter_ = InstalledDefaultPrinter();
   return *defaultPrinter_;
 }
 
@@ -23,15 +23,13 @@ std::string DesktopMachine::Id() const {
 
 std::optional<PaperExtent> DesktopMachine::OwnSheet(const std::string& printer) const {
   const auto [sheet, isNew] = ownSheets_.try_emplace(printer);
-  if (isNew) sheet->second = td::OwnSheet(printer);
+  if (isNew) sheet->second = InstalledSheet(printer);
   return sheet->second;
 }
 
 std::optional<SheetMargins> DesktopMachine::Margins(const std::string& printer,
                                                     const PaperExtent& sheet) const {
-  const auto margins = MarginsOf(printer, sheet);
-  if (!margins) return std::nullopt;
-  return SheetMargins{margins->left, margins->top, margins->right, margins->bottom};
+  return InstalledMargins(printer, sheet);
 }
 
 bool DesktopMachine::Answers(const std::string& printer) const {

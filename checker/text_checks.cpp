@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <set>
 
+#include "checker/drawn_text.h"
 #include "page_document/commands.h"
-#include "qt/render/fonts.h"
 #include "store/template_item.h"
 #include "text/conversions.h"
 
@@ -111,12 +111,9 @@ void CheckFonts(const FormatRows& format, FindingList& findings) {
     const bool isText = item.Number("FTypeID") == static_cast<double>(ItemKind::kText);
     if (isText && !item.HasNull("FFontName")) ++fonts[item.Text("FFontName")];
   }
-  const FontTable& table = FontTable::Instance();
   for (const auto& [name, count] : fonts) {
-    if (table.Serves(name)) continue;
-    const QStringList families = table.Families(name);
-    findings.Add(kFontMissing,
-                 {name, families.isEmpty() ? "" : families.front().toStdString(), ToText(count)});
+    if (HasFont(name)) continue;
+    findings.Add(kFontMissing, {name, StandInFont(name), ToText(count)});
   }
 }
 

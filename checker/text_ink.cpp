@@ -1,10 +1,9 @@
 #include "checker/text_ink.h"
 
-#include <QString>
 #include <algorithm>
 #include <set>
 
-#include "qt/render/text_layout.h"
+#include "checker/drawn_text.h"
 
 namespace td::checker {
 namespace {
@@ -18,10 +17,10 @@ constexpr double kBelow = 0.12;
 TextInk InkOf(const BoxText& text) {
   TextInk ink;
   std::set<double> baseLines;
-  for (const PlacedText& piece : LayOut(text)) {
-    if (QString::fromStdString(piece.text).trimmed().isEmpty()) continue;
-    const double top = piece.y - kAbove * piece.face->size;
-    const double bottom = piece.y + kBelow * piece.face->size;
+  for (const DrawnPiece& piece : DrawnPieces(text)) {
+    if (piece.isBlank) continue;
+    const double top = piece.y - kAbove * piece.fontSize;
+    const double bottom = piece.y + kBelow * piece.fontSize;
     if (baseLines.empty()) {
       ink = {piece.x, top, piece.x + piece.width, bottom};
     } else {

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "checker/drawn_text.h"
 #include "page_document/pictures.h"
 #include "page_document/windowless_frame.h"
 #include "platform/failure.h"
-#include "qt/render/outputs.h"
 #include "text/conversions.h"
 
 namespace td::checker {
@@ -72,10 +72,10 @@ void TrialDocument::TextBox(const std::string& text, double left, double top, do
 void TrialDocument::TellWritten(const std::string& text, double x, double y) {
   if (text.empty()) return;
   const TextLine line = {{text, Font()}};
-  const double width = td::LineWidth(line);
+  const double width = WidthOf(line);
   const double parts[] = {0, width / 2, width};
   const auto before = parts[static_cast<int>(Alignment())];
-  listener_.Written({width, td::LineHeight(line)}, x - before, y);
+  listener_.Written({width, HeightOf(line)}, x - before, y);
 }
 
 void TrialDocument::PutParagraph(const std::string& text) {

@@ -32,10 +32,12 @@ if [ "${1:-}" = windows ]; then
   packages+=(
     # the cross compilers for both architectures
     g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix binutils-mingw-w64
+    # what makes the type library
+    mingw-w64-tools
     # what takes the sources of SQLite and zint, and makes SQLite's one file of its many
     dpkg-dev gcc libc6-dev make patch xz-utils tcl
-    # what the tests run in
-    wine wine64 fonts-wine x11-utils xdotool
+    # what the tests run in, and what makes the 32-bit system of scripts/test-windows-x86.sh
+    wine wine64 fonts-wine x11-utils xdotool arch-test
   )
 fi
 

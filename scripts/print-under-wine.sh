@@ -5,6 +5,7 @@
 # scripts/wine-for-tests.sh.
 #   scripts/print-under-wine.sh [PRINT…]    names of examples/prints.tsv; without one, all of them
 #
+# QBTD_WINDOWS_BUILD is the folder of the component that prints: build/windows-x64 unless told.
 # A folder in QBTD_KEEP gets the files of each print, to be looked at.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -36,7 +37,7 @@ sqlite3 "$work/sample.db" "update TDBill set FPrintDevice='$queue'"
 
 # The goods pictures go into a folder beside the component.
 mkdir -p "$work/component/picture"
-cp build/windows-x64/QbTdPrinter.dll "$work/component/"
+cp "${QBTD_WINDOWS_BUILD:-build/windows-x64}/QbTdPrinter.dll" "$work/component/"
 readonly module=Z:${work//\//\\}\\component\\QbTdPrinter.dll
 wine regsvr32 /s "$module"
 

@@ -3,13 +3,20 @@
 # display of its own.
 #   scripts/wine-for-tests.sh COMMAND ARGUMENTS…
 #
+# QBTD_WINE_BITS=32 chooses a prefix for 32-bit programs alone, which Debian's wine can't have beside
+# the other; scripts/test-windows-x86.sh makes the place for it.
 # In the prefix a program that crashes ends, instead of showing a window that nobody closes; all
 # windows lie on a desktop of their own, where no window manager of the display is missed when the
 # keyboard goes from one to the other; and the families that stored formats name stand for the free
 # ones of Debian.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
-export WINEPREFIX=$root/build/wine WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
+if [ "${QBTD_WINE_BITS:-64}" = 32 ]; then
+  export WINEPREFIX=$root/build/wine-x86 WINEARCH=win32
+else
+  export WINEPREFIX=$root/build/wine WINEARCH=win64
+fi
+export WINEDEBUG=${WINEDEBUG:--all}
 # Nothing is downloaded for the prefix.
 export WINEDLLOVERRIDES="mscoree,mshtml="
 

@@ -1,6 +1,5 @@
 #include "desktop/print_journal.h"
 
-#include <cstdio>
 #include <filesystem>
 #include <stdexcept>
 #include <utility>
@@ -8,6 +7,7 @@
 
 #include "desktop/who_prints.h"
 #include "files/path_text.h"
+#include "files/standard_error.h"
 #include "print_log/log_writer.h"
 #include "print_log/secrets.h"
 
@@ -155,7 +155,7 @@ void PrintJournal::TellFailure(const std::string& reason) {
     if (onLogFailure_) {
       onLogFailure_(text);
     } else {
-      std::fprintf(stderr, "QbTdPrinter: %s\n", text.c_str());
+      WriteErrorLine("QbTdPrinter: " + text);
     }
   } catch (...) {
     // The program's own; nothing may stop a print for the log's sake.

@@ -7,6 +7,11 @@
 
 namespace td {
 
+// What this process has open as its standard output and standard error, as paths. On Windows they
+// name no files, and WriteOutput takes them for the same.
+inline constexpr const char* kStandardOutput = "/dev/stdout";
+inline constexpr const char* kStandardError = "/dev/stderr";
+
 // Writes to a path of the user's choice.
 //
 // A new file and a regular one appear whole or not at all; an old file's rights stay, and one that

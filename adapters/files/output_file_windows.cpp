@@ -3,6 +3,7 @@
 #include "files/output_file.h"
 #include "files/path_text.h"
 #include "files/windows_file.h"
+#include "windows/api/standard_output.h"
 
 namespace td {
 namespace {
@@ -39,10 +40,19 @@ void WriteDirectly(const fs::path& path, const FileWriter& write) {
   write([&target](std::string_view bytes) { WriteBytes(target, bytes); });
 }
 
+void WriteToStandard(StandardStream stream, const FileWriter& write) {
+  StandardStreamWriter writer(stream);
+  write([&writer](std::string_view bytes) {
+    if (!writer.Write(bytes)) throw LastFileError();
+  });
+}
+
 }  // namespace
 
 void WriteOutput(const std::string& path, const FileWriter& write) {
   if (path.empty()) throw FileError(ENOENT);
+  if (path == kStandardOutput) return WriteToStandard(StandardStream::kOutput, write);
+  if (path == kStandardError) return WriteToStandard(StandardStream::kError, write);
   const fs::path wanted = PathOf(path);
   const WindowsFile there = OpenToLook(wanted);
   if (there.IsOpen() && IsDevice(there)) {

@@ -95,7 +95,8 @@ void SweepLeftovers(const fs::path& folder) {
 // A file that isn't finished, in the folder of its later name.
 class Draft {
  public:
-  explicit Draft(const fs::path& path) : folder_(path.parent_path()), file_(INVALID_HANDLE_VALUE) {
+  explicit Draft(const fs::path& path)
+      : folder_(fs::path(SystemPath(path)).parent_path()), file_(INVALID_HANDLE_VALUE) {
     SweepLeftovers(folder_);
     while (!file_.IsOpen()) {
       path_ = folder_ / RandomName();

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "odbc/installed_drivers.h"
 #include "odbc/sql_server_driver.h"
 #include "sql_support/connection_entries.h"
 #include "sql_support/sql_scanner.h"
@@ -98,6 +99,18 @@ std::string FromProvider(std::string_view provider, const Entries& entries) {
   return SqlServerText(entries);
 }
 
+// The text for the driver under the name that it has on this machine.
+std::string OwnText(const std::string& text, const Entries& entries) {
+  const std::string wanted = Find(entries, {"Driver"});
+  const std::string installed = wanted.empty() ? wanted : InstalledDriver(wanted);
+  if (installed == wanted) return text;
+  std::string renamed = "Driver={" + installed + "};";
+  for (const ConnectionEntry& entry : entries) {
+    if (!EqualWords(entry.key, "Driver")) Add(renamed, entry.key, entry.value);
+  }
+  return renamed;
+}
+
 }  // namespace
 
 DriverText ToDriverText(const std::string& connectionText) {
@@ -110,7 +123,7 @@ DriverText ToDriverText(const std::string& connectionText) {
   if (!provider.empty()) {
     result.text = FromProvider(provider, entries);
   } else if (!Find(entries, {"Driver", "DSN", "FileDSN"}).empty()) {
-    result.text = connectionText;
+    result.text = OwnText(connectionText, entries);
   } else {
     throw WrongConnectionText("应含有 Driver=、DSN= 或 Provider=");
   }

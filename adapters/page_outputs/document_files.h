@@ -18,6 +18,8 @@ namespace td {
 // On Windows the system's PDF printer writes it, to a file alone; without one the call fails with
 // kDeviceIo.
 void WritePdf(const std::vector<Page>& pages, const std::string& path, const std::string& title);
+// Whether this machine can do that.
+[[nodiscard]] bool CanWritePdf();
 
 // Writes page-001.png and so on into a folder, which is made if its parent exists, and removes the
 // pages behind the last that a longer document left there. Returns the paths. `dotsPerInch` is from

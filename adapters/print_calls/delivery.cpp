@@ -1,8 +1,8 @@
 #include "print_calls/delivery.h"
 
-#include <cstdio>
 #include <exception>
 
+#include "files/standard_error.h"
 #include "page_document/page_document.h"
 #include "print_calls/call_listener.h"
 #include "print_calls/print_stop.h"
@@ -63,7 +63,7 @@ void Complaints::Tell(const std::string& text) {
   if (settings_.onComplaint) {
     settings_.onComplaint(text);
   } else {
-    std::fprintf(stderr, "QbTdPrinter: %s\n", text.c_str());
+    WriteErrorLine("QbTdPrinter: " + text);
   }
 }
 

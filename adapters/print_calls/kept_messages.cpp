@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdio>
 #include <string_view>
+
+#include "files/standard_error.h"
 
 namespace td {
 namespace {
@@ -35,7 +36,7 @@ void KeptMessages::ShowBox(const std::string& text, int style) {
   if (mode_ == MessageMode::kCollected) return;
   if (mode_ == MessageMode::kStandardError || !HasDisplay()) {
     const std::string note = place.empty() ? std::string() : " (" + place + ")";
-    std::fprintf(stderr, "%s\n", OneLine(text + note).c_str());
+    WriteErrorLine(OneLine(text + note));
     return;
   }
   ShowInBox(text, style);

@@ -98,7 +98,7 @@ LogTime OfLocal(std::tm parts) {
 
 std::string LogTimeText(LogTime time) {
   const auto whole = std::chrono::floor<seconds>(time);
-  const std::tm parts = LocalParts(whole.time_since_epoch().count());
+  const std::tm parts = LocalParts(static_cast<std::time_t>(whole.time_since_epoch().count()));
   // How far the local time is from Greenwich.
   const auto distance =
       std::chrono::duration_cast<std::chrono::minutes>(OfGreenwich(parts) - whole);

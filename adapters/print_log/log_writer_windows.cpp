@@ -25,7 +25,7 @@ WindowsFile OpenFor(const std::string& path, DWORD access) {
 WindowsFile Open(const std::string& path) {
   const DWORD attributes = GetFileAttributesW(SystemPath(PathOf(path)).c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-    throw FileError(EINVAL);
+    throw FileError(EISDIR);
   }
   // Every write goes to the end of the file.
   WindowsFile file = OpenFor(path, FILE_READ_DATA | FILE_APPEND_DATA | SYNCHRONIZE);

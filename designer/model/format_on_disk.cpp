@@ -1,15 +1,14 @@
 #include "designer/model/format_on_disk.h"
 
-#include <fcntl.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <utility>
 
-#include "files/descriptor.h"
 #include "files/file_error.h"
 #include "files/output_file.h"
-#include "files/read_file.h"
+#include "files/path_text.h"
+#include "files/user_files.h"
 #include "platform/failure.h"
 
 namespace td::designer {
@@ -20,17 +19,17 @@ namespace fs = std::filesystem;
 constexpr std::size_t kLargestFile = std::size_t{256} << 20U;
 
 std::string ContentOf(const std::string& path) {
-  const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
   try {
-    if (!file.IsOpen()) throw FileError(errno);
-    return ReadRegularFile(file, kLargestFile);
+    std::optional<std::string> content = ReadUserFile(PathOf(path), kLargestFile);
+    if (!content) throw FileError(ENOENT);
+    return std::move(*content);
   } catch (const FileError& error) {
     throw Failure(kFileNotFound, path + ": " + error.what());
   }
 }
 
 bool HoldsAlready(const std::string& path, const Bytes& bytes) {
-  return fs::exists(path) && PictureAt(path) == bytes;
+  return fs::exists(PathOf(path)) && PictureAt(path) == bytes;
 }
 
 }  // namespace
@@ -78,7 +77,7 @@ void PictureFolder::Write() {
 void PictureFolder::TakeBack() const {
   for (const std::string& path : written_) {
     std::error_code ignored;
-    fs::remove(path, ignored);
+    fs::remove(PathOf(path), ignored);
   }
 }
 
@@ -87,16 +86,16 @@ std::string PictureFolder::FreePath(const FilePicture& picture) const {
   std::string given =
       separator == std::string::npos ? picture.path : picture.path.substr(separator + 1);
   if (given.empty() || given == "." || given == "..") given = "picture";
-  const fs::path name(given);
+  const fs::path name = PathOf(given);
   for (int number = 1;; ++number) {
-    const std::string numbered = name.stem().string() + "-" + std::to_string(number);
-    const std::string called = number == 1 ? given : numbered + name.extension().string();
-    std::string path = (fs::absolute(folder_) / called).lexically_normal().string();
+    const std::string numbered = TextOf(name.stem()) + "-" + std::to_string(number);
+    const std::string called = number == 1 ? given : numbered + TextOf(name.extension());
+    std::string path = TextOf((fs::absolute(PathOf(folder_)) / PathOf(called)).lexically_normal());
     const auto isAnother = [&](const FilePicture& file) {
       return file.path == path && file.bytes != picture.bytes;
     };
     const bool isTaken = std::ranges::any_of(files_, isAnother) ||
-                         (fs::exists(path) && !HoldsAlready(path, picture.bytes));
+                         (fs::exists(PathOf(path)) && !HoldsAlready(path, picture.bytes));
     if (!isTaken) return path;
   }
 }

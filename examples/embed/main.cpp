@@ -12,8 +12,8 @@
 
 #include "desktop/desktop_platform.h"
 #include "page_document/page_document.h"
+#include "page_outputs/document_files.h"
 #include "platform/failure.h"
-#include "qt/render/outputs.h"
 #include "service/printer.h"
 
 namespace {

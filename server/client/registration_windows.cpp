@@ -16,7 +16,20 @@ namespace {
 
 constexpr std::wstring_view kClasses = L"Software\\Classes";
 constexpr std::wstring_view kNamesBegin = L"QbTdPrinter.";
-const std::array<HKEY, 2> kScopes = {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER};
+// Of QbTdPrinter.idl.
+constexpr const wchar_t* kTypeLibrary = L"{FB0C9C6E-63A5-4F1D-9C52-6E3C7E2B5D40}";
+// The system's own marshaller reads the type library.
+constexpr const wchar_t* kMarshaller = L"{00020424-0000-0000-C000-000000000046}";
+constexpr const wchar_t* kLibraryVersion = L"1.0";
+constexpr const wchar_t* kOwnKind = sizeof(void*) == 8 ? L"win64" : L"win32";
+
+struct Interface {
+  const wchar_t* name;
+  TdGuid id;
+};
+const std::array<Interface, 3> kInterfaces = {{{L"ITdPrinter", kTdPrinterId},
+                                               {L"ITdSession", kTdSessionId},
+                                               {L"ITdSettings", kTdSettingsId}}};
 
 struct KeyCloser {
   using pointer = HKEY;
@@ -39,6 +52,14 @@ std::wstring Joined(std::wstring_view path, std::wstring_view name) {
 
 std::wstring ClassPath(const std::wstring& id) {
   return Joined(kClasses, Joined(L"CLSID", id));
+}
+
+std::wstring InterfacePath(const TdGuid& id) {
+  return Joined(kClasses, Joined(L"Interface", ToWide(TextOfGuid(id))));
+}
+
+std::wstring LibraryPath() {
+  return Joined(kClasses, Joined(L"TypeLib", kTypeLibrary));
 }
 
 Key Make(HKEY scope, const std::wstring& path) {
@@ -81,6 +102,24 @@ void WriteClass(HKEY scope, const RegisteredClass& one) {
   const Key server = Make(scope, Joined(path, L"InprocServer32"));
   PutText(server, nullptr, one.module.wstring());
   PutText(server, L"ThreadingModel", L"Apartment");
+  PutText(Make(scope, Joined(path, L"TypeLib")), nullptr, kTypeLibrary);
+}
+
+// By it calls through the classes' own interfaces arrive from other threads, too.
+void WriteTypeLibrary(HKEY scope, const std::filesystem::path& module) {
+  const std::wstring version = Joined(LibraryPath(), kLibraryVersion);
+  PutText(Make(scope, version), nullptr, L"QbTdPrinter");
+  PutText(Make(scope, Joined(version, Joined(L"0", kOwnKind))), nullptr, module.wstring());
+  PutText(Make(scope, Joined(version, L"FLAGS")), nullptr, L"0");
+  PutText(Make(scope, Joined(version, L"HELPDIR")), nullptr, module.parent_path().wstring());
+  for (const Interface& one : kInterfaces) {
+    const std::wstring path = InterfacePath(one.id);
+    PutText(Make(scope, path), nullptr, one.name);
+    PutText(Make(scope, Joined(path, L"ProxyStubClsid32")), nullptr, kMarshaller);
+    const Key typeLibrary = Make(scope, Joined(path, L"TypeLib"));
+    PutText(typeLibrary, nullptr, kTypeLibrary);
+    PutText(typeLibrary, L"Version", kLibraryVersion);
+  }
 }
 
 void Remove(HKEY scope, const std::wstring& path) {
@@ -96,6 +135,16 @@ bool ExistsInOtherView(HKEY scope, const std::wstring& path) {
   }
   RegCloseKey(opened);
   return true;
+}
+
+// The library stays as long as the component of the other kind is registered.
+void RemoveTypeLibrary(HKEY scope) {
+  for (const Interface& one : kInterfaces) Remove(scope, InterfacePath(one.id));
+  const std::wstring kinds = Joined(Joined(LibraryPath(), kLibraryVersion), L"0");
+  Remove(scope, Joined(kinds, kOwnKind));
+  const bool hasOther = ReadText(scope, Joined(kinds, L"win32")).has_value() ||
+                        ReadText(scope, Joined(kinds, L"win64")).has_value();
+  if (!hasOther) Remove(scope, LibraryPath());
 }
 
 // The names of the component's classes that are registered.
@@ -126,23 +175,32 @@ void RemoveFrom(HKEY scope) {
     if (id && !id->empty()) Remove(scope, ClassPath(*id));
     if (!id || !ExistsInOtherView(scope, ClassPath(*id))) Remove(scope, Joined(kClasses, name));
   }
+  RemoveTypeLibrary(scope);
+}
+
+void WriteTo(HKEY scope, const std::vector<RegisteredClass>& classes) {
+  for (const RegisteredClass& one : classes) WriteClass(scope, one);
+  if (!classes.empty()) WriteTypeLibrary(scope, classes.front().module);
 }
 
 }  // namespace
 
 void WriteRegistration(const std::vector<RegisteredClass>& classes) {
-  for (const HKEY scope : kScopes) {
-    try {
-      for (const RegisteredClass& one : classes) WriteClass(scope, one);
-      return;
-    } catch (const ResultFailure& failure) {
-      if (failure.Result() != TD_NO_ACCESS || scope == kScopes.back()) throw;
-    }
+  try {
+    WriteTo(HKEY_LOCAL_MACHINE, classes);
+  } catch (const ResultFailure&) {
+    // Mostly for want of rights; what else is wrong shows itself again.
+    WriteTo(HKEY_CURRENT_USER, classes);
+    return;
   }
+  // An older one of the user's would hide it.
+  RemoveFrom(HKEY_CURRENT_USER);
 }
 
+// The user's own first: what is registered for the machine may be none of the user's business.
 void RemoveRegistration() {
-  for (const HKEY scope : kScopes) RemoveFrom(scope);
+  RemoveFrom(HKEY_CURRENT_USER);
+  RemoveFrom(HKEY_LOCAL_MACHINE);
 }
 
 }  // namespace td

@@ -221,8 +221,9 @@ typedef struct TdExceptionInfo {
 
 /* Names are zero-terminated, and found without regard to case. `reserved` is null, or points to
  * zeros; `language` has no effect.
- *   GetTypeInfoCount  gives 0
- *   GetTypeInfo       fails with TD_NOT_IMPLEMENTED
+ *   GetTypeInfoCount  gives 0; on Windows 1
+ *   GetTypeInfo       fails with TD_NOT_IMPLEMENTED; on Windows it gives the system's description
+ *                     of the class's own interface
  *   GetIDsOfNames     gives the number of a member, and behind it those of its arguments' names;
  *                     TD_UNKNOWN_NAME and TD_MEMBER_UNKNOWN where there is none
  *   Invoke            calls a member. `result`, `info` and `badArgument` may be null;

@@ -16,6 +16,7 @@ class PrinterObject final : public PrintingObject<PrinterObject, TdPrinter> {
  public:
   PrinterObject() : PrintingObject(&kTable) {}
 
+  static const TdGuid& OwnInterface() { return kTdPrinterId; }
   static bool Has(const TdGuid& id) {
     return SameGuid(id, kTdDispatchId) || SameGuid(id, kTdPrinterId);
   }

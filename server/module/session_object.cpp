@@ -42,6 +42,7 @@ class SessionObject final : public PrintingObject<SessionObject, TdSession> {
  public:
   SessionObject() : PrintingObject(&kTable) {}
 
+  static const TdGuid& OwnInterface() { return kTdSessionId; }
   static bool Has(const TdGuid& id) {
     return SameGuid(id, kTdDispatchId) || SameGuid(id, kTdSessionId);
   }

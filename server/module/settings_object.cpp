@@ -21,6 +21,7 @@ class SettingsObject final : public DispatchObject<SettingsObject, TdSettings> {
  public:
   SettingsObject() : DispatchObject(&kTable) {}
 
+  static const TdGuid& OwnInterface() { return kTdSettingsId; }
   static bool Has(const TdGuid& id) {
     return SameGuid(id, kTdDispatchId) || SameGuid(id, kTdSettingsId);
   }

@@ -6,6 +6,7 @@
 #include "objects/call_arguments.h"
 #include "objects/counted_object.h"
 #include "objects/members.h"
+#include "objects/type_info.h"
 
 namespace td {
 
@@ -21,16 +22,18 @@ class DispatchObject : public CountedObject<Object, Interface> {
   using Base::Base;
   ~DispatchObject() = default;
 
+  // That of the type library, if the class has one.
+  static const TdGuid& OwnInterface() { return kTdNoId; }
+
   static TdResult TD_CALL GetTypeInfoCount(Interface* /*self*/, std::uint32_t* count) {
     if (count == nullptr) return TD_BAD_POINTER;
-    *count = 0;
+    *count = TypeInfoCountOf(Object::OwnInterface());
     return TD_OK;
   }
 
-  static TdResult TD_CALL GetTypeInfo(Interface* /*self*/, std::uint32_t /*index*/,
+  static TdResult TD_CALL GetTypeInfo(Interface* /*self*/, std::uint32_t index,
                                       std::uint32_t /*language*/, void** info) {
-    if (info != nullptr) *info = nullptr;
-    return TD_NOT_IMPLEMENTED;
+    return TypeInfoOf(Object::OwnInterface(), index, info);
   }
 
   static TdResult TD_CALL GetIDsOfNames(Interface* /*self*/, const TdGuid* reserved,

@@ -88,15 +88,6 @@ TEST_F(LateBinding, NumbersTheNamesOfArgumentsInTheirOrder) {
   EXPECT_EQ(ids[1], TD_MEMBER_UNKNOWN);
 }
 
-TEST_F(LateBinding, HasNoTypeInformation) {
-  std::uint32_t count = 5;
-  EXPECT_EQ(printer_.Get()->table->GetTypeInfoCount(printer_.Get(), &count), TD_OK);
-  EXPECT_EQ(count, 0U);
-  void* info = this;
-  EXPECT_EQ(printer_.Get()->table->GetTypeInfo(printer_.Get(), 0, 0, &info), TD_NOT_IMPLEMENTED);
-  EXPECT_EQ(info, nullptr);
-}
-
 TEST_F(LateBinding, OptionalArgumentsCanBeFewerOrMarkedAsLeftOut) {
   std::vector<TdVariant> values = PrintArguments(rows_.Get());
   EXPECT_EQ(Invoke(printer_.Get(), u"DoPrint", TD_CALL_METHOD, values), TD_OK);

@@ -1,14 +1,12 @@
 #include "server_fixture.h"
 
-#include <dlfcn.h>
-#include <stdlib.h>
-
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
 
 #include "file_content.h"
+#include "module_loading.h"
 #include "objects/variant_values.h"
 #include "test_rows.h"
 
@@ -27,7 +25,7 @@ constexpr const char* kFormats = R"(
 
 template <class Function>
 Function Exported(void* handle, const char* name) {
-  auto function = reinterpret_cast<Function>(dlsym(handle, name));
+  auto function = reinterpret_cast<Function>(ExportOf(handle, name));
   if (function == nullptr) throw std::runtime_error(name);
   return function;
 }
@@ -40,9 +38,7 @@ Outcome OutcomeOf(TdResult result, TdExceptionInfo& info) {
 
 }  // namespace
 
-LoadedModule::LoadedModule(const std::string& path)
-    : handle_(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL)) {
-  if (handle_ == nullptr) throw std::runtime_error(dlerror());
+LoadedModule::LoadedModule(const std::string& path) : handle_(LoadModule(path)) {
   getClassObject = td::Exported<TdGetClassObjectFunction>(handle_, "DllGetClassObject");
   canUnloadNow = td::Exported<TdCanUnloadNowFunction>(handle_, "DllCanUnloadNow");
   registerServer = td::Exported<TdRegisterServerFunction>(handle_, "DllRegisterServer");
@@ -50,7 +46,7 @@ LoadedModule::LoadedModule(const std::string& path)
 }
 
 LoadedModule::~LoadedModule() {
-  dlclose(handle_);
+  UnloadModule(handle_);
 }
 
 Reference<TdClassFactory> LoadedModule::Factory(const TdGuid& classId) const {
@@ -103,8 +99,8 @@ void ExpectRaised(const Outcome& outcome, TdResult number, const std::string& de
 ServerTest::ServerTest()
     : connection_(MakeDatabase(folder_.File("bills.db"),
                                ContentOf(QBTD_SOURCE_DIR "/examples/schema.sql") + kFormats)) {
-  setenv("QBTDPRINTER_STATE_DIR", folder_.File("state").c_str(), 1);
-  setenv("XDG_CONFIG_HOME", folder_.File("config").c_str(), 1);
+  PutVariable("QBTDPRINTER_STATE_DIR", folder_.File("state"));
+  PutVariable(kSettingsVariable, folder_.File("config"));
   testing::internal::CaptureStderr();
   module_ = std::make_unique<LoadedModule>();
 }
@@ -140,8 +136,8 @@ std::string ServerTest::Exported() const {
 }
 
 void ServerTest::WriteBarcodeSettings(const std::string& content) const {
-  std::filesystem::create_directories(folder_.File("config/qbtdprinter"));
-  std::ofstream(folder_.File("config/qbtdprinter/barcode.conf")) << content;
+  std::filesystem::create_directories(folder_.Path() / "config" / "qbtdprinter");
+  std::ofstream(folder_.Path() / "config" / "qbtdprinter" / "barcode.conf") << content;
 }
 
 std::string ServerTest::Messages() {

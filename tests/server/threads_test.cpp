@@ -91,16 +91,6 @@ TEST_F(Threads, AComponentThatNobodyUsesMayGoToAnotherThread) {
   (void)PrintOk(printer.Get());
 }
 
-TEST_F(Threads, TheThreadOfTheQtApplicationIsTheOneThatPrints) {
-  ExpectOk(Print(NewPrinter().Get(), TestRows::Make(NamedRows({"大米"})).Get()));
-  OnAnotherThread([&] {
-    const auto printer = NewPrinter();
-    const Outcome outcome = Print(printer.Get(), TestRows::Make(NamedRows({"大米"})).Get());
-    EXPECT_EQ(outcome.result, TD_EXCEPTION);
-    EXPECT_NE(outcome.description.find("线程"), std::string::npos) << outcome.description;
-  });
-}
-
 TEST_F(Threads, ThreadsThatAskAtOnceGetOneOwner) {
   std::vector<std::thread> threads;
   std::atomic<int> refused = 0;

@@ -7,6 +7,8 @@
 
 #include "command_options.h"
 #include "common_options.h"
+#include "design_command.h"
+#include "registration_report.h"
 
 namespace td {
 namespace {
@@ -58,15 +60,14 @@ void AddAll(Commands& commands) {
   commands.Add<DemoArguments>("demo", "Make a sample database and print all its bills");
   commands.Add<SettingsArguments>("settings",
                                   "Choose and fine-tune the format of a bill type in a window");
-  commands.Add<DesignArguments>("design", "Lay formats out in a window, over a scan of the form");
+  commands.Add<DesignArguments>("design", kDesignHelp);
   commands.Add<AreaPrintersArguments>("area-printers",
                                       "Assign printers to the stock areas of formats in a window");
   commands.Add<SampleSqlArguments>("sample-sql",
                                    "Write the sample database as a script for a database engine");
   commands.Add<RecordArguments>("record",
                                 "Write down what a print reads, as a scenario for td_replay");
-  commands.Add<RegisterArguments>("register",
-                                  "Make the component's classes known to programs of the user");
+  commands.Add<RegisterArguments>("register", kRegisterHelp);
   commands.Add<UnregisterArguments>("unregister", "Remove what register has written");
   commands.Add<ExportFormatArguments>("export-format", "Write a format of a database into a file");
   commands.Add<ImportFormatArguments>("import-format", "Take a format from a file into a database");
@@ -81,6 +82,7 @@ Command ParseArguments(int argc, const char* const* argv) {
       "Prints bills through the overlay formats that a database holds, and sets the formats up.",
       "tdprint");
   app.require_subcommand(1);
+  app.allow_windows_style_options(false);  // one command line for both platforms
   app.set_version_flag("--version", "tdprint " TDPRINT_VERSION);
   app.footer(std::string(kExamples) + "\n" + kExitStatusText);
   Commands commands(app);

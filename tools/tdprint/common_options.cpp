@@ -1,5 +1,7 @@
 #include "common_options.h"
 
+#include "files/output_file.h"
+
 namespace td {
 namespace {
 
@@ -27,7 +29,7 @@ std::string RefuseEmpty(const std::string& name) {
 }
 
 std::string StandardOutputForDash(const std::string& file) {
-  return file == "-" ? "/dev/stdout" : file;
+  return file == "-" ? kStandardOutput : file;
 }
 
 CLI::Option* DescribeDatabase(CLI::App& command, std::string& database) {

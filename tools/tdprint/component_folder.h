@@ -1,9 +1,8 @@
 // The folder that the component writes goods pictures to while tdprint runs.
 #pragma once
 
+#include <memory>
 #include <string>
-
-#include "files/descriptor.h"
 
 namespace td {
 
@@ -18,11 +17,14 @@ class ComponentFolder {
   ComponentFolder(const ComponentFolder&) = delete;
   ComponentFolder& operator=(const ComponentFolder&) = delete;
 
+  // UTF-8.
   [[nodiscard]] const std::string& Path() const { return path_; }
 
  private:
+  struct Mark;  // of a folder that is in use, as long as it lives
+
   std::string path_;
-  Descriptor inUse_;  // open as long as the folder is used
+  std::unique_ptr<Mark> mark_;
 };
 
 }  // namespace td

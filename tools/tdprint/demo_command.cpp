@@ -6,6 +6,9 @@
 #include <string>
 
 #include "complaint.h"
+#include "files/file_error.h"
+#include "files/path_text.h"
+#include "page_outputs/document_files.h"
 #include "platform/failure.h"
 #include "print_command.h"
 #include "sample_files.h"
@@ -17,7 +20,7 @@ namespace fs = std::filesystem;
 
 PrintArguments ArgumentsFor(const SamplePrint& sample, const fs::path& database) {
   PrintArguments arguments;
-  arguments.database = "sqlite:" + database.string();
+  arguments.database = "sqlite:" + TextOf(database);
   arguments.billType = sample.billType;
   arguments.data = sample.data;
   arguments.format = sample.format;
@@ -37,10 +40,10 @@ ExitStatus Worse(ExitStatus one, ExitStatus other) {
 
 ExitStatus PrintToFiles(const SamplePrint& sample, const fs::path& out, const fs::path& database) {
   PrintArguments arguments = ArgumentsFor(sample, database);
-  const fs::path base = out / sample.name;
-  arguments.pdf = base.string() + ".pdf";
-  arguments.png = base.string();
-  arguments.html = base.string() + ".html";
+  const std::string base = TextOf(out / PathOf(sample.name));
+  if (CanWritePdf()) arguments.pdf = base + ".pdf";
+  arguments.png = base;
+  arguments.html = base + ".html";
   const ExitStatus status = PrintBills(arguments);
   if (status != ExitStatus::kNotPrinted) {
     std::cout << "  " << sample.name << std::endl;
@@ -62,14 +65,13 @@ ExitStatus PrintToPrinter(const SamplePrint& sample, const fs::path& database,
 ExitStatus Demonstrate(const DemoArguments& arguments) {
   const fs::path samples = FindSamples(arguments.samples);
   const std::vector<SamplePrint> prints = ReadSamplePrints(samples);
-  const fs::path out = fs::absolute(arguments.out);
+  const fs::path out = fs::absolute(PathOf(arguments.out));
   fs::create_directories(out);
   const fs::path database = out / "sample.db";
   MakeSampleDatabase(samples, database);
-  std::cout
-      << "The sample database: " << database.string()
-      << "\nThe printed bills, each as NAME.pdf, NAME.html and NAME/page-001.png and so on, in "
-      << out.string() << ":" << std::endl;
+  std::cout << "The sample database: " << TextOf(database) << "\nThe printed bills, each as "
+            << (CanWritePdf() ? "NAME.pdf, " : "")
+            << "NAME.html and NAME/page-001.png and so on, in " << TextOf(out) << ":" << std::endl;
 
   ExitStatus status = ExitStatus::kPrinted;
   for (const SamplePrint& sample : prints) {
@@ -89,7 +91,8 @@ ExitStatus MakeDemo(const DemoArguments& arguments) {
   } catch (const Failure& failure) {
     Complain("the demo failed", failure.Description());
   } catch (const fs::filesystem_error& failure) {
-    Complain("the demo failed", failure.what());
+    Complain("the demo failed", TextOf(failure.path1()) + ": " +
+                                    ReasonOf(failure.code().default_error_condition().value()));
   }
   return ExitStatus::kNotPrinted;
 }

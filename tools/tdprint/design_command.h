@@ -5,6 +5,9 @@
 
 namespace td {
 
+// What the list of commands says of it.
+extern const char* const kDesignHelp;
+
 ExitStatus DesignFormat(const DesignArguments& arguments);
 
 }  // namespace td

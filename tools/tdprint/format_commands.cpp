@@ -146,7 +146,7 @@ ExitStatus ExportFormat(const ExportFormatArguments& arguments) {
     const Format format = store.Load(arguments.billType, arguments.format);
     const std::string text = designer::WriteFormatFile(
         format, arguments.withPictures ? designer::PictureAt : designer::ReadPicture());
-    const std::string out = arguments.out.empty() ? "/dev/stdout" : arguments.out;
+    const std::string out = arguments.out.empty() ? kStandardOutput : arguments.out;
     try {
       WriteOutput(out, WriterOf(text));
     } catch (const FileError& error) {

@@ -2,6 +2,7 @@
 
 #include "command_options.h"
 #include "common_options.h"
+#include "files/path_text.h"
 
 namespace td {
 namespace {
@@ -25,7 +26,7 @@ constexpr const char* kDiffExitStatusText =
     "  2  a file can't be read, or wrong usage\n";
 
 std::string RefuseOtherThanFolder(const std::string& folder) {
-  return std::filesystem::is_directory(folder) ? "" : "there is no such folder";
+  return std::filesystem::is_directory(PathOf(folder)) ? "" : "there is no such folder";
 }
 
 }  // namespace

@@ -1,14 +1,14 @@
 #include "log_command.h"
 
-#include <stdlib.h>
-
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 
 #include "complaint.h"
+#include "desktop/who_prints.h"
 #include "explanation/language.h"
 #include "explanation/words.h"
+#include "files/path_text.h"
 #include "print_log/log_reader.h"
 #include "print_log/log_time.h"
 
@@ -124,9 +124,9 @@ std::string NumbersText(const std::vector<std::size_t>& numbers) {
 
 std::vector<std::string> FilesOf(const LogArguments& arguments) {
   if (!arguments.files.empty()) return arguments.files;
-  const char* file = getenv("QBTDPRINTER_LOG_FILE");
-  if (file == nullptr || *file == '\0') return {};
-  return {file};
+  const fs::path file = LogFileOfEnvironment();
+  if (file.empty()) return {};
+  return {TextOf(file)};
 }
 
 }  // namespace
@@ -143,7 +143,7 @@ ExitStatus ShowLog(const LogArguments& arguments) {
   bool isRead = true;
   for (const std::string& file : files) {
     std::ifstream log;
-    if (!fs::is_directory(file)) log.open(file, std::ios::binary);
+    if (!fs::is_directory(PathOf(file))) log.open(PathOf(file), std::ios::binary);
     if (!log.is_open()) {
       Complain("the log can't be read", file);
       isRead = false;

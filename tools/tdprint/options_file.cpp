@@ -5,6 +5,8 @@
 #include <set>
 #include <string>
 
+#include "files/path_text.h"
+
 namespace td {
 namespace {
 
@@ -22,7 +24,7 @@ class OptionsFile {
   OptionsFile(CLI::App& command, const std::string& path) : command_(command), path_(path) {}
 
   void Read() {
-    std::ifstream file(path_);
+    std::ifstream file(PathOf(path_));
     bool isFirst = true;
     for (std::string line; std::getline(file, line); isFirst = false) {
       if (isFirst && line.starts_with(kByteOrderMark)) line.erase(0, 3);

@@ -1,5 +1,6 @@
 #include "command_options.h"
 #include "common_options.h"
+#include "files/output_file.h"
 #include "options_file.h"
 
 namespace td {
@@ -91,7 +92,7 @@ void Describe(CLI::App& command, PrintArguments& arguments) {
       .add_option_function<std::string>(
           "--explain",
           [&arguments](const std::string& file) {
-            arguments.explain = file.empty() ? "/dev/stderr" : StandardOutputForDash(file);
+            arguments.explain = file.empty() ? kStandardError : StandardOutputForDash(file);
           },
           "Tell what became of each item of the format, and why, into a file, as JSON if its name "
           "ends in .json (without FILE: standard error)")

@@ -1,9 +1,9 @@
 #include "progress.h"
 
-#include <unistd.h>
-
 #include <iostream>
 #include <utility>
+
+#include "standard_streams.h"
 
 namespace td {
 namespace {
@@ -37,7 +37,7 @@ class WatchedRows : public Recordset {
 
 }  // namespace
 
-Progress::Progress() : shown_(isatty(STDERR_FILENO) == 1) {}
+Progress::Progress() : shown_(StandardErrorIsTerminal()) {}
 
 Progress::~Progress() {
   if (shown_) std::cerr << kWipeLine << std::flush;

@@ -47,7 +47,7 @@ RecordedRequest RequestOf(const PrintArguments& arguments, Platform& platform) {
 }  // namespace
 
 ExitStatus RecordScenario(const RecordArguments& arguments) {
-  const std::string out = arguments.out.empty() ? "/dev/stdout" : arguments.out;
+  const std::string out = arguments.out.empty() ? kStandardOutput : arguments.out;
   try {
     DesktopOptions options;
     options.messages = MessageMode::kStandardError;

@@ -1,17 +1,18 @@
 #include "registration_commands.h"
 
-#include <dlfcn.h>
-
 #include <cstdlib>
 #include <filesystem>
-#include <iostream>
 #include <memory>
+#include <type_traits>
 
 #include "client/client.h"
-#include "client/registration.h"
 #include "client/result_failure.h"
 #include "complaint.h"
+#include "files/path_text.h"
 #include "platform/failure.h"
+#include "program_folder.h"
+#include "registration_report.h"
+#include "shared_library.h"
 
 namespace td {
 namespace {
@@ -20,29 +21,21 @@ namespace fs = std::filesystem;
 
 fs::path FindModule(const std::string& given) {
   if (!given.empty()) {
-    if (!fs::exists(given)) throw Failure(kFileNotFound, given + " isn't there");
-    return fs::absolute(given);
+    if (!fs::exists(PathOf(given))) throw Failure(kFileNotFound, given + " isn't there");
+    return fs::absolute(PathOf(given));
   }
-  const fs::path programFolder = fs::read_symlink("/proc/self/exe").parent_path();
-  fs::path installed = (programFolder / TDPRINT_MODULE_FROM_PROGRAM).lexically_normal();
+  fs::path installed = (ProgramFolder() / TDPRINT_MODULE_FROM_PROGRAM).lexically_normal();
   if (fs::exists(installed)) return installed;
-  throw Failure(kFileNotFound, installed.string() + " isn't there; name the module: --module");
+  throw Failure(kFileNotFound, TextOf(installed) + " isn't there; name the module: --module");
 }
 
 struct Free {
   void operator()(char* text) const { std::free(text); }
 };
 
-struct Unload {
-  void operator()(void* handle) const { dlclose(handle); }
-};
-
 class Module {
  public:
-  explicit Module(const fs::path& path)
-      : path_(path), handle_(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL)) {
-    if (handle_ == nullptr) throw Failure(kInvalidCall, dlerror());
-  }
+  explicit Module(const fs::path& path) : path_(path), library_(path) {}
 
   // Calls DllRegisterServer or DllUnregisterServer.
   void Call(const char* name) const {
@@ -53,9 +46,9 @@ class Module {
  private:
   template <class Type>
   [[nodiscard]] Type Function(const char* name) const {
-    auto* function = reinterpret_cast<Type>(dlsym(handle_.get(), name));
+    auto* function = library_.Find<std::remove_pointer_t<Type>>(name);
     if (function == nullptr) {
-      throw Failure(kInvalidCall, path_.string() + " isn't the module QbTdPrinter");
+      throw Failure(kInvalidCall, TextOf(path_) + " isn't the module QbTdPrinter");
     }
     return function;
   }
@@ -80,7 +73,7 @@ class Module {
   }
 
   fs::path path_;
-  std::unique_ptr<void, Unload> handle_;
+  SharedLibrary library_;
 };
 
 // Runs what may fail, with one line about the failure.
@@ -101,21 +94,18 @@ ExitStatus Run(const char* whatFailed, Action action) {
 
 ExitStatus RegisterModule(const RegisterArguments& arguments) {
   return Run("not registered", [&] {
-    Module(FindModule(arguments.module)).Call("DllRegisterServer");
-    std::cout << "Written to " << RegistrationFile().string() << ":\n";
-    for (const RegisteredClass& one : ReadRegistration()) {
-      std::cout << "  " << one.name << "  " << TextOfGuid(one.id) << "  " << one.module.string()
-                << "\n";
-    }
+    const fs::path module = FindModule(arguments.module);
+    Module(module).Call("DllRegisterServer");
+    TellRegistered(module);
   });
 }
 
 ExitStatus UnregisterModule(const UnregisterArguments& arguments) {
   return Run("not unregistered", [&] {
-    const bool wasRegistered = fs::exists(RegistrationFile());
-    Module(FindModule(arguments.module)).Call("DllUnregisterServer");
-    std::cout << (wasRegistered ? "Removed " : "Nothing was registered in ")
-              << RegistrationFile().string() << "\n";
+    const fs::path module = FindModule(arguments.module);
+    const bool wasRegistered = IsRegistered(module);
+    Module(module).Call("DllUnregisterServer");
+    TellRemoved(wasRegistered);
   });
 }
 

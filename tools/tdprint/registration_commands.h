@@ -1,5 +1,4 @@
-// The commands of tdprint that make the module QbTdPrinter known to programs of the user, and
-// unknown again.
+// The commands of tdprint that make the module QbTdPrinter known to programs, and unknown again.
 #pragma once
 
 #include "arguments.h"

@@ -9,7 +9,9 @@
 #include <sstream>
 #include <system_error>
 
+#include "files/path_text.h"
 #include "platform/failure.h"
+#include "program_folder.h"
 
 namespace td {
 namespace {
@@ -29,7 +31,7 @@ std::string ReadFile(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);
   std::stringstream content;
   content << file.rdbuf();
-  if (!file) throw Failure(kFileNotFound, path.string() + " can't be read");
+  if (!file) throw Failure(kFileNotFound, TextOf(path) + " can't be read");
   return content.str();
 }
 
@@ -89,7 +91,7 @@ void NamePicturesByPath(sqlite3* database, const fs::path& samples, const std::s
       sqlite3_table_column_metadata(database, nullptr, "TDBillDetail", "FPicturePath", nullptr,
                                     nullptr, nullptr, nullptr, nullptr) == SQLITE_OK;
   if (!hasFormats) return;
-  const std::string folder = (fs::absolute(samples) / "").string();
+  const std::string folder = TextOf(fs::absolute(samples) / "");
   const std::unique_ptr<char, decltype(&sqlite3_free)> statement(
       sqlite3_mprintf("update TDBillDetail set FPicturePath=%Q||FPicturePath"
                       " where FPicturePath<>''",
@@ -107,7 +109,7 @@ SampleDatabase Fill(const std::string& name, const fs::path& samples) {
     throw Failure(kDatabaseFailed, name + ": " + sqlite3_errstr(result));
   }
   Run(handle, "begin", name);
-  for (const fs::path& file : SqlFiles(samples)) Run(handle, ReadFile(file), file.string());
+  for (const fs::path& file : SqlFiles(samples)) Run(handle, ReadFile(file), TextOf(file));
   NamePicturesByPath(handle, samples, name);
   Run(handle, "commit", name);
   return database;
@@ -117,16 +119,16 @@ SampleDatabase Fill(const std::string& name, const fs::path& samples) {
 
 fs::path FindSamples(const std::string& given) {
   if (!given.empty()) {
-    if (HoldsSamples(given)) return given;
+    if (HoldsSamples(PathOf(given))) return PathOf(given);
     throw Failure(kPathNotFound, given + " holds no sample");
   }
-  const fs::path programFolder = fs::read_symlink("/proc/self/exe").parent_path();
+  const fs::path programFolder = ProgramFolder();
   fs::path installed = (programFolder / TDPRINT_SAMPLES_FROM_PROGRAM).lexically_normal();
   if (HoldsSamples(installed)) return installed;
   for (fs::path folder = programFolder; folder.has_relative_path(); folder = folder.parent_path()) {
     if (HoldsSamples(folder / "examples")) return folder / "examples";
   }
-  throw Failure(kPathNotFound, "the sample is neither in " + installed.string() +
+  throw Failure(kPathNotFound, "the sample is neither in " + TextOf(installed) +
                                    " nor beside the program's source; name its folder: --samples");
 }
 
@@ -144,7 +146,7 @@ std::vector<SamplePrint> ReadSamplePrints(const fs::path& samples) {
 
 void MakeSampleDatabase(const fs::path& samples, const fs::path& database) {
   fs::remove(database);
-  Fill(database.string(), samples);
+  Fill(TextOf(database), samples);
 }
 
 void CloseSampleDatabase::operator()(sqlite3* database) const {

@@ -23,7 +23,7 @@ std::string ScriptFor(const SampleSqlArguments& arguments) {
 }  // namespace
 
 ExitStatus WriteSampleSql(const SampleSqlArguments& arguments) {
-  const std::string out = arguments.out.empty() ? "/dev/stdout" : arguments.out;
+  const std::string out = arguments.out.empty() ? kStandardOutput : arguments.out;
   try {
     WriteOutput(out, WriterOf(ScriptFor(arguments)));
     return ExitStatus::kPrinted;

@@ -41,19 +41,6 @@ Failure CannotDecode(PictureFormat format) {
   return {kInvalidPicture, "图片文件已损坏，无法解码。"};
 }
 
-void RefuseAbsurdSize(const PixelSize& size, int bitsPerPixel) {
-  if (size.width <= 0 || size.height <= 0) {
-    throw Failure(kInvalidPicture, "图片文件已损坏：无法读出图片的大小。");
-  }
-  const double bytes =
-      static_cast<double>(size.width) * static_cast<double>(size.height) * bitsPerPixel / 8;
-  if (bytes > static_cast<double>(kLargestDecodedBytes)) {
-    throw Failure(kInvalidPicture, "图片过大，不予装入：" + std::to_string(size.width) + "×" +
-                                       std::to_string(size.height) + " 像素展开后超过 " +
-                                       std::to_string(kLargestDecodedBytes >> 20) + " MB。");
-  }
-}
-
 int DecodedBits(const QImageReader& reader, PictureFormat format) {
   // Only these have deeper pixels; and Qt answers a damaged JPEG file with a number that is no
   // image format at all.
@@ -74,7 +61,7 @@ DecodedPicture Decode(const Bytes& file, PictureFormat format) {
   reader.setAutoTransform(true);
   if (!reader.canRead()) return {};
   // Once more with what the decoder has understood, which needn't be what the header announced.
-  RefuseAbsurdSize({reader.size().width(), reader.size().height()}, DecodedBits(reader, format));
+  RequireDecodedSize({reader.size().width(), reader.size().height()}, DecodedBits(reader, format));
   QImage image = reader.read();
   return {std::move(image), reader.transformation() != QImageIOHandler::TransformationNone};
 }
@@ -98,17 +85,7 @@ DecodedPicture DecodeJpeg(const Bytes& file) {
 }  // namespace
 
 DecodedPicture DecodePicture(const Bytes& file) {
-  if (file.empty()) throw Failure(kInvalidPicture, "图片文件是空的。");
-  if (file.size() > kLargestFileBytes) {
-    throw Failure(kInvalidPicture, "图片文件过大，不予装入：超过 " +
-                                       std::to_string(kLargestFileBytes >> 20) + " MB。");
-  }
-  const PictureFormat format = FormatOf(file);
-  if (format == PictureFormat::kUnknown) {
-    throw Failure(kInvalidPicture, "不是可用的图片文件：只支持 JPEG、PNG、BMP、GIF 和 TIFF。");
-  }
-  RefuseAbsurdSize(SizeOf(file), kLeastBits);
-  if (!IsComplete(file)) throw Failure(kInvalidPicture, "图片文件不完整。");
+  const PictureFormat format = RequireDecodable(file, kLeastBits);
 
   DecodedPicture picture = format == PictureFormat::kJpeg ? DecodeJpeg(file) : Decode(file, format);
   if (picture.image.isNull()) throw CannotDecode(format);

@@ -2,17 +2,11 @@
 #pragma once
 
 #include <QImage>
-#include <cstddef>
 
-#include "picture_headers/picture_headers.h"
+#include "picture_headers/decoder_limits.h"
 #include "platform/value.h"
 
 namespace td {
-
-// Pictures whose pixels would take more than this are refused before they are decoded. A picture
-// that has to be turned takes twice that for a moment.
-inline constexpr std::size_t kLargestDecodedBytes = std::size_t{128} << 20;
-inline constexpr std::size_t kLargestFileBytes = std::size_t{64} << 20;
 
 struct DecodedPicture {
   QImage image;

@@ -1,20 +1,17 @@
 // Which installed font families stand for the font names that formats hold.
 #pragma once
 
-#include <QString>
 #include <QStringList>
-#include <map>
 #include <string>
+
+#include "font_names/font_names.h"
 
 namespace td {
 
-// Maps a font name to families, the most wanted first. Names are compared without regard to case
-// and to blanks at their ends; an @ before a name (its form for vertical writing) is ignored.
+// Maps a font name to families, the most wanted first (FontNames).
 class FontTable {
  public:
-  // The built-in table. `configuration` is the path of a UTF-8 file with lines
-  // `name = family, family`, which come before all others for that name; `#` begins a comment. A
-  // missing file, or an empty path, is no error; a line without `=` is skipped.
+  // `configuration` is the path of a file as FontNames reads it; empty: none.
   explicit FontTable(const std::string& configuration);
 
   // The table of this process, read once, with the file of ConfigurationFile().
@@ -31,10 +28,7 @@ class FontTable {
   [[nodiscard]] bool Serves(const std::string& name) const;
 
  private:
-  [[nodiscard]] QStringList Meant(const QString& key) const;
-  void Read(const std::string& configuration);
-
-  std::map<QString, QStringList> configured_;
+  FontNames names_;
 };
 
 }  // namespace td

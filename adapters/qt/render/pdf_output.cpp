@@ -94,4 +94,8 @@ void WritePdf(const std::vector<Page>& pages, const std::string& path, const std
   WritePdf(RefsTo(pages), path, title);
 }
 
+bool CanWritePdf() {
+  return true;
+}
+
 }  // namespace td

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "picture_headers/picture_headers.h"
+#include "picture_headers/decoder_limits.h"
 #include "platform/failure.h"
 #include "windows/render/gdiplus_session.h"
 #include "windows/render/picture_pixels.h"
@@ -16,20 +16,7 @@
 namespace td {
 namespace {
 
-constexpr int kBytesOfAPixel = 4;
-
-void RefuseAbsurdSize(const PixelSize& size) {
-  if (size.width <= 0 || size.height <= 0) {
-    throw Failure(kInvalidPicture, "图片文件已损坏：无法读出图片的大小。");
-  }
-  const double bytes =
-      static_cast<double>(size.width) * static_cast<double>(size.height) * kBytesOfAPixel;
-  if (bytes > static_cast<double>(kLargestDecodedBytes)) {
-    throw Failure(kInvalidPicture, "图片过大，不予装入：" + std::to_string(size.width) + "×" +
-                                       std::to_string(size.height) + " 像素展开后超过 " +
-                                       std::to_string(kLargestDecodedBytes >> 20) + " MB。");
-  }
-}
+constexpr int kBitsOfAPixel = 32;
 
 // How a picture must be turned to stand upright; nothing if it does.
 std::optional<Gdiplus::RotateFlipType> TurnOf(int orientation) {
@@ -67,7 +54,7 @@ std::optional<Decoded> Decode(const Bytes& file) {
   Gdiplus::Bitmap bitmap(stream.get());
   if (bitmap.GetLastStatus() != Gdiplus::Ok) return std::nullopt;
   // Once more with what the decoder has understood, which needn't be what the header announced.
-  RefuseAbsurdSize({bitmap.GetWidth(), bitmap.GetHeight()});
+  RequireDecodedSize({bitmap.GetWidth(), bitmap.GetHeight()}, kBitsOfAPixel);
   Decoded decoded;
   if (const auto turn = TurnOf(OrientationOf(file))) {
     decoded.turned = true;
@@ -88,17 +75,7 @@ Bytes Closed(const Bytes& jpeg, std::size_t end) {
 }  // namespace
 
 std::shared_ptr<const ImagePicture> MakePicture(Bytes file) {
-  if (file.empty()) throw Failure(kInvalidPicture, "图片文件是空的。");
-  if (file.size() > kLargestFileBytes) {
-    throw Failure(kInvalidPicture, "图片文件过大，不予装入：超过 " +
-                                       std::to_string(kLargestFileBytes >> 20) + " MB。");
-  }
-  const PictureFormat format = FormatOf(file);
-  if (format == PictureFormat::kUnknown) {
-    throw Failure(kInvalidPicture, "不是可用的图片文件：只支持 JPEG、PNG、BMP、GIF 和 TIFF。");
-  }
-  RefuseAbsurdSize(SizeOf(file));
-  if (!IsComplete(file)) throw Failure(kInvalidPicture, "图片文件不完整。");
+  const PictureFormat format = RequireDecodable(file, kBitsOfAPixel);
 
   const PictureResolution resolution = ResolutionOf(file);
   const JpegParts parts = format == PictureFormat::kJpeg ? JpegPartsOf(file) : JpegParts{};

@@ -1,16 +1,12 @@
 // From the bytes of a picture file to a picture that every output can draw.
 #pragma once
 
-#include <cstddef>
 #include <memory>
 
 #include "page_document/pictures.h"
+#include "picture_headers/decoder_limits.h"
 
 namespace td {
-
-// Pictures whose pixels would take more than this are refused before they are decoded.
-inline constexpr std::size_t kLargestDecodedBytes = std::size_t{128} << 20;
-inline constexpr std::size_t kLargestFileBytes = std::size_t{64} << 20;
 
 // Decodes a JPEG, PNG, BMP, GIF or TIFF file, known by its first bytes: the first picture or page
 // in it. A JPEG file that is damaged, or ends, behind the beginning of its coded data is decoded as

@@ -68,8 +68,11 @@ void DriverSettings::PutSheet(const PaperExtent& sheet, std::int32_t code) {
   if (number) {
     mode.dmPaperSize = *number;
   } else {
+    // In some drivers the number for any size is that of a sheet of their own.
+    const bool isTaken = std::ranges::count(FormsOf(printer_), DMPAPER_USER, &Form::number) > 0;
+    mode.dmPaperSize = isTaken ? 0 : DMPAPER_USER;
+    if (isTaken) mode.dmFields &= ~static_cast<DWORD>(DM_PAPERSIZE);
     mode.dmFields |= DM_PAPERWIDTH | DM_PAPERLENGTH;
-    mode.dmPaperSize = DMPAPER_USER;
     mode.dmPaperWidth = AsShort(Tenths(sheet.width));
     mode.dmPaperLength = AsShort(Tenths(sheet.height));
   }

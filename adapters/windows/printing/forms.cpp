@@ -2,24 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
 
 #include "page_document/drawing.h"
-#include "windows/api/wide_text.h"
-#include "windows/api/windows_api.h"
-
-// Behind the system's other headers.
-#include <winspool.h>
+#include "windows/printing/printer_handle.h"
 
 namespace td {
 namespace {
 
 constexpr double kTwipsPerTenth = kTwipsPerMillimetre / 10;
-
-struct PrinterCloser {
-  using pointer = HANDLE;
-  void operator()(HANDLE printer) const { ClosePrinter(printer); }
-};
 
 // "QbTdPrinter 241.0 x 140.0 mm"
 std::wstring NameOf(const PaperExtent& sheet) {
@@ -31,16 +21,14 @@ std::wstring NameOf(const PaperExtent& sheet) {
 }
 
 bool AddFormFor(const std::string& printer, const PaperExtent& sheet) {
-  HANDLE opened = nullptr;
-  PRINTER_DEFAULTSW wanted{nullptr, nullptr, PRINTER_ACCESS_ADMINISTER};
-  if (OpenPrinterW(ToWide(printer).data(), &opened, &wanted) == FALSE) return false;
-  const std::unique_ptr<HANDLE, PrinterCloser> closed(opened);
+  const PrinterHandle opened = OpenPrinterOf(printer, PRINTER_ACCESS_ADMINISTER);
+  if (!opened) return false;
   std::wstring name = NameOf(sheet);
   // Forms are measured in thousandths of a millimetre.
   const LONG width = 100 * Tenths(sheet.width);
   const LONG height = 100 * Tenths(sheet.height);
   FORM_INFO_1W form{FORM_USER, name.data(), {width, height}, {0, 0, width, height}};
-  return AddFormW(opened, 1, reinterpret_cast<BYTE*>(&form)) != FALSE;
+  return AddFormW(opened.get(), 1, reinterpret_cast<BYTE*>(&form)) != FALSE;
 }
 
 // Some drivers tell the sheets of the standard in whole points of their own.

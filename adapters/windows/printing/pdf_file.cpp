@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "files/file_error.h"
+#include "files/output_file.h"
 #include "files/path_text.h"
 #include "files/windows_files.h"
 #include "page_outputs/document_files.h"
@@ -25,9 +26,14 @@ Failure NotWritten(const std::string& path, const std::string& reason) {
 
 }  // namespace
 
+bool CanWritePdf() {
+  return !PrinterOfDriver(kPdfDriver).empty();
+}
+
 // The printing system writes a file only under a name that has no file, and only to the disk.
 void WritePdf(const std::vector<Page>& pages, const std::string& path, const std::string& title) {
   RequirePages(pages.size());
+  if (path == kStandardOutput) throw NotWritten("-", "PDF 只能写入文件");
   const std::string printer = PrinterOfDriver(kPdfDriver);
   if (printer.empty()) {
     throw NotWritten(path, "本机没有可生成 PDF 的打印机（Microsoft Print to PDF）");

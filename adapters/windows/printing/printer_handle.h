@@ -18,11 +18,13 @@ struct PrinterCloser {
 };
 using PrinterHandle = std::unique_ptr<HANDLE, PrinterCloser>;
 
-// Null if there is no such printer. The system wants the name where it could change it.
-[[nodiscard]] inline PrinterHandle OpenPrinterOf(const std::string& printer) {
-  std::wstring name = ToWide(printer);
+// Null if there is no such printer, or if the user may not do that with it.
+[[nodiscard]] inline PrinterHandle OpenPrinterOf(const std::string& printer,
+                                                 DWORD rights = PRINTER_ACCESS_USE) {
+  std::wstring name = ToWide(printer);  // the system wants it where it could change it
+  PRINTER_DEFAULTSW wanted{nullptr, nullptr, rights};
   HANDLE opened = nullptr;
-  return PrinterHandle(OpenPrinterW(name.data(), &opened, nullptr) == FALSE ? nullptr : opened);
+  return PrinterHandle(OpenPrinterW(name.data(), &opened, &wanted) == FALSE ? nullptr : opened);
 }
 
 }  // namespace td

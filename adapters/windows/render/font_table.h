@@ -2,25 +2,20 @@
 #pragma once
 
 #include <filesystem>
-#include <map>
 #include <string>
 #include <vector>
 
+#include "font_names/font_names.h"
 #include "windows/render/installed_families.h"
 
 namespace td {
 
-// Maps a font name to families, the most wanted first. Names are compared without regard to case
-// and to blanks at their ends; an @ before a name (its form for vertical writing) is ignored.
+// Maps a font name to families, the most wanted first (FontNames).
 class FontTable {
  public:
-  // The built-in table. `configuration` is a UTF-8 file with lines `name = family, family`, which
-  // come before all others for that name; `#` begins a comment. A missing file is no error, nor is
-  // one that can't be read; a line without `=` is skipped.
   explicit FontTable(const std::filesystem::path& configuration);
 
-  // The table of this process, read once, with the file qbtdprinter\fonts.conf in the user's folder
-  // of settings.
+  // The table of this process, read once, with FontNames::ConfigurationFile().
   static const FontTable& Instance();
 
   // The installed families for a name: the configured ones, the one that bears the name, those of
@@ -28,8 +23,12 @@ class FontTable {
   // is installed.
   [[nodiscard]] std::vector<const InstalledFamily*> Families(const std::string& name) const;
 
+  // Whether one of the families that are meant by the name is installed; otherwise any Chinese font
+  // stands in.
+  [[nodiscard]] bool Serves(const std::string& name) const;
+
  private:
-  std::map<std::string, std::vector<std::string>> configured_;
+  FontNames names_;
 };
 
 }  // namespace td

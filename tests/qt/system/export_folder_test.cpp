@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "page_outputs/export_file.h"
 #include "test_tools.h"
 
 namespace td {

@@ -81,6 +81,18 @@ TEST(WindowsFiles, AreMadeAndReplacedWhole) {
   EXPECT_EQ(folder.Names(), std::set<std::string>{"订单.html"});
 }
 
+TEST(WindowsFiles, ANameAloneIsAFileOfTheCurrentFolder) {
+  const TestFolder folder;
+  const fs::path before = fs::current_path();
+  fs::current_path(folder / "");
+  const int first = WriteTo(PathOf("订单.sql"), "one");
+  const int second = WriteTo(PathOf("订单.sql"), "two");
+  fs::current_path(before);
+  EXPECT_EQ(first, 0);
+  EXPECT_EQ(second, 0);
+  EXPECT_EQ(ContentOf(folder / "订单.sql"), "two");
+}
+
 TEST(WindowsFiles, AWriterThatFailsLeavesTheOldFile) {
   const TestFolder folder;
   Put(folder / "bill.html", "old");

@@ -25,6 +25,22 @@ TEST(DriverChoice, TheNewestDriverForSqlServerIsTaken) {
       "ODBC Driver 18 for SQL Server");
 }
 
+TEST(DriverChoice, ADriverIsFoundUnderTheNameThatItHasHere) {
+  const std::vector<std::string> installed = {
+      "PostgreSQL ANSI(x64)",    "PostgreSQL Unicode(x64)",      "MariaDB ODBC 3.1 Driver",
+      "MariaDB ODBC 3.2 Driver", "MariaDB ODBC 3.0 Driver",      "SQL Server",
+      "SQLite3 ODBC Driver",     "ODBC Driver 17 for SQL Server"};
+  EXPECT_EQ(NewestDriverLike("PostgreSQL Unicode", installed), "PostgreSQL Unicode(x64)");
+  EXPECT_EQ(NewestDriverLike("MariaDB", installed), "MariaDB ODBC 3.2 Driver");
+  EXPECT_EQ(NewestDriverLike("MariaDB ODBC 3.1 Driver", installed), "MariaDB ODBC 3.1 Driver");
+  EXPECT_EQ(NewestDriverLike("ODBC Driver 18 for SQL Server", installed),
+            "ODBC Driver 17 for SQL Server");
+  EXPECT_EQ(NewestDriverLike("sql server", installed), "sql server") << "it is there";
+  EXPECT_EQ(NewestDriverLike("MySQL ODBC 8.0 Unicode Driver", installed),
+            "MySQL ODBC 8.0 Unicode Driver");
+  EXPECT_EQ(NewestDriverLike("Oracle", installed), "Oracle");
+}
+
 TEST(DriverChoice, AProviderTextBecomesTheDriversOwn) {
   const std::string text =
       ToDriverText("Provider=SQLOLEDB.1;Data Source=server1;Initial Catalog=AIS1;User ID=sa;PWD=a")

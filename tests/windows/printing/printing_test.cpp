@@ -2,20 +2,43 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <sstream>
 
+#include "files/path_text.h"
 #include "platform/failure.h"
 #include "sample_page.h"
 #include "windows/printing/document_printing.h"
+#include "windows/printing/driver_settings.h"
 #include "windows/printing/forms.h"
 #include "windows/printing/printers.h"
 
+// Behind the system's other headers.
+#include <winspool.h>
+
 namespace td {
 namespace {
+
+namespace fs = std::filesystem;
 
 constexpr std::int32_t kPaperA5 = 11;
 
 PaperExtent Millimetres(double width, double height) {
   return {width * kTwipsPerMillimetre, height * kTwipsPerMillimetre};
+}
+
+PrintChoice ChoiceOf(const std::string& printer) {
+  PrintChoice choice;
+  choice.printer = printer;
+  choice.title = "test";
+  return choice;
+}
+
+JobOptions OptionsOf(int copies, bool collated, Sides sides = Sides::kAsSet,
+                     std::optional<std::int16_t> tray = std::nullopt) {
+  return {copies, collated, sides, tray};
 }
 
 TEST(Printers, AreThoseOfTheSystemByTheirExactNames) {
@@ -56,22 +79,132 @@ TEST(DocumentPrinting, AJobHasOneSheetAndANumber) {
   Page across = PageOf(210, 148, {Box("乙", 10, 10, 50, 10)});
   across.landscape = true;
   const Page a4 = PageOf(210, 297, {Box("丙", 10, 10, 50, 10)});
-  EXPECT_TRUE(PrintDocument({a5, across, a4, a4}, {"QbTd-PDF", "sheets", {}, {}}, jobs));
+  EXPECT_TRUE(PrintDocument({a5, across, a4, a4}, ChoiceOf("QbTd-PDF"), jobs));
   EXPECT_EQ(jobs.size(), 2U);
-  EXPECT_TRUE(PrintDocument({a5, a4}, {"QbTd-PDF", "chosen", std::vector<int>{2}, {}}, jobs));
+  PrintChoice chosen = ChoiceOf("QbTd-PDF");
+  chosen.pages = {2};
+  EXPECT_TRUE(PrintDocument({a5, a4}, chosen, jobs));
   EXPECT_EQ(jobs.size(), 3U);
 }
 
 TEST(DocumentPrinting, APrinterThatHasGoneIsAFailureOfADevice) {
   std::vector<int> jobs;
   try {
-    PrintDocument({PageOf(148, 210, {})}, {"锁机", "none", {}, {}}, jobs);
+    PrintDocument({PageOf(148, 210, {})}, ChoiceOf("锁机"), jobs);
     FAIL();
   } catch (const Failure& failure) {
     EXPECT_EQ(failure.Number(), kDeviceIo);
     EXPECT_NE(failure.Description().find("鎖机"), std::string::npos) << failure.Description();
   }
   EXPECT_TRUE(jobs.empty());
+}
+
+// A job in a file in the place of the printer, as the driver writes it.
+class JobFile : public testing::Test {
+ protected:
+  JobFile() {
+    std::random_device random;
+    do {
+      folder_ = fs::temp_directory_path() / PathOf("任务-" + std::to_string(random()));
+    } while (!fs::create_directory(folder_));
+  }
+  ~JobFile() override { fs::remove_all(folder_); }
+
+  // What the driver makes of the pages.
+  [[nodiscard]] std::string Printed(const std::vector<Page>& pages, const std::string& printer,
+                                    const JobOptions& options = {}) const {
+    const fs::path file = folder_ / PathOf("job.ps");
+    std::vector<int> jobs;
+    PrintChoice choice = ChoiceOf(printer);
+    choice.file = TextOf(file);
+    choice.options = options;
+    EXPECT_TRUE(PrintDocument(pages, choice, jobs));
+    EXPECT_EQ(jobs.size(), 1U);
+    std::stringstream content;
+    content << std::ifstream(file, std::ios::binary).rdbuf();
+    return content.str();
+  }
+
+  fs::path folder_;
+};
+
+std::size_t CountOf(const std::string& text, const std::string& part) {
+  std::size_t count = 0;
+  for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
+  return count;
+}
+
+// The driver's number of a tray.
+std::int16_t TrayNamed(const std::wstring& printer, const std::wstring& tray) {
+  constexpr std::size_t kNameLength = 24;
+  const int count = DeviceCapabilitiesW(printer.c_str(), nullptr, DC_BINS, nullptr, nullptr);
+  std::vector<WORD> numbers(static_cast<std::size_t>(std::max(count, 0)));
+  std::vector<wchar_t> names(numbers.size() * kNameLength);
+  DeviceCapabilitiesW(printer.c_str(), nullptr, DC_BINS, reinterpret_cast<wchar_t*>(numbers.data()),
+                      nullptr);
+  DeviceCapabilitiesW(printer.c_str(), nullptr, DC_BINNAMES, names.data(), nullptr);
+  for (std::size_t i = 0; i < numbers.size(); ++i) {
+    if (tray == &names[i * kNameLength]) return static_cast<std::int16_t>(numbers[i]);
+  }
+  ADD_FAILURE() << "no such tray among " << numbers.size();
+  return 0;
+}
+
+TEST_F(JobFile, HoldsPagesOnSeveralSheets) {
+  const Page a5 = PageOf(148, 210, {Box("甲", 10, 10, 50, 10)});
+  const Page a4 = PageOf(210, 297, {Box("乙", 10, 10, 50, 10)});
+  EXPECT_EQ(CountOf(Printed({a5, a4, a5}, "QbTd-PDF"), "%%Page: "), 3U);
+}
+
+TEST_F(JobFile, NamesTheTrayAndTheSides) {
+  const Page page = PageOf(210, 297, {Box("甲", 10, 10, 50, 10)});
+  const std::string usual = Printed({page, page}, "QbTd-Office");
+  EXPECT_EQ(CountOf(usual, "*Duplex DuplexNoTumble"), 0U);
+  const std::int16_t second = TrayNamed(L"QbTd-Office", L"Tray 2");
+  const std::string chosen =
+      Printed({page, page}, "QbTd-Office", OptionsOf(1, true, Sides::kTwoLongEdge, second));
+  EXPECT_GT(CountOf(chosen, "*InputSlot Tray2"), 0U);
+  EXPECT_GT(CountOf(chosen, "*Duplex DuplexNoTumble"), 0U);
+  const std::string turned =
+      Printed({page}, "QbTd-Office", OptionsOf(1, true, Sides::kTwoShortEdge));
+  EXPECT_GT(CountOf(turned, "*Duplex DuplexTumble"), 0U);
+  const std::string single = Printed({page}, "QbTd-Office", OptionsOf(1, true, Sides::kOne));
+  EXPECT_EQ(CountOf(single, "*Duplex DuplexTumble") + CountOf(single, "*Duplex DuplexNoTumble"),
+            0U);
+}
+
+// Either the driver repeats the pages, or they are sent again.
+TEST_F(JobFile, HasAsManyCopiesAsAreWanted) {
+  const Page page = PageOf(210, 297, {Box("甲", 10, 10, 50, 10)});
+  for (const bool collated : {true, false}) {
+    const std::string job = Printed({page, page}, "QbTd-PDF", OptionsOf(3, collated));
+    const std::size_t ofDriver = CountOf(job, "%cupsJobTicket: copies=3");
+    EXPECT_EQ(CountOf(job, "%%Page: ") * (ofDriver > 0 ? 3 : 1), 6U);
+  }
+}
+
+TEST(DriverSettings, ASheetThatNoFormHasIsAskedForByItsSize) {
+  DriverSettings settings("QbTd-PDF");
+  ASSERT_TRUE(settings.IsKnown());
+  settings.PutSheet(Millimetres(123, 77), kUserDefinedPaper);
+  if ((settings.Mode()->dmFields & DM_PAPERSIZE) != 0) {
+    const std::vector<Form> forms = FormsOf("QbTd-PDF");
+    const auto form = std::ranges::find(forms, settings.Mode()->dmPaperSize, &Form::number);
+    if (form != forms.end()) {
+      EXPECT_TRUE(IsSameSheet(form->sheet, Millimetres(123, 77))) << "a form was added";
+      return;
+    }
+  }
+  EXPECT_EQ(settings.Mode()->dmPaperWidth, 1230);
+  EXPECT_EQ(settings.Mode()->dmPaperLength, 770);
+}
+
+TEST(DriverSettings, OfAPrinterThatHasGoneAreUnknown) {
+  EXPECT_FALSE(DriverSettings("没有的打印机").IsKnown());
+}
+
+TEST(Printers, AreFoundByTheirDrivers) {
+  EXPECT_EQ(PrinterOfDriver("no such driver"), "");
 }
 
 }  // namespace

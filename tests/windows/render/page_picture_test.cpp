@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "files/path_text.h"
+#include "page_outputs/document_files.h"
 #include "platform/failure.h"
 #include "sample_page.h"
 #include "windows/render/image_output.h"

@@ -1,11 +1,12 @@
-#include "design_command.h"
-
 #include "complaint.h"
 #include "component_folder.h"
+#include "design_command.h"
 #include "designer/window/designer.h"
 #include "platform/failure.h"
 
 namespace td {
+
+const char* const kDesignHelp = "Lay formats out in a window, over a scan of the form";
 
 // A user who gives up the question for the database has seen a window, too.
 ExitStatus DesignFormat(const DesignArguments& arguments) {

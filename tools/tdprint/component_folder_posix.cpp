@@ -1,5 +1,3 @@
-#include "component_folder.h"
-
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -8,6 +6,8 @@
 #include <string_view>
 #include <system_error>
 
+#include "component_folder.h"
+#include "files/descriptor.h"
 #include "files/file_error.h"
 #include "files/leftovers.h"
 #include "platform/failure.h"
@@ -34,7 +34,11 @@ Descriptor OpenFolder(const fs::path& folder) {
 
 }  // namespace
 
-ComponentFolder::ComponentFolder() : inUse_(-1) {
+struct ComponentFolder::Mark {
+  Descriptor folder;
+};
+
+ComponentFolder::ComponentFolder() {
   std::error_code error;
   const fs::path parent = fs::temp_directory_path(error);
   try {
@@ -44,8 +48,8 @@ ComponentFolder::ComponentFolder() : inUse_(-1) {
       fs::remove_all(parent / leftover, ignored);
     });
     path_ = MakeFolder(parent);
-    inUse_ = OpenFolder(path_);
-    HoldInUse(inUse_);
+    mark_ = std::make_unique<Mark>(OpenFolder(path_));
+    HoldInUse(mark_->folder);
     fs::create_directory(fs::path(path_) / "picture");
   } catch (const std::runtime_error& failure) {
     throw Failure(kPathNotFound,

@@ -1,0 +1,105 @@
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "odbc/installed_drivers.h"
+#include "sql_support/sql_scanner.h"
+#include "windows/api/wide_text.h"
+#include "windows/api/windows_api.h"
+
+namespace td {
+namespace {
+
+// The names of the drivers of this process's kind, of 32 or 64 bits.
+std::vector<std::string> InstalledDrivers() {
+  HKEY key = nullptr;
+  if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\ODBC\\ODBCINST.INI\\ODBC Drivers", 0, KEY_READ,
+                    &key) != ERROR_SUCCESS) {
+    return {};
+  }
+  std::vector<std::string> names;
+  std::array<wchar_t, 512> name{};
+  for (DWORD i = 0;; ++i) {
+    auto length = static_cast<DWORD>(name.size());
+    const LSTATUS result =
+        RegEnumValueW(key, i, name.data(), &length, nullptr, nullptr, nullptr, nullptr);
+    if (result == ERROR_MORE_DATA) continue;
+    if (result != ERROR_SUCCESS) break;
+    names.push_back(FromWide({name.data(), length}));
+  }
+  RegCloseKey(key);
+  return names;
+}
+
+// The number of "ODBC Driver 18 for SQL Server"; that of the driver's forerunner is below all of
+// them, and 0 is no driver for SQL Server.
+int RankOf(std::string_view name) {
+  constexpr std::string_view kBegin = "ODBC Driver ";
+  constexpr std::string_view kEnd = " for SQL Server";
+  if (name.starts_with("SQL Server Native Client ")) return 1;
+  if (!name.starts_with(kBegin) || !name.ends_with(kEnd)) return 0;
+  name.remove_prefix(kBegin.size());
+  int number = 0;
+  std::from_chars(name.data(), name.data() + name.size(), number);
+  return number;
+}
+
+// What the names of all drivers for an engine begin with.
+constexpr std::array<std::string_view, 6> kFamilies = {
+    "PostgreSQL Unicode", "PostgreSQL ANSI", "MariaDB", "MySQL ODBC", "SQLite3", "FreeTDS"};
+
+bool BeginsLike(std::string_view name, std::string_view beginning) {
+  return EqualWords(name.substr(0, beginning.size()), beginning);
+}
+
+// The numbers in a name: 3, 1, 15 of "MariaDB ODBC 3.1.15 Driver".
+std::vector<int> VersionIn(std::string_view name) {
+  std::vector<int> numbers;
+  while (!name.empty()) {
+    int number = 0;
+    const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), number);
+    if (error == std::errc() && number >= 0) {
+      numbers.push_back(number);
+      name.remove_prefix(static_cast<std::size_t>(end - name.data()));
+    } else {
+      name.remove_prefix(1);
+    }
+  }
+  return numbers;
+}
+
+}  // namespace
+
+std::string NewestSqlServerDriver(const std::vector<std::string>& installed) {
+  std::string newest = "SQL Server";
+  int best = 0;
+  for (const std::string& name : installed) {
+    if (RankOf(name) <= best) continue;
+    best = RankOf(name);
+    newest = name;
+  }
+  return newest;
+}
+
+std::string NewestDriverLike(std::string_view wanted, const std::vector<std::string>& installed) {
+  const auto isWanted = [wanted](const std::string& name) { return EqualWords(name, wanted); };
+  if (std::ranges::any_of(installed, isWanted)) return std::string(wanted);
+  if (RankOf(wanted) > 0) return NewestSqlServerDriver(installed);
+  const auto family = std::ranges::find_if(
+      kFamilies, [wanted](std::string_view beginning) { return BeginsLike(wanted, beginning); });
+  if (family == kFamilies.end()) return std::string(wanted);
+  const std::string* newest = nullptr;
+  for (const std::string& name : installed) {
+    if (!BeginsLike(name, *family)) continue;
+    if (newest == nullptr || VersionIn(*newest) < VersionIn(name)) newest = &name;
+  }
+  return newest == nullptr ? std::string(wanted) : *newest;
+}
+
+std::string InstalledDriver(const std::string& wanted) {
+  const std::vector<std::string> installed = InstalledDrivers();
+  return wanted == "SQL Server" ? NewestSqlServerDriver(installed)
+                                : NewestDriverLike(wanted, installed);
+}
+
+}  // namespace td

@@ -1,0 +1,36 @@
+#include <QString>
+
+#include "checker/drawn_text.h"
+#include "qt/render/fonts.h"
+#include "qt/render/outputs.h"
+#include "qt/render/text_layout.h"
+
+namespace td::checker {
+
+std::vector<DrawnPiece> DrawnPieces(const BoxText& text) {
+  std::vector<DrawnPiece> pieces;
+  for (const PlacedText& piece : LayOut(text)) {
+    const bool isBlank = QString::fromStdString(piece.text).trimmed().isEmpty();
+    pieces.push_back({piece.x, piece.y, piece.width, piece.face->size, isBlank});
+  }
+  return pieces;
+}
+
+double HeightOf(const TextLine& line) {
+  return LineHeight(line);
+}
+
+double WidthOf(const TextLine& line) {
+  return LineWidth(line);
+}
+
+bool HasFont(const std::string& name) {
+  return FontTable::Instance().Serves(name);
+}
+
+std::string StandInFont(const std::string& name) {
+  const QStringList families = FontTable::Instance().Families(name);
+  return families.isEmpty() ? std::string() : families.front().toStdString();
+}
+
+}  // namespace td::checker
