@@ -7,27 +7,31 @@
 #include "windows/api/wide_text.h"
 #include "windows/api/windows_api.h"
 
+// Behind the system's other headers.
+#include <sqlext.h>
+#include <sqlucode.h>
+
 namespace td {
 namespace {
 
-// The names of the drivers of this process's kind, of 32 or 64 bits.
+// The names that the driver manager tells: of drivers of this process's kind, of 32 or 64 bits.
 std::vector<std::string> InstalledDrivers() {
-  HKEY key = nullptr;
-  if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\ODBC\\ODBCINST.INI\\ODBC Drivers", 0, KEY_READ,
-                    &key) != ERROR_SUCCESS) {
-    return {};
-  }
+  SQLHENV environment = SQL_NULL_HENV;
+  if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment))) return {};
+  SQLSetEnvAttr(environment, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
   std::vector<std::string> names;
-  std::array<wchar_t, 512> name{};
-  for (DWORD i = 0;; ++i) {
-    auto length = static_cast<DWORD>(name.size());
-    const LSTATUS result =
-        RegEnumValueW(key, i, name.data(), &length, nullptr, nullptr, nullptr, nullptr);
-    if (result == ERROR_MORE_DATA) continue;
-    if (result != ERROR_SUCCESS) break;
-    names.push_back(FromWide({name.data(), length}));
+  std::array<SQLWCHAR, 512> name{};
+  std::array<SQLWCHAR, 2> attributes{};  // nobody reads them: they may be cut
+  SQLSMALLINT length = 0;
+  SQLSMALLINT attributesLength = 0;
+  SQLUSMALLINT place = SQL_FETCH_FIRST;
+  while (SQL_SUCCEEDED(SQLDriversW(
+      environment, place, name.data(), static_cast<SQLSMALLINT>(name.size()), &length,
+      attributes.data(), static_cast<SQLSMALLINT>(attributes.size()), &attributesLength))) {
+    names.push_back(FromWide(name.data()));
+    place = SQL_FETCH_NEXT;
   }
-  RegCloseKey(key);
+  SQLFreeHandle(SQL_HANDLE_ENV, environment);
   return names;
 }
 

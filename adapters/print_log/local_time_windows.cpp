@@ -2,10 +2,16 @@
 
 namespace td {
 
-std::tm LocalParts(std::time_t time) {
+// In 32 bits the standard's own functions end in 2038.
+std::tm LocalParts(std::int64_t moment) {
   std::tm parts{};
-  localtime_s(&parts, &time);
+  _localtime64_s(&parts, &moment);
   return parts;
+}
+
+std::int64_t MomentOfLocal(std::tm parts) {
+  parts.tm_isdst = -1;
+  return _mktime64(&parts);
 }
 
 }  // namespace td

@@ -76,10 +76,6 @@ bool TakeZone(Taker& taker, int& distance) {
   return true;
 }
 
-LogTime OfSystem(std::time_t time) {
-  return LogTime(seconds(time));
-}
-
 // The parts as if they were those of Greenwich.
 LogTime OfGreenwich(const std::tm& parts) {
   const std::chrono::sys_days day = std::chrono::year(parts.tm_year + 1900) /
@@ -89,9 +85,8 @@ LogTime OfGreenwich(const std::tm& parts) {
          seconds(parts.tm_sec);
 }
 
-LogTime OfLocal(std::tm parts) {
-  parts.tm_isdst = -1;
-  return OfSystem(std::mktime(&parts));
+LogTime OfLocal(const std::tm& parts) {
+  return LogTime(seconds(MomentOfLocal(parts)));
 }
 
 }  // namespace
