@@ -4,9 +4,9 @@
 #include "desktop/desktop_parts.h"
 #include "windows/pictures/windows_picture_files.h"
 #include "windows/printing/printers.h"
-#include "windows/system/hidden_windows.h"
 #include "windows/system/local_machine.h"
 #include "windows/system/message_boxes.h"
+#include "windows/system/native_windows.h"
 
 namespace td {
 namespace {
@@ -28,7 +28,7 @@ class WindowsParts : public DesktopParts {
   WindowsPictureFiles pictures_;
   MessageBoxes messages_;
   LocalMachine machine_;
-  HiddenWindows windows_;
+  NativeWindows windows_;
 };
 
 }  // namespace

@@ -85,7 +85,7 @@ TEST_F(PrintedPreview, PrintsWhatTheUserConfirms) {
   FrameSettings settings;
   settings.printer = kPrinter;
   settings.outcome = &outcome;
-  PreviewFrame frame(std::make_shared<const FrameSettings>(settings), messages_, {});
+  NativePrintFrame frame(std::make_shared<const FrameSettings>(settings), messages_, {});
   frame.Surface().StartDoc();
   frame.Surface().EndDoc();
   for (const auto& [button, delivery] :

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "windows/system/message_boxes.h"
-#include "windows/system/preview_frame.h"
+#include "windows/system/print_frame.h"
 
 namespace td {
 
@@ -58,7 +58,7 @@ class ShownPreview : public testing::Test {
   void Resize(int width, int height);
 
   MessageBoxes messages_{MessageMode::kStandardError};
-  PreviewFrame frame_{std::make_shared<const FrameSettings>(), messages_, {}};
+  NativePrintFrame frame_{std::make_shared<const FrameSettings>(), messages_, {}};
   PrintSurface& surface_ = frame_.Surface();
   int loads_ = 0;
   int activations_ = 0;

@@ -1,4 +1,4 @@
-// Makes the print windows.
+// Makes the windows of Windows itself.
 #pragma once
 
 #include <memory>
@@ -13,10 +13,10 @@
 
 namespace td {
 
-class HiddenWindows : public Windows {
+class NativeWindows : public Windows {
  public:
   // `messages` outlives this object, and this object its windows.
-  HiddenWindows(FrameSettings settings, BarcodeSettings barcodeSettings, Messages& messages)
+  NativeWindows(FrameSettings settings, BarcodeSettings barcodeSettings, Messages& messages)
       : barcodeSettings_(std::move(barcodeSettings)), messages_(messages) {
     PutSettings(std::move(settings));
   }
