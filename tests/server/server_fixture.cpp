@@ -132,7 +132,7 @@ bool ServerTest::PrintOk(TdDispatch* printer) {
 }
 
 std::string ServerTest::Exported() const {
-  return ContentOf(folder_.File("state/订单.html"));
+  return ContentOf(PathOf(folder_.File("state/订单.html")));
 }
 
 void ServerTest::WriteBarcodeSettings(const std::string& content) const {
