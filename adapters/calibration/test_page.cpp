@@ -52,7 +52,7 @@ class TestPage {
     constexpr double kLeastWidth = 140;
     constexpr double kLeastHeight = 90;
     if (sides_.across < kLeastWidth || sides_.along < kLeastHeight) return;
-    constexpr double kBeside = 7;
+    constexpr double kBeside = 9;
     constexpr double kLine = 6;
     const double right = sides_.across - crosses_.across;
     const double width = (right - crosses_.across) / 2 - kBeside;

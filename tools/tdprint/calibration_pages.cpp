@@ -23,7 +23,7 @@ namespace {
 
 constexpr double kHairline = 0.1 * kTwipsPerMillimetre;
 
-constexpr Sentence kTitle{"Calibration of {0}, {1}", "打印机校准：{0}，{1}"};
+constexpr Sentence kTitle{"Calibration of {0}", "打印机校准：{0}"};
 constexpr Sentence kHowTo{
     "Measure from the middle of each cross to the edges of the paper, in millimetres.",
     "用尺量出各十字中心到纸边的距离，单位毫米。"};
@@ -39,10 +39,12 @@ constexpr Sentence kBottomLeft{"to the left edge and to the bottom edge", "到�
 TestPageWords WordsOf(const CalibrateArguments& arguments, const PaperExtent& sheet,
                       Language language) {
   const Distances crosses = CrossesOf(sheet);
+  const std::string subject =
+      (arguments.printer.empty() ? "" : arguments.printer + ", ") + SheetText(MillimetresOf(sheet));
   const auto say = [language](const Sentence& sentence) {
     return std::string(sentence.In(language));
   };
-  return {.lines = {Fill(language, kTitle, arguments.printer, SheetText(MillimetresOf(sheet))),
+  return {.lines = {Fill(language, kTitle, subject),
                     Fill(language, kAsked, NumberText(crosses.across), NumberText(crosses.along)),
                     say(kHowTo), say(arguments.check ? kCalibrated : kUncalibrated)},
           .topLeft = say(kTopLeft),
@@ -61,12 +63,13 @@ void Send(Platform& platform, const std::function<void(PrintSurface& surface)>& 
 // No print of a bill: nothing goes into the log.
 DesktopOptions OptionsFor(const CalibrateArguments& arguments, bool calibrated) {
   DesktopOptions options;
-  options.printer = arguments.printer;
   options.messages = MessageMode::kStandardError;
   options.logFile = std::string();
   options.calibrated = calibrated;
   options.onComplaint = [](const std::string& text) { Complain("printed, but", text); };
-  if (!arguments.pdf.empty()) {
+  if (arguments.pdf.empty()) {
+    options.printer = arguments.printer;
+  } else {
     options.documentSink = [&arguments](const PageDocument& document) {
       WritePdf(document.Pages(), arguments.pdf, "QbTdPrinter");
     };

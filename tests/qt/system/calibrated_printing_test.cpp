@@ -50,11 +50,12 @@ QPointF CrossIn(const QImage& image, const QRectF& region) {
     }
   }
   const auto middle = [](const std::vector<int>& counts) {
-    const int half = *std::ranges::max_element(counts) / 2;
+    // A mark of a ruler and its number together are three quarters as long.
+    const double least = *std::ranges::max_element(counts) * 0.85;
     double sum = 0;
     double weight = 0;
     for (std::size_t i = 0; i < counts.size(); ++i) {
-      if (counts[i] <= half) continue;
+      if (counts[i] < least) continue;
       sum += (static_cast<double>(i) + 0.5) * counts[i];
       weight += counts[i];
     }
