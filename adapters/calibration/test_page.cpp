@@ -33,7 +33,7 @@ class TestPage {
     for (int at = 0; at <= sides_.across; ++at) {
       if (IsNearCross(at, crosses_.across, sides_.across)) continue;
       DrawLine(at, crosses_.along, at, crosses_.along - MarkAt(at));
-      if (at % kNumbered == 0 && at > 0) {
+      if (IsNumbered(at, sides_.across)) {
         Write(std::to_string(at), at - kNumberRoom / 2, crosses_.along, kNumberRoom, kTextHeight);
       }
     }
@@ -41,7 +41,7 @@ class TestPage {
     for (int at = 0; at <= sides_.along; ++at) {
       if (IsNearCross(at, crosses_.along, sides_.along)) continue;
       DrawLine(crosses_.across, at, crosses_.across - MarkAt(at), at);
-      if (at % kNumbered == 0 && at > 0) {
+      if (IsNumbered(at, sides_.along)) {
         Write(std::to_string(at), crosses_.across + 1, at - kTextHeight / 2, kNumberRoom,
               kTextHeight);
       }
@@ -80,6 +80,12 @@ class TestPage {
     constexpr int kHalf = 5;
     if (at % kNumbered == 0) return 3;
     return at % kHalf == 0 ? 2 : 1;
+  }
+
+  // A number at the sheet's end would be cut off.
+  static bool IsNumbered(int at, double side) {
+    constexpr double kRoom = 4;
+    return at % kNumbered == 0 && at >= kRoom && at <= side - kRoom;
   }
 
   static bool IsNearCross(double at, double cross, double side) {

@@ -20,10 +20,9 @@ namespace {
 
 constexpr Sentence kSent{"The page went to {0}.", "已打印到 {0}。"};
 constexpr Sentence kAsk{
-    "Measure how far the middle of each cross is from the edges of the paper, in millimetres:\n"
-    "two numbers in a line, such as 20.3 19.8. An empty line ends; nothing is kept then.",
-    "用尺量出各十字中心到纸边的距离，单位毫米：\n每行两个数，例如 20.3 19.8。"
-    "空行则结束，不保存。"};
+    "Measure how far the middle of each cross is from the edges of the paper: two numbers in "
+    "millimetres, such as 20.3 19.8. An empty line ends, and nothing is kept.",
+    "用尺量出各十字中心到纸边的距离，输入两个数，单位毫米，例如 20.3 19.8；空行则结束，不保存。"};
 constexpr Sentence kHowToGoOn{
     "Measure how far the middle of each cross is from the edges of the paper, and say so:",
     "用尺量出各十字中心到纸边的距离，然后运行："};

@@ -25,13 +25,13 @@ constexpr double kHairline = 0.1 * kTwipsPerMillimetre;
 
 constexpr Sentence kTitle{"Calibration of {0}", "打印机校准：{0}"};
 constexpr Sentence kHowTo{
-    "Measure from the middle of each cross to the edges of the paper, in millimetres.",
-    "用尺量出各十字中心到纸边的距离，单位毫米。"};
-constexpr Sentence kAsked{"Asked for: {0} mm from the sides, {1} mm from top and bottom.",
-                          "应为：距左右边 {0} 毫米，距上下边 {1} 毫米。"};
-constexpr Sentence kUncalibrated{"Printed without a calibration.", "打印时未使用校准。"};
-constexpr Sentence kCalibrated{"Printed with the calibration: the distances should be right.",
-                               "打印时使用了校准：各距离应与上述相符。"};
+    "Measure from the middle of each cross to the edges of the paper, in millimetres",
+    "用尺量出各十字中心到纸边的距离，单位毫米"};
+constexpr Sentence kAsked{"Asked for: {0} mm from the sides, {1} mm from top and bottom",
+                          "应为：距左右边 {0} 毫米，距上下边 {1} 毫米"};
+constexpr Sentence kUncalibrated{"Printed without a calibration", "打印时未使用校准"};
+constexpr Sentence kCalibrated{"Printed with the calibration: the distances should be right",
+                               "打印时使用了校准：各距离应与上述相符"};
 constexpr Sentence kTopLeft{"to the left edge and to the top edge", "到左边缘、到上边缘"};
 constexpr Sentence kTopRight{"to the right edge and to the top edge", "到右边缘、到上边缘"};
 constexpr Sentence kBottomLeft{"to the left edge and to the bottom edge", "到左边缘、到下边缘"};
