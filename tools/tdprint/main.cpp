@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include "arguments.h"
+#include "calibrate_command.h"
 #include "check_command.h"
 #include "demo_command.h"
 #include "design_command.h"
@@ -57,6 +58,9 @@ struct Runner {
   }
   td::ExitStatus operator()(const td::LogArguments& arguments) const {
     return td::ShowLog(arguments);
+  }
+  td::ExitStatus operator()(const td::CalibrateArguments& arguments) const {
+    return td::CalibratePrinter(arguments);
   }
   td::ExitStatus operator()(td::ExitStatus status) const { return status; }
 };

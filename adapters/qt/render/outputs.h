@@ -2,10 +2,13 @@
 // kInvalidCall. Paths are UTF-8.
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "files/written_bytes.h"
+#include "page_document/affine_map.h"
 #include "page_document/drawing.h"
 
 class QImage;
@@ -22,6 +25,11 @@ std::string ToPdf(const std::vector<Page>& pages, const std::string& title);
 // The same page by page: no more of the file is held than one page needs. What `sink` throws goes
 // through.
 void StreamPdf(const PageRefs& pages, const std::string& title, const ByteSink& sink);
+// The same for one printer, which puts things elsewhere than it is told to: each page is drawn
+// through the map that makes up for it, twips from the page's top left corner; nothing: as it is.
+using PageCorrection = std::function<std::optional<AffineMap>(const Page&)>;
+void StreamPdf(const PageRefs& pages, const std::string& title, const ByteSink& sink,
+               const PageCorrection& correction);
 // A file is replaced whole or not at all, a pipe or a device receives the bytes as they come: see
 // WriteOutput. Fails with kDeviceIo, with the path and the reason in words.
 void WritePdf(const std::vector<Page>& pages, const std::string& path, const std::string& title);

@@ -2,7 +2,6 @@
 
 #include <QGuiApplication>
 
-#include "qt/render/outputs.h"
 #include "qt/system/print_job.h"
 
 namespace td {
@@ -25,15 +24,16 @@ std::string Title() {
 }
 
 // Returns the job's number.
-int PrintPages(const PageRefs& pages, const PaperExtent& sheet, const PrintChoice& choice) {
-  const FileWriter pdf = [&pages](const ByteSink& sink) { StreamPdf(pages, Title(), sink); };
+int PrintPages(const PageRefs& pages, const PaperExtent& sheet, const PrintChoice& choice,
+               const PageCorrection& correction) {
+  const FileWriter pdf = [&](const ByteSink& sink) { StreamPdf(pages, Title(), sink, correction); };
   return SubmitPrintJob({choice.printer, Title(), pdf, sheet, choice.options});
 }
 
 }  // namespace
 
-void PrintDocument(const PageDocument& document, const PrintChoice& choice,
-                   std::vector<int>* jobs) {
+void PrintDocument(const PageDocument& document, const PrintChoice& choice, std::vector<int>* jobs,
+                   const PageCorrection& correction) {
   const PageRefs pages = ChosenPages(document, choice.pages);
   if (!choice.pdfFile.empty()) {
     WritePdf(pages, choice.pdfFile, Title());
@@ -43,7 +43,7 @@ void PrintDocument(const PageDocument& document, const PrintChoice& choice,
     const PaperExtent sheet = (*first)->Sheet();
     auto last = first;
     while (last != pages.end() && (*last)->Sheet() == sheet) ++last;
-    const int job = PrintPages({first, last}, sheet, choice);
+    const int job = PrintPages({first, last}, sheet, choice, correction);
     if (jobs != nullptr) jobs->push_back(job);
     first = last;
   }
