@@ -10,6 +10,7 @@ set(qbtd_public_headers
   adapters/memory_rows/column_names.h
   adapters/memory_rows/memory_recordset.h
   adapters/memory_rows/memory_rows.h
+  adapters/page_document/affine_map.h
   adapters/page_document/command_list.h
   adapters/page_document/commands.h
   adapters/page_document/document_host.h

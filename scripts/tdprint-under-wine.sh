@@ -51,6 +51,8 @@ done
 run 2 print --type 21
 run 2 design
 complains "the designer isn't there on Windows"
+run 2 calibrate
+complains "printers aren't calibrated on Windows"
 
 # The sample, as a script on standard output, which SQLite of this machine reads.
 run 0 sample-sql --engine sqlite

@@ -44,6 +44,7 @@ struct DesktopPlatform::Parts {
                       .stateDirectory = std::move(options.stateDirectory),
                       .documentSink = std::move(options.documentSink),
                       .sinkTarget = std::move(options.sinkTarget),
+                      .calibrated = options.calibrated,
                       .onPage = std::move(options.onPage),
                       .onPrinted = std::move(options.onPrinted),
                       .onComplaint = std::move(options.onComplaint),

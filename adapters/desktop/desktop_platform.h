@@ -84,6 +84,10 @@ struct DesktopOptions {
   // Called when the log can't be written, once until it can be again; the print goes on. Default: a
   // line on standard error.
   std::function<void(const std::string& text)> onLogFailure;
+
+  // Whether print jobs make up for how their printer misses, as it was measured with
+  // `tdprint calibrate` on this machine. Files and the preview never do.
+  bool calibrated = true;
 };
 
 class DesktopPlatform {

@@ -20,6 +20,8 @@ struct FrameSettings {
   // Takes a finished document in the place of any printer, if it is set.
   std::function<void(const PageDocument&)> documentSink;
   std::string sinkTarget;  // what the sink writes to
+  // Whether jobs make up for what this machine knows of their printer.
+  bool calibrated = true;
   // Called with the number of each page, from 1, when the run has finished it, if it is set. What
   // it throws stops the print.
   std::function<void(int page)> onPage;

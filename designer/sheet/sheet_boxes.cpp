@@ -61,6 +61,26 @@ std::unordered_map<ItemId, Box> BoxesOn(const SheetPicture& picture, std::size_t
   return boxes;
 }
 
+std::vector<Box> FramesOn(const SheetPage& page, const Format& format, const SheetLayout& layout) {
+  std::vector<Box> frames;
+  for (const SheetPiece& piece : page.pieces) {
+    if (const Item* item = format.items.Find(piece.item)) {
+      const auto drawn = BoxOfPiece(piece, *item);
+      if (drawn) {
+        frames.push_back(*drawn);
+      } else if (IsDrawn(*item) && IsDrawnOnForm(*item)) {
+        frames.push_back(DrawnBox(layout, *item, piece.row));
+      }
+      continue;
+    }
+    for (const DrawingCommand& command : piece.commands) {
+      const auto* text = std::get_if<BoxText>(&command);
+      if (text != nullptr) frames.push_back({text->left, text->top, text->width, text->height});
+    }
+  }
+  return frames;
+}
+
 std::optional<Box> BoxOrNowhere(const std::unordered_map<ItemId, Box>& boxes, const Item& item) {
   constexpr double kNowhere = -1e9;
   const auto found = boxes.find(item.id);

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <unordered_map>
+#include <vector>
 
 #include "designer/model/sheet_layout.h"
 #include "designer/sheet/sheet_print.h"
@@ -14,6 +15,10 @@ namespace td::designer {
 [[nodiscard]] std::unordered_map<ItemId, Box> BoxesOn(const SheetPicture& picture, std::size_t page,
                                                       const Format& format,
                                                       const SheetLayout& layout, bool onlyValues);
+
+// Of everything that the page shows its own box, row by row; the frames of a form.
+[[nodiscard]] std::vector<Box> FramesOn(const SheetPage& page, const Format& format,
+                                        const SheetLayout& layout);
 
 // For hit tests: an item that isn't on the page lies nowhere near it.
 [[nodiscard]] std::optional<Box> BoxOrNowhere(const std::unordered_map<ItemId, Box>& boxes,

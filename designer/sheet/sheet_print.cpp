@@ -72,6 +72,7 @@ std::vector<SheetPage> Divide(const std::vector<Page>& pages,
     SheetPage& sheet = divided.emplace_back();
     sheet.width = page.width;
     sheet.height = page.height;
+    sheet.landscape = page.landscape;
     std::size_t at = 0;
     SheetPiece nobodys;
     const auto isHere = [&] { return entry < entries.size() && entries[entry].page == number; };

@@ -25,6 +25,7 @@ struct SheetPiece {
 struct SheetPage {
   double width = 0;  // twips
   double height = 0;
+  bool landscape = false;  // it lies across its sheet
   int rows = 0;
   std::vector<SheetPiece> pieces;
 };

@@ -84,12 +84,14 @@ bool IsOfDictionary(const SourceText& text) {
          text.statement.find("Words") != std::string::npos;
 }
 
-constexpr const char* kDesignerWords = "designer/view/words.cpp";
+bool IsOfDesignerWords(const SourceText& text) {
+  return text.file.starts_with("designer/view/") && text.file.ends_with("_words.cpp");
+}
 
 // Tables of words that have a page of their own; what of the designer's is a message stands where
 // it is said.
 bool HasItsOwnPage(const SourceText& text) {
-  return text.file.starts_with("adapters/explanation/") || text.file == kDesignerWords ||
+  return text.file.starts_with("adapters/explanation/") || IsOfDesignerWords(text) ||
          (text.file.starts_with("checker/") && text.file.ends_with("_messages.cpp"));
 }
 
@@ -131,7 +133,7 @@ std::vector<SourceText> MessagesOf(const std::vector<SourceText>& texts) {
     if (!IsMessage(text)) continue;
     messages.push_back(text);
     const auto english = std::ranges::find_if(texts, [&](const SourceText& word) {
-      return word.file == kDesignerWords && word.text == text.text;
+      return IsOfDesignerWords(word) && word.text == text.text;
     });
     if (IsSaidInABox(text) && english != texts.end()) messages.push_back(*std::next(english));
   }

@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "calibrate_command.h"
 #include "command_options.h"
 #include "common_options.h"
 #include "design_command.h"
@@ -73,6 +74,7 @@ void AddAll(Commands& commands) {
   commands.Add<ImportFormatArguments>("import-format", "Take a format from a file into a database");
   commands.Add<DiffFormatArguments>("diff-format", "Tell two files of formats apart, in words");
   commands.Add<LogArguments>("log", "Look up in a print log who printed what, when and where");
+  commands.Add<CalibrateArguments>("calibrate", kCalibrateHelp);
 }
 
 }  // namespace

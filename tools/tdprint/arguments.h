@@ -160,12 +160,31 @@ struct LogArguments {
   bool operator==(const LogArguments&) const = default;
 };
 
+// Measures how a printer misses the places on a sheet. Empty texts were not given.
+struct CalibrateArguments {
+  std::string printer;
+  std::string paper;    // as SheetNamed reads it
+  std::string topLeft;  // as ParseDistances reads them
+  std::string topRight;
+  std::string bottomLeft;
+  bool check = false;
+  std::string form;  // a format's name, with its database and bill type
+  std::string database;
+  std::optional<std::int16_t> billType;
+  std::string pdf;  // a file in the printer's place
+  bool list = false;
+  bool remove = false;
+  bool allUsers = false;
+
+  bool operator==(const CalibrateArguments&) const = default;
+};
+
 // What to do, or the status to end with: help was shown, or the usage is wrong and said so.
 using Command =
     std::variant<PrintArguments, CheckArguments, DemoArguments, SettingsArguments, DesignArguments,
                  AreaPrintersArguments, SampleSqlArguments, RecordArguments, RegisterArguments,
                  UnregisterArguments, ExportFormatArguments, ImportFormatArguments,
-                 DiffFormatArguments, LogArguments, ExitStatus>;
+                 DiffFormatArguments, LogArguments, CalibrateArguments, ExitStatus>;
 
 Command ParseArguments(int argc, const char* const* argv);
 

@@ -24,5 +24,6 @@ void Describe(CLI::App& command, SampleSqlArguments& arguments);
 void Describe(CLI::App& command, RegisterArguments& arguments);
 void Describe(CLI::App& command, UnregisterArguments& arguments);
 void Describe(CLI::App& command, LogArguments& arguments);
+void Describe(CLI::App& command, CalibrateArguments& arguments);
 
 }  // namespace td

@@ -1,5 +1,6 @@
 #include "run_command.h"
 
+#include "calibrate_command.h"
 #include "check_command.h"
 #include "demo_command.h"
 #include "design_command.h"
@@ -47,6 +48,9 @@ struct Runner {
     return DiffFormats(arguments);
   }
   ExitStatus operator()(const LogArguments& arguments) const { return ShowLog(arguments); }
+  ExitStatus operator()(const CalibrateArguments& arguments) const {
+    return CalibratePrinter(arguments);
+  }
   ExitStatus operator()(ExitStatus status) const { return status; }
 };
 

@@ -44,6 +44,8 @@ _tdprint_value() {
       fi
       ;;
     --type | --data | --format | --blank-rows) COMPREPLY=() ;;
+    --form | --top-left | --top-right | --bottom-left) COMPREPLY=() ;;
+    --paper) _tdprint_words "A4 A5 A6 A3 16K 32K Letter Legal 241x280 241x140 241x93.3" "$current" ;;
     --bill | --user | --since | --until) COMPREPLY=() ;;
     *) return 1 ;;
   esac
@@ -54,7 +56,7 @@ _tdprint() {
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
     _tdprint_words "print preview check demo settings design area-printers sample-sql record register \
-      unregister export-format import-format diff-format log --help --version" \
+      unregister export-format import-format diff-format log calibrate --help --version" \
       "$current"
     return
   fi
@@ -100,6 +102,10 @@ _tdprint() {
         _tdprint_files "$current"
         return
       fi
+      ;;
+    calibrate)
+      options="--printer --paper --top-left --top-right --bottom-left --check --form --db --type --pdf \
+        --list --remove --all-users"
       ;;
     *) options= ;;
   esac

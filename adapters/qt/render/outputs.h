@@ -2,10 +2,13 @@
 // kInvalidCall. Paths are UTF-8.
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "files/written_bytes.h"
+#include "page_document/affine_map.h"
 #include "page_document/drawing.h"
 #include "page_document/page_refs.h"
 #include "page_outputs/document_files.h"
@@ -20,6 +23,11 @@ std::string ToPdf(const std::vector<Page>& pages, const std::string& title);
 // The same page by page: no more of the file is held than one page needs. What `sink` throws goes
 // through.
 void StreamPdf(const PageRefs& pages, const std::string& title, const ByteSink& sink);
+// The same for one printer, which puts things elsewhere than it is told to: each page is drawn
+// through the map that makes up for it, twips from the page's top left corner; nothing: as it is.
+using PageCorrection = std::function<std::optional<AffineMap>(const Page&)>;
+void StreamPdf(const PageRefs& pages, const std::string& title, const ByteSink& sink,
+               const PageCorrection& correction);
 void WritePdf(const PageRefs& pages, const std::string& path, const std::string& title);
 
 // The page on white paper. `dotsPerInch` is from 1 to 2400; an image above 400 megapixels fails

@@ -32,7 +32,8 @@ std::string Points(double twips) {
 // Writes the objects of a document, page by page.
 class PdfDocument {
  public:
-  explicit PdfDocument(const ByteSink& sink) : file_(sink) {}
+  PdfDocument(const ByteSink& sink, const PageCorrection& correction)
+      : file_(sink), correction_(correction) {}
 
   void Write(const PageRefs& pages, const std::string& title) {
     file_.Put(thinLines_, "<</Type/ExtGState/SA true>>");
@@ -55,7 +56,7 @@ class PdfDocument {
  private:
   void Put(const Page& page) {
     PdfPage drawn(fonts_, pictures_);
-    drawn.Draw(page);
+    drawn.Draw(page, correction_ ? correction_(page) : std::nullopt);
     const int content = file_.Reserve();
     file_.PutStream(content, "", drawn.Content());
     kids_.push_back(file_.Reserve());
@@ -66,6 +67,7 @@ class PdfDocument {
   }
 
   PdfFile file_;
+  const PageCorrection& correction_;
   PdfFonts fonts_{file_};
   PdfPictures pictures_{file_};
   int tree_ = file_.Reserve();
@@ -75,9 +77,14 @@ class PdfDocument {
 
 }  // namespace
 
-void StreamPdf(const PageRefs& pages, const std::string& title, const ByteSink& sink) {
+void StreamPdf(const PageRefs& pages, const std::string& title, const ByteSink& sink,
+               const PageCorrection& correction) {
   RequirePages(pages.size());
-  PdfDocument(sink).Write(pages, title);
+  PdfDocument(sink, correction).Write(pages, title);
+}
+
+void StreamPdf(const PageRefs& pages, const std::string& title, const ByteSink& sink) {
+  StreamPdf(pages, title, sink, {});
 }
 
 std::string ToPdf(const std::vector<Page>& pages, const std::string& title) {

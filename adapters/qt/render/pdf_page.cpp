@@ -55,11 +55,18 @@ void NoteUse(std::vector<int>& numbers, int number) {
 
 }  // namespace
 
-void PdfPage::Draw(const Page& page) {
+void PdfPage::Draw(const Page& page, const std::optional<AffineMap>& map) {
   // Thin lines get the same width wherever they stand between pixels.
   content_ += "/Thin gs\n0.05 0 0 -0.05 0 ";
   AppendFactor(content_, page.height / kTwipsPerPoint);
-  content_ += "cm\n2 J\n";
+  content_ += "cm\n";
+  if (map) {
+    for (const double factor : {map->xx, map->yx, map->xy, map->yy, map->dx, map->dy}) {
+      AppendFactor(content_, factor);
+    }
+    content_ += "cm\n";
+  }
+  content_ += "2 J\n";
   for (const DrawingCommand& command : page.commands) {
     std::visit([this](const auto& drawn) { Draw(drawn); }, command);
   }

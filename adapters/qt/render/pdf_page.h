@@ -2,9 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "page_document/affine_map.h"
 #include "page_document/drawing.h"
 #include "page_document/pictures.h"
 #include "render/pdf_fonts.h"
@@ -20,7 +22,8 @@ class PdfPage {
   // Both outlive the page.
   PdfPage(PdfFonts& fonts, PdfPictures& pictures) : fonts_(fonts), pictures_(pictures) {}
 
-  void Draw(const Page& page);
+  // Through a map of the places, if there is one.
+  void Draw(const Page& page, const std::optional<AffineMap>& map);
 
   [[nodiscard]] const std::string& Content() const { return content_; }
   // The entries of the dictionary that names the fonts and pictures of the content.

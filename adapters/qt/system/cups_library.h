@@ -37,6 +37,7 @@ struct CupsLibrary {
   decltype(::cupsGetDestMediaBySize)* const cupsGetDestMediaBySize =
       CupsFunction{"cupsGetDestMediaBySize"};
   decltype(::cupsGetDests2)* const cupsGetDests2 = CupsFunction{"cupsGetDests2"};
+  decltype(::cupsGetFd)* const cupsGetFd = CupsFunction{"cupsGetFd"};
   decltype(::cupsGetNamedDest)* const cupsGetNamedDest = CupsFunction{"cupsGetNamedDest"};
   decltype(::cupsGetOption)* const cupsGetOption = CupsFunction{"cupsGetOption"};
   decltype(::cupsLastErrorString)* const cupsLastErrorString = CupsFunction{"cupsLastErrorString"};

@@ -6,6 +6,7 @@
 #include "qt/preview/page_setup_dialog.h"
 #include "qt/render/outputs.h"
 #include "qt/system/application.h"
+#include "qt/system/calibrated_pages.h"
 #include "qt/system/document_printing.h"
 #include "qt/system/printers.h"
 
@@ -72,7 +73,12 @@ void DesktopHost::PrintTo(PageDocument& document, bool withDialog, DocumentOutco
   } else {
     outcome.printer = choice.printer;
   }
-  PrintDocument(document, choice, &outcome.jobs);
+  PageCorrection correction;
+  if (settings_.calibrated && !isForFile) {
+    correction = CorrectionFor(choice.printer, document.Pages(),
+                               [this](const std::string& text) { Complain(text); });
+  }
+  PrintDocument(document, choice, &outcome.jobs, correction);
   outcome.delivery = isForFile ? Delivery::kFile : Delivery::kPrinter;
 }
 

@@ -2,7 +2,6 @@
 
 #include <QGuiApplication>
 
-#include "qt/render/outputs.h"
 #include "qt/system/print_job.h"
 
 namespace td {
@@ -15,22 +14,23 @@ std::string Title() {
 }
 
 // Returns the job's number.
-int PrintPages(const PageRefs& pages, const PaperExtent& sheet, const PrintChoice& choice) {
-  const FileWriter pdf = [&pages](const ByteSink& sink) { StreamPdf(pages, Title(), sink); };
+int PrintPages(const PageRefs& pages, const PaperExtent& sheet, const PrintChoice& choice,
+               const PageCorrection& correction) {
+  const FileWriter pdf = [&](const ByteSink& sink) { StreamPdf(pages, Title(), sink, correction); };
   return SubmitPrintJob({choice.printer, Title(), pdf, sheet, choice.options});
 }
 
 }  // namespace
 
-void PrintDocument(const PageDocument& document, const PrintChoice& choice,
-                   std::vector<int>* jobs) {
+void PrintDocument(const PageDocument& document, const PrintChoice& choice, std::vector<int>* jobs,
+                   const PageCorrection& correction) {
   const PageRefs chosen = ChosenPages(document.Pages(), choice.pages);
   if (!choice.pdfFile.empty()) {
     WritePdf(chosen, choice.pdfFile, Title());
     return;
   }
   for (const PageRefs& pages : SheetRuns(chosen)) {
-    const int job = PrintPages(pages, pages.front()->Sheet(), choice);
+    const int job = PrintPages(pages, pages.front()->Sheet(), choice, correction);
     if (jobs != nullptr) jobs->push_back(job);
   }
 }

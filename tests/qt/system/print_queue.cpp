@@ -42,10 +42,16 @@ void PrintQueues::SetUp() {
   ASSERT_EQ(std::system(QBTD_SOURCE_DIR "/scripts/cups-for-tests.sh"), 0);
 }
 
-TemporaryQueue::TemporaryQueue(const std::string& option) : name_(UniqueTitle("queue")) {
+TemporaryQueue::TemporaryQueue(const std::string& option, const std::string& edit)
+    : name_(UniqueTitle("queue")) {
+  const std::string driver = (fs::temp_directory_path() / (name_ + ".ppd")).string();
+  const std::string edited =
+      "sed '" + edit + "' /usr/share/ppd/cups-pdf/CUPS-PDF_noopt.ppd >" + driver;
+  EXPECT_EQ(std::system(edited.c_str()), 0);
   const std::string command = kAsRoot + "lpadmin -p " + name_ + " -E -v cups-pdf:/qbtd -o " +
-                              option + " -P /usr/share/ppd/cups-pdf/CUPS-PDF_noopt.ppd 2>/dev/null";
+                              option + " -P " + driver + " 2>/dev/null";
   EXPECT_EQ(std::system(command.c_str()), 0);
+  fs::remove(driver);
 }
 
 void TemporaryQueue::Remove() {

@@ -17,8 +17,9 @@ class PrintQueues : public testing::Environment {
 // A queue like QbTd-PDF that is there until Remove(), or as long as this object.
 class TemporaryQueue {
  public:
-  // `option` is one that lpadmin takes behind -o.
-  explicit TemporaryQueue(const std::string& option = "printer-is-shared=false");
+  // `option` is one that lpadmin takes behind -o, `edit` a command of sed for its driver.
+  explicit TemporaryQueue(const std::string& option = "printer-is-shared=false",
+                          const std::string& edit = {});
   ~TemporaryQueue() { Remove(); }
   TemporaryQueue(const TemporaryQueue&) = delete;
   TemporaryQueue& operator=(const TemporaryQueue&) = delete;

@@ -1,0 +1,19 @@
+// What makes up for how a printer misses the places on its sheets.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "qt/render/outputs.h"
+
+namespace td {
+
+// For a job of these pages on a printer, by the calibrations of this machine
+// (machine_calibrations.h); everything is looked up now. `complain` is told of a file that is not
+// in order: its calibrations are not used then.
+[[nodiscard]] PageCorrection CorrectionFor(
+    const std::string& printer, const std::vector<Page>& pages,
+    const std::function<void(const std::string& text)>& complain);
+
+}  // namespace td
