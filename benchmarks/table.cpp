@@ -28,6 +28,7 @@ struct Cost {
 // Runs a program to its end.
 Cost Run(std::vector<std::string> command) {
   std::vector<char*> arguments;
+  arguments.reserve(command.size() + 1);
   for (std::string& argument : command) arguments.push_back(argument.data());
   arguments.push_back(nullptr);
   const auto start = std::chrono::steady_clock::now();
@@ -126,6 +127,7 @@ class Table {
     for (std::size_t i = 0; i < kLengths.size(); ++i) {
       MakeWorkBills(connection, kLengths[i].rows, kLengths[i].rowsOfABill);
       std::vector<Cost> costs;
+      costs.reserve(static_cast<std::size_t>(runs_));
       for (int run = 0; run < runs_; ++run) costs.push_back(RunWork(connection));
       seconds[i] = Median(costs).processor;
     }

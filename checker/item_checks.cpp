@@ -20,6 +20,7 @@ using enum FindingKind;
 const std::vector<std::string>& ImageNames() {
   static const std::vector<std::string> names = [] {
     std::vector<std::string> all;
+    all.reserve(std::size(kImageTokens));
     for (const ImageToken& token : kImageTokens) all.emplace_back(token.name);
     return all;
   }();

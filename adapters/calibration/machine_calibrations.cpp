@@ -30,7 +30,7 @@ std::string MachineFile() {
   std::string first;
   for (std::string folder; std::getline(folders, folder, ':');) {
     if (!folder.starts_with('/')) continue;  // as the convention has it
-    const std::string file = folder + kPlace;
+    std::string file = folder + kPlace;
     std::error_code error;
     if (std::filesystem::exists(file, error)) return file;
     if (first.empty()) first = file;

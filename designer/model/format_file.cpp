@@ -47,7 +47,7 @@ Row KnownRow(const Json& json, const std::string& where, std::span<const KnownCo
   const Row given = ToRow(json, where);
   for (std::size_t i = 0; i < given.Size(); ++i) {
     const std::string& name = given.Names().Name(i);
-    if (FindColumn(columns, name) == nullptr) throw WrongFile(where + "." + name, "没有这个列");
+    if (FindColumn(columns, name) == nullptr) throw WrongFile(PlaceOf(where, name), "没有这个列");
   }
   for (const std::string_view name : required) {
     if (!given.Has(name)) throw WrongFile(where, "缺少列 " + std::string(name));
@@ -98,8 +98,8 @@ std::vector<FilePicture> ReadPictures(const Json& json) {
   for (const Json& picture : ArrayMember(json, "pictures", "")) {
     const std::string where = Element("pictures", index++);
     Json bytes = Json::object({{"base64", TextMember(picture, "base64", where)}});
-    pictures.push_back(
-        {TextMember(picture, "path", where), std::get<Bytes>(ToValue(bytes, where + ".base64"))});
+    pictures.push_back({TextMember(picture, "path", where),
+                        std::get<Bytes>(ToValue(bytes, PlaceOf(where, "base64")))});
   }
   return pictures;
 }

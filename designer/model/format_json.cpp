@@ -30,6 +30,10 @@ struct Writer {
 
 }  // namespace
 
+std::string PlaceOf(const std::string& where, std::string_view member) {
+  return where + "." + std::string(member);
+}
+
 Failure WrongFile(const std::string& where, std::string_view what) {
   return {kInvalidCall, where + "：" + std::string(what)};
 }
@@ -80,7 +84,7 @@ Row ToRow(const Json& json, const std::string& where) {
   std::vector<Value> values;
   for (const auto& [name, value] : json.items()) {
     names.push_back(name);
-    values.push_back(ToValue(value, where + "." + name));
+    values.push_back(ToValue(value, PlaceOf(where, name)));
   }
   return {std::make_shared<const ColumnNames>(std::move(names)), std::move(values)};
 }
@@ -94,13 +98,13 @@ const Json& Member(const Json& json, const char* name, const std::string& where)
 
 const Json& ArrayMember(const Json& json, const char* name, const std::string& where) {
   const Json& member = Member(json, name, where);
-  if (!member.is_array()) throw WrongFile(where + "." + name, "应该是数组 […]");
+  if (!member.is_array()) throw WrongFile(PlaceOf(where, name), "应该是数组 […]");
   return member;
 }
 
 std::string TextMember(const Json& json, const char* name, const std::string& where) {
   const Json& member = Member(json, name, where);
-  if (!member.is_string()) throw WrongFile(where + "." + name, "应该是文字");
+  if (!member.is_string()) throw WrongFile(PlaceOf(where, name), "应该是文字");
   return member.get<std::string>();
 }
 

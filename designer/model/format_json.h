@@ -15,7 +15,8 @@ namespace td::designer {
 // Keeps the keys in the order in which they were written.
 using Json = nlohmann::ordered_json;
 
-// The failure of a file, with the place that is wrong: "items[3].FLeft".
+// A place in a file, "items[3].FLeft", and the failure of a file at the place that is wrong.
+[[nodiscard]] std::string PlaceOf(const std::string& where, std::string_view member);
 [[nodiscard]] Failure WrongFile(const std::string& where, std::string_view what);
 
 // Null, true and false, numbers and texts as such; a real has a point or an exponent; dates are
