@@ -105,6 +105,7 @@ std::string RowValues(int row, int bill) {
   const int boxes = 1 + row % 9;
   const int quantity = boxes * 12;
   const int cents = 125 + row % 7000;
+  const int taxCents = quantity * cents * 13 / 100;
   std::string values = "(" + std::to_string(bill) + "," + std::to_string(row) +
                        ",'XD-2024-0001','江城市第一中学','2024-03-31'";
   values += ",'SP" + std::to_string(100000 + row % 5000) + "'";
@@ -113,7 +114,7 @@ std::string RowValues(int row, int bill) {
   values += "," + Quoted(kUnits[index % kUnits.size()]);
   values += "," + std::to_string(boxes) + "," + std::to_string(quantity);
   values += "," + ToText(cents / 100.0) + "," + ToText(quantity * cents / 100.0);
-  return values + "," + ToText(quantity * cents * 13 / 100 / 100.0) + ")";
+  return values + "," + ToText(taxCents / 100.0) + ")";
 }
 
 }  // namespace

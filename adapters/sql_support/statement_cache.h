@@ -3,9 +3,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <list>
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace td {
 
@@ -15,16 +15,16 @@ class StatementCache {
  public:
   // The kept statement of that text, or nothing. Good until the next Add or Remove.
   [[nodiscard]] Statement* Find(const std::string& sql) {
-    const auto found = std::find_if(kept_.begin(), kept_.end(),
-                                    [&sql](const Kept& kept) { return kept.sql == sql; });
+    const auto found = std::ranges::find(kept_, sql, &Kept::sql);
     if (found == kept_.end()) return nullptr;
-    std::rotate(kept_.begin(), found, found + 1);
+    kept_.splice(kept_.begin(), kept_, found);
     return &kept_.front().statement;
   }
 
   Statement& Add(const std::string& sql, Statement statement) {
     if (kept_.size() == kMostKept) kept_.pop_back();
-    return kept_.insert(kept_.begin(), Kept{sql, std::move(statement)})->statement;
+    kept_.push_front({sql, std::move(statement)});
+    return kept_.front().statement;
   }
 
   void Remove(const std::string& sql) {
@@ -39,7 +39,9 @@ class StatementCache {
     Statement statement;
   };
 
-  std::vector<Kept> kept_;  // the last used first
+  // The last used first. Nothing is ever moved onto another one, whose parts would end in the order
+  // in which they are declared: a statement before what is bound to it.
+  std::list<Kept> kept_;
 };
 
 }  // namespace td

@@ -1,8 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "failure_of.h"
 #include "sql_support/connection_entries.h"
 #include "sql_support/read_only.h"
+#include "sql_support/statement_cache.h"
 #include "sql_support/statement_text.h"
 
 namespace td {
@@ -122,6 +127,60 @@ TEST(ConnectionEntries, ReadValuesInQuotesAndBraces) {
   EXPECT_EQ(entries[1].value, "x\"y;");
   EXPECT_EQ(entries[2].key, "Server");
   EXPECT_EQ(entries[2].value, "h 1");
+}
+
+// Two parts that belong together: what is bound ends before the statement that it is bound to.
+struct BoundStatement {
+  struct Part {
+    Part(std::string partName, std::vector<std::string>& endsOut)
+        : name(std::move(partName)), ends(&endsOut) {}
+    Part(Part&& other) noexcept : name(std::exchange(other.name, {})), ends(other.ends) {}
+    Part& operator=(Part&& other) noexcept {
+      End();
+      name = std::exchange(other.name, {});
+      ends = other.ends;
+      return *this;
+    }
+    ~Part() { End(); }
+    Part(const Part&) = delete;
+    Part& operator=(const Part&) = delete;
+    void End() const {
+      if (!name.empty()) ends->push_back(name);
+    }
+
+    std::string name;
+    std::vector<std::string>* ends;
+  };
+
+  Part statement;
+  Part bound;
+};
+
+TEST(StatementCache, EndsWhatIsBoundBeforeItsStatement) {
+  std::vector<std::string> ends;
+  StatementCache<BoundStatement> cache;
+  for (const std::string text : {"a", "b", "c"}) {
+    cache.Add(text, {.statement = {text, ends}, .bound = {text + "'s rows", ends}});
+  }
+  ASSERT_NE(cache.Find("b"), nullptr);
+  EXPECT_TRUE(ends.empty());
+  cache.Remove("b");
+  EXPECT_EQ(ends, (std::vector<std::string>{"b's rows", "b"}));
+  EXPECT_EQ(cache.Find("b"), nullptr);
+  ASSERT_NE(cache.Find("a"), nullptr);
+  EXPECT_EQ(cache.Find("a")->bound.name, "a's rows");
+  EXPECT_NE(cache.Find("c"), nullptr);
+}
+
+TEST(StatementCache, ForgetsTheOneThatWasNotUsedForLongest) {
+  StatementCache<int> cache;
+  for (int i = 0; i < 32; ++i) cache.Add(std::to_string(i), i);
+  ASSERT_NE(cache.Find("0"), nullptr);
+  cache.Add("32", 32);
+  EXPECT_EQ(cache.Find("1"), nullptr);
+  ASSERT_NE(cache.Find("0"), nullptr);
+  EXPECT_EQ(*cache.Find("0"), 0);
+  EXPECT_EQ(*cache.Find("32"), 32);
 }
 
 }  // namespace
