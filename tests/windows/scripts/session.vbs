@@ -30,7 +30,7 @@ Class RowSet
       Case "finterid"
         Fields.Value = 1
       Case "fitemname"
-        Fields.Value = "row" & Chr(0) & (current + 1)
+        Fields.Value = "row" & Chr(0) & "tail" & (current + 1)
       Case "famount"
         Fields.Value = CCur(12.5)
       Case Else
@@ -89,7 +89,7 @@ Expect "the cursor is back on the first row", data.EOF, False
 
 Set content = CreateObject("Scripting.FileSystemObject").OpenTextFile(given(3))
 content = content.ReadAll
-Expect "a text goes on behind a zero", (InStr(content, "3<") > 0), True
+Expect "a text goes on behind a zero", (InStr(content, "tail3<") > 0), True
 
 Set data = NewRows()
 data.FailingColumn = "FItemName"
