@@ -1,8 +1,10 @@
 #!/bin/bash
 # Starts the printing system if it isn't running, and makes the queues that the tests print to.
-# Running it again changes nothing. As root, or with sudo.
+# Running it again changes nothing. As root, or with sudo. It takes the printing system that
+# CUPS_SERVER names, where that is running.
 #
-#   QbTd-PDF      writes each job to /var/spool/cups-pdf/qbtd/job_<number>-*.pdf
+#   QbTd-PDF      writes each job to /var/spool/cups-pdf/$QBTD_QUEUES/job_<number>-*.pdf;
+#                 QBTD_QUEUES is qbtd where it isn't set
 #   QbTd-Margins  the same, on a printer whose unprintable margins differ on all four sides
 #   QbTd-Fixed    the same, on a printer that has A4 and A5 sheets and takes no other size
 #   QbTd-Office   the same, on a printer with two trays that prints on both sides
@@ -11,12 +13,13 @@
 #   QbTd-Bill     the same, on a printer whose driver has a form of 241 by 140 mm
 set -euo pipefail
 
-readonly output=/var/spool/cups-pdf/qbtd
+readonly queues=${QBTD_QUEUES:-qbtd}
+readonly output=/var/spool/cups-pdf/$queues
 readonly driver=/usr/share/ppd/cups-pdf/CUPS-PDF_noopt.ppd
 
 if [ "$(id -u)" -ne 0 ]; then
   command -v sudo >/dev/null || { echo "Run this as root, or install sudo." >&2; exit 1; }
-  exec sudo "$0" "$@"
+  exec sudo --preserve-env=CUPS_SERVER,QBTD_QUEUES "$0" "$@"
 fi
 PATH=$PATH:/usr/sbin:/sbin
 
@@ -44,14 +47,14 @@ start() {
 has_queue() { lpstat -p "$1" >/dev/null 2>&1; }
 
 make_queue() {
-  lpadmin -p "$1" -E -v cups-pdf:/qbtd -P "$2" -o printer-is-shared=false 2>/dev/null
+  lpadmin -p "$1" -E -v "cups-pdf:/$queues" -P "$2" -o printer-is-shared=false 2>/dev/null
 }
 
 is_running || start
 
 install -d -m 1777 "$output"
 # Written only when it differs, and replaced whole: a job that is printed meanwhile reads it.
-configuration=/etc/cups/cups-pdf-qbtd.conf
+configuration=/etc/cups/cups-pdf-$queues.conf
 wanted="Out $output
 AnonDirName $output
 Label 1

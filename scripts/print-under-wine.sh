@@ -10,7 +10,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 readonly tdprint=$PWD/build/release/tools/tdprint/tdprint
-readonly output=/var/spool/cups-pdf/qbtd
+readonly output=/var/spool/cups-pdf/$QBTD_QUEUES
 readonly queue=QbTd-Bill
 
 work=$(mktemp -d)

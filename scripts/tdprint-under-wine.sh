@@ -5,7 +5,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 readonly programs=$(cd "$1" && pwd)
-readonly output=/var/spool/cups-pdf/qbtd
+readonly output=/var/spool/cups-pdf/$QBTD_QUEUES
 readonly query='select * from v_sales_order where FInterID=21002 order by FEntryID'
 
 # A folder whose name no code page of the West has, and blanks.

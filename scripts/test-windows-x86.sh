@@ -10,7 +10,6 @@ cd "$(dirname "$0")/.."
 readonly project=$PWD root=$PWD/build/windows-x86-root wrappers=$PWD/build/windows-x86-wine
 
 scripts/install-packages.sh windows
-scripts/cups-for-tests.sh
 
 if [ ! -e "$root/complete" ]; then
   rm -rf "$root"

@@ -12,7 +12,6 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/install-packages.sh windows
-scripts/cups-for-tests.sh
 
 # check_files ARCHITECTURE TRIPLET
 check_files() {

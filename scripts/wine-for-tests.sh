@@ -1,6 +1,7 @@
 #!/bin/bash
-# Runs a command where Windows programs can run: with a wine prefix of its own under build/ and on a
-# display of its own.
+# Runs a command where Windows programs can run: with a wine prefix of its own under build/, on a
+# display of its own, and with a printing system of its own, whose queues are those of
+# cups-for-tests.sh. As root, or with sudo.
 #   scripts/wine-for-tests.sh COMMAND ARGUMENTS…
 #
 # QBTD_WINE_BITS=32 chooses a prefix for 32-bit programs alone, which Debian's wine can't have beside
@@ -20,26 +21,87 @@ export WINEDEBUG=${WINEDEBUG:--all}
 # Nothing is downloaded for the prefix.
 export WINEDLLOVERRIDES="mscoree,mshtml="
 
-display_file=$(mktemp)
-Xvfb -displayfd 3 -screen 0 2560x1600x24 -nolisten tcp 3>"$display_file" >/dev/null 2>&1 &
-server=$!
+# What the display and the printing system have, for as long as this runs.
+state=$(mktemp -d)
+servers=()
+as_root=()
+[ "$(id -u)" -eq 0 ] || as_root=(sudo)
 stop() {
   wineserver -k 2>/dev/null || true
-  kill "$server" 2>/dev/null || true
-  rm -f "$display_file"
+  [ ${#servers[@]} -eq 0 ] || "${as_root[@]}" kill "${servers[@]}" 2>/dev/null || true
+  wait "${servers[@]}" 2>/dev/null || true
+  "${as_root[@]}" rm -rf "$state"
 }
 trap stop EXIT
-for _ in $(seq 100); do
-  [ -s "$display_file" ] && break
-  sleep 0.1
-done
-export DISPLAY=:$(<"$display_file")
+
+# wait_for WHAT TEST…
+wait_for() {
+  local what=$1
+  shift
+  for _ in $(seq 100); do
+    if "$@" >/dev/null 2>&1; then return; fi
+    sleep 0.1
+  done
+  echo "$what does not start." >&2
+  exit 1
+}
+
+Xvfb -displayfd 3 -screen 0 2560x1600x24 -nolisten tcp 3>"$state/display" >/dev/null 2>&1 &
+servers+=($!)
+wait_for "The display" test -s "$state/display"
+export DISPLAY=:$(<"$state/display")
+
+# Whoever reaches its socket may do everything.
+start_printing() {
+  mkdir -p "$state"/cups/{cache,spool,ssl,temp}
+  chmod 755 "$state"
+  chmod 1777 "$state/cups/temp"
+  cat >"$state/cups/cupsd.conf" <<CUPSD
+Listen $state/cups/sock
+LogLevel warn
+Browsing No
+WebInterface No
+DefaultAuthType None
+<Location />
+  Order allow,deny
+  Allow all
+</Location>
+<Policy default>
+  JobPrivateAccess all
+  JobPrivateValues none
+  SubscriptionPrivateAccess all
+  SubscriptionPrivateValues none
+  <Limit All>
+    Order deny,allow
+    Allow all
+  </Limit>
+</Policy>
+CUPSD
+  cat >"$state/cups/cups-files.conf" <<FILES
+ServerRoot $state/cups
+ServerKeychain $state/cups/ssl
+StateDir $state/cups
+CacheDir $state/cups/cache
+RequestRoot $state/cups/spool
+TempDir $state/cups/temp
+AccessLog $state/cups/access
+PageLog $state/cups/pages
+ErrorLog $root/build/wine-cups.log
+FILES
+  "${as_root[@]}" rm -f "$root/build/wine-cups.log"
+  export CUPS_SERVER=$state/cups/sock QBTD_QUEUES=qbtd-windows
+  "${as_root[@]}" /usr/sbin/cupsd -f -c "$state/cups/cupsd.conf" -s "$state/cups/cups-files.conf" &
+  servers+=($!)
+  wait_for "The printing system" test -S "$CUPS_SERVER"
+  "$root/scripts/cups-for-tests.sh"
+}
+mkdir -p "$root/build"
+start_printing
 
 # add KEY NAME VALUE [TYPE]: one value of the prefix's registry.
 add() { wine reg add "$1" /v "$2" /t "${4:-REG_SZ}" /d "$3" /f; }
 
 prepare() {
-  mkdir -p "$root/build"
   wineboot --init
   add 'HKCU\Software\Wine\WineDbg' ShowCrashDialog 0 REG_DWORD
   add 'HKCU\Software\Wine\Explorer' Desktop tests
