@@ -10,6 +10,7 @@
 #include "files/path_text.h"
 #include "platform/failure.h"
 #include "sample_page.h"
+#include "windows/api/wide_text.h"
 #include "windows/printing/document_printing.h"
 #include "windows/printing/driver_settings.h"
 #include "windows/printing/forms.h"
