@@ -57,8 +57,7 @@ std::vector<std::string> SettingsOf(Engine engine) {
           "innodb_lock_wait_timeout=1,lock_wait_timeout=1"};
     case Engine::kSqlServer:
       return {"set quoted_identifier on", "set lock_timeout 1000"};
-    case Engine::kSqlite:
-      return {"pragma busy_timeout=1000"};
+    case Engine::kSqlite:  // its driver is told in the connection text
     case Engine::kOther:
       break;
   }

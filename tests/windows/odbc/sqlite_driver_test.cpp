@@ -12,7 +12,8 @@
 namespace td {
 namespace {
 
-// As the driver sees it: that of the emulation is one of the machine around it.
+// As the driver sees it: that of the emulation is one of the machine around it, and takes names of
+// files in ASCII alone.
 std::string PathOfDriver(const std::string& file) {
   using ToUnix = char*(CDECL*)(const wchar_t*);
   const auto toUnix = reinterpret_cast<ToUnix>(reinterpret_cast<void*>(
@@ -32,13 +33,13 @@ class SqliteDriver : public testing::Test {
   void Run(const std::string& sql) { database_.OpenQuery(connection_, sql); }
 
   const TemporaryFolder folder_;
-  const std::string file_ = MakeDatabase(folder_.File("商店.db"), R"(
+  const std::string file_ = MakeDatabase(folder_.File("shop.db"), R"(
     create table 商品 (FName text, FQty real, FPicture blob);
     insert into 商品 values ('东北大米“一号”', 2.5, x'00ff'), (null, 7, null);
     create table Numbered (n integer primary key, x integer);
     create table Two (x integer, y integer, z integer, primary key (z, x));)");
   const std::string connection_ =
-      "Driver={SQLite3 ODBC Driver};Database=" + PathOfDriver(folder_.File("商店.db"));
+      "Driver={SQLite3 ODBC Driver};Database=" + PathOfDriver(folder_.File("shop.db"));
   OdbcDatabase database_;
 };
 

@@ -213,7 +213,7 @@ TEST_F(JobFile, OnASheetThatThePrinterHasNotIsToldOnce) {
   EXPECT_EQ(CountOf(Printed({page, page}, "QbTd-Fixed"), "%%Page: "), 2U);
   ASSERT_EQ(complaints_.size(), 1U);
   EXPECT_EQ(complaints_[0],
-            "打印机“QbTd-Fixed”没有 241.0 × 140.0 毫米的纸，印在 210.0 × 297.0 毫米的纸上。");
+            "打印机“QbTd-Fixed”没有 241.0 × 140.0 毫米的纸，印在 209.9 × 297.0 毫米的纸上。");
 }
 
 TEST_F(JobFile, NamesTheTrayAndTheSides) {
