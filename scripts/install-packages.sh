@@ -36,6 +36,8 @@ if [ "${1:-}" = windows ]; then
     mingw-w64-tools
     # what takes the sources of SQLite and zint, and makes SQLite's one file of its many
     dpkg-dev gcc libc6-dev make patch xz-utils tcl
+    # what programs of Windows reach their SQLite files by
+    libsqliteodbc
     # what the tests run in, and what makes the 32-bit system of scripts/test-windows-x86.sh
     wine wine64 fonts-wine x11-utils xdotool arch-test
   )

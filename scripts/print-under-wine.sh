@@ -91,6 +91,13 @@ run_script print_bill.js "sqlite:$work/sample.db" 21 销售订单三联
 [ "$(pdftotext "$job" - | grep -c '^row [123]$')" = 3 ] ||
   { echo "The rows of the second script are not on its sheet." >&2; exit 1; }
 
+# Sessions, which print into a file and tell of it.
+for script in session.vbs session.js; do
+  timeout 120 wine cscript //nologo "tests/windows/scripts/$script" "sqlite:$work/sample.db" 21 \
+    销售订单三联 "Z:${work//\//\\}\\$script.html" | tr -d '\r' >"$work/told"
+  [ "$(<"$work/told")" = printed ] || { echo "$script: $(<"$work/told")" >&2; exit 1; }
+done
+
 wine regsvr32 /s /u "$module"
 if wine reg query 'HKCR\QbTdPrinter.Printer' >/dev/null 2>&1; then
   echo "The registration is still there." >&2

@@ -111,6 +111,15 @@ std::string OwnText(const std::string& text, const Entries& entries) {
   return renamed;
 }
 
+// SQLite's driver waits for a lock, unless it is told otherwise, a hundred seconds; it is told in
+// milliseconds.
+std::string WithLockWait(std::string text, const Entries& entries) {
+  if (!StartsWithWord(Find(entries, {"Driver"}), "SQLite")) return text;
+  if (!Find(entries, {"Timeout"}).empty()) return text;
+  if (!text.ends_with(';')) text += ';';
+  return text + "Timeout=1000;";
+}
+
 }  // namespace
 
 DriverText ToDriverText(const std::string& connectionText) {
@@ -123,7 +132,7 @@ DriverText ToDriverText(const std::string& connectionText) {
   if (!provider.empty()) {
     result.text = FromProvider(provider, entries);
   } else if (!Find(entries, {"Driver", "DSN", "FileDSN"}).empty()) {
-    result.text = OwnText(connectionText, entries);
+    result.text = WithLockWait(OwnText(connectionText, entries), entries);
   } else {
     throw WrongConnectionText("应含有 Driver=、DSN= 或 Provider=");
   }

@@ -10,9 +10,10 @@ struct DriverText {
   std::string password;  // to be kept out of every message; empty if there is none
 };
 
-// A text with Driver=, DSN= or FileDSN= goes to the driver manager as it is. The provider texts of
-// older applications are translated (keys and providers without regard to case, endings such as
-// .1 or 11 of a provider's name left aside):
+// A text with Driver=, DSN= or FileDSN= goes to the driver manager as it is; that for SQLite's
+// driver is told to wait one second for a lock, unless it says how long (Timeout=). The provider
+// texts of older applications are translated (keys and providers without regard to case, endings
+// such as .1 or 11 of a provider's name left aside):
 //
 //   Provider=SQLOLEDB, SQLNCLI or MSOLEDBSQL   Driver=FreeTDS; on Windows the newest that is
 //                                              installed for SQL Server

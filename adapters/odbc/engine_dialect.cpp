@@ -14,12 +14,20 @@ constexpr SqlLexicon kSqlServerLexicon{
     .brackets = true, .doubledBrackets = true, .nestedComments = true};
 constexpr SqlLexicon kStandardLexicon{};
 
+// A lone integer key is the number that SQLite gives each row anyway.
+std::string SqliteKeyStatement(std::string_view table) {
+  const std::string columns = "pragma_table_info('" + std::string(table) + "')";
+  return "select name,case when upper(type)='INTEGER' and (select max(pk) from " + columns +
+         ")=1 then 1 else 0 end from " + columns + " where pk>0 order by pk";
+}
+
 }  // namespace
 
 Engine EngineByName(std::string_view name) {
   if (EqualWords(name, "PostgreSQL")) return Engine::kPostgreSql;
   if (EqualWords(name, "MariaDB") || EqualWords(name, "MySQL")) return Engine::kMariaDb;
   if (EqualWords(name, "Microsoft SQL Server")) return Engine::kSqlServer;
+  if (EqualWords(name, "SQLite")) return Engine::kSqlite;
   return Engine::kOther;
 }
 
@@ -31,6 +39,8 @@ const SqlLexicon& LexiconOf(Engine engine) {
       return kMariaDbLexicon;
     case Engine::kSqlServer:
       return kSqlServerLexicon;
+    case Engine::kSqlite:
+      return kSqliteLexicon;
     case Engine::kOther:
       break;
   }
@@ -47,6 +57,7 @@ std::vector<std::string> SettingsOf(Engine engine) {
           "innodb_lock_wait_timeout=1,lock_wait_timeout=1"};
     case Engine::kSqlServer:
       return {"set quoted_identifier on", "set lock_timeout 1000"};
+    case Engine::kSqlite:  // its driver is told in the connection text
     case Engine::kOther:
       break;
   }
@@ -73,6 +84,9 @@ ReadOnlyTransaction ReadOnlyTransactionOf(Engine engine) {
   if (engine == Engine::kMariaDb) {
     return {"start transaction read only", "rollback", "set session transaction read only"};
   }
+  if (engine == Engine::kSqlite) {
+    return {"pragma query_only=1", "pragma query_only=0", "pragma query_only=1"};
+  }
   return {};
 }
 
@@ -83,6 +97,7 @@ LiteralForm LiteralFormOf(Engine engine) {
     case Engine::kSqlServer:
       return {.beforeText = "N", .beforeBytes = "0x", .behindBytes = ""};
     case Engine::kMariaDb:
+    case Engine::kSqlite:
     case Engine::kOther:
       break;
   }
@@ -90,6 +105,7 @@ LiteralForm LiteralFormOf(Engine engine) {
 }
 
 std::string PrimaryKeyStatement(std::string_view table, Engine engine) {
+  if (engine == Engine::kSqlite) return SqliteKeyStatement(table);
   std::string_view schema = "t.table_schema=database()";
   std::string_view isGenerated = "c.extra like '%auto_increment%'";
   if (engine == Engine::kPostgreSql) {

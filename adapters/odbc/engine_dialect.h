@@ -10,7 +10,7 @@
 
 namespace td {
 
-enum class Engine { kPostgreSql, kMariaDb, kSqlServer, kOther };
+enum class Engine { kPostgreSql, kMariaDb, kSqlServer, kSqlite, kOther };
 
 // By the name that the driver tells.
 [[nodiscard]] Engine EngineByName(std::string_view name);

@@ -61,6 +61,8 @@ bool IsLockConflict(const OdbcDiagnosis& diagnosis, Engine engine) {
       return IsOneOf(diagnosis.native, {1020, 1205, 1213});
     case Engine::kSqlServer:
       return IsOneOf(diagnosis.native, {1205, 1222, 3960});
+    case Engine::kSqlite:
+      return IsOneOf(diagnosis.native & 0xFF, {5, 6, 15});  // busy, locked, a crowd at the file
     case Engine::kOther:
       return diagnosis.state == "40001";
   }

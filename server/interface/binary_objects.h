@@ -249,7 +249,8 @@ typedef struct TdDispatchTable {
 
 /* ---- The errors of direct calls ---- */
 
-/* Every object of the component has this interface. */
+/* Every object of the component has this interface; on Windows ISupportErrorInfo, too, and the
+ * description is in the thread's error object (GetErrorInfo). */
 typedef struct TdErrorSource {
   const struct TdErrorSourceTable* table;
 } TdErrorSource;

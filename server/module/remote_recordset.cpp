@@ -6,15 +6,13 @@
 #include "module/direct_recordset.h"
 #include "module/program_recordset.h"
 #include "module/remote_calls.h"
+#include "module/remote_fields.h"
 #include "objects/variant_values.h"
 #include "platform/failure.h"
 #include "text/conversions.h"
 
 namespace td {
 namespace {
-
-// How a program asks for a value: it can't tell a property from a method.
-constexpr std::uint16_t kForValue = TD_CALL_GET | TD_CALL_METHOD;
 
 // An object that is called by name. Its members are looked up once, when they are first needed.
 class RemoteRecordset final : public ProgramRecordset<TdDispatch> {
@@ -34,22 +32,17 @@ class RemoteRecordset final : public ProgramRecordset<TdDispatch> {
   bool IsAtEnd() override { return ToFlag(ValueOf(*eof_.Call(Object(), kForValue))); }
 
   Value Read(std::string_view column) override {
-    OwnedVariant name(VariantOf(std::string(column)));
-    OwnedVariant field = fields_.Call(Object(), kForValue, &*name);
-    const Reference<TdDispatch> object = ObjectOf(*field);
-    if (object.Get() == nullptr) {
-      throw Failure(kObjectNotSet, "数据对象的“Fields”没有返回对象。");
-    }
+    const Reference<TdDispatch> field = fields_.Find(Object(), column);
     // The fields of one record set need not be of one class.
     RemoteMember value("Value");
-    return ValueOf(*value.Call(object.Get(), kForValue));
+    return ValueOf(*value.Call(field.Get(), kForValue));
   }
 
   void GoToNext() override { (void)moveNext_.Call(Object(), TD_CALL_METHOD); }
   void GoToFirst() override { (void)moveFirst_.Call(Object(), TD_CALL_METHOD); }
 
   RemoteMember eof_{"EOF"};
-  RemoteMember fields_{"Fields"};
+  RemoteFields fields_;
   RemoteMember moveNext_{"MoveNext"};
   RemoteMember moveFirst_{"MoveFirst"};
   RemoteMember clone_{"Clone"};

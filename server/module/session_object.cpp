@@ -36,6 +36,12 @@ MessageMode MessageModeOf(std::int32_t number) {
   }
 }
 
+// Of a file, a folder or a printer: the systems would take the part in front of a zero for it.
+std::string NameOf(std::string text) {
+  if (text.find('\0') != std::string::npos) throw InvalidCallFailure();
+  return text;
+}
+
 class SessionObject final : public PrintingObject<SessionObject, TdSession> {
   friend PrintingObject;
 
@@ -197,7 +203,7 @@ void SessionObject::Put(std::int32_t member, const CallArguments& arguments) {
       settings_.explain = arguments.Flag(0);
       return;
     default:
-      settings_.logFile = arguments.Text(0);
+      settings_.logFile = NameOf(arguments.Text(0));
   }
 }
 
@@ -221,8 +227,8 @@ void SessionObject::SendTo(Output output, std::string target, double dotsPerInch
   const bool isResolution =
       dotsPerInch == 0 || (dotsPerInch >= 1 && dotsPerInch <= kMostDotsPerInch);
   if (!isResolution) throw InvalidCallFailure();
+  settings_.target = NameOf(std::move(target));
   settings_.output = output;
-  settings_.target = std::move(target);
   settings_.dotsPerInch = dotsPerInch;
 }
 
@@ -269,8 +275,8 @@ TdResult SessionObject::DirectExplain(TdSession* self, TdFlag NewValue) {
 }
 
 TdResult SessionObject::DirectLogFile(TdSession* self, TdString NewValue) {
-  return RunOwned(self,
-                  [&](SessionObject& session) { session.settings_.logFile = TextOf(NewValue); });
+  return RunOwned(
+      self, [&](SessionObject& session) { session.settings_.logFile = NameOf(TextOf(NewValue)); });
 }
 
 TdResult SessionObject::DirectCancel(TdSession* self) {

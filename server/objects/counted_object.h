@@ -9,12 +9,13 @@
 #include "interface/binary_interface.h"
 #include "objects/error_source.h"
 #include "objects/failures.h"
+#include "objects/system_errors.h"
 
 namespace td {
 
 // The base of the class `Object`, whose own interface is `Interface`. It is made with new, holds
 // one reference then, and deletes itself when the last one is given back. `Object` has
-//   static bool Has(const TdGuid&)   the interfaces beside TdObject and TdErrorSource
+//   static bool Has(const TdGuid&)   the interfaces beside TdObject and those of errors
 //   static void Enter()              throws if the calling thread may not call the object
 template <class Object, class Interface>
 class CountedObject : public Interface {
@@ -25,7 +26,7 @@ class CountedObject : public Interface {
  protected:
   template <class Table>
   explicit CountedObject(const Table* table)
-      : Interface{table}, errors_(reinterpret_cast<TdObject*>(static_cast<Interface*>(this))) {}
+      : Interface{table}, errors_(Whole()), systemErrors_(Whole()) {}
   ~CountedObject() = default;
 
   static Object& Of(Interface* self) { return *static_cast<Object*>(self); }
@@ -36,6 +37,8 @@ class CountedObject : public Interface {
     if (id == nullptr) return TD_BAD_POINTER;
     if (SameGuid(*id, kTdErrorSourceId)) {
       *found = static_cast<TdErrorSource*>(&Of(self).errors_);
+    } else if (SystemErrorsPart::Is(*id)) {
+      *found = &Of(self).systemErrors_;
     } else if (SameGuid(*id, kTdObjectId) || Object::Has(*id)) {
       *found = self;
     } else {
@@ -63,6 +66,8 @@ class CountedObject : public Interface {
   }
 
  private:
+  TdObject* Whole() { return reinterpret_cast<TdObject*>(static_cast<Interface*>(this)); }
+
   template <class Operation>
   static TdResult RunKept(Interface* self, Operation operation) noexcept {
     try {
@@ -76,6 +81,7 @@ class CountedObject : public Interface {
 
   std::atomic<std::uint32_t> references_{1};
   ErrorSourcePart errors_;
+  SystemErrorsPart systemErrors_;
 };
 
 }  // namespace td

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "client/client.h"
+#include "objects/system_errors.h"
 
 namespace td {
 namespace {
@@ -92,6 +93,7 @@ TdResult EndDirectCall() noexcept {
   try {
     LastError error = CurrentError();
     const TdResult result = error.result;
+    PutSystemError(error.description);
     lastErrors.Keep(std::move(error));
     return result;
   } catch (...) {

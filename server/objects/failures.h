@@ -29,7 +29,7 @@ class CallFailure : public std::exception {
 [[nodiscard]] int NumberOfResult(TdResult result);
 
 // Ends a direct call by the exception that is being handled: keeps number and description for this
-// thread's LastError, and returns the result code.
+// thread's LastError, and the description for the system's way, and returns the result code.
 TdResult EndDirectCall() noexcept;
 
 // Ends a call by name by the exception that is being handled. A Failure fills `info`; both pointers

@@ -16,6 +16,13 @@ TEST(DriverText, PassesDriverTextsOnAsTheyAre) {
   EXPECT_EQ(ToDriverText("Driver={X};PWD={p;}}}").password, "p;}");
 }
 
+TEST(DriverText, TellsTheDriverOfSqliteHowLongToWaitForALock) {
+  EXPECT_EQ(ToDriverText("Driver={SQLite3};Database=/a.db").text,
+            "Driver={SQLite3};Database=/a.db;Timeout=1000;");
+  const std::string own = "driver=SQLite3;Database=/a.db;TIMEOUT=7";
+  EXPECT_EQ(ToDriverText(own).text, own);
+}
+
 TEST(DriverText, TranslatesTheProvidersOfSqlServer) {
   const DriverText text = ToDriverText(
       "Provider=SQLOLEDB.1;Persist Security Info=False;User ID=sa;Password=a;Initial "

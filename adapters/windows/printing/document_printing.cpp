@@ -9,6 +9,7 @@
 #include "platform/standard_failures.h"
 #include "windows/api/system_error.h"
 #include "windows/api/wide_text.h"
+#include "windows/printing/forms.h"
 #include "windows/printing/printers.h"
 #include "windows/render/page_painter.h"
 #include "windows/render/screen_device.h"
@@ -28,13 +29,28 @@ PageRefs Repeated(const PageRefs& pages, int times, bool collated) {
   return repeated;
 }
 
+bool IsAlmost(double side, double other) {
+  return std::abs(side - other) <= kTwipsPerMillimetre;
+}
+
+// "241.0 × 140.0 毫米"
+std::string Millimetres(const PaperExtent& sheet) {
+  const auto length = [](double twips) {
+    const int tenths = Tenths(twips);
+    return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10);
+  };
+  return length(sheet.width) + " × " + length(sheet.height) + " 毫米";
+}
+
 // A job that isn't finished is taken back.
 class Job {
  public:
   // The settings are those of the first page.
-  Job(const PrintChoice& choice, DriverSettings& settings, const Page& first)
+  Job(const PrintChoice& choice, DriverSettings& settings, const Page& first,
+      const Complain& complain)
       : printer_(choice.printer),
         settings_(settings),
+        complain_(complain),
         device_(CreateDCW(L"WINSPOOL", ToWide(printer_).c_str(), nullptr, settings.Mode())),
         sheet_(first.Sheet()),
         isLandscape_(first.landscape) {
@@ -66,6 +82,7 @@ class Job {
       settings_.PutLandscape(isLandscape_);
       if (ResetDCW(device_.get(), settings_.Mode()) == nullptr) throw Refused();
     }
+    CompareSheet(page);
     Require(StartPage(device_.get()) > 0);
     DrawPage(device_.get(), PlaceOf(page), page);
     Require(EndPage(device_.get()) > 0);
@@ -78,21 +95,37 @@ class Job {
   }
 
  private:
+  [[nodiscard]] double Ability(int index) const { return GetDeviceCaps(device_.get(), index); }
+
+  // The sheet that the driver has taken, as it lies.
+  [[nodiscard]] PaperExtent DeviceSheet() const {
+    return {Ability(PHYSICALWIDTH) * kTwipsPerInch / Ability(LOGPIXELSX),
+            Ability(PHYSICALHEIGHT) * kTwipsPerInch / Ability(LOGPIXELSY)};
+  }
+
   // The device begins where the printer can print, and the page at the paper's corner; yet on a
   // sheet that a driver has in whole units of its own the page lies in the middle.
   [[nodiscard]] DevicePlace PlaceOf(const Page& page) const {
-    const auto ability = [this](int index) {
-      return static_cast<double>(GetDeviceCaps(device_.get(), index));
-    };
-    const double scaleX = ability(LOGPIXELSX) / kTwipsPerInch;
-    const double scaleY = ability(LOGPIXELSY) / kTwipsPerInch;
+    const double scaleX = Ability(LOGPIXELSX) / kTwipsPerInch;
+    const double scaleY = Ability(LOGPIXELSY) / kTwipsPerInch;
     const auto shift = [](double sheet, double side) {
-      return std::abs(sheet - side) <= kTwipsPerMillimetre ? (sheet - side) / 2 : 0;
+      return IsAlmost(sheet, side) ? (sheet - side) / 2 : 0;
     };
-    return {
-        shift(ability(PHYSICALWIDTH) / scaleX, page.width) * scaleX - ability(PHYSICALOFFSETX),
-        shift(ability(PHYSICALHEIGHT) / scaleY, page.height) * scaleY - ability(PHYSICALOFFSETY),
-        scaleX, scaleY};
+    const PaperExtent sheet = DeviceSheet();
+    return {shift(sheet.width, page.width) * scaleX - Ability(PHYSICALOFFSETX),
+            shift(sheet.height, page.height) * scaleY - Ability(PHYSICALOFFSETY), scaleX, scaleY};
+  }
+
+  // Drivers that don't know a sheet take another one without a word.
+  void CompareSheet(const Page& page) {
+    const PaperExtent sheet = DeviceSheet();
+    if (isTold_ || (IsAlmost(sheet.width, page.width) && IsAlmost(sheet.height, page.height))) {
+      return;
+    }
+    isTold_ = true;
+    complain_(WithoutLockCharacter("打印机“" + printer_ + "”没有 " +
+                                   Millimetres({page.width, page.height}) + "的纸，印在 " +
+                                   Millimetres(sheet) + "的纸上。"));
   }
 
   void Require(bool succeeded) const {
@@ -107,15 +140,18 @@ class Job {
 
   const std::string& printer_;
   DriverSettings& settings_;
+  const Complain& complain_;
   DeviceOwner device_;
   PaperExtent sheet_;
   bool isLandscape_;
   int number_ = 0;
   bool isCancelled_ = false;
+  bool isTold_ = false;  // that the sheet is another one
 };
 
 // The number of the job; nothing if the user has cancelled it.
-std::optional<int> PrintAsOneJob(const PageRefs& pages, const PrintChoice& choice) {
+std::optional<int> PrintAsOneJob(const PageRefs& pages, const PrintChoice& choice,
+                                 const Complain& complain) {
   DriverSettings settings(choice.printer, choice.options.settings);
   if (!settings.IsKnown()) {
     throw Failure(kDeviceIo, WithoutLockCharacter("打印机“" + choice.printer +
@@ -127,7 +163,7 @@ std::optional<int> PrintAsOneJob(const PageRefs& pages, const PrintChoice& choic
   settings.PutLandscape(first.landscape);
   const int copies = settings.CopiesOfDriver() == choice.options.copies ? 1 : choice.options.copies;
 
-  Job job(choice, settings, first);
+  Job job(choice, settings, first, complain);
   if (job.IsCancelled()) return std::nullopt;
   for (const Page* page : Repeated(pages, copies, choice.options.collated)) job.Print(*page);
   return job.End();
@@ -136,11 +172,11 @@ std::optional<int> PrintAsOneJob(const PageRefs& pages, const PrintChoice& choic
 }  // namespace
 
 bool PrintDocument(const std::vector<Page>& pages, const PrintChoice& choice,
-                   std::vector<int>& jobs) {
+                   std::vector<int>& jobs, const Complain& complain) {
   const PageRefs chosen = ChosenPages(pages, choice.pages);
   const auto runs = choice.file.empty() ? SheetRuns(chosen) : std::vector<PageRefs>{chosen};
   for (const PageRefs& run : runs) {
-    const std::optional<int> job = PrintAsOneJob(run, choice);
+    const std::optional<int> job = PrintAsOneJob(run, choice, complain);
     if (!job) return false;
     jobs.push_back(*job);
   }

@@ -1,6 +1,7 @@
 // Documents on their way to a printer.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -20,14 +21,18 @@ struct PrintChoice {
   JobOptions options;
 };
 
+// Takes what a document goes on without.
+using Complain = std::function<void(const std::string& words)>;
+
 // Sends the chosen pages to the chosen printer. A job has one sheet: each run of pages on the same
 // sheet, lying along or across it, becomes a job of its own, in the document's order, whose number
-// is added to `jobs` as it is taken. The hardware's margins neither move nor scale a page. Returns
-// false when the user has cancelled it in a dialog of the driver's own.
+// is added to `jobs` as it is taken. The hardware's margins neither move nor scale a page. A driver
+// that takes another sheet than the page's is complained of. Returns false when the user has
+// cancelled it in a dialog of the driver's own.
 //
 // Fails with kDeviceIo when the printer has gone or refuses the job: never with kInvalidProperty,
 // which a run takes for a choice of printer that it can do without.
 bool PrintDocument(const std::vector<Page>& pages, const PrintChoice& choice,
-                   std::vector<int>& jobs);
+                   std::vector<int>& jobs, const Complain& complain);
 
 }  // namespace td

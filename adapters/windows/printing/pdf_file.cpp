@@ -47,7 +47,9 @@ void WritePdf(const std::vector<Page>& pages, const std::string& path, const std
   choice.file = TextOf(std::filesystem::absolute(target, error));
   std::filesystem::remove(target, error);
   std::vector<int> jobs;
-  if (!PrintDocument(pages, choice, jobs)) throw NotWritten(path, "打印被取消");
+  // Nobody waits at a printer: the file itself shows the sheet.
+  const auto ignore = [](const std::string&) {};
+  if (!PrintDocument(pages, choice, jobs, ignore)) throw NotWritten(path, "打印被取消");
   WaitForJobs(printer, jobs);
   if (!std::filesystem::exists(target, error)) throw NotWritten(path, "打印系统没有写入文件");
 }

@@ -68,7 +68,8 @@ void DesktopHost::PrintTo(PageDocument& document, bool withDialog, DocumentOutco
     throw Failure(kInvalidCall, "所选的范围里没有要打印的页。");
   }
   outcome.printer = choice.printer;
-  const bool isPrinted = PrintDocument(document.Pages(), choice, outcome.jobs);
+  const bool isPrinted = PrintDocument(document.Pages(), choice, outcome.jobs,
+                                       [this](const std::string& words) { Complain(words); });
   outcome.delivery = isPrinted ? Delivery::kPrinter : Delivery::kCancelled;
 }
 

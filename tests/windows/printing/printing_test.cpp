@@ -10,6 +10,7 @@
 #include "files/path_text.h"
 #include "platform/failure.h"
 #include "sample_page.h"
+#include "windows/api/wide_text.h"
 #include "windows/printing/document_printing.h"
 #include "windows/printing/driver_settings.h"
 #include "windows/printing/forms.h"
@@ -34,6 +35,10 @@ PrintChoice ChoiceOf(const std::string& printer) {
   choice.printer = printer;
   choice.title = "test";
   return choice;
+}
+
+void ExpectNoComplaint(const std::string& words) {
+  ADD_FAILURE() << words;
 }
 
 JobOptions OptionsOf(int copies, bool collated, Sides sides = Sides::kAsSet,
@@ -79,24 +84,56 @@ TEST(DocumentPrinting, AJobHasOneSheetAndANumber) {
   Page across = PageOf(210, 148, {Box("乙", 10, 10, 50, 10)});
   across.landscape = true;
   const Page a4 = PageOf(210, 297, {Box("丙", 10, 10, 50, 10)});
-  EXPECT_TRUE(PrintDocument({a5, across, a4, a4}, ChoiceOf("QbTd-PDF"), jobs));
+  EXPECT_TRUE(PrintDocument({a5, across, a4, a4}, ChoiceOf("QbTd-PDF"), jobs, ExpectNoComplaint));
   EXPECT_EQ(jobs.size(), 2U);
   PrintChoice chosen = ChoiceOf("QbTd-PDF");
   chosen.pages = {2};
-  EXPECT_TRUE(PrintDocument({a5, a4}, chosen, jobs));
+  EXPECT_TRUE(PrintDocument({a5, a4}, chosen, jobs, ExpectNoComplaint));
   EXPECT_EQ(jobs.size(), 3U);
 }
 
-TEST(DocumentPrinting, APrinterThatHasGoneIsAFailureOfADevice) {
+// What a printer that takes no job makes of one.
+std::string ReasonOf(const std::string& printer) {
   std::vector<int> jobs;
   try {
-    PrintDocument({PageOf(148, 210, {})}, ChoiceOf("锁机"), jobs);
-    FAIL();
+    PrintDocument({PageOf(210, 297, {})}, ChoiceOf(printer), jobs, ExpectNoComplaint);
+    ADD_FAILURE() << printer;
+    return {};
   } catch (const Failure& failure) {
     EXPECT_EQ(failure.Number(), kDeviceIo);
-    EXPECT_NE(failure.Description().find("鎖机"), std::string::npos) << failure.Description();
+    EXPECT_TRUE(jobs.empty());
+    return failure.Description();
   }
-  EXPECT_TRUE(jobs.empty());
+}
+
+TEST(DocumentPrinting, APrinterThatHasGoneIsAFailureOfADevice) {
+  EXPECT_NE(ReasonOf("锁机").find("打印机“鎖机”已不存在"), std::string::npos);
+}
+
+TEST(DocumentPrinting, AQueueThatTakesNoJobsIsAFailureOfADevice) {
+  EXPECT_NE(ReasonOf("QbTd-Refusing").find("打印机“QbTd-Refusing”不接受打印任务"),
+            std::string::npos);
+}
+
+// The user's default printer is the test's, as long as the object lives.
+class ChosenDefaultPrinter {
+ public:
+  explicit ChosenDefaultPrinter(const wchar_t* name) : former_(ToWide(DefaultPrinter())) {
+    EXPECT_NE(SetDefaultPrinterW(name), FALSE);
+  }
+  ~ChosenDefaultPrinter() { SetDefaultPrinterW(former_.c_str()); }
+  ChosenDefaultPrinter(const ChosenDefaultPrinter&) = delete;
+  ChosenDefaultPrinter& operator=(const ChosenDefaultPrinter&) = delete;
+
+ private:
+  std::wstring former_;
+};
+
+TEST(Printers, TheDefaultOneIsThatOfTheUser) {
+  for (const wchar_t* name : {L"QbTd-Office", L"QbTd-Fixed"}) {
+    const ChosenDefaultPrinter chosen(name);
+    EXPECT_EQ(DefaultPrinter(), FromWide(name));
+  }
 }
 
 // A job in a file in the place of the printer, as the driver writes it.
@@ -112,13 +149,14 @@ class JobFile : public testing::Test {
 
   // What the driver makes of the pages.
   [[nodiscard]] std::string Printed(const std::vector<Page>& pages, const std::string& printer,
-                                    const JobOptions& options = {}) const {
+                                    const JobOptions& options = {}) {
     const fs::path file = folder_ / PathOf("job.ps");
     std::vector<int> jobs;
     PrintChoice choice = ChoiceOf(printer);
     choice.file = TextOf(file);
     choice.options = options;
-    EXPECT_TRUE(PrintDocument(pages, choice, jobs));
+    EXPECT_TRUE(PrintDocument(pages, choice, jobs,
+                              [this](const std::string& words) { complaints_.push_back(words); }));
     EXPECT_EQ(jobs.size(), 1U);
     std::stringstream content;
     content << std::ifstream(file, std::ios::binary).rdbuf();
@@ -126,6 +164,7 @@ class JobFile : public testing::Test {
   }
 
   fs::path folder_;
+  std::vector<std::string> complaints_;
 };
 
 std::size_t CountOf(const std::string& text, const std::string& part) {
@@ -154,6 +193,27 @@ TEST_F(JobFile, HoldsPagesOnSeveralSheets) {
   const Page a5 = PageOf(148, 210, {Box("甲", 10, 10, 50, 10)});
   const Page a4 = PageOf(210, 297, {Box("乙", 10, 10, 50, 10)});
   EXPECT_EQ(CountOf(Printed({a5, a4, a5}, "QbTd-PDF"), "%%Page: "), 3U);
+}
+
+TEST_F(JobFile, BearsTheTitle) {
+  EXPECT_EQ(CountOf(Printed({PageOf(210, 297, {})}, "QbTd-PDF"), "%%Title: test"), 1U);
+}
+
+TEST_F(JobFile, OnASheetThatThePrinterHasIsNothingToComplainOf) {
+  Page across = PageOf(297, 210, {Box("甲", 10, 10, 50, 10)});
+  across.landscape = true;
+  (void)Printed({across}, "QbTd-Fixed");
+  (void)Printed({PageOf(241, 140, {Box("甲", 10, 10, 50, 10)})}, "QbTd-Bill");
+  EXPECT_TRUE(complaints_.empty()) << complaints_.front();
+}
+
+// Such a printer takes the job, and its own sheet for it.
+TEST_F(JobFile, OnASheetThatThePrinterHasNotIsToldOnce) {
+  const Page page = PageOf(241, 140, {Box("甲", 10, 10, 50, 10)});
+  EXPECT_EQ(CountOf(Printed({page, page}, "QbTd-Fixed"), "%%Page: "), 2U);
+  ASSERT_EQ(complaints_.size(), 1U);
+  EXPECT_EQ(complaints_[0],
+            "打印机“QbTd-Fixed”没有 241.0 × 140.0 毫米的纸，印在 209.9 × 297.0 毫米的纸上。");
 }
 
 TEST_F(JobFile, NamesTheTrayAndTheSides) {

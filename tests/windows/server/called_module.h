@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "windows/api/wide_text.h"
@@ -42,10 +41,6 @@ struct Answer {
 
 // `arguments` stand in their order, and are given up.
 Answer Call(IDispatch* object, const wchar_t* name, WORD kind, std::vector<VARIANT> arguments);
-
-// The message queue of this thread is looked after until the other one has ended, as a program's
-// own loop does; calls from other apartments arrive by it.
-void PumpUntilEndOf(std::thread& other);
 
 class Module : public testing::Test {
  protected:

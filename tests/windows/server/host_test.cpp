@@ -1,5 +1,4 @@
-// Hosts that end in their own way, and descriptions for hosts that bind early.
-#include <array>
+// What hosts that bind early are told: of the members, and of errors.
 #include <cstddef>
 #include <cstring>
 
@@ -8,31 +7,6 @@
 
 namespace td {
 namespace {
-
-// The exit code of a program that is given the module and a class.
-DWORD ExitCodeOf(const GUID& classId) {
-  std::array<wchar_t, 40> id{};
-  StringFromGUID2(classId, id.data(), static_cast<int>(id.size()));
-  std::wstring line = L"\"" QBTD_LEAVING_HOST L"\" \"" QBTD_MODULE L"\" " + std::wstring(id.data());
-  STARTUPINFOW start{};
-  start.cb = sizeof start;
-  PROCESS_INFORMATION process{};
-  if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
-                     &process) == FALSE) {
-    return 99;
-  }
-  WaitForSingleObject(process.hProcess, INFINITE);
-  DWORD code = 98;
-  GetExitCodeProcess(process.hProcess, &code);
-  CloseHandle(process.hThread);
-  CloseHandle(process.hProcess);
-  return code;
-}
-
-TEST(Host, MayEndWithoutGivingItsObjectsBack) {
-  EXPECT_EQ(ExitCodeOf(kPrinterClass), 0U);
-  EXPECT_EQ(ExitCodeOf(kSessionClass), 0U);
-}
 
 TEST_F(Module, EachClassHasAFactoryAndNoOtherHas) {
   for (const GUID& id : {kPrinterClass, kSessionClass, kSettingsClass}) {
@@ -45,6 +19,68 @@ TEST_F(Module, EachClassHasAFactoryAndNoOtherHas) {
   IClassFactory* factory = nullptr;
   EXPECT_EQ(Get(kNoId, &factory), CLASS_E_CLASSNOTAVAILABLE);
   EXPECT_EQ(factory, nullptr);
+}
+
+// Gives the words that the system has for the thread's last failed call, and takes them away.
+std::string WordsOfTheSystem() {
+  IErrorInfo* info = nullptr;
+  if (GetErrorInfo(0, &info) != S_OK) return {};
+  BSTR text = nullptr;
+  EXPECT_EQ(info->GetDescription(&text), S_OK);
+  const std::string words = FromWide({text, SysStringLen(text)});
+  SysFreeString(text);
+  info->Release();
+  return words;
+}
+
+TdPrinter* DirectPrinter(IDispatch* printer) {
+  void* direct = nullptr;
+  EXPECT_EQ(printer->QueryInterface(reinterpret_cast<const GUID&>(kTdPrinterId), &direct), S_OK);
+  return static_cast<TdPrinter*>(direct);
+}
+
+TdResult PrintNothing(TdPrinter* printer) {
+  TdDispatch* noData = nullptr;
+  return printer->table->DoPrint(printer, TD_TRUE_FLAG, nullptr, 21, TD_FALSE_FLAG, TD_FALSE_FLAG,
+                                 &noData, nullptr, nullptr);
+}
+
+// As languages that bind early do: ask whether the object tells of its errors, then for the words.
+TEST_F(Module, AFailedDirectCallLeavesItsWordsWithTheSystem) {
+  IDispatch* object = NewPrinter();
+  TdPrinter* printer = DirectPrinter(object);
+  ISupportErrorInfo* asked = nullptr;
+  ASSERT_EQ(object->QueryInterface(IID_ISupportErrorInfo, reinterpret_cast<void**>(&asked)), S_OK);
+  EXPECT_EQ(asked->InterfaceSupportsErrorInfo(reinterpret_cast<const GUID&>(kTdPrinterId)), S_OK);
+  EXPECT_EQ(asked->InterfaceSupportsErrorInfo(IID_IDispatch), S_FALSE);
+  EXPECT_EQ(asked->InterfaceSupportsErrorInfo(kNoId), S_FALSE);
+  asked->Release();
+  (void)WordsOfTheSystem();
+  EXPECT_EQ(PrintNothing(printer), TD_NOTHING_TO_PRINT);
+  EXPECT_EQ(WordsOfTheSystem(), "没有可供打印的数据!");
+  EXPECT_EQ(WordsOfTheSystem(), "") << "they are told once";
+  EXPECT_EQ(PrintNothing(printer), TD_NOTHING_TO_PRINT);
+  IClassFactory* factory = nullptr;
+  ASSERT_EQ(Get(kPrinterClass, &factory), S_OK);
+  void* other = nullptr;
+  EXPECT_EQ(factory->CreateInstance(nullptr, kSessionClass, &other), E_NOINTERFACE);
+  EXPECT_EQ(WordsOfTheSystem(), "") << "a failure without words has none of an earlier one";
+  factory->Release();
+  printer->table->Release(printer);
+  object->Release();
+  EXPECT_TRUE(CanBeUnloaded());
+}
+
+TEST_F(Module, ACallByNameLeavesItsWordsInItsOwnRecord) {
+  IDispatch* object = NewPrinter();
+  (void)WordsOfTheSystem();
+  EXPECT_EQ(Call(object, L"DoPrint", DISPATCH_METHOD,
+                 {OfFlag(true), OfText(L"sqlite:x"), OfNumber(21), OfFlag(false), OfFlag(false),
+                  OfObject(nullptr)})
+                .result,
+            DISP_E_EXCEPTION);
+  EXPECT_EQ(WordsOfTheSystem(), "");
+  object->Release();
 }
 
 struct Described {

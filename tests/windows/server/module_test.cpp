@@ -2,6 +2,7 @@
 #include <thread>
 
 #include "called_module.h"
+#include "message_pump.h"
 
 namespace td {
 namespace {

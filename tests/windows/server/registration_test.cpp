@@ -6,6 +6,7 @@
 
 #include "called_module.h"
 #include "interface/binary_interface.h"
+#include "message_pump.h"
 
 namespace td {
 namespace {
@@ -118,6 +119,74 @@ TEST_F(Registration, ForTheMachineTakesThePlaceOfTheUsers) {
   EXPECT_FALSE(Exists(HKEY_CURRENT_USER, kSessionServer)) << "it would hide that of the machine";
 }
 
+// What the component of the other kind, of 32 bits beside 64 or the other way round, has written.
+class OtherKind {
+ public:
+  OtherKind() {
+    Put(kSessionServer, kOther, L"C:\\other\\QbTdPrinter.dll");
+    Put(std::wstring(kPrinterInterface) + L"\\ProxyStubClsid32", kOther,
+        L"{00020424-0000-0000-C000-000000000046}");
+    Put(std::wstring(kTypeLibrary) + kOtherLibrary, 0, L"C:\\other\\QbTdPrinter.dll");
+  }
+  ~OtherKind() {
+    for (const wchar_t* path : {kSessionClassKey, kPrinterInterface}) {
+      HKEY classes = nullptr;
+      RegOpenKeyExW(HKEY_LOCAL_MACHINE, L"Software\\Classes", 0, KEY_ALL_ACCESS | kOther, &classes);
+      RegDeleteTreeW(classes, path + std::wstring(L"Software\\Classes\\").size());
+      RegCloseKey(classes);
+    }
+    RegDeleteTreeW(HKEY_LOCAL_MACHINE, kTypeLibrary);
+    RegDeleteTreeW(HKEY_LOCAL_MACHINE, L"Software\\Classes\\QbTdPrinter.Session");
+  }
+  OtherKind(const OtherKind&) = delete;
+  OtherKind& operator=(const OtherKind&) = delete;
+
+  static void ExpectWhole() {
+    EXPECT_TRUE(Has(kSessionServer, kOther));
+    EXPECT_TRUE(Has(std::wstring(kPrinterInterface) + L"\\ProxyStubClsid32", kOther));
+    EXPECT_TRUE(Has(std::wstring(kTypeLibrary) + kOtherLibrary, 0));
+  }
+
+ private:
+  static constexpr bool kIs64 = sizeof(void*) == 8;
+  static constexpr REGSAM kOther = kIs64 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+  static constexpr const wchar_t* kOtherLibrary = kIs64 ? L"\\1.0\\0\\win32" : L"\\1.0\\0\\win64";
+  static constexpr const wchar_t* kSessionClassKey =
+      L"Software\\Classes\\CLSID\\{BEC9E21A-8357-4EC5-B261-5CEC43B82E3B}";
+
+  static void Put(const std::wstring& path, REGSAM view, const std::wstring& text) {
+    HKEY key = nullptr;
+    ASSERT_EQ(RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, KEY_WRITE | view,
+                              nullptr, &key, nullptr),
+              ERROR_SUCCESS);
+    RegSetValueExW(key, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
+                   static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+    RegCloseKey(key);
+  }
+  static bool Has(const std::wstring& path, REGSAM view) {
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_READ | view, &key) !=
+        ERROR_SUCCESS) {
+      return false;
+    }
+    RegCloseKey(key);
+    return true;
+  }
+};
+
+TEST_F(Registration, LeavesTheComponentOfTheOtherKindAlone) {
+  const OtherKind other;
+  ASSERT_EQ(Run("DllRegisterServer"), S_OK);
+  ExpectIn(HKEY_LOCAL_MACHINE);
+  other.ExpectWhole();
+  ASSERT_EQ(Run("DllUnregisterServer"), S_OK);
+  other.ExpectWhole();
+  EXPECT_FALSE(Exists(HKEY_LOCAL_MACHINE, kSessionServer)) << "its own is gone";
+  EXPECT_FALSE(Exists(HKEY_LOCAL_MACHINE, kPrinterName));
+  EXPECT_TRUE(Exists(HKEY_LOCAL_MACHINE, L"Software\\Classes\\QbTdPrinter.Session\\CLSID"))
+      << "the name serves both";
+}
+
 // By the type library the system carries calls through the tables of the classes from another
 // thread; `calls` get the proxy there.
 template <class Object>
@@ -159,9 +228,14 @@ TEST_F(Registration, CarriesTextsFromAnotherThread) {
   ASSERT_EQ(Run("DllRegisterServer"), S_OK);
   IDispatch* session = New(kSessionClass);
   CallFromAnotherThread<TdSession>(session, kTdSessionId, [](TdSession* remote) {
-    BSTR name = SysAllocStringLen(L"打印机\0二", 5);
-    EXPECT_EQ(remote->table->ToPrinter(remote, reinterpret_cast<TdString>(name)), S_OK);
-    SysFreeString(name);
+    const auto toPrinter = [remote](const wchar_t* text, UINT length) {
+      BSTR name = SysAllocStringLen(text, length);
+      const HRESULT result = remote->table->ToPrinter(remote, reinterpret_cast<TdString>(name));
+      SysFreeString(name);
+      return result;
+    };
+    EXPECT_EQ(toPrinter(L"打印机", 3), S_OK);
+    EXPECT_EQ(toPrinter(L"打印机\0二", 5), TD_RESULT_OF_NUMBER(5)) << "the whole text has arrived";
     TdString result = nullptr;
     EXPECT_EQ(remote->table->Result(remote, &result), S_OK);
     SysFreeString(reinterpret_cast<BSTR>(result));
