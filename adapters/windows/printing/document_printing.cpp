@@ -35,6 +35,7 @@ class Job {
   Job(const PrintChoice& choice, DriverSettings& settings, const Page& first)
       : printer_(choice.printer),
         settings_(settings),
+        correction_(choice.correction),
         device_(CreateDCW(L"WINSPOOL", ToWide(printer_).c_str(), nullptr, settings.Mode())),
         sheet_(first.Sheet()),
         isLandscape_(first.landscape) {
@@ -67,7 +68,7 @@ class Job {
       if (ResetDCW(device_.get(), settings_.Mode()) == nullptr) throw Refused();
     }
     Require(StartPage(device_.get()) > 0);
-    DrawPage(device_.get(), PlaceOf(page), page);
+    DrawPage(device_.get(), PlaceOf(page), page, CorrectionOf(page));
     Require(EndPage(device_.get()) > 0);
   }
 
@@ -78,6 +79,10 @@ class Job {
   }
 
  private:
+  [[nodiscard]] AffineMap CorrectionOf(const Page& page) const {
+    return correction_ ? correction_(page).value_or(AffineMap{}) : AffineMap{};
+  }
+
   // The device begins where the printer can print, and the page at the paper's corner; yet on a
   // sheet that a driver has in whole units of its own the page lies in the middle.
   [[nodiscard]] DevicePlace PlaceOf(const Page& page) const {
@@ -107,6 +112,7 @@ class Job {
 
   const std::string& printer_;
   DriverSettings& settings_;
+  const PageCorrection& correction_;
   DeviceOwner device_;
   PaperExtent sheet_;
   bool isLandscape_;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "page_document/affine_map.h"
 #include "page_document/drawing.h"
 #include "windows/printing/driver_settings.h"
 
@@ -18,6 +19,7 @@ struct PrintChoice {
   // Pages to print, each from 1, in their order; nothing: all.
   std::optional<std::vector<int>> pages;
   JobOptions options;
+  PageCorrection correction;  // what makes up for the printer, if anything does
 };
 
 // Sends the chosen pages to the chosen printer. A job has one sheet: each run of pages on the same

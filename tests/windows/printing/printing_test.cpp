@@ -38,7 +38,7 @@ PrintChoice ChoiceOf(const std::string& printer) {
 
 JobOptions OptionsOf(int copies, bool collated, Sides sides = Sides::kAsSet,
                      std::optional<std::int16_t> tray = std::nullopt) {
-  return {copies, collated, sides, tray};
+  return {copies, collated, sides, tray, {}};
 }
 
 TEST(Printers, AreThoseOfTheSystemByTheirExactNames) {
