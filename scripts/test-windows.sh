@@ -4,6 +4,7 @@
 #   - scripts in two languages that create the component by its name; the first prints every sample,
 #     compared with the PDF of the other platform;
 #   - each command of tdprint.exe, and each of its windows, used with keys and mouse;
+#   - what the queues make of printers that are calibrated;
 #   - the exports of both DLLs, and that they and the programs load nothing but libraries of the system;
 #   - the zip that scripts/package-windows.sh makes, unpacked and used.
 # The programs are those that scripts/build-windows.sh has built for 64 bits; scripts/test-windows-x86.sh
@@ -38,6 +39,7 @@ cmake --build --preset release -j "$(nproc)" --target tdprint
 scripts/wine-for-tests.sh ctest --preset windows-x64
 scripts/wine-for-tests.sh scripts/tdprint-under-wine.sh build/windows-x64
 scripts/wine-for-tests.sh scripts/windows-under-wine.sh build/windows-x64
+scripts/wine-for-tests.sh scripts/calibrate-under-wine.sh build/windows-x64
 scripts/wine-for-tests.sh scripts/print-under-wine.sh
 scripts/package-windows.sh
 scripts/wine-for-tests.sh scripts/test-windows-package.sh
