@@ -4,7 +4,8 @@
 #   - scripts in two languages that create the component by its name; the first prints every sample,
 #     compared with the PDF of the other platform;
 #   - each command of tdprint.exe;
-#   - the exports of both DLLs, and that they and the programs load nothing but libraries of the system;
+#   - the exports of both DLLs, that they and the programs load nothing but libraries of the system, and
+#     that all of them tell their version;
 #   - the zip that scripts/package-windows.sh makes, unpacked and used.
 # The programs are those that scripts/build-windows.sh has built for 64 bits; scripts/test-windows-x86.sh
 # runs those for 32 bits, since Debian's wine does that only with packages of another architecture.
@@ -14,9 +15,11 @@ cd "$(dirname "$0")/.."
 scripts/install-packages.sh windows
 scripts/cups-for-tests.sh
 
+readonly version=$(sed -n 's/^project(QbTdPrinter VERSION \([0-9.]*\) .*/\1/p' CMakeLists.txt)
+
 # check_files ARCHITECTURE TRIPLET
 check_files() {
-  local folder=build/windows-$1 listing exports others file
+  local folder=build/windows-$1 listing exports others file resources
   listing=$("$2-objdump" -p "$folder/QbTdPrinter.dll")
   exports=$(sed -n 's/^\t\[ *[0-9]*\] \([A-Za-z].*\)/\1/p' <<<"$listing" | sort | xargs)
   [ "$exports" = "DllCanUnloadNow DllGetClassObject DllRegisterServer DllUnregisterServer" ] ||
@@ -25,8 +28,12 @@ check_files() {
     others=$("$2-objdump" -p "$folder/$file" | sed -n 's/^\tDLL Name: //p' |
       grep -E '^lib|^zlib|^sqlite|^zint' || true)
     [ -z "$others" ] || { echo "$folder/$file loads: $others" >&2; exit 1; }
+    resources=$("$2-windres" "$folder/$file" -O rc)
+    grep -qF "\"FileVersion\", \"$version\"" <<<"$resources" ||
+      { echo "$folder/$file doesn't tell its version" >&2; exit 1; }
   done
-  grep -q '<longPathAware' "$folder/tdprint.exe" ||
+  # The system looks for the manifest of a program under these numbers.
+  grep -q '^1 24 ' <<<"$resources" && grep -q '<longPathAware' <<<"$resources" ||
     { echo "$folder/tdprint.exe has no manifest" >&2; exit 1; }
 }
 check_files x64 x86_64-w64-mingw32
