@@ -28,11 +28,10 @@ add_programs x86 i686-w64-mingw32
 
 for_windows packaging/windows/README.txt >"$tree/README.txt"
 
-mkdir -p "$tree/examples" "$tree/docs"
-cp examples/*.sql examples/prints.tsv examples/*.png "$tree/examples/"
-cp -r examples/recipes examples/windows "$tree/examples/"
-cp -r docs/*.md docs/images "$tree/docs/"
-cp README.md README.zh-CN.md CHANGELOG.md CONTRIBUTING.md SECURITY.md LICENSE "$tree/"
+# The pages keep the places that they have here, and so does all that they lead to.
+git ls-files -z README.md README.zh-CN.md CHANGELOG.md CONTRIBUTING.md SECURITY.md LICENSE docs \
+  examples server/interface server/python scripts/install-packages.sh |
+  xargs -0 cp --parents -t "$tree"
 
 # What is built in, and the terms under which it may be handed on.
 mkdir -p "$tree/licences"

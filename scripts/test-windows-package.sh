@@ -27,6 +27,8 @@ if grep -l '@[a-zA-Z0-9]*@' README.txt licences/README.txt; then
   exit 1
 fi
 
+"$project/scripts/check-docs.py" --links .
+
 # The examples that wine has no host for are read: the language of one, the members that both call.
 python3 -c 'import ast, sys; ast.parse(open(sys.argv[1], encoding="utf-8").read())' \
   examples/windows/print_bill.py
