@@ -4,8 +4,8 @@
 #   - scripts in two languages that create the component by its name; the first prints every sample,
 #     compared with the PDF of the other platform;
 #   - each command of tdprint.exe;
-#   - the exports of both DLLs, that they and the programs load nothing but libraries of the system, and
-#     that all of them tell their version;
+#   - the exports of both DLLs, and that they and the programs load nothing but libraries of the system;
+#   - the version that all of them tell, and the manifest of the programs;
 #   - the zip that scripts/package-windows.sh makes, unpacked and used.
 # The programs are those that scripts/build-windows.sh has built for 64 bits; scripts/test-windows-x86.sh
 # runs those for 32 bits, since Debian's wine does that only with packages of another architecture.
