@@ -33,13 +33,13 @@ bool IsAlmost(double side, double other) {
   return std::abs(side - other) <= kTwipsPerMillimetre;
 }
 
-// "241.0 × 140.0 毫米"
+// "241.0 × 140.0"
 std::string Millimetres(const PaperExtent& sheet) {
   const auto length = [](double twips) {
     const int tenths = Tenths(twips);
     return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10);
   };
-  return length(sheet.width) + " × " + length(sheet.height) + " 毫米";
+  return length(sheet.width) + " × " + length(sheet.height);
 }
 
 // A job that isn't finished is taken back.
@@ -129,8 +129,8 @@ class Job {
     }
     isTold_ = true;
     complain_(WithoutLockCharacter("打印机“" + printer_ + "”没有 " +
-                                   Millimetres({page.width, page.height}) + "的纸，印在 " +
-                                   Millimetres(sheet) + "的纸上。"));
+                                   Millimetres({page.width, page.height}) + " 毫米的纸，印在 " +
+                                   Millimetres(sheet) + " 毫米的纸上。"));
   }
 
   void Require(bool succeeded) const {
