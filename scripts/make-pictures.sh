@@ -154,5 +154,5 @@ for test in designer_window_test designer_english_test; do
     --gtest_filter='FromScanToPrint.*:WindowWords.*' >"$work/$test.log" 2>&1 || { cat "$work/$test.log" >&2; exit 1; }
 done
 for file in "$images"/{designer,dialog}-*.png; do
-  convert "$work/designer/${file##*/}" -colors 64 -strip -define png:compression-level=9 "$file"
+  convert "$work/designer/${file##*/}" +dither -colors 128 -strip -define png:compression-level=9 "$file"
 done
