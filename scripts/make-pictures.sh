@@ -2,14 +2,15 @@
 # Makes the pictures of docs/images from the program itself: on a display and with a printing system of
 # its own, so that they are the same on every machine. As root, which the printing system asks for.
 #
-#   make-pictures.sh [BUILD_FOLDER]
+#   make-pictures.sh [BUILD_FOLDER]    with the tests, two of which photograph the designer
 #
 # docs/images/house.svg is drawn by hand.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-tdprint=$(realpath "${1:-build/release}")/tools/tdprint/tdprint
+build=$(realpath "${1:-build/release}")
+tdprint=$build/tools/tdprint/tdprint
 work=$(mktemp -d)
-readonly tdprint work images=$PWD/docs/images
+readonly build tdprint work images=$PWD/docs/images
 PATH=$PATH:/usr/sbin:/sbin
 processes=()
 finish() {
@@ -145,3 +146,13 @@ press 打印预览 Escape
 processes+=($!)
 picture 套打设置 settings.png
 press 套打设置 Escape
+
+# The designer at work on a scan, in both languages. Its tests take more pictures than the pages show.
+mkdir "$work/designer"
+for test in designer_window_test designer_english_test; do
+  QBTD_PICTURES=$work/designer "$build/tests/designer_window/$test" \
+    --gtest_filter='FromScanToPrint.*:WindowWords.*' >"$work/$test.log" 2>&1 || { cat "$work/$test.log" >&2; exit 1; }
+done
+for file in "$images"/{designer,dialog}-*.png; do
+  convert "$work/designer/${file##*/}" +dither -colors 128 -strip -define png:compression-level=9 "$file"
+done
