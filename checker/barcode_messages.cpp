@@ -29,8 +29,6 @@ constexpr std::array kMessages = {
 
 }  // namespace
 
-std::span<const FindingMessage> BarcodeMessages() {
-  return kMessages;
-}
+constinit const std::span<const FindingMessage> kBarcodeMessages = kMessages;
 
 }  // namespace td::checker

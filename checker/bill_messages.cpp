@@ -167,8 +167,6 @@ constexpr std::array kMessages = {
 
 }  // namespace
 
-std::span<const FindingMessage> BillMessages() {
-  return kMessages;
-}
+constinit const std::span<const FindingMessage> kBillMessages = kMessages;
 
 }  // namespace td::checker

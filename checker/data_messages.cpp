@@ -137,8 +137,6 @@ constexpr std::array kMessages = {
 
 }  // namespace
 
-std::span<const FindingMessage> DataMessages() {
-  return kMessages;
-}
+constinit const std::span<const FindingMessage> kDataMessages = kMessages;
 
 }  // namespace td::checker

@@ -11,8 +11,8 @@ namespace {
 std::vector<FindingMessage> AllMessages() {
   std::vector<FindingMessage> all;
   for (const auto& messages :
-       {BillMessages(), ItemMessages(), SheetMessages(), TextMessages(), FormatStringMessages(),
-        BarcodeMessages(), DataMessages(), SettingsMessages()}) {
+       {kBillMessages, kItemMessages, kSheetMessages, kTextMessages, kFormatStringMessages,
+        kBarcodeMessages, kDataMessages, kSettingsMessages}) {
     all.insert(all.end(), messages.begin(), messages.end());
   }
   return all;

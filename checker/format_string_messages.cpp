@@ -43,8 +43,6 @@ constexpr std::array kMessages = {
 
 }  // namespace
 
-std::span<const FindingMessage> FormatStringMessages() {
-  return kMessages;
-}
+constinit const std::span<const FindingMessage> kFormatStringMessages = kMessages;
 
 }  // namespace td::checker

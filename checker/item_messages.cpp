@@ -184,8 +184,6 @@ constexpr std::array kMessages = {
 
 }  // namespace
 
-std::span<const FindingMessage> ItemMessages() {
-  return kMessages;
-}
+constinit const std::span<const FindingMessage> kItemMessages = kMessages;
 
 }  // namespace td::checker

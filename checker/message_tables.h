@@ -8,13 +8,13 @@
 namespace td::checker {
 
 // Each in the order of the enumeration.
-[[nodiscard]] std::span<const FindingMessage> BillMessages();
-[[nodiscard]] std::span<const FindingMessage> ItemMessages();
-[[nodiscard]] std::span<const FindingMessage> SheetMessages();
-[[nodiscard]] std::span<const FindingMessage> TextMessages();
-[[nodiscard]] std::span<const FindingMessage> FormatStringMessages();
-[[nodiscard]] std::span<const FindingMessage> BarcodeMessages();
-[[nodiscard]] std::span<const FindingMessage> DataMessages();
-[[nodiscard]] std::span<const FindingMessage> SettingsMessages();
+extern const std::span<const FindingMessage> kBillMessages;
+extern const std::span<const FindingMessage> kItemMessages;
+extern const std::span<const FindingMessage> kSheetMessages;
+extern const std::span<const FindingMessage> kTextMessages;
+extern const std::span<const FindingMessage> kFormatStringMessages;
+extern const std::span<const FindingMessage> kBarcodeMessages;
+extern const std::span<const FindingMessage> kDataMessages;
+extern const std::span<const FindingMessage> kSettingsMessages;
 
 }  // namespace td::checker

@@ -111,8 +111,6 @@ constexpr std::array kMessages = {
 
 }  // namespace
 
-std::span<const FindingMessage> SettingsMessages() {
-  return kMessages;
-}
+constinit const std::span<const FindingMessage> kSettingsMessages = kMessages;
 
 }  // namespace td::checker

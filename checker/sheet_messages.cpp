@@ -79,8 +79,6 @@ constexpr std::array kMessages = {
 
 }  // namespace
 
-std::span<const FindingMessage> SheetMessages() {
-  return kMessages;
-}
+constinit const std::span<const FindingMessage> kSheetMessages = kMessages;
 
 }  // namespace td::checker

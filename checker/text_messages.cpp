@@ -49,8 +49,6 @@ constexpr std::array kMessages = {
 
 }  // namespace
 
-std::span<const FindingMessage> TextMessages() {
-  return kMessages;
-}
+constinit const std::span<const FindingMessage> kTextMessages = kMessages;
 
 }  // namespace td::checker

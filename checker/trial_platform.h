@@ -13,7 +13,7 @@
 #include "checker/machine.h"
 #include "page_document/page_document.h"
 #include "platform/platform.h"
-#include "qt/render/windowless_host.h"
+#include "page_outputs/windowless_host.h"
 
 namespace td::checker {
 

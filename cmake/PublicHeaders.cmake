@@ -19,6 +19,7 @@ set(qbtd_public_headers
   adapters/page_document/page_refs.h
   adapters/page_document/paper.h
   adapters/page_outputs/document_files.h
+  adapters/page_outputs/text_measures.h
   adapters/print_calls/document_outcome.h
   adapters/print_calls/kept_messages.h
   adapters/qt/render/outputs.h

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Checks what the pages of the documentation promise each other.
 
-    scripts/check-docs.py [ROOT]
+    scripts/check-docs.py [--links] [ROOT]    --links: those alone, as of pages that are installed
 
 - Every relative link of every page leads to a file and, where it names one, to a heading.
 - Emphasis ends where it is meant to.
@@ -236,8 +236,15 @@ def man_outline(lines):
 
 
 def main():
-    check = Check(sys.argv[1] if len(sys.argv) > 1 else os.path.join(os.path.dirname(__file__), ".."))
-    check.run()
+    arguments = sys.argv[1:]
+    only_links = arguments[:1] == ["--links"]
+    roots = arguments[only_links:] or [os.path.join(os.path.dirname(__file__), "..")]
+    check = Check(roots[0])
+    if only_links:
+        for _, page in sorted(check.pages.items()):
+            check.check_links(page)
+    else:
+        check.run()
     for complaint in check.complaints:
         print(complaint, file=sys.stderr)
     return 1 if check.complaints else 0

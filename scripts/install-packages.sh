@@ -43,10 +43,12 @@ if [ "${1:-}" = windows ]; then
   )
 fi
 
+# Of packages that it has never heard of dpkg tells nothing.
+known=$(dpkg-query --show --showformat='${db:Status-Status} ${Package}\n' "${packages[@]}" \
+  2>/dev/null || true)
 missing=()
 for package in "${packages[@]}"; do
-  status=$(dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null || true)
-  [ "$status" = installed ] || missing+=("$package")
+  grep -qxF "installed $package" <<<"$known" || missing+=("$package")
 done
 [ ${#missing[@]} -gt 0 ] || exit 0
 

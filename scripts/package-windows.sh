@@ -28,11 +28,10 @@ add_programs x86 i686-w64-mingw32
 
 for_windows packaging/windows/README.txt >"$tree/README.txt"
 
-mkdir -p "$tree/examples" "$tree/docs"
-cp examples/*.sql examples/prints.tsv examples/*.png "$tree/examples/"
-cp -r examples/recipes examples/windows "$tree/examples/"
-cp -r docs/*.md docs/images "$tree/docs/"
-cp README.md README.zh-CN.md CHANGELOG.md CONTRIBUTING.md SECURITY.md LICENSE "$tree/"
+# The pages keep the places that they have here, and so does all that they lead to.
+git ls-files -z README.md README.zh-CN.md CHANGELOG.md CONTRIBUTING.md SECURITY.md LICENSE docs \
+  examples server/interface server/python scripts/install-packages.sh |
+  xargs -0 cp --parents -t "$tree"
 
 # What is built in, and the terms under which it may be handed on.
 mkdir -p "$tree/licences"
@@ -49,7 +48,18 @@ add_licence nlohmann-json "$doc/nlohmann-json3-dev/copyright"
 add_licence CLI11 "$doc/libcli11-dev/copyright"
 add_licence GCC-run-time-libraries "$doc/gcc-mingw-w64-base/copyright"
 add_licence GPL-3 /usr/share/common-licenses/GPL-3
+add_licence LGPL-2.1 /usr/share/common-licenses/LGPL-2.1
 add_licence mingw-w64 "$doc/mingw-w64-x86-64-dev/copyright"
+
+# The versions, in a column of the table.
+of_source() { printf '%-23s' "$(dpkg-parsechangelog -l "$sources/$1/debian/changelog" -S Version)"; }
+of_package() { printf '%-23s' "$(dpkg-query -W -f '${source:Version}' "$1")"; }
+for_windows packaging/windows/licences.txt |
+  sed -e "s/@own@/$(printf '%-23s' "$version")/" \
+    -e "s/@sqlite@/$(of_source sqlite-tree)/" -e "s/@zint@/$(of_source zint)/" \
+    -e "s/@json@/$(of_package nlohmann-json3-dev)/" -e "s/@cli11@/$(of_package libcli11-dev)/" \
+    -e "s/@gcc@/$(of_package gcc-mingw-w64-base)/" \
+    -e "s/@mingw@/$(of_package mingw-w64-x86-64-dev)/" >"$tree/licences/README.txt"
 
 (cd "$packages" && cmake -E tar cf "$name.zip" --format=zip "$name")
 rm -rf "$tree"

@@ -14,7 +14,7 @@ step "Packages"
 scripts/install-packages.sh windows
 
 step "The logic alone, with nothing but a compiler"
-cmake --preset logic
+cmake --preset logic -DCMAKE_BUILD_TYPE=Debug
 cmake --build --preset logic -j "$jobs"
 
 step "Format"

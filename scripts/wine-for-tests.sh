@@ -8,8 +8,8 @@
 # the other; scripts/test-windows-x86.sh makes the place for it.
 # In the prefix a program that crashes ends, instead of showing a window that nobody closes; all
 # windows lie on a desktop of their own, where no window manager of the display is missed when the
-# keyboard goes from one to the other; and the families that stored formats name stand for the free
-# ones of Debian.
+# keyboard goes from one to the other; and the families that stored formats name, and that of windows,
+# stand for the free ones of Debian.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 if [ "${QBTD_WINE_BITS:-64}" = 32 ]; then
@@ -112,9 +112,12 @@ prepare() {
   for name in 楷体 楷体_GB2312 KaiTi 仿宋 仿宋_GB2312 FangSong; do
     add "$fonts" "$name" 'AR PL UKai CN'
   done
+  add "$fonts" 'Tahoma' 'Noto Sans CJK SC'
   add "$fonts" 'Arial' 'Liberation Sans'
   add "$fonts" 'Times New Roman' 'Liberation Serif'
   add "$fonts" 'Courier New' 'Liberation Mono'
+  # The signs on title bars, which Debian's wine doesn't find by itself.
+  cp /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
   wineserver --wait
   touch "$WINEPREFIX/prepared"
 }

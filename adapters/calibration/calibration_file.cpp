@@ -1,15 +1,14 @@
 #include "calibration/calibration_file.h"
 
-#include <fcntl.h>
-
-#include <cerrno>
+#include <array>
 #include <filesystem>
 #include <nlohmann/json.hpp>
+#include <optional>
 
-#include "files/descriptor.h"
 #include "files/file_error.h"
 #include "files/output_file.h"
-#include "files/read_file.h"
+#include "files/path_text.h"
+#include "files/user_files.h"
 
 namespace td {
 namespace {
@@ -86,11 +85,9 @@ std::vector<Calibration> CalibrationsFrom(const Json& json) {
 }  // namespace
 
 std::vector<Calibration> ReadCalibrations(const std::string& path) {
-  const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-  if (!file.IsOpen() && (errno == ENOENT || errno == ENOTDIR)) return {};
   try {
-    if (!file.IsOpen()) throw FileError(errno);
-    return CalibrationsFrom(Json::parse(ReadRegularFile(file, kLargestFile)));
+    const std::optional<std::string> content = ReadUserFile(PathOf(path), kLargestFile);
+    return content ? CalibrationsFrom(Json::parse(*content)) : std::vector<Calibration>();
   } catch (const Json::parse_error& error) {
     FailAt(path, "第 " + std::to_string(error.byte) + " 个字节处不是 JSON");
   } catch (const std::exception& failure) {
@@ -103,8 +100,8 @@ void WriteCalibrations(const std::string& path, const std::vector<Calibration>& 
   for (const Calibration& calibration : calibrations) list.push_back(JsonOf(calibration));
   const Json json = {{"version", kVersion}, {"calibrations", std::move(list)}};
   std::error_code error;
-  std::filesystem::create_directories(std::filesystem::path(path).parent_path(), error);
-  if (error) FailAt(path, ReasonOf(error.value()));
+  std::filesystem::create_directories(PathOf(path).parent_path(), error);
+  if (error) FailAt(path, ReasonOf(error.default_error_condition().value()));
   try {
     WriteOutput(path, WriterOf(json.dump(2) + "\n"));
   } catch (const FileError& failure) {

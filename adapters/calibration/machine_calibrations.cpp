@@ -1,41 +1,28 @@
 #include "calibration/machine_calibrations.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
-#include <sstream>
 
 #include "calibration/calibration_file.h"
+#include "files/path_text.h"
+#include "files/user_files.h"
 
 namespace td {
 namespace {
 
-constexpr const char* kPlace = "/qbtdprinter/calibration.json";
-
-std::string Environment(const char* name) {
-  const char* value = std::getenv(name);
-  return value == nullptr ? std::string() : value;
-}
-
-std::string UserFile() {
-  if (const std::string folder = Environment("XDG_CONFIG_HOME"); folder.starts_with('/')) {
-    return folder + kPlace;
-  }
-  const std::string home = Environment("HOME");
-  return home.empty() ? std::string() : home + "/.config" + kPlace;
+std::string FileIn(const std::filesystem::path& folder) {
+  return folder.empty() ? std::string() : TextOf(folder / "qbtdprinter" / "calibration.json");
 }
 
 std::string MachineFile() {
-  std::istringstream folders(Environment("XDG_CONFIG_DIRS"));
-  std::string first;
-  for (std::string folder; std::getline(folders, folder, ':');) {
-    if (!folder.starts_with('/')) continue;  // as the convention has it
-    std::string file = folder + kPlace;
+  const std::vector<std::filesystem::path> folders = MachineConfigFolders();
+  for (const std::filesystem::path& folder : folders) {
     std::error_code error;
-    if (std::filesystem::exists(file, error)) return file;
-    if (first.empty()) first = file;
+    if (std::string file = FileIn(folder); std::filesystem::exists(PathOf(file), error)) {
+      return file;
+    }
   }
-  return first.empty() ? std::string("/etc/xdg") + kPlace : first;
+  return folders.empty() ? std::string() : FileIn(folders.front());
 }
 
 bool IsOf(const Calibration& calibration, const std::string& printer, const PaperExtent& sheet) {
@@ -45,7 +32,7 @@ bool IsOf(const Calibration& calibration, const std::string& printer, const Pape
 }  // namespace
 
 CalibrationFiles CalibrationFiles::OfThisMachine() {
-  return {UserFile(), MachineFile()};
+  return {FileIn(UserConfigFolder()), MachineFile()};
 }
 
 const Calibration* FindCalibration(const std::vector<Calibration>& calibrations,

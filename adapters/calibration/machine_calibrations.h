@@ -15,9 +15,8 @@ struct CalibrationFiles {
   std::string user;     // goes before the machine's, printer by printer and sheet by sheet
   std::string machine;  // for all users
 
-  // calibration.json in the folder qbtdprinter: the user's in $XDG_CONFIG_HOME, else in ~/.config;
-  // the machine's in the first folder of $XDG_CONFIG_DIRS that has it, else in the first of them,
-  // which is /etc/xdg where nothing is set.
+  // calibration.json in the folder qbtdprinter: the user's in UserConfigFolder(); the machine's in
+  // the first of MachineConfigFolders() that has it, else in the first of them.
   [[nodiscard]] static CalibrationFiles OfThisMachine();
 };
 

@@ -3,6 +3,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <sstream>
 
 #include "files/descriptor.h"
 #include "files/file_error.h"
@@ -10,16 +11,34 @@
 #include "files/user_files.h"
 
 namespace td {
+namespace {
 
-std::filesystem::path UserConfigFolder() {
-  const char* config = std::getenv("XDG_CONFIG_HOME");
-  if (config != nullptr && *config != '\0') return config;
-  const char* home = std::getenv("HOME");
-  if (home != nullptr && *home != '\0') return std::filesystem::path(home) / ".config";
-  return {};
+namespace fs = std::filesystem;
+
+std::string ValueOf(const char* variable) {
+  const char* value = std::getenv(variable);
+  return value == nullptr ? std::string() : value;
 }
 
-std::optional<std::string> ReadUserFile(const std::filesystem::path& file, std::size_t largest) {
+}  // namespace
+
+fs::path UserConfigFolder() {
+  if (const fs::path config = ValueOf("XDG_CONFIG_HOME"); config.is_absolute()) return config;
+  const fs::path home = ValueOf("HOME");
+  return home.empty() ? home : home / ".config";
+}
+
+std::vector<fs::path> MachineConfigFolders() {
+  std::vector<fs::path> folders;
+  std::istringstream listed(ValueOf("XDG_CONFIG_DIRS"));
+  for (std::string folder; std::getline(listed, folder, ':');) {
+    if (fs::path(folder).is_absolute()) folders.emplace_back(folder);
+  }
+  if (folders.empty()) folders.emplace_back("/etc/xdg");
+  return folders;
+}
+
+std::optional<std::string> ReadUserFile(const fs::path& file, std::size_t largest) {
   const Descriptor opened(open(file.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
   if (opened.IsOpen()) return ReadRegularFile(opened, largest);
   const int error = errno;

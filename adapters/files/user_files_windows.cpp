@@ -1,17 +1,24 @@
 #include <cerrno>
-#include <cstdlib>
+#include <utility>
 
 #include "files/user_files.h"
 #include "files/windows_files.h"
 
 namespace td {
 
-std::filesystem::path UserConfigFolder() {
-  const wchar_t* folder = _wgetenv(L"APPDATA");
-  return folder == nullptr ? L"" : folder;
+namespace fs = std::filesystem;
+
+fs::path UserConfigFolder() {
+  return AbsolutePathFrom(L"APPDATA");
 }
 
-std::optional<std::string> ReadUserFile(const std::filesystem::path& file, std::size_t largest) {
+std::vector<fs::path> MachineConfigFolders() {
+  fs::path folder = AbsolutePathFrom(L"PROGRAMDATA");
+  if (folder.empty()) return {};
+  return {std::move(folder)};
+}
+
+std::optional<std::string> ReadUserFile(const fs::path& file, std::size_t largest) {
   try {
     return ReadWholeFile(file, largest);
   } catch (const FileError& error) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstdlib>
 #include <random>
 #include <string_view>
 #include <system_error>
@@ -172,6 +173,12 @@ std::wstring SystemPath(const fs::path& path) {
   if (whole.starts_with(LR"(\\?\)") || whole.starts_with(LR"(\\.\)")) return whole;
   if (whole.starts_with(LR"(\\)")) return LR"(\\?\UNC)" + whole.substr(1);
   return LR"(\\?\)" + whole;
+}
+
+fs::path AbsolutePathFrom(const wchar_t* variable) {
+  const wchar_t* value = _wgetenv(variable);
+  const fs::path path = value == nullptr ? L"" : value;
+  return path.is_absolute() ? path : fs::path();
 }
 
 void WriteBytes(const WindowsFile& file, std::string_view bytes) {

@@ -18,6 +18,9 @@ namespace td {
 // The path in the form in which the system takes any length of it.
 [[nodiscard]] std::wstring SystemPath(const std::filesystem::path& path);
 
+// What an environment variable holds; empty if that is no absolute path.
+[[nodiscard]] std::filesystem::path AbsolutePathFrom(const wchar_t* variable);
+
 // The failure that the last call of the system told.
 [[nodiscard]] FileError LastFileError();
 

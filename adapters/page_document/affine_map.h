@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <optional>
 
 namespace td {
@@ -34,5 +35,10 @@ struct AffineMap {
 // The one that takes three places to three others. Nothing for places on one line.
 [[nodiscard]] std::optional<AffineMap> MapBetween(const std::array<PlanePoint, 3>& from,
                                                   const std::array<PlanePoint, 3>& to);
+
+// For a job on one printer, which puts things elsewhere than it is told to: the map through which a
+// page is drawn to make up for that, twips from the page's top left corner; nothing: as it is.
+struct Page;
+using PageCorrection = std::function<std::optional<AffineMap>(const Page& page)>;
 
 }  // namespace td

@@ -1,4 +1,3 @@
-#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
@@ -14,12 +13,6 @@ namespace fs = std::filesystem;
 
 Failure SavingFailure(int number, const fs::path& path, const std::string& reason) {
   return {number, WithoutLockCharacter("无法保存文件“" + TextOf(path) + "”：" + reason + "。")};
-}
-
-fs::path AbsolutePathFrom(const wchar_t* variable) {
-  const wchar_t* value = _wgetenv(variable);
-  const fs::path path = value == nullptr ? L"" : value;
-  return path.is_absolute() ? path : fs::path();
 }
 
 }  // namespace

@@ -6,7 +6,8 @@
 //
 // No reference and no generated assembly are needed: the component is called by name. A program that
 // is built for x86 needs the DLL of the folder x86, one for x64 that of x64, and one for "Any CPU"
-// that of the machine. With .NET 6 and later the same code runs in a project for net6.0-windows.
+// that of the machine, unless its project says "Prefer 32-bit". With .NET 6 and later the same code
+// runs in a project for net6.0-windows.
 //
 // The object lives in the thread that makes it, which must be [STAThread]; make it, use it and let it
 // go there. A window's thread is one already.

@@ -42,17 +42,7 @@ class PrinterObject final : public PrintingObject<PrinterObject, TdPrinter> {
   Use use_;
 };
 
-const TdPrinterTable PrinterObject::kTable = {QueryInterface,
-                                              AddRef,
-                                              Release,
-                                              GetTypeInfoCount,
-                                              GetTypeInfo,
-                                              GetIDsOfNames,
-                                              Invoke,
-                                              DirectPrint<&Printer::DoPrint>,
-                                              DirectPrint<&Printer::DoPrint_GroupByArea>,
-                                              PrintOk,
-                                              PrintBlankRows};
+const TdPrinterTable PrinterObject::kTable = TableWith<TdPrinterTable>();
 
 }  // namespace
 

@@ -74,6 +74,23 @@ class PrintingObject : public DispatchObject<Object, Interface> {
     return Object::RunOwned(self, [NewValue](Object&) { Context().PrintBlankRows = NewValue; });
   }
 
+  // The table of a class: the operations that all have, and then its own.
+  template <class Table, class... Own>
+  static constexpr Table TableWith(Own... own) {
+    return {Base::QueryInterface,
+            Base::AddRef,
+            Base::Release,
+            Base::GetTypeInfoCount,
+            Base::GetTypeInfo,
+            Base::GetIDsOfNames,
+            Base::Invoke,
+            DirectPrint<&Printer::DoPrint>,
+            DirectPrint<&Printer::DoPrint_GroupByArea>,
+            PrintOk,
+            PrintBlankRows,
+            own...};
+  }
+
  private:
   Object& Self() { return static_cast<Object&>(*this); }
 };

@@ -127,41 +127,14 @@ class SessionObject final : public PrintingObject<SessionObject, TdSession> {
   Use use_;
 };
 
-const TdSessionTable SessionObject::kTable = {QueryInterface,
-                                              AddRef,
-                                              Release,
-                                              GetTypeInfoCount,
-                                              GetTypeInfo,
-                                              GetIDsOfNames,
-                                              Invoke,
-                                              DirectPrint<&Printer::DoPrint>,
-                                              DirectPrint<&Printer::DoPrint_GroupByArea>,
-                                              PrintOk,
-                                              PrintBlankRows,
-                                              Send<Output::kPrinter>,
-                                              Send<Output::kPdf>,
-                                              ToPng,
-                                              Send<Output::kHtml>,
-                                              DirectMessageMode,
-                                              DirectLockWaitLimit,
-                                              DirectProgress,
-                                              DirectExplain,
-                                              DirectLogFile,
-                                              DirectCancel,
-                                              DirectDelivered,
-                                              TextOfMember<kResult>,
-                                              TextOfMember<kReason>,
-                                              NumberOfMember<kPages>,
-                                              TextOfMember<kPrinterName>,
-                                              NumberOfMember<kJobNumber>,
-                                              TextOfMember<kJobs>,
-                                              NumberOfMember<kMessageCount>,
-                                              TextOfMessage<&DocumentOutcome::texts>,
-                                              TextOfMember<kMessages>,
-                                              TextOfMessage<&DocumentOutcome::places>,
-                                              TextOfMember<kComplaints>,
-                                              TextOfMember<kExplanation>,
-                                              TextOfMember<kExplanationJson>};
+const TdSessionTable SessionObject::kTable = TableWith<TdSessionTable>(
+    Send<Output::kPrinter>, Send<Output::kPdf>, ToPng, Send<Output::kHtml>, DirectMessageMode,
+    DirectLockWaitLimit, DirectProgress, DirectExplain, DirectLogFile, DirectCancel,
+    DirectDelivered, TextOfMember<kResult>, TextOfMember<kReason>, NumberOfMember<kPages>,
+    TextOfMember<kPrinterName>, NumberOfMember<kJobNumber>, TextOfMember<kJobs>,
+    NumberOfMember<kMessageCount>, TextOfMessage<&DocumentOutcome::texts>, TextOfMember<kMessages>,
+    TextOfMessage<&DocumentOutcome::places>, TextOfMember<kComplaints>, TextOfMember<kExplanation>,
+    TextOfMember<kExplanationJson>);
 
 void SessionObject::Call(std::int32_t member, const CallArguments& arguments, TdVariant& result) {
   if (member == kCancel) return Cancel();

@@ -308,6 +308,11 @@ Finding TheFirst(const CheckResult& result, FindingKind kind) {
   return {.kind = kind, .arguments = std::vector<std::string>(kMostArguments)};
 }
 
+// The same of the sales order as the sample has it, over the rows of a query.
+Finding FirstInSample(FindingKind kind, const std::string& rows) {
+  return TheFirst(CheckedSample().Check({21, kOrder}, rows), kind);
+}
+
 TEST_F(CheckerFindings, TheNameThatWasMeantIsTold) {
   CheckedSample sample;
   sample.Run(Item("客户", "FObjectFieldName='客沪'"));
@@ -355,12 +360,9 @@ TEST_F(CheckerFindings, NumbersInSentencesAreRounded) {
 }
 
 TEST_F(CheckerFindings, OneRemarkIsToldAsOne) {
-  const CheckedSample sample;
-  const CheckResult result =
-      sample.Check({21, kOrder},
-                   "select 1 as FInterID,2 as FMainQty,3 as FAmount,4 as FQty "
-                   "union all select 1,-999.99,null,null");
-  const Finding found = TheFirst(result, kMarkerRows);
+  const Finding found = FirstInSample(kMarkerRows,
+                                      "select 1 as FInterID,2 as FMainQty,3 as FAmount,4 as FQty "
+                                      "union all select 1,-999.99,null,null");
   EXPECT_EQ(TextOf(found, Language::kEnglish).wrong, "1 row has FMainQty −999.99.");
 }
 
@@ -485,12 +487,10 @@ TEST_F(CheckerFindings, TheLongestValueIsTold) {
 }
 
 TEST_F(CheckerFindings, AValueThatOnlySomeRowsLackIsCounted) {
-  const CheckedSample sample;
-  const CheckResult result =
-      sample.Check({21, kOrder},
-                   "select 7 as FInterID,'XD-7' as FBillNo,0 as FMainQty,'米' as FItemName union "
-                   "all select 7,'XD-7',0,null union all select 7,'XD-7',0,'油'");
-  const Finding found = TheFirst(result, kValueNull);
+  const Finding found =
+      FirstInSample(kValueNull,
+                    "select 7 as FInterID,'XD-7' as FBillNo,0 as FMainQty,'米' as FItemName union "
+                    "all select 7,'XD-7',0,null union all select 7,'XD-7',0,'油'");
   EXPECT_EQ(found.arguments, (std::vector<std::string>{"FItemName", "1", "3", "XD-7", "2", ""}));
 }
 

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <map>
 #include <regex>
 #include <set>
 #include <string_view>
@@ -14,6 +15,7 @@
 #include "memory_rows/memory_recordset.h"
 #include "recordsets/recordset_object.h"
 #include "server_fixture.h"
+#include "text_encoding/utf16.h"
 
 namespace td {
 namespace {
@@ -404,6 +406,55 @@ TEST(BinaryInterface, TheHelperForPythonHasThePublishedResultCodes) {
     EXPECT_EQ(std::stoll(line[1], nullptr, 0), code.published) << name;
   }
   EXPECT_GE(found, 15U);
+}
+
+// What the type library of Windows tells of an interface: its members as MEMBER NUMBER ARGUMENT…
+std::string MembersIn(const std::string& typeLibrary, const std::string& interface) {
+  const std::size_t begin = typeLibrary.find("interface " + interface + " ");
+  const std::string body = typeLibrary.substr(begin, typeLibrary.find("\n  }", begin) - begin);
+  const std::regex member(R"(id\((\d+)\)\] HRESULT (\w+)\(([^;]*)\);)");
+  const std::regex argument(R"(\[in[^\]]*\] \w+\** (\w+))");  // the answer is [out, retval]
+  std::string members;
+  for (std::sregex_iterator found(body.begin(), body.end(), member), end; found != end; ++found) {
+    members += (*found)[2].str() + " " + (*found)[1].str();
+    const std::string arguments = (*found)[3];
+    for (std::sregex_iterator one(arguments.begin(), arguments.end(), argument); one != end;
+         ++one) {
+      members += " " + (*one)[1].str();
+    }
+    members += "\n";
+  }
+  return members;
+}
+
+std::string Published(const std::vector<CalledMember>& members) {
+  std::string published;
+  for (const CalledMember& member : members) {
+    published += ToUtf8(member.name) + " " + std::to_string(member.number);
+    for (const char16_t* argument : member.arguments) published += " " + ToUtf8(argument);
+    published += "\n";
+  }
+  return published;
+}
+
+// Programs that bind early go by the type library alone.
+TEST(BinaryInterface, TheTypeLibraryHasThePublishedMembersInTheOrderOfTheTables) {
+  const std::string library = ContentOf(QBTD_SOURCE_DIR "/server/interface/QbTdPrinter.idl");
+  EXPECT_EQ(MembersIn(library, "ITdPrinter"), Published(kPrinterMembers));
+  EXPECT_EQ(MembersIn(library, "ITdSession"), Published(kSessionMembers));
+  EXPECT_EQ(MembersIn(library, "ITdSettings"), Published(kSettingsMembers));
+}
+
+TEST(BinaryInterface, TheTypeLibraryHasThePublishedIdentifiers) {
+  const std::string library = ContentOf(QBTD_SOURCE_DIR "/server/interface/QbTdPrinter.idl");
+  const std::map<std::string, TdGuid> identifiers = {
+      {"interface ITdPrinter", kTdPrinterId},   {"interface ITdSession", kTdSessionId},
+      {"interface ITdSettings", kTdSettingsId}, {"coclass Printer", kTdPrinterClass},
+      {"coclass Session", kTdSessionClass},     {"coclass TDSet", kTdSettingsClass}};
+  for (const auto& [name, id] : identifiers) {
+    EXPECT_NE(library.find("uuid(" + TextOf(id) + ")]\n  " + name + " "), std::string::npos)
+        << name;
+  }
 }
 
 // Constants, structures and identifiers of the headers; not the macros that only shorten them.

@@ -5,7 +5,6 @@
 #include <memory>
 #include <vector>
 
-#include "calibrate_command.h"
 #include "command_options.h"
 #include "common_options.h"
 #include "design_command.h"
@@ -74,7 +73,8 @@ void AddAll(Commands& commands) {
   commands.Add<ImportFormatArguments>("import-format", "Take a format from a file into a database");
   commands.Add<DiffFormatArguments>("diff-format", "Tell two files of formats apart, in words");
   commands.Add<LogArguments>("log", "Look up in a print log who printed what, when and where");
-  commands.Add<CalibrateArguments>("calibrate", kCalibrateHelp);
+  commands.Add<CalibrateArguments>("calibrate",
+                                   "Measure how a printer misses on a sheet, and make up for it");
 }
 
 }  // namespace

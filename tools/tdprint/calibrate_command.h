@@ -5,9 +5,6 @@
 
 namespace td {
 
-// What the list of commands says of it.
-extern const char* const kCalibrateHelp;
-
 ExitStatus CalibratePrinter(const CalibrateArguments& arguments);
 
 }  // namespace td

@@ -10,13 +10,13 @@
 #include "complaint.h"
 #include "component_folder.h"
 #include "designer/model/format_store.h"
-#include "designer/sheet/sheet_boxes.h"
-#include "designer/sheet/sheet_print.h"
+#include "designer/print/sheet_boxes.h"
+#include "designer/print/sheet_print.h"
 #include "desktop/databases.h"
 #include "desktop/desktop_platform.h"
 #include "page_document/page_document.h"
+#include "page_outputs/document_files.h"
 #include "platform/failure.h"
-#include "qt/render/outputs.h"
 
 namespace td {
 namespace {

@@ -7,6 +7,10 @@ namespace td {
 // stays closed. To be called once, before anything is opened.
 void PrepareStandardStreams();
 
+// Whether a person types what is read, and sees what is written.
+[[nodiscard]] bool StandardInputIsTerminal();
+[[nodiscard]] bool StandardOutputIsTerminal();
+
 // Whether a person watches standard error on a terminal that can wipe a line.
 [[nodiscard]] bool StandardErrorIsTerminal();
 

@@ -1,3 +1,4 @@
+#include <array>
 #include <cstdio>
 #include <iostream>
 #include <streambuf>
@@ -5,6 +6,8 @@
 
 #include "standard_streams.h"
 #include "windows/api/standard_output.h"
+#include "windows/api/wide_text.h"
+#include "windows/api/windows_api.h"
 
 namespace td {
 namespace {
@@ -43,6 +46,32 @@ class Utf8Buffer : public std::streambuf {
   std::string waiting_;
 };
 
+// Lets a stream of the standard library read as UTF-8 what is typed, whatever the code page.
+class ConsoleInput : public std::streambuf {
+ protected:
+  int_type underflow() override {
+    constexpr wchar_t kEnd = 0x1A;  // Ctrl+Z at the beginning of a line
+    std::array<wchar_t, 1024> typed{};
+    DWORD count = 0;
+    if (ReadConsoleW(GetStdHandle(STD_INPUT_HANDLE), typed.data(), static_cast<DWORD>(typed.size()),
+                     &count, nullptr) == FALSE ||
+        count == 0 || typed[0] == kEnd) {
+      return traits_type::eof();
+    }
+    read_ = FromWide({typed.data(), count});
+    setg(read_.data(), read_.data(), read_.data() + read_.size());
+    return traits_type::to_int_type(read_.front());
+  }
+
+ private:
+  std::string read_;
+};
+
+bool IsConsole(DWORD stream) {
+  DWORD mode = 0;
+  return GetConsoleMode(GetStdHandle(stream), &mode) != FALSE;
+}
+
 }  // namespace
 
 // The buffers live to the end, when the streams are flushed for the last time.
@@ -52,6 +81,15 @@ void PrepareStandardStreams() {
   std::cout.rdbuf(&output);
   std::cerr.rdbuf(&error);
   std::clog.rdbuf(&error);
+  if (StandardInputIsTerminal()) std::cin.rdbuf(new ConsoleInput);
+}
+
+bool StandardInputIsTerminal() {
+  return IsConsole(STD_INPUT_HANDLE);
+}
+
+bool StandardOutputIsTerminal() {
+  return IsConsole(STD_OUTPUT_HANDLE);
 }
 
 bool StandardErrorIsTerminal() {

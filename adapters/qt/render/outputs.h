@@ -2,8 +2,6 @@
 // kInvalidCall. Paths are UTF-8.
 #pragma once
 
-#include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,6 +10,7 @@
 #include "page_document/drawing.h"
 #include "page_document/page_refs.h"
 #include "page_outputs/document_files.h"
+#include "page_outputs/text_measures.h"
 
 class QImage;
 
@@ -23,9 +22,7 @@ std::string ToPdf(const std::vector<Page>& pages, const std::string& title);
 // The same page by page: no more of the file is held than one page needs. What `sink` throws goes
 // through.
 void StreamPdf(const PageRefs& pages, const std::string& title, const ByteSink& sink);
-// The same for one printer, which puts things elsewhere than it is told to: each page is drawn
-// through the map that makes up for it, twips from the page's top left corner; nothing: as it is.
-using PageCorrection = std::function<std::optional<AffineMap>(const Page&)>;
+// The same for one printer.
 void StreamPdf(const PageRefs& pages, const std::string& title, const ByteSink& sink,
                const PageCorrection& correction);
 void WritePdf(const PageRefs& pages, const std::string& path, const std::string& title);
@@ -33,10 +30,5 @@ void WritePdf(const PageRefs& pages, const std::string& path, const std::string&
 // The page on white paper. `dotsPerInch` is from 1 to 2400; an image above 400 megapixels fails
 // with kOutOfMemory.
 QImage RenderPage(const Page& page, double dotsPerInch);
-
-// Height of a line of text in twips, for DocumentHost::LineHeight.
-double LineHeight(const TextLine& line);
-// Its width in twips, for DocumentHost::LineWidth.
-double LineWidth(const TextLine& line);
 
 }  // namespace td

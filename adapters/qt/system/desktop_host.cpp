@@ -1,13 +1,14 @@
 #include "qt/system/desktop_host.h"
 
+#include "calibration/calibrated_pages.h"
 #include "page_document/page_document.h"
 #include "page_outputs/export_file.h"
 #include "print_calls/device_failure.h"
 #include "qt/preview/page_setup_dialog.h"
 #include "qt/render/outputs.h"
 #include "qt/system/application.h"
-#include "qt/system/calibrated_pages.h"
 #include "qt/system/document_printing.h"
+#include "qt/system/page_turn.h"
 #include "qt/system/printers.h"
 
 namespace td {
@@ -75,7 +76,7 @@ void DesktopHost::PrintTo(PageDocument& document, bool withDialog, DocumentOutco
   }
   PageCorrection correction;
   if (settings_.calibrated && !isForFile) {
-    correction = CorrectionFor(choice.printer, document.Pages(),
+    correction = CorrectionFor(choice.printer, document.Pages(), TurnOf,
                                [this](const std::string& text) { Complain(text); });
   }
   PrintDocument(document, choice, &outcome.jobs, correction);

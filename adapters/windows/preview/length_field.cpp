@@ -79,17 +79,21 @@ void LengthField::Enable(bool isEnabled) {
   for (const HWND control : {box_, arrows_}) EnableWindow(control, isEnabled ? TRUE : FALSE);
 }
 
-void LengthField::Place(int left, int top, int width, int height) {
-  const auto dotsPerInch = static_cast<int>(GetDpiForWindow(box_));
+void LengthField::Place(const RECT& place, int dotsPerInch) {
+  const auto right = static_cast<int>(place.right);
+  const auto top = static_cast<int>(place.top);
+  const int height = static_cast<int>(place.bottom) - top;
   const int arrows = Scaled(18, dotsPerInch);
   const int unit = Scaled(30, dotsPerInch);
   const int gap = Scaled(4, dotsPerInch);
   const auto font = reinterpret_cast<HFONT>(SendMessageW(box_, WM_GETFONT, 0, 0));
   const int box = TextBoxHeight(font, dotsPerInch);
   const int boxTop = top + (height - box) / 2;
-  td::Place(box_, left, boxTop, width - arrows - unit, box);
-  td::Place(arrows_, left + width - arrows - unit, boxTop, arrows, box);
-  td::Place(unit_, left + width - unit + gap, top, unit - gap, height);
+  const int arrowsLeft = right - unit - arrows;
+  td::Place(box_, static_cast<int>(place.left), boxTop, arrowsLeft - static_cast<int>(place.left),
+            box);
+  td::Place(arrows_, arrowsLeft, boxTop, arrows, box);
+  td::Place(unit_, right - unit + gap, top, unit - gap, height);
 }
 
 LRESULT CALLBACK LengthField::Edited(HWND control, UINT message, WPARAM first, LPARAM second,

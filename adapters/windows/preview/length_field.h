@@ -24,8 +24,8 @@ class LengthField {
   [[nodiscard]] double Twips() const;
 
   void Enable(bool isEnabled);
-  // In the middle of the height.
-  void Place(int left, int top, int width, int height);
+  // In the middle of the height, for a resolution.
+  void Place(const RECT& place, int dotsPerInch);
 
  private:
   static LRESULT CALLBACK Edited(HWND control, UINT message, WPARAM first, LPARAM second,

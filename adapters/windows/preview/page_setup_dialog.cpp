@@ -122,7 +122,8 @@ int PageSetupDialog::PlaceRows(const std::vector<Row>& rows, const RECT& room, i
   for (const Row& row : rows) {
     Place(row.label, left, top, fields - left, line);
     if (row.field != nullptr) {
-      row.field->Place(fields, top, std::min(right - fields, Scaled(135)), line);
+      row.field->Place({fields, top, std::min(right, fields + Scaled(135)), top + line},
+                       DotsPerInch());
     } else {
       row.list->Place({fields, top, right, top + line}, Scaled(4));
     }

@@ -42,6 +42,7 @@ PageView::PageView(PageDocument& document, std::function<void(bool isLarger)> zo
              parent),
       document_(document),
       zoom_(std::move(zoom)),
+      dotsPerInch_(static_cast<int>(GetDpiForWindow(Handle()))),
       pointer_(IDC_ARROW) {
   shownScale_ = PixelsPerTwip();
   FitScrollBars();
@@ -53,11 +54,11 @@ const Page* PageView::ShownPage() const {
 }
 
 double PageView::PixelsPerTwip() const {
-  return Dpi() / kTwipsPerInch * document_.Zoom() / 100;
+  return dotsPerInch_ / kTwipsPerInch * document_.Zoom() / 100;
 }
 
 int PageView::DeskMargin() const {
-  return Scaled(kDeskMargin, Dpi());
+  return Scaled(kDeskMargin, dotsPerInch_);
 }
 
 SCROLLINFO PageView::Bar(int bar) const {
@@ -100,7 +101,7 @@ void PageView::FitScrollBars() {
   if (isFitting_ || Handle() == nullptr) return;
   isFitting_ = true;
   const Page* page = ShownPage();
-  const auto dpi = static_cast<UINT>(Dpi());
+  const auto dpi = static_cast<UINT>(dotsPerInch_);
   const int upright = GetSystemMetricsForDpi(SM_CXVSCROLL, dpi);
   const int level = GetSystemMetricsForDpi(SM_CYHSCROLL, dpi);
   const double width = page == nullptr ? 0 : page->width * shownScale_;
@@ -144,7 +145,7 @@ void PageView::ScrollPage(bool isDown) {
 }
 
 void PageView::ScrollLine(int bar, bool isForward) {
-  const int step = Scaled(kLineStep, Dpi());
+  const int step = Scaled(kLineStep, dotsPerInch_);
   ScrollBy(bar, isForward ? step : -step);
 }
 
@@ -176,6 +177,15 @@ void PageView::ShowChanges() {
   InvalidateRect(Handle(), nullptr, FALSE);
 }
 
+void PageView::PutResolution(int dotsPerInch, const std::function<void()>& resize) {
+  const POINT scrolled = Scrolled();
+  const int former = std::exchange(dotsPerInch_, dotsPerInch);
+  resize();
+  ShowChanges();
+  Scroll(SB_HORZ, MulDiv(static_cast<int>(scrolled.x), dotsPerInch, former));
+  Scroll(SB_VERT, MulDiv(static_cast<int>(scrolled.y), dotsPerInch, former));
+}
+
 void PageView::PutPointer(const wchar_t* pointer) {
   pointer_ = pointer;
   POINT place{};
@@ -188,7 +198,7 @@ void PageView::DrawDesk(HDC device, const RECT& seen) const {
   Fill(device, seen, DeskUnder(0));
   const std::optional<RECT> sheet = SheetRect();
   if (!sheet) return;
-  const int unit = std::max(1, Scaled(1, Dpi()));
+  const int unit = std::max(1, Scaled(1, dotsPerInch_));
   for (int i = kShadowWidth; i >= 1; --i) {
     RECT shadow = *sheet;
     OffsetRect(&shadow, unit, unit);
@@ -258,7 +268,7 @@ void PageView::TurnWheel(int bar, int turned) {
   SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
   const int notch = lines == WHEEL_PAGESCROLL
                         ? static_cast<int>(Bar(bar).nPage)
-                        : static_cast<int>(lines) * Scaled(kLineStep, Dpi()) / 2;
+                        : static_cast<int>(lines) * Scaled(kLineStep, dotsPerInch_) / 2;
   ScrollBy(bar, MulDiv(notch, turned, WHEEL_DELTA));
 }
 

@@ -17,8 +17,11 @@ class PageView : public Window {
   // The document outlives the view. `zoom` is called when the wheel is turned with Ctrl.
   PageView(PageDocument& document, std::function<void(bool isLarger)> zoom, HWND parent);
 
-  // To be called when the pages, the page shown or the zoom have changed, or the resolution.
+  // To be called when the pages, the page shown or the zoom have changed.
   void ShowChanges();
+  // The view comes to a monitor of a resolution, for which `resize` gives it its size. The same
+  // part of the page is seen there.
+  void PutResolution(int dotsPerInch, const std::function<void()>& resize);
 
   // Where the page lies, in pixels; nothing if no page is shown.
   [[nodiscard]] std::optional<RECT> SheetRect() const;
@@ -61,6 +64,7 @@ class PageView : public Window {
 
   PageDocument& document_;
   std::function<void(bool isLarger)> zoom_;
+  int dotsPerInch_ = 96;
   int shownNumber_ = 0;
   double shownScale_ = 0;  // pixels per twip
   bool isFitting_ = false;

@@ -94,18 +94,19 @@ void PreviewWindow::AddToolTips() {
 }
 
 // The parts need the new fonts before the old ones go.
-void PreviewWindow::UseFonts() {
-  FontOwner font = WindowFont(Dpi());
+void PreviewWindow::UseResolution(int dotsPerInch) {
+  dotsPerInch_ = dotsPerInch;
+  FontOwner font = WindowFont(dotsPerInch);
   FontOwner pageFont = InFamilyOf("宋体", font.get());
   SendMessageW(pageText_, WM_SETFONT, reinterpret_cast<WPARAM>(pageFont.get()), TRUE);
   SendMessageW(toolTips_, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
-  toolbar_.LayOut(Dpi(), font.get());
+  toolbar_.LayOut(dotsPerInch, font.get());
   font_.swap(font);
   pageFont_.swap(pageFont);
 }
 
 double PreviewWindow::PixelsPerTwip() const {
-  return Dpi() / kTwipsPerInch;
+  return dotsPerInch_ / kTwipsPerInch;
 }
 
 SIZE PreviewWindow::PageTextSize() const {
@@ -113,8 +114,8 @@ SIZE PreviewWindow::PageTextSize() const {
   constexpr auto kLastPage = std::numeric_limits<std::int16_t>::max();
   const SIZE reading = TextSize(pageFont_.get(), ToWide(kReadingText));
   const SIZE numbers = TextSize(pageFont_.get(), ToWide(PageText(kLastPage, kLastPage)));
-  return {std::max(reading.cx, numbers.cx) + 2 * Scaled(kBesideText, Dpi()),
-          TextBoxHeight(pageFont_.get(), Dpi())};
+  return {std::max(reading.cx, numbers.cx) + 2 * Scaled(kBesideText, dotsPerInch_),
+          TextBoxHeight(pageFont_.get(), dotsPerInch_)};
 }
 
 // Large enough for most of a page and for all buttons, and smaller than the monitor.
@@ -129,21 +130,22 @@ void PreviewWindow::UseSensibleSize() {
   // There first, since its resolution decides about the rest.
   SetWindowPos(Handle(), nullptr, room.left, room.top, 0, 0,
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-  UseFonts();
+  UseResolution(static_cast<int>(GetDpiForWindow(Handle())));
   const auto part = [](LONG length) { return static_cast<int>(length) * 85 / 100; };
   const int besideToolbar = static_cast<int>(std::ceil(kTwipsBesideToolbarBand * PixelsPerTwip())) +
                             static_cast<int>(PageTextSize().cx);
   const int forButtons = static_cast<int>(toolbar_.NeededSize().cx) + besideToolbar;
-  RECT outer{0, 0,
-             std::max(std::min(part(room.right - room.left), Scaled(1100, Dpi())), forButtons),
-             std::min(part(room.bottom - room.top), Scaled(900, Dpi()))};
+  RECT outer{
+      0, 0,
+      std::max(std::min(part(room.right - room.left), Scaled(1100, dotsPerInch_)), forButtons),
+      std::min(part(room.bottom - room.top), Scaled(900, dotsPerInch_))};
   AdjustWindowRectExForDpi(&outer, WS_OVERLAPPEDWINDOW, FALSE, WS_EX_CONTROLPARENT,
-                           static_cast<UINT>(Dpi()));
+                           static_cast<UINT>(dotsPerInch_));
   const LONG width = std::min(outer.right - outer.left, room.right - room.left);
   const LONG height = std::min(outer.bottom - outer.top, room.bottom - room.top);
   SetWindowPos(Handle(), nullptr, (room.left + room.right - width) / 2,
                (room.top + room.bottom - height) / 2, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
-  LayOutParts();
+  view_.PutResolution(dotsPerInch_, [this] { LayOutParts(); });
 }
 
 void PreviewWindow::LayOutParts() {
@@ -382,11 +384,12 @@ LRESULT PreviewWindow::Receive(UINT message, WPARAM first, LPARAM second) {
       return 0;
     case WM_DPICHANGED: {
       const RECT& place = *reinterpret_cast<const RECT*>(second);
-      UseFonts();
-      SetWindowPos(Handle(), nullptr, place.left, place.top, place.right - place.left,
-                   place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
-      LayOutParts();
-      view_.ShowChanges();
+      UseResolution(LOWORD(first));
+      view_.PutResolution(dotsPerInch_, [&] {
+        SetWindowPos(Handle(), nullptr, place.left, place.top, place.right - place.left,
+                     place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+        LayOutParts();
+      });
       return 0;
     }
     case WM_ERASEBKGND:

@@ -57,7 +57,7 @@ class PreviewWindow : public Window {
  private:
   void AddPageText();
   void AddToolTips();
-  void UseFonts();
+  void UseResolution(int dotsPerInch);
   void UseSensibleSize();
   [[nodiscard]] double PixelsPerTwip() const;
   [[nodiscard]] SIZE PageTextSize() const;
@@ -79,6 +79,7 @@ class PreviewWindow : public Window {
 
   PageDocument& document_;
   PreviewEvents events_;
+  int dotsPerInch_ = 96;  // of the monitor on which it lies
   FontOwner font_;
   FontOwner pageFont_;
   Toolbar toolbar_;

@@ -19,8 +19,6 @@ class Window {
 
   // Null before it is made and when it has gone.
   [[nodiscard]] HWND Handle() const { return handle_; }
-  // Dots per inch of the monitor on which it lies.
-  [[nodiscard]] int Dpi() const { return static_cast<int>(GetDpiForWindow(handle_)); }
   [[nodiscard]] SIZE InnerSize() const;
 
  protected:

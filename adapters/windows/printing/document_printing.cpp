@@ -51,6 +51,7 @@ class Job {
       : printer_(choice.printer),
         settings_(settings),
         complain_(complain),
+        correction_(choice.correction),
         device_(CreateDCW(L"WINSPOOL", ToWide(printer_).c_str(), nullptr, settings.Mode())),
         sheet_(first.Sheet()),
         isLandscape_(first.landscape) {
@@ -84,7 +85,7 @@ class Job {
     }
     CompareSheet(page);
     Require(StartPage(device_.get()) > 0);
-    DrawPage(device_.get(), PlaceOf(page), page);
+    DrawPage(device_.get(), PlaceOf(page), page, CorrectionOf(page));
     Require(EndPage(device_.get()) > 0);
   }
 
@@ -101,6 +102,10 @@ class Job {
   [[nodiscard]] PaperExtent DeviceSheet() const {
     return {Ability(PHYSICALWIDTH) * kTwipsPerInch / Ability(LOGPIXELSX),
             Ability(PHYSICALHEIGHT) * kTwipsPerInch / Ability(LOGPIXELSY)};
+  }
+
+  [[nodiscard]] AffineMap CorrectionOf(const Page& page) const {
+    return correction_ ? correction_(page).value_or(AffineMap{}) : AffineMap{};
   }
 
   // The device begins where the printer can print, and the page at the paper's corner; yet on a
@@ -141,6 +146,7 @@ class Job {
   const std::string& printer_;
   DriverSettings& settings_;
   const Complain& complain_;
+  const PageCorrection& correction_;
   DeviceOwner device_;
   PaperExtent sheet_;
   bool isLandscape_;

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "page_document/affine_map.h"
 #include "page_document/drawing.h"
 #include "windows/printing/driver_settings.h"
 
@@ -19,6 +20,7 @@ struct PrintChoice {
   // Pages to print, each from 1, in their order; nothing: all.
   std::optional<std::vector<int>> pages;
   JobOptions options;
+  PageCorrection correction;  // what makes up for the printer, if anything does
 };
 
 // Takes what a document goes on without.

@@ -29,10 +29,12 @@ std::shared_ptr<const FontTables> TablesOf(const Face& face) {
 
 }  // namespace
 
-FontOwner MakeFont(const Face& face, int height, int width) {
+FontOwner MakeFont(const Face& face, int height, int width, int turn) {
   LOGFONTW wanted{};
   wanted.lfHeight = -std::max(1, height);
   wanted.lfWidth = width;
+  wanted.lfEscapement = turn;
+  wanted.lfOrientation = turn;
   wanted.lfWeight = face.bold ? FW_BOLD : FW_NORMAL;
   wanted.lfItalic = face.italic ? TRUE : FALSE;
   wanted.lfCharSet = DEFAULT_CHARSET;

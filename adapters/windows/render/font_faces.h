@@ -32,8 +32,8 @@ struct Face {
 using FaceRef = std::shared_ptr<const Face>;
 
 // The face as the system's font, so many of a device's units high and, if `width` isn't 0, with
-// characters that are so wide on average.
-[[nodiscard]] FontOwner MakeFont(const Face& face, int height, int width = 0);
+// characters that are so wide on average, turned by tenths of a degree against the clock.
+[[nodiscard]] FontOwner MakeFont(const Face& face, int height, int width = 0, int turn = 0);
 
 // A glyph of one face. Without a face no font of the machine has the character.
 struct FaceGlyph {

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <map>
+#include <string_view>
 #include <tuple>
 #include <vector>
 
@@ -15,10 +16,6 @@
 namespace td {
 namespace {
 
-int Rounded(double value) {
-  return static_cast<int>(std::lround(value));
-}
-
 COLORREF ColourOf(const Colour& colour) {
   return RGB(colour.red, colour.green, colour.blue);
 }
@@ -28,20 +25,9 @@ bool IsPrinter(HDC device) {
          (GetDeviceCaps(device, TECHNOLOGY) == DT_PLOTTER);
 }
 
-// From a space in twips to the device.
-struct Space {
-  double x;
-  double y;
-  double scaleX;
-  double scaleY;
-
-  [[nodiscard]] double X(double twips) const { return x + twips * scaleX; }
-  [[nodiscard]] double Y(double twips) const { return y + twips * scaleY; }
-};
-
 class PagePainter {
  public:
-  PagePainter(HDC device, const Space& page) : device_(device), page_(page) {
+  PagePainter(HDC device, const DeviceSpace& page) : device_(device), page_(page) {
     SetBkMode(device_, TRANSPARENT);
     SetTextAlign(device_, TA_BASELINE | TA_LEFT);
     SetPolyFillMode(device_, WINDING);
@@ -57,38 +43,33 @@ class PagePainter {
   void Draw(const BoxText& command) { DrawTexts(LayOut(command), page_, {}); }
   void Draw(const PointText& command) { DrawTexts(LayOut(command), page_, {}); }
 
-  // Upright and level lines are rectangles to the pixel, and those of one pen equally thick,
-  // wherever they lie; any other is a rectangle that stands askew.
+  // Upright and level lines are as thick as others of one pen, to the pixel, wherever they lie; any
+  // other is a rectangle that stands askew.
   void Draw(const Line& line) {
     const double width = std::max(line.penWidth, 1.0);
     const double half = width / 2;
     if (line.y1 == line.y2) {
-      const int thickness = std::max(1, Rounded(width * page_.scaleY));
-      const int top = Rounded(page_.Y(line.y1) - thickness / 2.0);
-      FillPixels({Rounded(page_.X(std::min(line.x1, line.x2) - half)), top,
-                  Rounded(page_.X(std::max(line.x1, line.x2) + half)), top + thickness},
-                 {});
+      const int thickness = std::max(1, Rounded(width * page_.StretchY()));
+      const PlanePoint left = page_.At(std::min(line.x1, line.x2) - half, line.y1);
+      const PlanePoint right = page_.At(std::max(line.x1, line.x2) + half, line.y1);
+      FillLevel(left, right, thickness);
       return;
     }
     if (line.x1 == line.x2) {
-      const int thickness = std::max(1, Rounded(width * page_.scaleX));
-      const int left = Rounded(page_.X(line.x1) - thickness / 2.0);
-      FillPixels({left, Rounded(page_.Y(std::min(line.y1, line.y2) - half)), left + thickness,
-                  Rounded(page_.Y(std::max(line.y1, line.y2) + half))},
-                 {});
+      const int thickness = std::max(1, Rounded(width * page_.StretchX()));
+      const PlanePoint top = page_.At(line.x1, std::min(line.y1, line.y2) - half);
+      const PlanePoint bottom = page_.At(line.x1, std::max(line.y1, line.y2) + half);
+      FillUpright(top, bottom, thickness);
       return;
     }
     const double length = std::hypot(line.x2 - line.x1, line.y2 - line.y1);
     const double alongX = (line.x2 - line.x1) / length * half;
     const double alongY = (line.y2 - line.y1) / length * half;
-    const auto corner = [this](double x, double y) {
-      return POINT{Rounded(page_.X(x)), Rounded(page_.Y(y))};
-    };
     const std::array<POINT, 4> corners = {
-        corner(line.x1 - alongX - alongY, line.y1 - alongY + alongX),
-        corner(line.x1 - alongX + alongY, line.y1 - alongY - alongX),
-        corner(line.x2 + alongX + alongY, line.y2 + alongY - alongX),
-        corner(line.x2 + alongX - alongY, line.y2 + alongY + alongX)};
+        page_.Nearest(line.x1 - alongX - alongY, line.y1 - alongY + alongX),
+        page_.Nearest(line.x1 - alongX + alongY, line.y1 - alongY - alongX),
+        page_.Nearest(line.x2 + alongX + alongY, line.y2 + alongY - alongX),
+        page_.Nearest(line.x2 + alongX - alongY, line.y2 + alongY + alongX)};
     const Selected brush(device_, GetStockObject(BLACK_BRUSH));
     // The edge is drawn, too: a thin line would else have gaps.
     const Selected pen(device_, GetStockObject(BLACK_PEN));
@@ -106,9 +87,8 @@ class PagePainter {
 
   void DrawVectors(const VectorPicture& drawing, const PlacedPicture& placed) {
     const PictureSize size = drawing.NaturalSize();
-    const Space space{page_.X(placed.left), page_.Y(placed.top),
-                      page_.scaleX * placed.width / size.width,
-                      page_.scaleY * placed.height / size.height};
+    const DeviceSpace space = page_.Inside(placed.left, placed.top, placed.width / size.width,
+                                           placed.height / size.height);
     for (const VectorPicture::Rectangle& bar : drawing.Rectangles()) {
       FillBox(space, bar.left, bar.top, bar.left + bar.width, bar.top + bar.height, bar.colour);
     }
@@ -117,22 +97,53 @@ class PagePainter {
     }
   }
 
-  void FillBox(const Space& space, double left, double top, double right, double bottom,
+  void FillLevel(const PlanePoint& left, const PlanePoint& right, int thickness) {
+    const int from = Rounded(left.x);
+    const int to = Rounded(right.x);
+    const int top = Rounded(left.y - thickness / 2.0);
+    const int topAtEnd = Rounded(right.y - thickness / 2.0);
+    Fill({POINT{from, top}, {to, topAtEnd}, {to, topAtEnd + thickness}, {from, top + thickness}},
+         {});
+  }
+
+  void FillUpright(const PlanePoint& top, const PlanePoint& bottom, int thickness) {
+    const int from = Rounded(top.y);
+    const int to = Rounded(bottom.y);
+    const int left = Rounded(top.x - thickness / 2.0);
+    const int leftAtEnd = Rounded(bottom.x - thickness / 2.0);
+    Fill(
+        {POINT{left, from}, {left + thickness, from}, {leftAtEnd + thickness, to}, {leftAtEnd, to}},
+        {});
+  }
+
+  void FillBox(const DeviceSpace& space, double left, double top, double right, double bottom,
                const Colour& colour) {
-    FillPixels({Rounded(space.X(left)), Rounded(space.Y(top)), Rounded(space.X(right)),
-                Rounded(space.Y(bottom))},
-               colour);
+    Fill({space.Nearest(left, top), space.Nearest(right, top), space.Nearest(right, bottom),
+          space.Nearest(left, bottom)},
+         colour);
   }
 
-  // At least one pixel wide and high.
-  void FillPixels(RECT box, const Colour& colour) {
-    box.right = std::max(box.right, box.left + 1);
-    box.bottom = std::max(box.bottom, box.top + 1);
+  // The corners are those of a box in their order, from the top left one; it is at least one pixel
+  // wide and high. Edges are its pixels on the left and at the top.
+  void Fill(std::array<POINT, 4> box, const Colour& colour) {
+    auto& [topLeft, topRight, bottomRight, bottomLeft] = box;
+    topRight.x = std::max(topRight.x, topLeft.x + 1);
+    bottomRight.x = std::max(bottomRight.x, bottomLeft.x + 1);
+    bottomLeft.y = std::max(bottomLeft.y, topLeft.y + 1);
+    bottomRight.y = std::max(bottomRight.y, topRight.y + 1);
     const BrushOwner brush(CreateSolidBrush(ColourOf(colour)));
-    FillRect(device_, &box, brush.get());
+    if (page_.IsUpright()) {
+      const RECT pixels{topLeft.x, topLeft.y, bottomRight.x, bottomRight.y};
+      FillRect(device_, &pixels, brush.get());
+      return;
+    }
+    const Selected filled(device_, brush.get());
+    const Selected edge(device_, GetStockObject(NULL_PEN));
+    Polygon(device_, box.data(), static_cast<int>(box.size()));
   }
 
-  void DrawTexts(const std::vector<PlacedText>& texts, const Space& space, const Colour& colour) {
+  void DrawTexts(const std::vector<PlacedText>& texts, const DeviceSpace& space,
+                 const Colour& colour) {
     SetTextColor(device_, ColourOf(colour));
     for (const PlacedText& text : texts) {
       const Selected font(device_, FontOf(text.face, space));
@@ -143,33 +154,54 @@ class PagePainter {
     }
   }
 
-  void DrawText(const PlacedText& text, const Space& space, double shift) {
-    const int x = Rounded(space.X(text.x + shift));
-    const int y = Rounded(space.Y(text.y));
-    const auto length = static_cast<UINT>(text.text.size());
+  void DrawText(const PlacedText& text, const DeviceSpace& space, double shift) {
     if (text.advances.empty()) {
-      ExtTextOutW(device_, x, y, 0, nullptr, text.text.data(), length, nullptr);
-      return;
+      DrawUnits(text.text, space.Nearest(text.x + shift, text.y));
+    } else if (space.IsUpright()) {
+      DrawInSteps(text, space, shift);
+    } else {
+      DrawLetters(text, space, shift);
     }
+  }
+
+  void DrawUnits(std::wstring_view units, const POINT& at) {
+    ExtTextOutW(device_, at.x, at.y, 0, nullptr, units.data(), static_cast<UINT>(units.size()),
+                nullptr);
+  }
+
+  void DrawInSteps(const PlacedText& text, const DeviceSpace& space, double shift) {
+    const POINT begin = space.Nearest(text.x + shift, text.y);
     std::vector<INT> steps(text.text.size());
     double end = text.x + shift;
-    int last = x;
+    int last = begin.x;
     for (std::size_t i = 0; i < steps.size(); ++i) {
       end += text.advances[i];
       const int next = Rounded(space.X(end));
       steps[i] = next - last;
       last = next;
     }
-    ExtTextOutW(device_, x, y, ETO_IGNORELANGUAGE, nullptr, text.text.data(), length, steps.data());
+    ExtTextOutW(device_, begin.x, begin.y, ETO_IGNORELANGUAGE, nullptr, text.text.data(),
+                static_cast<UINT>(text.text.size()), steps.data());
+  }
+
+  // A font is turned by whole tenths of a degree, and a long text would end beside its place.
+  void DrawLetters(const PlacedText& text, const DeviceSpace& space, double shift) {
+    double x = text.x + shift;
+    for (std::size_t at = 0; at < text.text.size();) {
+      const std::size_t units = IS_HIGH_SURROGATE(text.text[at]) ? 2 : 1;
+      DrawUnits(std::wstring_view(text.text).substr(at, units), space.Nearest(x, text.y));
+      x += text.advances[at];
+      at += units;
+    }
   }
 
   // Letters in a picture that is stretched along one axis are stretched with it.
-  HFONT FontOf(const FaceRef& face, const Space& space) {
-    const int height = Rounded(face->size * space.scaleY);
-    const double stretch = space.scaleX / space.scaleY;
+  HFONT FontOf(const FaceRef& face, const DeviceSpace& space) {
+    const int height = Rounded(face->size * space.StretchY());
+    const double stretch = space.StretchX() / space.StretchY();
     FontOwner& font = fonts_[{face, height, Rounded(stretch * 1000)}];
     if (font) return font.get();
-    font = MakeFont(*face, height);
+    font = MakeFont(*face, height, 0, space.Turn());
     if (std::abs(stretch - DeviceStretch()) > 0.01) {
       TEXTMETRICW metrics{};
       {
@@ -177,7 +209,7 @@ class PagePainter {
         GetTextMetricsW(device_, &metrics);
       }
       const double width = metrics.tmAveCharWidth * stretch / DeviceStretch();
-      font = MakeFont(*face, height, std::max(1, Rounded(width)));
+      font = MakeFont(*face, height, std::max(1, Rounded(width)), space.Turn());
     }
     return font.get();
   }
@@ -191,17 +223,53 @@ class PagePainter {
   void DrawImage(const ImagePicture& image, const PlacedPicture& placed) {
     PixelsRef pixels = PixelsOf(image);
     if (!pixels) return;
-    const int left = Rounded(page_.X(placed.left));
-    const int top = Rounded(page_.Y(placed.top));
-    const int width = std::max(1, Rounded(page_.X(placed.left + placed.width)) - left);
-    const int height = std::max(1, Rounded(page_.Y(placed.top + placed.height)) - top);
-    // Printers get all pixels.
-    if (!IsPrinter(device_)) pixels = Reduced(pixels, width, height);
-    if (!pixels->IsOpaque()) {
-      DrawTransparent(*pixels, {left, top, left + width, top + height});
+    if (!page_.IsUpright()) {
+      DrawTurned(pixels, placed);
       return;
     }
-    Stretch(pixels->data, *pixels, {left, top, left + width, top + height});
+    const POINT begin = page_.Nearest(placed.left, placed.top);
+    const POINT end = page_.Nearest(placed.left + placed.width, placed.top + placed.height);
+    const RECT box{begin.x, begin.y, std::max(end.x, begin.x + 1), std::max(end.y, begin.y + 1)};
+    // Printers get all pixels.
+    if (!IsPrinter(device_)) pixels = Reduced(pixels, box.right - box.left, box.bottom - box.top);
+    if (!pixels->IsOpaque()) {
+      DrawTransparent(*pixels, box);
+      return;
+    }
+    Stretch(pixels->data, *pixels, box);
+  }
+
+  // Devices draw upright pictures alone: this one is made anew, of pixels of the device that are
+  // finer than its own, within its bounds on the device.
+  void DrawTurned(PixelsRef pixels, const PlacedPicture& placed) {
+    constexpr double kFinest = 0.1 * kTwipsPerMillimetre;  // what nobody sees on paper
+    const double width = placed.width * page_.StretchX();
+    const double height = placed.height * page_.StretchY();
+    pixels = Reduced(pixels, std::max(1, Rounded(width)), std::max(1, Rounded(height)));
+    const double finest = std::min(page_.StretchX(), page_.StretchY()) * kFinest;
+    const int step = std::max(1, static_cast<int>(std::min({finest, width / pixels->width / 2,
+                                                            height / pixels->height / 2})));
+
+    const double right = placed.left + placed.width;
+    const double bottom = placed.top + placed.height;
+    const std::array corners = {page_.At(placed.left, placed.top), page_.At(right, placed.top),
+                                page_.At(placed.left, bottom), page_.At(right, bottom)};
+    const auto [left, mostRight] = std::ranges::minmax(corners, {}, &PlanePoint::x);
+    const auto [top, lowest] = std::ranges::minmax(corners, {}, &PlanePoint::y);
+    const POINT begin{static_cast<LONG>(std::floor(left.x)), static_cast<LONG>(std::floor(top.y))};
+    const int columns = static_cast<int>(std::ceil((mostRight.x - begin.x) / step));
+    const int rows = static_cast<int>(std::ceil((lowest.y - begin.y) / step));
+
+    const AffineMap fromSteps{
+        static_cast<double>(step),   0, 0, static_cast<double>(step), static_cast<double>(begin.x),
+        static_cast<double>(begin.y)};
+    const auto toPixels = MapBetween({corners[0], corners[1], corners[2]},
+                                     {PlanePoint{0, 0},
+                                      {static_cast<double>(pixels->width), 0},
+                                      {0, static_cast<double>(pixels->height)}});
+    if (!toPixels) return;  // it has no area
+    DrawTransparent(*Turned(*pixels, Combined(*toPixels, fromSteps), columns, rows),
+                    {begin.x, begin.y, begin.x + columns * step, begin.y + rows * step});
   }
 
   void Stretch(const std::vector<std::uint32_t>& data, const Pixels& pixels, const RECT& box) {
@@ -254,15 +322,15 @@ class PagePainter {
   }
 
   HDC device_;
-  Space page_;
+  DeviceSpace page_;
   std::map<std::tuple<FaceRef, int, int>, FontOwner> fonts_;
 };
 
 }  // namespace
 
-void DrawPage(HDC device, const DevicePlace& place, const Page& page) {
+void DrawPage(HDC device, const DevicePlace& place, const Page& page, const AffineMap& drawn) {
   const int saved = SaveDC(device);
-  PagePainter(device, {place.x, place.y, place.scaleX, place.scaleY}).Draw(page);
+  PagePainter(device, DeviceSpace(place, page, drawn)).Draw(page);
   RestoreDC(device, saved);
 }
 

@@ -160,6 +160,25 @@ PixelsRef Reduced(const PixelsRef& pixels, int width, int height) {
   return reduced;
 }
 
+PixelsRef Turned(const Pixels& pixels, const AffineMap& toPicture, int columns, int rows) {
+  auto turned = std::make_shared<Pixels>();
+  turned->width = columns;
+  turned->height = rows;
+  turned->data.reserve(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows));
+  for (int row = 0; row < rows; ++row) {
+    for (int column = 0; column < columns; ++column) {
+      const PlanePoint place = toPicture({column + 0.5, row + 0.5});
+      const bool isOnIt =
+          place.x >= 0 && place.y >= 0 && place.x < pixels.width && place.y < pixels.height;
+      turned->data.push_back(isOnIt ? pixels.data[static_cast<std::size_t>(place.y) *
+                                                      static_cast<std::size_t>(pixels.width) +
+                                                  static_cast<std::size_t>(place.x)]
+                                    : 0);
+    }
+  }
+  return turned;
+}
+
 Bytes ToPng(const Pixels& pixels, double dotsPerInch) {
   const GdiplusSession session;
   const StreamOwner stream(SHCreateMemStream(nullptr, 0));

@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "page_document/affine_map.h"
 #include "page_document/pictures.h"
 
 namespace Gdiplus {
@@ -31,6 +32,11 @@ using PixelsRef = std::shared_ptr<const Pixels>;
 // The picture smaller, each pixel the mean of those that fall on it: a device that leaves out rows
 // would lose thin lines. Sizes above the picture's own leave it as it is.
 [[nodiscard]] PixelsRef Reduced(const PixelsRef& pixels, int width, int height);
+
+// So many columns and rows, each pixel that of the picture on which its middle falls: the map takes
+// places among them to places among the picture's pixels. What falls beside it is transparent.
+[[nodiscard]] PixelsRef Turned(const Pixels& pixels, const AffineMap& toPicture, int columns,
+                               int rows);
 
 // All pixels of a picture of the system's library. Nothing if it fails.
 [[nodiscard]] std::optional<Pixels> ReadPixels(Gdiplus::Bitmap& bitmap);

@@ -6,6 +6,7 @@
 
 #include "page_document/drawing.h"
 #include "page_document/pictures.h"
+#include "page_outputs/text_measures.h"
 #include "windows/render/font_faces.h"
 
 namespace td {
@@ -25,10 +26,5 @@ struct PlacedText {
 [[nodiscard]] std::vector<PlacedText> LayOut(const BoxText& command);
 [[nodiscard]] std::vector<PlacedText> LayOut(const PointText& command);
 [[nodiscard]] std::vector<PlacedText> LayOut(const VectorPicture::Text& line);
-
-// Height of a line of text in twips, for DocumentHost::LineHeight.
-[[nodiscard]] double LineHeight(const TextLine& line);
-// Its width in twips, for DocumentHost::LineWidth.
-[[nodiscard]] double LineWidth(const TextLine& line);
 
 }  // namespace td

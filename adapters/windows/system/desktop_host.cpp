@@ -1,11 +1,13 @@
 #include "windows/system/desktop_host.h"
 
+#include "calibration/calibrated_pages.h"
 #include "page_document/page_document.h"
 #include "page_outputs/export_file.h"
 #include "platform/standard_failures.h"
 #include "windows/controls/visual_styles.h"
 #include "windows/preview/page_setup_dialog.h"
 #include "windows/printing/document_printing.h"
+#include "windows/printing/page_turn.h"
 #include "windows/printing/print_dialog.h"
 #include "windows/printing/printers.h"
 #include "windows/render/text_layout.h"
@@ -68,8 +70,11 @@ void DesktopHost::PrintTo(PageDocument& document, bool withDialog, DocumentOutco
     throw Failure(kInvalidCall, "所选的范围里没有要打印的页。");
   }
   outcome.printer = choice.printer;
-  const bool isPrinted = PrintDocument(document.Pages(), choice, outcome.jobs,
-                                       [this](const std::string& words) { Complain(words); });
+  const auto complain = [this](const std::string& words) { Complain(words); };
+  if (settings_.calibrated) {
+    choice.correction = CorrectionFor(choice.printer, document.Pages(), TurnOf, complain);
+  }
+  const bool isPrinted = PrintDocument(document.Pages(), choice, outcome.jobs, complain);
   outcome.delivery = isPrinted ? Delivery::kPrinter : Delivery::kCancelled;
 }
 

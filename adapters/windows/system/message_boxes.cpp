@@ -5,6 +5,7 @@
 #include "files/path_text.h"
 #include "windows/api/wide_text.h"
 #include "windows/api/windows_api.h"
+#include "windows/controls/visual_styles.h"
 
 namespace td {
 namespace {
@@ -45,6 +46,7 @@ bool MessageBoxes::HasDisplay() const {
 }
 
 void MessageBoxes::ShowInBox(const std::string& text, int style) {
+  const WindowMaking making;
   MessageBoxW(GetActiveWindow(), ToWide(text).c_str(), ToWide(ProgramName()).c_str(),
               MB_OK | MB_TASKMODAL | MB_SETFOREGROUND | IconOf(style));
 }

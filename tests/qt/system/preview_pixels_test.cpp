@@ -2,6 +2,8 @@
 #include <QImage>
 #include <cstdlib>
 
+#include "calibration/calibrated_pages.h"
+#include "calibration/machine_calibrations.h"
 #include "qt/render/outputs.h"
 #include "shown_preview.h"
 #include "test_tools.h"
@@ -67,6 +69,32 @@ TEST_F(PreviewPixels, ShowAPageOnItsSheetWhateverThePaperIsMeanwhile) {
          const QRectF sheet = ViewOf(window).SheetRect();
          EXPECT_NEAR(sheet.width() / sheet.height(), 210.0 / 148, 0.01);
          ExpectPixelsOfThePage(window, document.Pages()[0], 75);
+       });
+}
+
+// A calibration is for what the printer does to paper.
+TEST_F(PreviewPixels, AreThoseOfThePageWhateverItsPrinterIsCalibratedBy) {
+  const Folder folder;
+  setenv("XDG_CONFIG_HOME", folder.Path("user").c_str(), 1);
+  setenv("XDG_CONFIG_DIRS", folder.Path("machine").c_str(), 1);
+  settings_->printer = "Dot";
+  Show([this] { MakeDocument(1); },
+       [this](PreviewWindow& window) {
+         window.resize(1000, 850);
+         auto& document = dynamic_cast<PageDocument&>(frame_.Surface());
+         const Page page = document.Pages()[0];
+         PutCalibration(CalibrationFiles::OfThisMachine().user,
+                        {.printer = "Dot",
+                         .sheet = MillimetresOf(page.Sheet()),
+                         .asked = {20, 20},
+                         .topLeft = {25, 24},
+                         .topRight = {15, 24},
+                         .bottomLeft = {25, 16}});
+         ASSERT_TRUE(CorrectionFor("Dot", {page},
+                                   [](const std::string&) { return PageTurn::kTopLeft; }, {}));
+         document.PutZoom(75);
+         QTest::qWait(50);
+         ExpectPixelsOfThePage(window, page, 75);
        });
 }
 

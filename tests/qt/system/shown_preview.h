@@ -22,8 +22,6 @@ void Click(PreviewWindow& window, const std::string& key);
 
 class ShownPreview : public testing::Test {
  protected:
-  ShownPreview() : frame_(std::make_shared<FrameSettings>(), messages_, {}) {}
-
   // Shows the window. `run` is its first activation; `use` comes when the window waits for its
   // user, and the window is closed after it.
   void Show(std::function<void()> run, std::function<void(PreviewWindow&)> use);
@@ -31,7 +29,8 @@ class ShownPreview : public testing::Test {
   void MakeDocument(int pages);
 
   MessageBoxes messages_{MessageMode::kStandardError};
-  QtPrintFrame frame_;
+  const std::shared_ptr<FrameSettings> settings_ = std::make_shared<FrameSettings>();
+  QtPrintFrame frame_{settings_, messages_, {}};
   int loads_ = 0;
   int activations_ = 0;
   std::vector<std::string> pressed_;

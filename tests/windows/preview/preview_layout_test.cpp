@@ -9,6 +9,9 @@
 #include "windows/render/image_output.h"
 #include "windows/render/screen_device.h"
 
+// Behind the system's other headers.
+#include <commctrl.h>
+
 namespace td {
 namespace {
 
@@ -24,6 +27,12 @@ RECT PlaceIn(HWND window, HWND part) {
 bool Contains(const RECT& outer, const RECT& inner) {
   return inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
          inner.bottom <= outer.bottom;
+}
+
+// As the system does when a window comes to a monitor of another resolution.
+void ComeToMonitor(HWND window, int dotsPerInch, const RECT& place) {
+  SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(dotsPerInch, dotsPerInch),
+               reinterpret_cast<LPARAM>(&place));
 }
 
 TEST_F(PreviewLayout, NoButtonIsHiddenAtTheOpeningSize) {
@@ -56,6 +65,58 @@ TEST_F(PreviewLayout, PlacesItsPartsInTwips) {
                  EXPECT_NEAR(view.right, inner.cx - pixels(30), 1);
                  EXPECT_EQ(view.bottom, inner.cy);
                }});
+}
+
+TEST_F(PreviewLayout, FollowsTheResolutionOfItsMonitor) {
+  struct Look {
+    RECT window;
+    RECT sheet;
+    SIZE button;
+    SIZE text;
+    SIZE view;
+    int scrolled;
+  };
+  const auto look = [this] {
+    const auto size = [](HWND part) {
+      RECT place{};
+      GetWindowRect(part, &place);
+      return SIZE{place.right - place.left, place.bottom - place.top};
+    };
+    Look seen{{},
+              *View().SheetRect(),
+              size(Button("print")),
+              size(Window().PageTextBox()),
+              View().InnerSize(),
+              Scrolled(SB_VERT)};
+    GetWindowRect(Window().Handle(), &seen.window);
+    return seen;
+  };
+  Show([this] { MakeDocument(1); },
+       {[this] { Resize(700, 300); }, [] { PostKey(VK_END); },
+        [&] {
+          const int dots = static_cast<int>(GetDpiForWindow(Window().Handle()));
+          const Look before = look();
+          ASSERT_GT(before.scrolled, 0);
+          const RECT& place = before.window;
+          ComeToMonitor(Window().Handle(), 2 * dots,
+                        {0, 0, 2 * (place.right - place.left), 2 * (place.bottom - place.top)});
+          const Look after = look();
+          EXPECT_EQ(after.window.right, 2 * (place.right - place.left));
+          EXPECT_NEAR(after.sheet.right - after.sheet.left,
+                      2 * (before.sheet.right - before.sheet.left), 1);
+          EXPECT_NEAR(after.button.cy, 2 * before.button.cy, 4);
+          EXPECT_NEAR(after.button.cx, 2 * before.button.cx, 12);
+          EXPECT_NEAR(after.text.cx, 2 * before.text.cx, 30);
+          EXPECT_NEAR(after.scrolled + after.view.cy / 2, 2 * before.scrolled + before.view.cy, 60)
+              << "another part of the page is seen";
+          ComeToMonitor(Window().Handle(), dots, place);
+          const Look again = look();
+          EXPECT_EQ(again.button.cx, before.button.cx);
+          EXPECT_EQ(again.text.cx, before.text.cx);
+          EXPECT_EQ(again.view.cy, before.view.cy);
+          EXPECT_NEAR(again.sheet.top, before.sheet.top, 30);
+          EXPECT_EQ(again.sheet.right, before.sheet.right);
+        }});
 }
 
 TEST_F(PreviewLayout, ThePageTextFitsItsBox) {
@@ -118,44 +179,59 @@ TEST_F(PreviewLayout, ThePixelsAreThoseOfTheImageOutput) {
                                      }});
 }
 
-class PageSetupLayout : public PageSetupOfTwoPrinters {};
+class PageSetupLayout : public PageSetupOfTwoPrinters {
+ protected:
+  void ExpectNothingCutOff(int dotsPerInch) const;
+};
 
-TEST_F(PageSetupLayout, NothingIsCutOffAndNoTwoPartsOverlap) {
+// Nor do any two parts overlap.
+void PageSetupLayout::ExpectNothingCutOff(int dotsPerInch) const {
+  const HWND dialog = dialog_->Window();
+  RECT whole{};
+  GetClientRect(dialog, &whole);
+  std::vector<HWND> parts;
+  for (HWND part = GetWindow(dialog, GW_CHILD); part != nullptr;
+       part = GetWindow(part, GW_HWNDNEXT)) {
+    EXPECT_TRUE(Contains(whole, PlaceIn(dialog, part))) << WordsOf(part);
+    const bool isGroup = (GetWindowLongW(part, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX &&
+                         GetDlgCtrlID(part) == 0 && !WordsOf(part).empty() &&
+                         WordsOf(part).find('(') == std::string::npos && WordsOf(part) != "mm";
+    if (!isGroup) parts.push_back(part);
+  }
+  for (const HWND one : parts) {
+    for (const HWND other : parts) {
+      const RECT first = PlaceIn(dialog, one);
+      const RECT second = PlaceIn(dialog, other);
+      RECT common{};
+      EXPECT_TRUE(one == other || !IntersectRect(&common, &first, &second))
+          << WordsOf(one) << " and " << WordsOf(other);
+    }
+  }
+  const auto font = reinterpret_cast<HFONT>(SendMessageW(parts[0], WM_GETFONT, 0, 0));
+  for (const HWND part : parts) {
+    const RECT place = PlaceIn(dialog, part);
+    std::wstring words = TextOf(part);
+    std::erase(words, L'&');
+    EXPECT_GE(place.right - place.left, TextSize(font, words).cx) << WordsOf(part);
+  }
+  EXPECT_LT(whole.right, MulDiv(760, dotsPerInch, 96));
+  EXPECT_LT(whole.bottom, MulDiv(560, dotsPerInch, 96));
+}
+
+TEST_F(PageSetupLayout, NothingIsCutOffOnAnyMonitor) {
   document_.PutMarginLeft(20000);  // so that the objection shows
   document_.PutPaperWidth(12000);
   Show({[this] {
     const HWND dialog = dialog_->Window();
-    TakePicture(dialog, "page-setup-" + std::to_string(GetDpiForWindow(dialog)));
-    RECT whole{};
-    GetClientRect(dialog, &whole);
-    std::vector<HWND> parts;
-    for (HWND part = GetWindow(dialog, GW_CHILD); part != nullptr;
-         part = GetWindow(part, GW_HWNDNEXT)) {
-      EXPECT_TRUE(Contains(whole, PlaceIn(dialog, part))) << WordsOf(part);
-      const bool isGroup = (GetWindowLongW(part, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX &&
-                           GetDlgCtrlID(part) == 0 && !WordsOf(part).empty() &&
-                           WordsOf(part).find('(') == std::string::npos && WordsOf(part) != "mm";
-      if (!isGroup) parts.push_back(part);
-    }
-    for (const HWND one : parts) {
-      for (const HWND other : parts) {
-        const RECT first = PlaceIn(dialog, one);
-        const RECT second = PlaceIn(dialog, other);
-        RECT common{};
-        EXPECT_TRUE(one == other || !IntersectRect(&common, &first, &second))
-            << WordsOf(one) << " and " << WordsOf(other);
-      }
-    }
-    const auto font = reinterpret_cast<HFONT>(SendMessageW(parts[0], WM_GETFONT, 0, 0));
-    for (const HWND part : parts) {
-      const RECT place = PlaceIn(dialog, part);
-      std::wstring words = TextOf(part);
-      std::erase(words, L'&');
-      EXPECT_GE(place.right - place.left, TextSize(font, words).cx) << WordsOf(part);
-    }
-    const int dpi = static_cast<int>(GetDpiForWindow(dialog));
-    EXPECT_LT(whole.right, MulDiv(760, dpi, 96));
-    EXPECT_LT(whole.bottom, MulDiv(560, dpi, 96));
+    const int dots = static_cast<int>(GetDpiForWindow(dialog));
+    TakePicture(dialog, "page-setup-" + std::to_string(dots));
+    ExpectNothingCutOff(dots);
+    const HWND arrows = FindWindowExW(dialog, nullptr, UPDOWN_CLASSW, nullptr);
+    const RECT before = PlaceIn(dialog, arrows);
+    ComeToMonitor(dialog, 2 * dots, {0, 0, 10, 10});
+    ExpectNothingCutOff(2 * dots);
+    const RECT after = PlaceIn(dialog, arrows);
+    EXPECT_EQ(after.right - after.left, 2 * (before.right - before.left));
   }});
 }
 

@@ -13,8 +13,10 @@
 #include "page_outputs/export_file.h"
 #include "page_outputs/export_folder.h"
 #include "platform/failure.h"
+#include "windows/api/wide_text.h"
 #include "windows/api/windows_api.h"
 #include "windows/system/local_machine.h"
+#include "windows/system/message_boxes.h"
 
 namespace td {
 namespace {
@@ -132,6 +134,38 @@ TEST_F(WindowsDesktop, AnExportFileThatCantBeWrittenIsAMessageAndTheDocumentPrin
   EXPECT_EQ(desktop.MessagesShown(), 1);
   frame->Surface().PrintDoc();
   EXPECT_EQ(pages_, 2);
+}
+
+// A box, as the person saw it who has confirmed it.
+struct SeenBox {
+  bool hasUsersLook = false;
+  std::string title;
+};
+SeenBox seenBox;
+
+BOOL CALLBACK ConfirmBox(HWND window, LPARAM) {
+  if (GetDlgItem(window, IDOK) == nullptr) return TRUE;
+  std::wstring title(100, L'\0');
+  title.resize(static_cast<std::size_t>(
+      GetWindowTextW(window, title.data(), static_cast<int>(title.size()))));
+  HANDLE controls = nullptr;  // those of which windows are made now; null: the old ones
+  GetCurrentActCtx(&controls);
+  seenBox = {.hasUsersLook = controls != nullptr, .title = FromWide(title)};
+  if (controls != nullptr) ReleaseActCtx(controls);
+  PostMessageW(window, WM_COMMAND, IDOK, 0);
+  return FALSE;
+}
+
+void CALLBACK LookForBox(HWND, UINT, UINT_PTR, DWORD) {
+  EnumThreadWindows(GetCurrentThreadId(), ConfirmBox, 0);
+}
+
+TEST(MessageBoxesTest, ABoxHasTheUsersLookInAProgramThatAsksForTheOldOne) {
+  const UINT_PTR timer = SetTimer(nullptr, 0, 20, LookForBox);
+  MessageBoxes(MessageMode::kAutomatic).ShowBox("没有表", kInformationIcon);
+  KillTimer(nullptr, timer);
+  EXPECT_EQ(seenBox.title, ProgramName());
+  EXPECT_TRUE(seenBox.hasUsersLook);
 }
 
 TEST(LocalMachineTest, IsAnAddressThatStays) {

@@ -1,10 +1,10 @@
-#include "designer/sheet/sheet_print.h"
+#include "designer/print/sheet_print.h"
 
 #include <algorithm>
 
 #include "designer/model/sheet_layout.h"
-#include "designer/sheet/format_database.h"
-#include "designer/sheet/sheet_frame.h"
+#include "designer/print/format_database.h"
+#include "designer/print/sheet_frame.h"
 #include "memory_rows/memory_recordset.h"
 #include "platform/failure.h"
 #include "service/printer.h"

@@ -8,7 +8,7 @@
 #include "barcodes/zint_barcode.h"
 #include "page_document/page_document.h"
 #include "platform/platform.h"
-#include "render/windowless_host.h"
+#include "page_outputs/windowless_host.h"
 
 namespace td::designer {
 

@@ -1,4 +1,4 @@
-#include "designer/sheet/sheet_boxes.h"
+#include "designer/print/sheet_boxes.h"
 
 namespace td::designer {
 namespace {

@@ -1,4 +1,4 @@
-#include "designer/sheet/sheet_frame.h"
+#include "designer/print/sheet_frame.h"
 
 #include <algorithm>
 

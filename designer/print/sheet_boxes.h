@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "designer/model/sheet_layout.h"
-#include "designer/sheet/sheet_print.h"
+#include "designer/print/sheet_print.h"
 
 namespace td::designer {
 

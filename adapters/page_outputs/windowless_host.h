@@ -4,7 +4,7 @@
 #include <string>
 
 #include "page_document/document_host.h"
-#include "qt/render/outputs.h"
+#include "page_outputs/text_measures.h"
 
 namespace td {
 

@@ -1,11 +1,10 @@
-#include <unistd.h>
+#include "calibrate_command.h"
 
 #include <array>
 #include <cmath>
 #include <iostream>
 #include <sstream>
 
-#include "calibrate_command.h"
 #include "calibration/calibration_file.h"
 #include "calibration/machine_calibrations.h"
 #include "calibration_input.h"
@@ -13,6 +12,7 @@
 #include "complaint.h"
 #include "desktop/desktop_platform.h"
 #include "platform/failure.h"
+#include "standard_streams.h"
 
 namespace td {
 namespace {
@@ -147,7 +147,7 @@ class Calibrating {
     SendTestPage(arguments_, sheet_, language_);
     if (!arguments_.pdf.empty()) return ExitStatus::kPrinted;
     Say(kSent, arguments_.printer);
-    if (isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0) return Keep();
+    if (StandardInputIsTerminal() && StandardOutputIsTerminal()) return Keep();
     Say(kHowToGoOn);
     std::cout << "  " << ThisCommand() << " --top-left X,Y --top-right X,Y --bottom-left X,Y\n"
               << std::flush;
@@ -165,7 +165,7 @@ class Calibrating {
     const std::array corners = {std::pair(&arguments_.topLeft, &calibration.topLeft),
                                 std::pair(&arguments_.topRight, &calibration.topRight),
                                 std::pair(&arguments_.bottomLeft, &calibration.bottomLeft)};
-    const bool canAsk = isatty(STDIN_FILENO) != 0;
+    const bool canAsk = StandardInputIsTerminal();
     bool isAsked = false;
     for (std::size_t i = 0; i < corners.size(); ++i) {
       const auto& [given, distances] = corners[i];
@@ -256,7 +256,7 @@ class Calibrating {
   // Fails where there is no place for it.
   [[nodiscard]] const std::string& File() const {
     const std::string& file = arguments_.allUsers ? files_.machine : files_.user;
-    if (file.empty()) throw Failure(kDeviceIo, "neither XDG_CONFIG_HOME nor HOME is set");
+    if (file.empty()) throw Failure(kDeviceIo, "there is no folder for settings");
     return file;
   }
 
@@ -272,8 +272,6 @@ class Calibrating {
 };
 
 }  // namespace
-
-const char* const kCalibrateHelp = "Measure how a printer misses on a sheet, and make up for it";
 
 ExitStatus CalibratePrinter(const CalibrateArguments& arguments) {
   try {

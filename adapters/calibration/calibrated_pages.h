@@ -5,15 +5,17 @@
 #include <string>
 #include <vector>
 
-#include "qt/render/outputs.h"
+#include "calibration/calibration.h"
 
 namespace td {
 
 // For a job of these pages on a printer, by the calibrations of this machine
-// (machine_calibrations.h); everything is looked up now. `complain` is told of a file that is not
-// in order: its calibrations are not used then.
+// (machine_calibrations.h); everything is looked up now. `turnOf` tells how the printer lays a page
+// across its sheet, and is asked only if there is such a page. `complain` is told of a file that is
+// not in order: its calibrations are not used then.
 [[nodiscard]] PageCorrection CorrectionFor(
     const std::string& printer, const std::vector<Page>& pages,
+    const std::function<PageTurn(const std::string& printer)>& turnOf,
     const std::function<void(const std::string& text)>& complain);
 
 }  // namespace td

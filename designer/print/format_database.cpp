@@ -1,4 +1,4 @@
-#include "designer/sheet/format_database.h"
+#include "designer/print/format_database.h"
 
 #include <algorithm>
 #include <cmath>
