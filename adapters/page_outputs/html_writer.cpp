@@ -203,8 +203,8 @@ class HtmlWriter {
     html_ += '"';
   }
 
-  void Add(const BoxText& command) { AddTexts(parts_.LayOut(command), {}); }
-  void Add(const PointText& command) { AddTexts(parts_.LayOut(command), {}); }
+  void Add(const BoxText& command) { AddTexts(command, {}); }
+  void Add(const PointText& command) { AddTexts(command, {}); }
 
   void Add(const Line& line) {
     html_ += "<path d=\"M";
@@ -265,15 +265,17 @@ class HtmlWriter {
       AddNumber("height", bar.height);
       html_ += " fill=\"" + HexColour(bar.colour) + "\"/>\n";
     }
-    for (const VectorPicture::Text& text : drawing.Texts())
-      AddTexts(parts_.LayOut(text), text.colour);
+    for (const VectorPicture::Text& text : drawing.Texts()) AddTexts(text, text.colour);
     html_ += "</g>\n";
   }
 
   // Each line is one text, so that readers select and find it whole.
-  void AddTexts(const std::vector<HtmlText>& texts, const Colour& colour) {
+  template <typename Drawn>
+  void AddTexts(const Drawn& drawn, const Colour& colour) {
+    texts_.clear();
+    parts_.LayOut(drawn, texts_);
     const HtmlText* last = nullptr;
-    for (const HtmlText& text : texts) {
+    for (const HtmlText& text : texts_) {
       if (text.text.empty()) continue;
       if (last == nullptr || last->y != text.y) {
         if (last != nullptr) html_ += "</text>\n";
@@ -313,8 +315,9 @@ class HtmlWriter {
 
   const HtmlParts& parts_;
   const ByteSink& sink_;
-  std::string html_;      // what has not been handed on
-  std::string newFonts_;  // rules of the fonts that the page is the first to use
+  std::string html_;             // what has not been handed on
+  std::string newFonts_;         // rules of the fonts that the page is the first to use
+  std::vector<HtmlText> texts_;  // those that are being added
   std::map<HtmlFace, KnownFont> fonts_;
   std::map<std::pair<double, double>, std::string> sheets_;  // size → class
   // → identifier; empty if it can't be shown

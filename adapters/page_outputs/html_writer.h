@@ -39,9 +39,10 @@ class HtmlParts {
  public:
   virtual ~HtmlParts() = default;
 
-  [[nodiscard]] virtual std::vector<HtmlText> LayOut(const BoxText& command) const = 0;
-  [[nodiscard]] virtual std::vector<HtmlText> LayOut(const PointText& command) const = 0;
-  [[nodiscard]] virtual std::vector<HtmlText> LayOut(const VectorPicture::Text& line) const = 0;
+  // Put the pieces behind those of a list that keeps its room from text to text.
+  virtual void LayOut(const BoxText& command, std::vector<HtmlText>& texts) const = 0;
+  virtual void LayOut(const PointText& command, std::vector<HtmlText>& texts) const = 0;
+  virtual void LayOut(const VectorPicture::Text& line, std::vector<HtmlText>& texts) const = 0;
   [[nodiscard]] virtual HtmlFont FontOf(const HtmlFace& face) const = 0;
   // The picture as a PNG file; empty if it doesn't decode.
   [[nodiscard]] virtual Bytes PngOf(const ImagePicture& picture) const = 0;

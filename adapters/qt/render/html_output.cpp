@@ -13,25 +13,22 @@ HtmlFace Unowned(FaceRef face) {
   return {std::shared_ptr<const void>(), face};
 }
 
-std::vector<HtmlText> AsHtml(std::vector<PlacedText> placed) {
-  std::vector<HtmlText> texts;
-  texts.reserve(placed.size());
+void Put(std::vector<PlacedText> placed, std::vector<HtmlText>& texts) {
   for (PlacedText& text : placed) {
     texts.push_back({Unowned(text.face), std::move(text.text), text.x, text.y, text.width});
   }
-  return texts;
 }
 
 class QtHtmlParts : public HtmlParts {
  public:
-  [[nodiscard]] std::vector<HtmlText> LayOut(const BoxText& command) const override {
-    return AsHtml(td::LayOut(command));
+  void LayOut(const BoxText& command, std::vector<HtmlText>& texts) const override {
+    Put(td::LayOut(command), texts);
   }
-  [[nodiscard]] std::vector<HtmlText> LayOut(const PointText& command) const override {
-    return AsHtml(td::LayOut(command));
+  void LayOut(const PointText& command, std::vector<HtmlText>& texts) const override {
+    Put(td::LayOut(command), texts);
   }
-  [[nodiscard]] std::vector<HtmlText> LayOut(const VectorPicture::Text& line) const override {
-    return AsHtml(td::LayOut(line));
+  void LayOut(const VectorPicture::Text& line, std::vector<HtmlText>& texts) const override {
+    Put(td::LayOut(line), texts);
   }
 
   [[nodiscard]] HtmlFont FontOf(const HtmlFace& known) const override {

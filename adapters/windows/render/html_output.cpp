@@ -9,25 +9,22 @@ namespace {
 
 constexpr double kUsualDotsPerInch = 96;
 
-std::vector<HtmlText> AsHtml(const std::vector<PlacedText>& placed) {
-  std::vector<HtmlText> texts;
-  texts.reserve(placed.size());
+void Put(const std::vector<PlacedText>& placed, std::vector<HtmlText>& texts) {
   for (const PlacedText& text : placed) {
     texts.push_back({text.face, FromWide(text.text), text.x, text.y, text.width});
   }
-  return texts;
 }
 
 class WindowsHtmlParts : public HtmlParts {
  public:
-  [[nodiscard]] std::vector<HtmlText> LayOut(const BoxText& command) const override {
-    return AsHtml(td::LayOut(command));
+  void LayOut(const BoxText& command, std::vector<HtmlText>& texts) const override {
+    Put(td::LayOut(command), texts);
   }
-  [[nodiscard]] std::vector<HtmlText> LayOut(const PointText& command) const override {
-    return AsHtml(td::LayOut(command));
+  void LayOut(const PointText& command, std::vector<HtmlText>& texts) const override {
+    Put(td::LayOut(command), texts);
   }
-  [[nodiscard]] std::vector<HtmlText> LayOut(const VectorPicture::Text& line) const override {
-    return AsHtml(td::LayOut(line));
+  void LayOut(const VectorPicture::Text& line, std::vector<HtmlText>& texts) const override {
+    Put(td::LayOut(line), texts);
   }
 
   [[nodiscard]] HtmlFont FontOf(const HtmlFace& known) const override {
