@@ -1,5 +1,8 @@
 #include "windows/controls/modal_loop.h"
 
+// Needs the types of the system.
+#include <imm.h>
+
 #include <array>
 #include <string_view>
 
@@ -46,6 +49,10 @@ bool IsStrayWheel(const MSG& message) {
   const std::wstring_view name = ClassOf(message.hwnd, room);
   return (name == L"ComboBox" || name == L"msctls_updown32" || name == L"Edit") &&
          !HasFocus(message.hwnd);
+}
+
+void KeepInputMethodFrom(HWND control) {
+  ImmAssociateContext(control, nullptr);
 }
 
 ModalLoop::ModalLoop(HWND window) : window_(window) {

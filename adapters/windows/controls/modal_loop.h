@@ -42,4 +42,8 @@ class ModalLoop {
 // change what is under the pointer. ModalLoop lets such messages fall.
 [[nodiscard]] bool IsStrayWheel(const MSG& message);
 
+// Keys come to the control as they are, though the user's input method is set to Chinese: for
+// numbers, whose point it would make a full stop.
+void KeepInputMethodFrom(HWND control);
+
 }  // namespace td

@@ -7,6 +7,7 @@
 #include "dialogs/field_texts.h"
 #include "platform/standard_failures.h"
 #include "windows/api/wide_text.h"
+#include "windows/controls/modal_loop.h"
 #include "windows/controls/text_fitting.h"
 
 namespace td {
@@ -70,6 +71,7 @@ void DialogWindow::AddField(const NumberField& field) {
   FieldRow row;
   row.label = Add(control_kinds::kLabelAtRight, field.label);
   row.field = AddNamed(control_kinds::kTextBox, field.name, "");
+  KeepInputMethodFrom(row.field);
   row.unit = Add(control_kinds::kLabel, field.unit);
   if (std::string_view(field.unit) == kTwipsUnit) row.note = Add(control_kinds::kLabel, "");
   row.hint = Add(control_kinds::kLabel, field.hint);

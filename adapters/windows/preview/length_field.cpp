@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "page_document/drawing.h"
+#include "windows/controls/modal_loop.h"
 #include "windows/controls/text_fitting.h"
 
 namespace td {
@@ -41,6 +42,7 @@ void LengthField::Make(HWND parent, int id, double twips, double longestMillimet
                      WS_EX_CLIENTEDGE);
   arrows_ = MakeControl(parent, UPDOWN_CLASSW, "", 0);
   unit_ = MakeControl(parent, WC_STATICW, "mm", SS_CENTERIMAGE | SS_NOPREFIX);
+  KeepInputMethodFrom(box_);
   SetWindowSubclass(box_, Edited, 0, reinterpret_cast<DWORD_PTR>(this));
   SetWindowSubclass(arrows_, Turned, 0, reinterpret_cast<DWORD_PTR>(this));
   // The control counts for itself; only its turns are of interest.

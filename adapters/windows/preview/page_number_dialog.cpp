@@ -5,6 +5,7 @@
 
 #include "preview/toolbar_buttons.h"
 #include "windows/controls/dialog_frame.h"
+#include "windows/controls/modal_loop.h"
 #include "windows/controls/text_fitting.h"
 #include "windows/preview/window.h"
 
@@ -29,6 +30,7 @@ class PageNumberDialog : public DialogFrame {
     SendMessageW(arrows_, UDM_SETRANGE32, 1, count);
     SendMessageW(arrows_, UDM_SETPOS32, 0, shown);
     SendMessageW(number_, EM_SETSEL, 0, -1);
+    KeepInputMethodFrom(number_);
     confirm_ = Add(control_kinds::kDefaultButton, kConfirmCaption, IDOK);
     cancel_ = Add(control_kinds::kButton, kCancelCaption, IDCANCEL);
   }

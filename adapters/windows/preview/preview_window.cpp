@@ -72,6 +72,7 @@ PreviewWindow::PreviewWindow(PageDocument& document, PreviewEvents events)
                   .obey = [this](const KeyCommand& command) { Obey(command); }}) {
   AddPageText();
   AddToolTips();
+  KeepInputMethodFrom(view_.Handle());
   focused_ = view_.Handle();
   UseSensibleSize();
 }

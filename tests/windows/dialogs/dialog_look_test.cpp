@@ -12,6 +12,9 @@
 #include "windows/controls/text_fitting.h"
 #include "windows/dialogs/dialog_window.h"
 
+// Behind the system's other headers.
+#include <imm.h>
+
 namespace td {
 namespace {
 
@@ -110,6 +113,13 @@ TEST_P(DialogLook, ANumberOfUsualLengthFitsItsBox) {
     SendMessageW(part, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&text));
     EXPECT_GE(text.right - text.left, NeededFor(part).cx);
     EXPECT_GE(text.bottom - text.top, NeededFor(part).cy);
+  }
+}
+
+TEST_P(DialogLook, NoInputMethodComesBetweenTheKeysAndANumber) {
+  for (const HWND part : Parts()) {
+    if (!IsOf(part, L"Edit")) continue;
+    EXPECT_EQ(ImmGetContext(part), nullptr);
   }
 }
 

@@ -108,6 +108,13 @@ TEST_F(PageSetup, LettersAreNotTakenIntoALength) {
         [this] { EXPECT_EQ(WordsOf(Part(kLeftId)), "7.5"); }});
 }
 
+TEST_F(PageSetup, NoInputMethodComesBetweenTheKeysAndALength) {
+  Open();
+  for (const int field : {kWidthId, kHeightId, kLeftId, kTopId, kRightId, kBottomId}) {
+    EXPECT_FALSE(HasInputMethod(Part(field))) << field;
+  }
+}
+
 TEST_F(PageSetup, ArrowKeysAndTheWheelChangeALengthByAMillimetre) {
   Show({[this] {
           Write(kLeftId, L"20");

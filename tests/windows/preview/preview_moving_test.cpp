@@ -215,6 +215,7 @@ TEST_F(PreviewMoving, ControlGAsksForAPage) {
   HWND box = nullptr;
   const auto write = [&](const wchar_t* number) {
     box = GetFocus();
+    EXPECT_FALSE(HasInputMethod(box)) << "digits come as they are typed";
     EXPECT_NE(GetAncestor(box, GA_ROOT), Window().Handle());
     EXPECT_EQ(WordsOf(GetAncestor(box, GA_ROOT)), "转到某一页");
     EXPECT_FALSE(IsWindowEnabled(Window().Handle()));

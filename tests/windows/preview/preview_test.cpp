@@ -128,6 +128,10 @@ TEST_F(Preview, PressesTheButtonThatHasTheFocus) {
   EXPECT_EQ(pressed_, (std::vector<std::string>{"zoom", "adjuct"}));
 }
 
+TEST_F(Preview, NoInputMethodComesBetweenTheKeysAndThePage) {
+  Show([] {}, {[this] { EXPECT_FALSE(HasInputMethod(View().Handle())); }});
+}
+
 TEST_F(Preview, ClosesOnEscape) {
   Show([] {}, {[] { PostKey(VK_ESCAPE); }});
   EXPECT_EQ(frame_.Window(), nullptr);

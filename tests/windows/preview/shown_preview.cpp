@@ -11,6 +11,9 @@
 #include "windows/render/picture_pixels.h"
 #include "windows/render/screen_device.h"
 
+// Behind the system's other headers.
+#include <imm.h>
+
 namespace td {
 namespace {
 
@@ -63,6 +66,12 @@ void PostKey(WPARAM key, bool withControl, bool withShift) {
 
 void LetGoOfKeys() {
   PutKeys(false, false);
+}
+
+bool HasInputMethod(HWND window) {
+  const HIMC context = ImmGetContext(window);
+  if (context != nullptr) ImmReleaseContext(window, context);
+  return context != nullptr;
 }
 
 std::string WordsOf(HWND window) {

@@ -25,6 +25,9 @@ void PostKey(WPARAM key, bool withControl = false, bool withShift = false);
 // Control and Shift as they were before PostKey.
 void LetGoOfKeys();
 
+// Whether keys go through the user's input method before they come to a window.
+bool HasInputMethod(HWND window);
+
 // The text of a window.
 std::string WordsOf(HWND window);
 
