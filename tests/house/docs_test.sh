@@ -75,3 +75,13 @@ fails_without() { # file, what the check says
 fails_without docs/formats.zh-CN.md "docs/formats.md:1: the page has no Chinese twin"
 fails_without docs/formats.md "docs/formats.zh-CN.md:1: there is no docs/formats.md"
 fails_without tools/tdprint/tdprint.zh_CN.1 "tdprint.zh_CN.1:1: there is no such man page"
+
+# Of installed pages the links alone are followed: there is no project that has a version.
+rm "$folder/CMakeLists.txt"
+"$check" --links "$folder"
+rm "$folder/LICENSE"
+if "$check" --links "$folder" 2>"$folder/said"; then
+  echo "A link has passed that leads nowhere." >&2
+  exit 1
+fi
+grep -qF "LICENSE leads nowhere" "$folder/said"
