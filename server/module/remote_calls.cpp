@@ -20,8 +20,13 @@ OwnedVariant RemoteMember::Call(TdDispatch* object, std::uint16_t kind, TdVarian
   TdArguments arguments{argument, nullptr, argument == nullptr ? 0U : 1U, 0};
   std::uint32_t badArgument = 0;
   OwnedVariant result;
-  const TdResult outcome = object->table->Invoke(object, *id_, &kTdNoId, 0, kind, &arguments,
-                                                 &*result, &info, &badArgument);
+  const auto invoke = [&](std::uint16_t asked) {
+    return object->table->Invoke(object, *id_, &kTdNoId, 0, asked, &arguments, &*result, &info,
+                                 &badArgument);
+  };
+  TdResult outcome = invoke(kind);
+  // Some hosts of scripts take what may be either for a method, and can't call a property.
+  if (outcome == TD_FAILURE && kind == kForValue) outcome = invoke(TD_CALL_GET);
   if (TD_FAILED(outcome)) throw FailureOfCall(outcome, info, name_);
   return result;
 }

