@@ -203,8 +203,8 @@ class HtmlWriter {
     html_ += '"';
   }
 
-  void Add(const BoxText& command) { AddTexts(parts_.LayOut(command), {}); }
-  void Add(const PointText& command) { AddTexts(parts_.LayOut(command), {}); }
+  void Add(const BoxText& command) { AddTexts(parts_.LayOut(&command), {}); }
+  void Add(const PointText& command) { AddTexts(parts_.LayOut(&command), {}); }
 
   void Add(const Line& line) {
     html_ += "<path d=\"M";
@@ -266,7 +266,7 @@ class HtmlWriter {
       html_ += " fill=\"" + HexColour(bar.colour) + "\"/>\n";
     }
     for (const VectorPicture::Text& text : drawing.Texts())
-      AddTexts(parts_.LayOut(text), text.colour);
+      AddTexts(parts_.LayOut(&text), text.colour);
     html_ += "</g>\n";
   }
 

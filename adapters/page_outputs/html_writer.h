@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "files/written_bytes.h"
@@ -39,9 +40,9 @@ class HtmlParts {
  public:
   virtual ~HtmlParts() = default;
 
-  [[nodiscard]] virtual std::vector<HtmlText> LayOut(const BoxText& command) const = 0;
-  [[nodiscard]] virtual std::vector<HtmlText> LayOut(const PointText& command) const = 0;
-  [[nodiscard]] virtual std::vector<HtmlText> LayOut(const VectorPicture::Text& line) const = 0;
+  // A text of a page, or one in a picture.
+  using Text = std::variant<const BoxText*, const PointText*, const VectorPicture::Text*>;
+  [[nodiscard]] virtual std::vector<HtmlText> LayOut(const Text& text) const = 0;
   [[nodiscard]] virtual HtmlFont FontOf(const HtmlFace& face) const = 0;
   // The picture as a PNG file; empty if it doesn't decode.
   [[nodiscard]] virtual Bytes PngOf(const ImagePicture& picture) const = 0;

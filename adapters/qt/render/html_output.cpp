@@ -24,14 +24,8 @@ std::vector<HtmlText> AsHtml(std::vector<PlacedText> placed) {
 
 class QtHtmlParts : public HtmlParts {
  public:
-  [[nodiscard]] std::vector<HtmlText> LayOut(const BoxText& command) const override {
-    return AsHtml(td::LayOut(command));
-  }
-  [[nodiscard]] std::vector<HtmlText> LayOut(const PointText& command) const override {
-    return AsHtml(td::LayOut(command));
-  }
-  [[nodiscard]] std::vector<HtmlText> LayOut(const VectorPicture::Text& line) const override {
-    return AsHtml(td::LayOut(line));
+  [[nodiscard]] std::vector<HtmlText> LayOut(const Text& text) const override {
+    return std::visit([](const auto* laid) { return AsHtml(td::LayOut(*laid)); }, text);
   }
 
   [[nodiscard]] HtmlFont FontOf(const HtmlFace& known) const override {
