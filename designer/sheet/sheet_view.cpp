@@ -9,10 +9,10 @@
 #include <utility>
 
 #include "designer/model/hit_testing.h"
+#include "designer/print/sheet_boxes.h"
 #include "designer/sheet/band_tool.h"
 #include "designer/sheet/guide_tool.h"
 #include "designer/sheet/item_tool.h"
-#include "designer/print/sheet_boxes.h"
 #include "designer/sheet/sheet_painter.h"
 #include "designer/view/words.h"
 
