@@ -7,8 +7,8 @@
 
 #include "barcodes/zint_barcode.h"
 #include "page_document/page_document.h"
-#include "platform/platform.h"
 #include "page_outputs/windowless_host.h"
+#include "platform/platform.h"
 
 namespace td::designer {
 

@@ -12,8 +12,8 @@
 #include <vector>
 
 #include "designer/model/sheet_layout.h"
-#include "designer/sheet/sheet_aids.h"
 #include "designer/print/sheet_print.h"
+#include "designer/sheet/sheet_aids.h"
 #include "designer/sheet/sheet_tool.h"
 #include "designer/view/workspace.h"
 
