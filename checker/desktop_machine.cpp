@@ -1,6 +1,6 @@
 #include "checker/desktop_machine.h"
 
-#include "checker/installed_printers.h"
+#include "print_calls/printers.h"
 
 namespace td::checker {
 
@@ -8,12 +8,12 @@ DesktopMachine::DesktopMachine(Platform& platform)
     : platform_(platform), barcodes_(ReadBarcodeSettings(BarcodeSettingsFile())) {}
 
 std::vector<std::string> DesktopMachine::Printers() const {
-  if (!printers_) printers_ = InstalledPrinters();
+  if (!printers_) printers_ = PrinterNames();
   return *printers_;
 }
 
 std::string DesktopMachine::DefaultPrinter() const {
-  if (!defaultPrinter_) defaultPrinter_ = InstalledDefaultPrinter();
+  if (!defaultPrinter_) defaultPrinter_ = td::DefaultPrinter();
   return *defaultPrinter_;
 }
 
@@ -23,13 +23,13 @@ std::string DesktopMachine::Id() const {
 
 std::optional<PaperExtent> DesktopMachine::OwnSheet(const std::string& printer) const {
   const auto [sheet, isNew] = ownSheets_.try_emplace(printer);
-  if (isNew) sheet->second = InstalledSheet(printer);
+  if (isNew) sheet->second = td::OwnSheet(printer);
   return sheet->second;
 }
 
 std::optional<SheetMargins> DesktopMachine::Margins(const std::string& printer,
                                                     const PaperExtent& sheet) const {
-  return InstalledMargins(printer, sheet);
+  return MarginsOf(printer, sheet);
 }
 
 bool DesktopMachine::Answers(const std::string& printer) const {

@@ -19,10 +19,6 @@ struct DrawnPiece {
 
 [[nodiscard]] std::vector<DrawnPiece> DrawnPieces(const BoxText& text);
 
-// Of a line of text, twips.
-[[nodiscard]] double HeightOf(const TextLine& line);
-[[nodiscard]] double WidthOf(const TextLine& line);
-
 // Whether the machine has a font that is meant by the name, and the family that stands in where it
 // hasn't; empty on a machine without fonts.
 [[nodiscard]] bool HasFont(const std::string& name);

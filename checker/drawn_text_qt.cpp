@@ -2,7 +2,6 @@
 
 #include "checker/drawn_text.h"
 #include "qt/render/fonts.h"
-#include "qt/render/outputs.h"
 #include "qt/render/text_layout.h"
 
 namespace td::checker {
@@ -14,14 +13,6 @@ std::vector<DrawnPiece> DrawnPieces(const BoxText& text) {
     pieces.push_back({piece.x, piece.y, piece.width, piece.face->size, isBlank});
   }
   return pieces;
-}
-
-double HeightOf(const TextLine& line) {
-  return LineHeight(line);
-}
-
-double WidthOf(const TextLine& line) {
-  return LineWidth(line);
 }
 
 bool HasFont(const std::string& name) {

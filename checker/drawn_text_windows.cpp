@@ -18,14 +18,6 @@ std::vector<DrawnPiece> DrawnPieces(const BoxText& text) {
   return pieces;
 }
 
-double HeightOf(const TextLine& line) {
-  return LineHeight(line);
-}
-
-double WidthOf(const TextLine& line) {
-  return LineWidth(line);
-}
-
 bool HasFont(const std::string& name) {
   return FontTable::Instance().Serves(name);
 }

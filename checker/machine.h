@@ -7,17 +7,10 @@
 
 #include "barcodes/barcode_settings.h"
 #include "page_document/paper.h"
+#include "page_document/sheet_margins.h"
 #include "platform/pictures.h"
 
 namespace td::checker {
-
-// What a printer leaves empty along the edges of a sheet as it is fed, twips.
-struct SheetMargins {
-  double left = 0;
-  double top = 0;
-  double right = 0;
-  double bottom = 0;
-};
 
 class CheckedMachine {
  public:

@@ -72,10 +72,10 @@ void TrialDocument::TextBox(const std::string& text, double left, double top, do
 void TrialDocument::TellWritten(const std::string& text, double x, double y) {
   if (text.empty()) return;
   const TextLine line = {{text, Font()}};
-  const double width = WidthOf(line);
+  const double width = LineWidth(line);
   const double parts[] = {0, width / 2, width};
   const auto before = parts[static_cast<int>(Alignment())];
-  listener_.Written({width, HeightOf(line)}, x - before, y);
+  listener_.Written({width, LineHeight(line)}, x - before, y);
 }
 
 void TrialDocument::PutParagraph(const std::string& text) {

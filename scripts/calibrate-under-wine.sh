@@ -129,5 +129,7 @@ run 1 calibrate "${bill[@]}" --top-left 20,20 --top-right 20,20 --bottom-left 20
 
 run 1 calibrate --printer QbTd-Gone --paper A4
 complains "there is no printer named QbTd-Gone"
+run 1 calibrate --paper A4 --pdf "Z:${work//\//\\}\\page.pdf"
+complains "Microsoft Print to PDF"
 run 2 calibrate "${bill[@]}" --check --remove
 echo "calibrate: prints come out where the calibrations put them"

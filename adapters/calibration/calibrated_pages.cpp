@@ -17,7 +17,7 @@ struct KnownSheet {
 }  // namespace
 
 PageCorrection CorrectionFor(const std::string& printer, const std::vector<Page>& pages,
-                             const std::function<PageTurn(const std::string& printer)>& turnOf,
+                             const std::function<LandscapeTurn(const std::string& printer)>& turnOf,
                              const std::function<void(const std::string& text)>& complain) {
   const CalibrationFiles files = CalibrationFiles::OfThisMachine();
   const auto onBrokenFile = [&complain](const std::string& why) {
@@ -36,7 +36,7 @@ PageCorrection CorrectionFor(const std::string& printer, const std::vector<Page>
   const bool isCalibrated = std::ranges::any_of(
       sheets, [](const KnownSheet& known) { return known.printed.has_value(); });
   if (!isCalibrated) return {};
-  const PageTurn turn = isAcross ? turnOf(printer) : PageTurn::kTopLeft;
+  const LandscapeTurn turn = isAcross ? turnOf(printer) : LandscapeTurn::kTopLeft;
   return [sheets, turn](const Page& page) -> std::optional<AffineMap> {
     const auto known = std::ranges::find(sheets, page.Sheet(), &KnownSheet::sheet);
     if (known == sheets.end() || !known->printed) return std::nullopt;

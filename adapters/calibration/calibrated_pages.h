@@ -15,7 +15,7 @@ namespace td {
 // not in order: its calibrations are not used then.
 [[nodiscard]] PageCorrection CorrectionFor(
     const std::string& printer, const std::vector<Page>& pages,
-    const std::function<PageTurn(const std::string& printer)>& turnOf,
+    const std::function<LandscapeTurn(const std::string& printer)>& turnOf,
     const std::function<void(const std::string& text)>& complain);
 
 }  // namespace td

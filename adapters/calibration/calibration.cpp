@@ -43,9 +43,9 @@ std::array<PlanePoint, 3> PlacesOf(const Distances& sheet, const Distances& topL
 }
 
 // From a page that lies across its sheet to the upright sheet.
-AffineMap Turned(const Page& page, PageTurn turn) {
+AffineMap Turned(const Page& page, LandscapeTurn turn) {
   // A sheet is as wide as the page is high.
-  if (turn == PageTurn::kTopLeft) return {0, 1, -1, 0, 0, page.width};
+  if (turn == LandscapeTurn::kTopLeft) return {0, 1, -1, 0, 0, page.width};
   return {0, -1, 1, 0, page.height, 0};
 }
 
@@ -106,7 +106,7 @@ std::optional<AffineMap> PlausibleMap(const Calibration& calibration) {
   return map && IsPlausible(DistortionOf(*map)) ? map : std::nullopt;
 }
 
-AffineMap CorrectionOn(const Page& page, const AffineMap& printed, PageTurn turn) {
+AffineMap CorrectionOn(const Page& page, const AffineMap& printed, LandscapeTurn turn) {
   const AffineMap onSheet = InverseOf(printed).value_or(AffineMap{});
   if (!page.landscape) return onSheet;
   const AffineMap toSheet = Turned(page, turn);

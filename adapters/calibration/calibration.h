@@ -66,10 +66,11 @@ inline constexpr double kLargestStretch = 5;
 
 // How a page that lies across its sheet is laid on it: with its top at the sheet's left edge or at
 // its right one.
-enum class PageTurn { kTopLeft, kTopRight };
+enum class LandscapeTurn { kTopLeft, kTopRight };
 
 // Where a page must be drawn, twips of the page, so that a printer that maps by `printed` puts it
 // where it belongs.
-[[nodiscard]] AffineMap CorrectionOn(const Page& page, const AffineMap& printed, PageTurn turn);
+[[nodiscard]] AffineMap CorrectionOn(const Page& page, const AffineMap& printed,
+                                     LandscapeTurn turn);
 
 }  // namespace td

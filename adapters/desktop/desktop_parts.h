@@ -32,8 +32,7 @@ void PrepareDesktop();
                                                              MessageMode mode,
                                                              DocumentOutcome* outcome);
 
-// As DesktopPlatform's functions of these names.
+// As DesktopPlatform::HasDisplay.
 [[nodiscard]] bool DesktopHasDisplay();
-[[nodiscard]] bool DesktopHasPrinter(const std::string& name);
 
 }  // namespace td

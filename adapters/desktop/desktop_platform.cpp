@@ -8,6 +8,7 @@
 #include "desktop/print_journal.h"
 #include "explanation/explainer.h"
 #include "print_calls/device_failure.h"
+#include "print_calls/printers.h"
 #include "run_witnesses/witness_group.h"
 
 namespace td {
@@ -15,7 +16,7 @@ namespace {
 
 DesktopOptions Checked(DesktopOptions options) {
   PrepareDesktop();
-  if (!options.printer.empty() && !DesktopHasPrinter(options.printer)) {
+  if (!options.printer.empty() && !td::HasPrinter(options.printer)) {
     throw DeviceFailure(kInvalidProperty, "找不到打印机“" + options.printer + "”。");
   }
   return options;
@@ -116,7 +117,7 @@ bool DesktopPlatform::HasDisplay() const {
 }
 
 bool DesktopPlatform::HasPrinter(const std::string& name) const {
-  return DesktopHasPrinter(name);
+  return td::HasPrinter(name);
 }
 
 DocumentOutcome DesktopPlatform::LastDocument() const {

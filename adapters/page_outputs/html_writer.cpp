@@ -203,8 +203,8 @@ class HtmlWriter {
     html_ += '"';
   }
 
-  void Add(const BoxText& command) { AddTexts(command, {}); }
-  void Add(const PointText& command) { AddTexts(command, {}); }
+  void Add(const BoxText& command) { AddTexts(&command, {}); }
+  void Add(const PointText& command) { AddTexts(&command, {}); }
 
   void Add(const Line& line) {
     html_ += "<path d=\"M";
@@ -265,13 +265,12 @@ class HtmlWriter {
       AddNumber("height", bar.height);
       html_ += " fill=\"" + HexColour(bar.colour) + "\"/>\n";
     }
-    for (const VectorPicture::Text& text : drawing.Texts()) AddTexts(text, text.colour);
+    for (const VectorPicture::Text& text : drawing.Texts()) AddTexts(&text, text.colour);
     html_ += "</g>\n";
   }
 
   // Each line is one text, so that readers select and find it whole.
-  template <typename Drawn>
-  void AddTexts(const Drawn& drawn, const Colour& colour) {
+  void AddTexts(const HtmlParts::Text& drawn, const Colour& colour) {
     texts_.clear();
     parts_.LayOut(drawn, texts_);
     const HtmlText* last = nullptr;

@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "files/written_bytes.h"
@@ -39,10 +40,10 @@ class HtmlParts {
  public:
   virtual ~HtmlParts() = default;
 
-  // Put the pieces behind those of a list that keeps its room from text to text.
-  virtual void LayOut(const BoxText& command, std::vector<HtmlText>& texts) const = 0;
-  virtual void LayOut(const PointText& command, std::vector<HtmlText>& texts) const = 0;
-  virtual void LayOut(const VectorPicture::Text& line, std::vector<HtmlText>& texts) const = 0;
+  // A text of a page, or one in a picture.
+  using Text = std::variant<const BoxText*, const PointText*, const VectorPicture::Text*>;
+  // Puts the pieces behind those of a list that keeps its room from text to text.
+  virtual void LayOut(const Text& text, std::vector<HtmlText>& pieces) const = 0;
   [[nodiscard]] virtual HtmlFont FontOf(const HtmlFace& face) const = 0;
   // The picture as a PNG file; empty if it doesn't decode.
   [[nodiscard]] virtual Bytes PngOf(const ImagePicture& picture) const = 0;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "page_document/page_document.h"
+#include "page_document/sheet_margins.h"
 #include "preview/unkept_sheet.h"
 
 namespace td {
@@ -34,13 +35,6 @@ inline constexpr const char* kNoPrinters = "（没有打印机）";
 }  // namespace page_setup_words
 
 inline constexpr double kLongestMillimetres = 5080;  // the longest side that a page can have
-
-struct SheetMargins {
-  double left = 0;
-  double top = 0;
-  double right = 0;
-  double bottom = 0;
-};
 
 // Lengths are twips.
 struct PageSetupChoice {

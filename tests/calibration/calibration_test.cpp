@@ -126,7 +126,7 @@ TEST(Calibration, PutsTheCrossesOfSmallSheetsNearerToTheEdges) {
 
 TEST(Correction, BringsAnUprightPageRight) {
   const Page page{kA4.width, kA4.height, {}};
-  ExpectSame(Combined(kCrooked, CorrectionOn(page, kCrooked, PageTurn::kTopLeft)), {});
+  ExpectSame(Combined(kCrooked, CorrectionOn(page, kCrooked, LandscapeTurn::kTopLeft)), {});
 }
 
 // The printing system lays the page on the sheet, then the printer misses.
@@ -136,8 +136,8 @@ TEST(Correction, BringsAPageAcrossTheSheetRight) {
   const AffineMap topRight{0, -1, 1, 0, page.height, 0};
   ExpectNear(topLeft({0, 0}), {0, kA4.height});
   ExpectNear(topRight({0, 0}), {kA4.width, 0});
-  for (const auto& [turn, laid] :
-       {std::pair(PageTurn::kTopLeft, topLeft), std::pair(PageTurn::kTopRight, topRight)}) {
+  for (const auto& [turn, laid] : {std::pair(LandscapeTurn::kTopLeft, topLeft),
+                                   std::pair(LandscapeTurn::kTopRight, topRight)}) {
     const AffineMap correction = CorrectionOn(page, kCrooked, turn);
     ExpectSame(Combined(kCrooked, Combined(laid, correction)), laid);
   }

@@ -18,8 +18,8 @@ class NoPrinters : public checker::CheckedMachine {
   [[nodiscard]] std::optional<PaperExtent> OwnSheet(const std::string&) const override {
     return std::nullopt;
   }
-  [[nodiscard]] std::optional<checker::SheetMargins> Margins(const std::string&,
-                                                             const PaperExtent&) const override {
+  [[nodiscard]] std::optional<SheetMargins> Margins(const std::string&,
+                                                    const PaperExtent&) const override {
     return std::nullopt;
   }
   [[nodiscard]] bool Answers(const std::string&) const override { return false; }

@@ -18,7 +18,6 @@
 #include "picture_headers/picture_headers.h"
 #include "pictures/picture_decoder.h"
 #include "platform/failure.h"
-#include "platform/standard_failures.h"
 
 namespace td {
 namespace {
@@ -29,51 +28,9 @@ std::string NativePath(const std::string& path) {
   return native;
 }
 
-Failure FileFailure(int number, const std::string& reason, const std::string& path) {
-  return {number, WithoutLockCharacter(reason + "：" + path)};
-}
-
-bool FolderIsMissing(const std::string& path) {
-  std::error_code error;
-  const std::filesystem::path folder = std::filesystem::path(path).parent_path();
-  return !folder.empty() && !std::filesystem::is_directory(folder, error);
-}
-
+// A full quota is a full disk.
 Failure SystemFailure(int error, const std::string& path) {
-  switch (error) {
-    case ENOENT:
-      if (FolderIsMissing(path)) return FileFailure(kPathNotFound, "文件夹不存在", path);
-      return FileFailure(kFileNotFound, "文件不存在", path);
-    case ENOTDIR:
-    case ENAMETOOLONG:
-    case ELOOP:
-      return FileFailure(kPathNotFound, "路径无效", path);
-    case EEXIST:
-      return FileFailure(QtPictureFiles::kFileExists, "文件已经存在", path);
-    case EACCES:
-    case EPERM:
-    case EROFS:
-      return FileFailure(QtPictureFiles::kPermissionDenied, "没有权限", path);
-    case ENOSPC:
-    case EDQUOT:
-      return FileFailure(kDeviceIo, "磁盘空间不足", path);
-    default:
-      return FileFailure(kDeviceIo, "文件读写失败（系统错误 " + std::to_string(error) + "）", path);
-  }
-}
-
-// A byte 0 would end the path early and name another file.
-void RequireWholePath(const std::string& path) {
-  if (path.empty()) throw Failure(kFileNotFound, "没有给出文件名。");
-  if (path.find('\0') != path.npos) throw Failure(kPathNotFound, "路径无效。");
-}
-
-const Bytes& BytesOf(const Value& value, const std::string& path) {
-  if (IsNull(value)) throw FileFailure(kInvalidUseOfNull, "没有图片数据（Null），未保存", path);
-  const Bytes* bytes = std::get_if<Bytes>(&value);
-  if (bytes == nullptr) throw FileFailure(kTypeMismatch, "图片数据不是二进制数据，未保存", path);
-  if (bytes->empty()) throw FileFailure(kInvalidPicture, "图片数据是空的，未保存", path);
-  return *bytes;
+  return PictureFileFailure(FileError(error == EDQUOT ? ENOSPC : error), path);
 }
 
 // Reads a regular file up to one byte beyond the bound, which the decoder then refuses.
@@ -83,7 +40,7 @@ Bytes ReadPictureFile(const std::string& path) {
   if (!file.IsOpen()) throw SystemFailure(errno, path);
   struct stat status = {};
   if (fstat(file.Number(), &status) != 0) throw SystemFailure(errno, path);
-  if (!S_ISREG(status.st_mode)) throw FileFailure(kInvalidPicture, "不是图片文件", path);
+  if (!S_ISREG(status.st_mode)) throw PictureFileFailure(kInvalidPicture, "不是图片文件", path);
 
   const auto size = std::min(static_cast<std::size_t>(status.st_size), kLargestFileBytes + 1);
   Bytes bytes(size);
@@ -136,7 +93,7 @@ void QtPictureFiles::DeleteFile(const std::string& path) {
 void QtPictureFiles::SaveNewFile(const std::string& path, const Value& value) {
   RequireWholePath(path);
   const std::string native = NativePath(path);
-  const Bytes& bytes = BytesOf(value, native);
+  const Bytes& bytes = PictureBytesOf(value, native);
   const std::filesystem::path file = native;
   const Descriptor folder(open(file.has_parent_path() ? file.parent_path().c_str() : ".",
                                O_PATH | O_DIRECTORY | O_CLOEXEC));
@@ -160,8 +117,7 @@ PictureRef QtPictureFiles::Load(const std::string& path) {
     known = picture;
     return picture;
   } catch (const Failure& failure) {
-    throw Failure(failure.Number(),
-                  failure.Description() + WithoutLockCharacter("（" + native + "）"));
+    throw WithPath(failure, native);
   }
 }
 

@@ -6,8 +6,8 @@
 #include <unordered_map>
 
 #include "page_document/pictures.h"
+#include "picture_headers/picture_file_failures.h"
 #include "pictures/component_folder.h"
-#include "platform/pictures.h"
 
 namespace td {
 
@@ -16,15 +16,8 @@ namespace td {
 // resolution that it states, 96 dots per inch if it states none. Files of the same bytes give the
 // same picture as long as someone holds it, so that goods on a thousand rows are decoded and kept
 // once.
-//
-// Beside the failures of Pictures: kInvalidUseOfNull and kTypeMismatch for a value without bytes,
-// and the numbers below. A description names the file, but never shows the character 锁 of its
-// name.
-class QtPictureFiles : public Pictures {
+class QtPictureFiles : public PicturesOnDisk {
  public:
-  static constexpr int kFileExists = 58;
-  static constexpr int kPermissionDenied = 70;
-
   // An empty folder means FolderOfLoadedComponent().
   explicit QtPictureFiles(const std::string& componentFolder = {});
 

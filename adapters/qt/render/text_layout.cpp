@@ -6,6 +6,7 @@
 #include <optional>
 #include <string_view>
 
+#include "page_outputs/text_placing.h"
 #include "render/outputs.h"
 
 namespace td {
@@ -17,21 +18,18 @@ bool NeedsShaping(const QString& text, FontFaces& faces) {
       characters, [&faces](char32_t character) { return faces.Glyph(character).needsShaping; });
 }
 
-// One line of text from x = 0 on the base line 0, in pieces of one face each.
-struct LaidLine {
-  std::vector<PlacedText> pieces;
-  double width = 0;
-};
+// A line in pieces of one face each.
+using Laid = LaidLine<PlacedText>;
 
-LaidLine ShapedLine(const QString& text, FontFaces& faces) {
+Laid ShapedLine(const QString& text, FontFaces& faces) {
   FaceRef face = faces.Primary();
   const double width = Shape(text, face->font).width;
   return {{PlacedText{face, text.toStdString(), 0, 0, width, {}}}, width};
 }
 
-LaidLine LayOutLine(const QString& text, FontFaces& faces) {
+Laid LayOutLine(const QString& text, FontFaces& faces) {
   if (NeedsShaping(text, faces)) return ShapedLine(text, faces);
-  LaidLine line;
+  Laid line;
   FaceRef face = nullptr;  // of the last piece; null if another font has its characters
   for (const char32_t character : text.toUcs4()) {
     const FaceGlyph& glyph = faces.Glyph(character);
@@ -74,8 +72,8 @@ char32_t ShortCharacter(std::string_view text, std::size_t& at) {
 
 // The line of a text whose characters are all drawn as they stand: nearly every one of a form.
 // Nothing for any other text.
-std::optional<LaidLine> PlainLine(std::string_view text, FontFaces& faces) {
-  LaidLine line;
+std::optional<Laid> PlainLine(std::string_view text, FontFaces& faces) {
+  Laid line;
   std::size_t begin = 0;  // of the last piece
   for (std::size_t at = 0; at < text.size();) {
     const std::size_t start = at;
@@ -189,7 +187,7 @@ std::vector<std::pair<qsizetype, qsizetype>> ShapedParts(const QString& text, do
 // A layout's time grows with the square of a word's length. So a long text is laid out in stretches
 // of several lines; the last line of a stretch, which its end cuts off, begins the next one.
 void BreakShapedParagraph(const QString& text, double width, FontFaces& faces,
-                          std::vector<LaidLine>& lines) {
+                          std::vector<Laid>& lines) {
   qsizetype stretch = 2048;
   for (qsizetype begin = 0;;) {
     const QString laid = text.mid(begin, stretch);
@@ -208,68 +206,15 @@ void BreakShapedParagraph(const QString& text, double width, FontFaces& faces,
   }
 }
 
-void BreakParagraph(const QString& text, double width, FontFaces& faces,
-                    std::vector<LaidLine>& lines) {
-  constexpr double kTolerance = 0.5;  // twips: rounding of advances makes no line break
+void BreakParagraph(const QString& text, double width, FontFaces& faces, std::vector<Laid>& lines) {
   if (NeedsShaping(text, faces)) {
-    BreakShapedParagraph(text, width + kTolerance, faces, lines);
+    BreakShapedParagraph(text, width + kBreakTolerance, faces, lines);
     return;
   }
-  for (const auto& [begin, end] : Parts(text, width + kTolerance, faces)) {
+  for (const auto& [begin, end] : Parts(text, width + kBreakTolerance, faces)) {
     const QString part = text.mid(begin, end - begin);
     lines.push_back(LayOutLine(end < text.size() ? TrimmedEnd(part) : part, faces));
   }
-}
-
-double AlignedStart(TextAlignment alignment, double left, double room, double width) {
-  if (alignment == TextAlignment::kCentre) return left + (room - width) / 2;
-  return alignment == TextAlignment::kRight ? left + room - width : left;
-}
-
-void Place(LaidLine line, double x, double y, std::vector<PlacedText>& placed) {
-  for (PlacedText& piece : line.pieces) {
-    piece.x += x;
-    piece.y += y;
-    placed.push_back(std::move(piece));
-  }
-}
-
-struct Box {
-  double left;
-  double top;
-  double width;
-  double height;
-};
-
-// The base line of the first of some lines in the middle of a box.
-double FirstBaseLine(const Box& box, std::size_t lines, FontFaces& faces) {
-  const double text = faces.Ascent() + faces.Descent() +
-                      faces.LineHeight() * static_cast<double>(std::max<std::size_t>(lines, 1) - 1);
-  return box.top + (box.height - text) / 2 + faces.Ascent();
-}
-
-std::vector<PlacedText> PlaceInBox(std::vector<LaidLine> lines, const Box& box,
-                                   TextAlignment alignment, FontFaces& faces) {
-  std::vector<PlacedText> placed;
-  double baseLine = FirstBaseLine(box, lines.size(), faces);
-  for (LaidLine& line : lines) {
-    const double x = AlignedStart(alignment, box.left, box.width, line.width);
-    Place(std::move(line), x, baseLine, placed);
-    baseLine += faces.LineHeight();
-  }
-  return placed;
-}
-
-// The same for one line.
-std::vector<PlacedText> PlaceInBox(LaidLine line, const Box& box, TextAlignment alignment,
-                                   FontFaces& faces) {
-  const double x = AlignedStart(alignment, box.left, box.width, line.width);
-  const double baseLine = FirstBaseLine(box, 1, faces);
-  for (PlacedText& piece : line.pieces) {
-    piece.x += x;
-    piece.y += baseLine;
-  }
-  return std::move(line.pieces);
 }
 
 // A line of text as it is drawn: blanks for line breaks and tabs, and question marks for what no
@@ -292,16 +237,16 @@ QString Drawable(QString text, FontFaces& faces) {
   return drawable;
 }
 
-LaidLine OneLine(const std::string& text, FontFaces& faces) {
-  if (std::optional<LaidLine> plain = PlainLine(text, faces)) return *std::move(plain);
+Laid OneLine(const std::string& text, FontFaces& faces) {
+  if (std::optional<Laid> plain = PlainLine(text, faces)) return *std::move(plain);
   return LayOutLine(Drawable(QString::fromStdString(text), faces), faces);
 }
 
 // The lines between the line breaks, broken inside the width if the box asks for that.
-std::vector<LaidLine> LinesOf(const BoxText& box, QString whole, FontFaces& faces) {
+std::vector<Laid> LinesOf(const BoxText& box, QString whole, FontFaces& faces) {
   whole.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
   if (whole.endsWith(u'\n')) whole.chop(1);
-  std::vector<LaidLine> lines;
+  std::vector<Laid> lines;
   for (const QString& paragraph : whole.split(u'\n')) {
     const QString drawable = Drawable(paragraph, faces);
     if (box.wordWrap) {
@@ -317,9 +262,9 @@ std::vector<LaidLine> LinesOf(const BoxText& box, QString whole, FontFaces& face
 
 std::vector<PlacedText> LayOut(const BoxText& command) {
   FontFaces& faces = FacesOf(*command.font);
-  const Box box{command.left, command.top, command.width, command.height};
+  const TextBox box{command.left, command.top, command.width, command.height};
   if (!command.wordWrap) {
-    if (std::optional<LaidLine> plain = PlainLine(command.text, faces)) {
+    if (std::optional<Laid> plain = PlainLine(command.text, faces)) {
       return PlaceInBox(*std::move(plain), box, command.alignment, faces);
     }
   }
@@ -328,46 +273,17 @@ std::vector<PlacedText> LayOut(const BoxText& command) {
 }
 
 std::vector<PlacedText> LayOut(const PointText& command) {
-  std::vector<PlacedText> placed;
-  double top = command.y;
-  for (std::size_t i = 0; i < command.lines.size(); ++i) {
-    std::vector<LaidLine> runs;
-    double width = 0;
-    double ascent = 0;
-    for (const TextRun& run : command.lines[i]) {
-      FontFaces& faces = FacesOf(*run.font);
-      runs.push_back(OneLine(run.text, faces));
-      width += runs.back().width;
-      ascent = std::max(ascent, faces.Ascent());
-    }
-    double x = AlignedStart(command.alignment, command.x, 0, width);
-    for (LaidLine& run : runs) {
-      const double end = x + run.width;
-      Place(std::move(run), x, top + ascent, placed);
-      x = end;
-    }
-    top += command.heights[i];
-  }
-  return placed;
+  return PlaceAtPoint<PlacedText>(command, FacesOf, OneLine);
 }
 
 std::vector<PlacedText> LayOut(const VectorPicture::Text& line) {
   FontFaces& faces = FacesOf(line.font);
-  std::vector<LaidLine> lines;
-  lines.push_back(OneLine(line.text, faces));
-  return PlaceInBox(std::move(lines), {line.left, line.top, line.width, line.height},
+  return PlaceInBox(OneLine(line.text, faces), {line.left, line.top, line.width, line.height},
                     line.alignment, faces);
 }
 
 double LineHeight(const TextLine& line) {
-  double ascent = 0;
-  double below = 0;
-  for (const TextRun& run : line) {
-    FontFaces& faces = FacesOf(*run.font);
-    ascent = std::max(ascent, faces.Ascent());
-    below = std::max(below, faces.LineHeight() - faces.Ascent());
-  }
-  return ascent + below;
+  return HeightOfLine(line, FacesOf);
 }
 
 double LineWidth(const TextLine& line) {

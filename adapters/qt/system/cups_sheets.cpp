@@ -95,15 +95,15 @@ bool TakesAnySize(const CupsPrinter& queue) {
   return type != nullptr && (std::strtoul(type, nullptr, 10) & CUPS_PRINTER_VARIABLE) != 0;
 }
 
-std::optional<PrinterMargins> MarginsOf(const CupsPrinter& queue, const PaperExtent& extent) {
+std::optional<SheetMargins> MarginsOf(const CupsPrinter& queue, const PaperExtent& extent) {
   if (const std::optional<cups_size_t> sheet = FindSheet(queue, extent)) {
-    return PrinterMargins{Twips(sheet->left), Twips(sheet->top), Twips(sheet->right),
-                          Twips(sheet->bottom)};
+    return SheetMargins{Twips(sheet->left), Twips(sheet->top), Twips(sheet->right),
+                        Twips(sheet->bottom)};
   }
   if (!TakesAnySize(queue)) return std::nullopt;
-  return PrinterMargins{
-      SmallestOf(queue, "media-left-margin"), SmallestOf(queue, "media-top-margin"),
-      SmallestOf(queue, "media-right-margin"), SmallestOf(queue, "media-bottom-margin")};
+  return SheetMargins{SmallestOf(queue, "media-left-margin"), SmallestOf(queue, "media-top-margin"),
+                      SmallestOf(queue, "media-right-margin"),
+                      SmallestOf(queue, "media-bottom-margin")};
 }
 
 std::optional<std::string> SheetName(const CupsPrinter& queue, const PaperExtent& extent) {

@@ -12,8 +12,8 @@ namespace td {
 
 // As printers.h has them.
 [[nodiscard]] std::optional<PaperExtent> OwnSheet(const CupsPrinter& queue);
-[[nodiscard]] std::optional<PrinterMargins> MarginsOf(const CupsPrinter& queue,
-                                                      const PaperExtent& extent);
+[[nodiscard]] std::optional<SheetMargins> MarginsOf(const CupsPrinter& queue,
+                                                    const PaperExtent& extent);
 [[nodiscard]] std::optional<std::string> SheetName(const CupsPrinter& queue,
                                                    const PaperExtent& extent);
 

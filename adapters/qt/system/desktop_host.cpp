@@ -1,51 +1,13 @@
 #include "qt/system/desktop_host.h"
 
-#include "calibration/calibrated_pages.h"
 #include "page_document/page_document.h"
-#include "page_outputs/export_file.h"
 #include "print_calls/device_failure.h"
 #include "qt/preview/page_setup_dialog.h"
-#include "qt/render/outputs.h"
 #include "qt/system/application.h"
 #include "qt/system/document_printing.h"
-#include "qt/system/page_turn.h"
 #include "qt/system/printers.h"
 
 namespace td {
-
-std::vector<std::string> DesktopHost::Devices() {
-  return PrinterNames();
-}
-
-std::string DesktopHost::DefaultDevice() {
-  return DefaultPrinter();
-}
-
-bool DesktopHost::HasDevice(const std::string& name) {
-  return HasPrinter(name);
-}
-
-std::optional<PaperExtent> DesktopHost::DefaultSheet() {
-  return OwnSheet(settings_.printer.empty() ? DefaultPrinter() : settings_.printer);
-}
-
-double DesktopHost::LineHeight(const TextLine& line) {
-  return td::LineHeight(line);
-}
-
-double DesktopHost::LineWidth(const TextLine& line) {
-  return td::LineWidth(line);
-}
-
-std::string DesktopHost::PrinterOf(PageDocument& document) const {
-  if (settings_.printer.empty()) return document.Device();
-  return chosenPrinter_.empty() ? settings_.printer : chosenPrinter_;
-}
-
-void DesktopHost::Print(PageDocument& document, bool withDialog) {
-  Deliver(settings_, document,
-          [&](DocumentOutcome& outcome) { PrintTo(document, withDialog, outcome); });
-}
 
 void DesktopHost::PrintTo(PageDocument& document, bool withDialog, DocumentOutcome& outcome) {
   PrintChoice choice;
@@ -54,7 +16,7 @@ void DesktopHost::PrintTo(PageDocument& document, bool withDialog, DocumentOutco
     if (!HasWindowSystem()) {
       throw DeviceFailure(kInvalidCall, "没有可用的显示，无法打开打印对话框。");
     }
-    const auto answer = AskForPrinter(choice.printer, document.PageCount(), viewer_.window);
+    const auto answer = AskForPrinter(choice.printer, document.PageCount(), window_);
     if (!answer) {
       outcome.delivery = Delivery::kCancelled;
       return;
@@ -63,57 +25,31 @@ void DesktopHost::PrintTo(PageDocument& document, bool withDialog, DocumentOutco
   }
   if (choice.printer.empty() && choice.pdfFile.empty()) {
     RequirePrintingSystem();
-    throw DeviceFailure(kDeviceIo, "本机没有安装打印机，无法打印。");
+    FailWithoutPrinter();
   }
-  if (choice.pages && choice.pages->empty()) {
-    throw DeviceFailure(kInvalidCall, "所选的范围里没有要打印的页。");
-  }
+  RequireChosenPages(choice.pages);
   const bool isForFile = !choice.pdfFile.empty();
+  PageCorrection correction;
   if (isForFile) {
     outcome.file = choice.pdfFile;
   } else {
     outcome.printer = choice.printer;
-  }
-  PageCorrection correction;
-  if (settings_.calibrated && !isForFile) {
-    correction = CorrectionFor(choice.printer, document.Pages(), TurnOf,
-                               [this](const std::string& text) { Complain(text); });
+    correction = CorrectionOf(document, choice.printer);
   }
   PrintDocument(document, choice, &outcome.jobs, correction);
   outcome.delivery = isForFile ? Delivery::kFile : Delivery::kPrinter;
 }
 
-bool DesktopHost::ShowPageSetup(PageDocument& document) {
+std::optional<std::string> DesktopHost::AskForPageSetup(PageDocument& document) {
   if (!HasWindowSystem()) {
     throw DeviceFailure(kInvalidCall, "没有可用的显示，无法打开页面设置。");
   }
   PageSetupDialog dialog(
       document, PrinterOf(document),
-      {.ofNewDocument = [this] { return DefaultSheet(); }, .ofPrinter = OwnSheet}, viewer_.window);
-  if (dialog.exec() != QDialog::Accepted) return false;
+      {.ofNewDocument = [this] { return DefaultSheet(); }, .ofPrinter = OwnSheet}, window_);
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   dialog.Apply();
-  if (!dialog.ChosenPrinter().empty()) chosenPrinter_ = dialog.ChosenPrinter();
-  return true;
-}
-
-void DesktopHost::Export(PageDocument& document, const std::string& file, std::int32_t format) {
-  try {
-    ExportDocument(document, file, format, settings_.stateDirectory);
-  } catch (const Failure& failure) {
-    messages_.ShowBox(failure.Description(), kInformationIcon);
-  }
-}
-
-void DesktopHost::PreviewChanged(PageDocument&) {
-  if (viewer_.previewChanged) viewer_.previewChanged();
-}
-
-void DesktopHost::PointerChanged(std::int32_t shape) {
-  if (viewer_.pointerChanged) viewer_.pointerChanged(shape);
-}
-
-void DesktopHost::Complain(const std::string& text) {
-  complaints_.Tell(text);
+  return dialog.ChosenPrinter();
 }
 
 }  // namespace td

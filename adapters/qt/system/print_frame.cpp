@@ -26,8 +26,8 @@ void QtPrintFrame::MakeWindow() {
   for (const auto& [key, enabled] : enabledButtons_) window_->EnableButton(key, enabled);
   if (pageText_) window_->PutPageText(*pageText_);
   window_->PutPointer(document_.MousePointer());
-  host_.PutViewer({.window = window_.get(),
-                   .previewChanged = [this] { window_->ShowDocumentChanges(); },
+  host_.PutViewer(window_.get(),
+                  {.previewChanged = [this] { window_->ShowDocumentChanges(); },
                    .pointerChanged = [this](std::int32_t shape) { window_->PutPointer(shape); }});
 }
 
@@ -55,7 +55,7 @@ void QtPrintFrame::ShowModal() {
   window_->activateWindow();
   loop.exec();
   loop_ = nullptr;
-  host_.PutViewer({});
+  host_.PutViewer(nullptr, {});
   window_.reset();
   if (failureOfActivation_) std::rethrow_exception(failureOfActivation_);
 }

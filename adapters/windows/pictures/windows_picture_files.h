@@ -6,21 +6,14 @@
 #include <vector>
 
 #include "page_document/pictures.h"
-#include "platform/pictures.h"
+#include "picture_headers/picture_file_failures.h"
 
 namespace td {
 
 // The pictures are ImagePictures (MakePicture). Files of the same bytes give the same picture as
 // long as someone holds it, so that goods on a thousand rows are decoded and kept once.
-//
-// Beside the failures of Pictures: kInvalidUseOfNull and kTypeMismatch for a value without bytes,
-// and the numbers below. A description names the file, but never shows the character 锁 of its
-// name.
-class WindowsPictureFiles : public Pictures {
+class WindowsPictureFiles : public PicturesOnDisk {
  public:
-  static constexpr int kFileExists = 58;
-  static constexpr int kPermissionDenied = 70;
-
   // An empty folder means FolderOfLoadedComponent().
   explicit WindowsPictureFiles(std::string componentFolder = {});
 

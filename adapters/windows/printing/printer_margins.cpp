@@ -1,16 +1,15 @@
-#include "windows/printing/printer_margins.h"
-
 #include <algorithm>
 
 #include "page_document/drawing.h"
 #include "windows/api/wide_text.h"
 #include "windows/printing/driver_settings.h"
 #include "windows/printing/forms.h"
+#include "windows/printing/printers.h"
 #include "windows/render/screen_device.h"
 
 namespace td {
 
-std::optional<PrinterMargins> MarginsOf(const std::string& printer, const PaperExtent& sheet) {
+std::optional<SheetMargins> MarginsOf(const std::string& printer, const PaperExtent& sheet) {
   const std::vector<Form> forms = FormsOf(printer);
   const auto form = std::ranges::find_if(
       forms, [&sheet](const Form& one) { return IsSameSheet(one.sheet, sheet); });
@@ -26,7 +25,7 @@ std::optional<PrinterMargins> MarginsOf(const std::string& printer, const PaperE
     return GetDeviceCaps(device.get(), index) * kTwipsPerInch /
            GetDeviceCaps(device.get(), dotsPerInch);
   };
-  PrinterMargins margins;
+  SheetMargins margins;
   margins.left = twips(PHYSICALOFFSETX, LOGPIXELSX);
   margins.top = twips(PHYSICALOFFSETY, LOGPIXELSY);
   margins.right = twips(PHYSICALWIDTH, LOGPIXELSX) - margins.left - twips(HORZRES, LOGPIXELSX);

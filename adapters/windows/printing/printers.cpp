@@ -98,4 +98,11 @@ std::optional<PaperExtent> OwnSheet(const std::string& printer) {
   return settings.IsKnown() ? settings.Sheet() : std::nullopt;
 }
 
+// The driver tells by how many degrees a page is turned against the clock.
+LandscapeTurn TurnOf(const std::string& printer) {
+  const int degrees =
+      DeviceCapabilitiesW(ToWide(printer).c_str(), nullptr, DC_ORIENTATION, nullptr, nullptr);
+  return degrees == 270 || degrees == -90 ? LandscapeTurn::kTopRight : LandscapeTurn::kTopLeft;
+}
+
 }  // namespace td

@@ -17,14 +17,8 @@ void Put(const std::vector<PlacedText>& placed, std::vector<HtmlText>& texts) {
 
 class WindowsHtmlParts : public HtmlParts {
  public:
-  void LayOut(const BoxText& command, std::vector<HtmlText>& texts) const override {
-    Put(td::LayOut(command), texts);
-  }
-  void LayOut(const PointText& command, std::vector<HtmlText>& texts) const override {
-    Put(td::LayOut(command), texts);
-  }
-  void LayOut(const VectorPicture::Text& line, std::vector<HtmlText>& texts) const override {
-    Put(td::LayOut(line), texts);
+  void LayOut(const Text& text, std::vector<HtmlText>& pieces) const override {
+    std::visit([&pieces](const auto* laid) { Put(td::LayOut(*laid), pieces); }, text);
   }
 
   [[nodiscard]] HtmlFont FontOf(const HtmlFace& known) const override {

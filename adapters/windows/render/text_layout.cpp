@@ -3,14 +3,13 @@
 #include <algorithm>
 #include <utility>
 
+#include "page_outputs/text_placing.h"
 #include "windows/api/wide_text.h"
 #include "windows/render/character_kinds.h"
 #include "windows/render/line_breaks.h"
 
 namespace td {
 namespace {
-
-constexpr double kTolerance = 0.5;  // twips: rounding of advances makes no line break
 
 // The character at a place of a text whose pairs are whole, and how many units it takes.
 struct Character {
@@ -41,21 +40,18 @@ bool IsShaped(std::wstring_view text) {
   return needs;
 }
 
-// One line of text from x = 0 on the base line 0, in pieces of one face each.
-struct LaidLine {
-  std::vector<PlacedText> pieces;
-  double width = 0;
-};
+// A line in pieces of one face each.
+using Laid = LaidLine<PlacedText>;
 
-LaidLine ShapedLine(std::wstring_view text, FontFaces& faces) {
+Laid ShapedLine(std::wstring_view text, FontFaces& faces) {
   const FaceRef& face = faces.Primary();
   const double width = ShapedWidth(text, *face);
   return {{PlacedText{face, std::wstring(text), 0, 0, width, {}}}, width};
 }
 
-LaidLine LayOutLine(std::wstring_view text, FontFaces& faces) {
+Laid LayOutLine(std::wstring_view text, FontFaces& faces) {
   if (IsShaped(text)) return ShapedLine(text, faces);
-  LaidLine line;
+  Laid line;
   ForEachCharacter(text, [&](char32_t code, std::wstring_view units) {
     if (IsInvisible(code)) return;
     const FaceGlyph& glyph = faces.Glyph(code);
@@ -159,46 +155,11 @@ std::vector<std::wstring_view> PartsOf(std::wstring_view text, double width, Fon
 }
 
 void BreakParagraph(std::wstring_view text, double width, FontFaces& faces,
-                    std::vector<LaidLine>& lines) {
-  for (const std::wstring_view part : PartsOf(text, width + kTolerance, faces)) {
+                    std::vector<Laid>& lines) {
+  for (const std::wstring_view part : PartsOf(text, width + kBreakTolerance, faces)) {
     const bool endsParagraph = part.data() + part.size() == text.data() + text.size();
     lines.push_back(LayOutLine(endsParagraph ? part : TrimmedEnd(part), faces));
   }
-}
-
-double AlignedStart(TextAlignment alignment, double left, double room, double width) {
-  if (alignment == TextAlignment::kCentre) return left + (room - width) / 2;
-  return alignment == TextAlignment::kRight ? left + room - width : left;
-}
-
-void Place(LaidLine line, double x, double y, std::vector<PlacedText>& placed) {
-  for (PlacedText& piece : line.pieces) {
-    piece.x += x;
-    piece.y += y;
-    placed.push_back(std::move(piece));
-  }
-}
-
-struct Box {
-  double left;
-  double top;
-  double width;
-  double height;
-};
-
-std::vector<PlacedText> PlaceInBox(std::vector<LaidLine> lines, const Box& box,
-                                   TextAlignment alignment, FontFaces& faces) {
-  const double height =
-      faces.Ascent() + faces.Descent() +
-      faces.LineHeight() * static_cast<double>(std::max<std::size_t>(lines.size(), 1) - 1);
-  double baseLine = box.top + (box.height - height) / 2 + faces.Ascent();
-  std::vector<PlacedText> placed;
-  for (LaidLine& line : lines) {
-    const double x = AlignedStart(alignment, box.left, box.width, line.width);
-    Place(std::move(line), x, baseLine, placed);
-    baseLine += faces.LineHeight();
-  }
-  return placed;
 }
 
 // A line of text as it is drawn: blanks for line breaks and tabs, and question marks for what no
@@ -220,7 +181,7 @@ std::wstring Drawable(std::wstring_view text, FontFaces& faces) {
   return drawable;
 }
 
-LaidLine OneLine(const std::string& text, FontFaces& faces) {
+Laid OneLine(const std::string& text, FontFaces& faces) {
   return LayOutLine(Drawable(ToWide(text), faces), faces);
 }
 
@@ -242,7 +203,7 @@ std::vector<std::wstring> ParagraphsOf(const std::wstring& text) {
 
 std::vector<PlacedText> LayOut(const BoxText& command) {
   FontFaces& faces = FacesOf(*command.font);
-  std::vector<LaidLine> lines;
+  std::vector<Laid> lines;
   for (const std::wstring& paragraph : ParagraphsOf(ToWide(command.text))) {
     const std::wstring drawable = Drawable(paragraph, faces);
     if (command.wordWrap) {
@@ -256,46 +217,17 @@ std::vector<PlacedText> LayOut(const BoxText& command) {
 }
 
 std::vector<PlacedText> LayOut(const PointText& command) {
-  std::vector<PlacedText> placed;
-  double top = command.y;
-  for (std::size_t i = 0; i < command.lines.size(); ++i) {
-    std::vector<LaidLine> runs;
-    double width = 0;
-    double ascent = 0;
-    for (const TextRun& run : command.lines[i]) {
-      FontFaces& faces = FacesOf(*run.font);
-      runs.push_back(OneLine(run.text, faces));
-      width += runs.back().width;
-      ascent = std::max(ascent, faces.Ascent());
-    }
-    double x = AlignedStart(command.alignment, command.x, 0, width);
-    for (LaidLine& run : runs) {
-      const double end = x + run.width;
-      Place(std::move(run), x, top + ascent, placed);
-      x = end;
-    }
-    top += command.heights[i];
-  }
-  return placed;
+  return PlaceAtPoint<PlacedText>(command, FacesOf, OneLine);
 }
 
 std::vector<PlacedText> LayOut(const VectorPicture::Text& line) {
   FontFaces& faces = FacesOf(line.font);
-  std::vector<LaidLine> lines;
-  lines.push_back(OneLine(line.text, faces));
-  return PlaceInBox(std::move(lines), {line.left, line.top, line.width, line.height},
+  return PlaceInBox(OneLine(line.text, faces), {line.left, line.top, line.width, line.height},
                     line.alignment, faces);
 }
 
 double LineHeight(const TextLine& line) {
-  double ascent = 0;
-  double below = 0;
-  for (const TextRun& run : line) {
-    FontFaces& faces = FacesOf(*run.font);
-    ascent = std::max(ascent, faces.Ascent());
-    below = std::max(below, faces.LineHeight() - faces.Ascent());
-  }
-  return ascent + below;
+  return HeightOfLine(line, FacesOf);
 }
 
 double LineWidth(const TextLine& line) {

@@ -24,8 +24,8 @@ void NativePrintFrame::MakeWindow() {
   for (const auto& [key, enabled] : enabledButtons_) window_->EnableButton(key, enabled);
   if (pageText_) window_->PutPageText(*pageText_);
   window_->PutPointer(document_.MousePointer());
-  host_.PutViewer({.window = window_->Handle(),
-                   .previewChanged = [this] { window_->ShowDocumentChanges(); },
+  host_.PutViewer(window_->Handle(),
+                  {.previewChanged = [this] { window_->ShowDocumentChanges(); },
                    .pointerChanged = [this](std::int32_t shape) { window_->PutPointer(shape); }});
 }
 
@@ -48,7 +48,7 @@ void NativePrintFrame::ShowModal() {
   MakeWindow();
   window_->ShowModal();
   isLoaded_ = false;  // the program ends, or the window went with its owner
-  host_.PutViewer({});
+  host_.PutViewer(nullptr, {});
   window_.reset();
   if (failureOfActivation_) std::rethrow_exception(failureOfActivation_);
 }

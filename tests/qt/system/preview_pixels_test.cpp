@@ -91,7 +91,7 @@ TEST_F(PreviewPixels, AreThoseOfThePageWhateverItsPrinterIsCalibratedBy) {
                          .topRight = {15, 24},
                          .bottomLeft = {25, 16}});
          ASSERT_TRUE(CorrectionFor("Dot", {page},
-                                   [](const std::string&) { return PageTurn::kTopLeft; }, {}));
+                                   [](const std::string&) { return LandscapeTurn::kTopLeft; }, {}));
          document.PutZoom(75);
          QTest::qWait(50);
          ExpectPixelsOfThePage(window, page, 75);
