@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QEventLoop>
 #include <QScreen>
 #include <QStyle>
 #include <QTimer>
@@ -233,6 +234,21 @@ void PreviewWindow::showEvent(QShowEvent* event) {
   QTimer::singleShot(kWaitForFocus, this, [this] {
     if (!wasActivated_) ReportActivation();
   });
+}
+
+void PreviewWindow::ShowModal() {
+  setWindowModality(Qt::ApplicationModal);
+  QEventLoop loop;
+  loop_ = &loop;
+  show();
+  activateWindow();
+  loop.exec();
+  loop_ = nullptr;
+}
+
+void PreviewWindow::Close() {
+  hide();
+  if (loop_ != nullptr) loop_->quit();
 }
 
 void PreviewWindow::closeEvent(QCloseEvent* event) {

@@ -6,23 +6,18 @@
 #include <QShortcut>
 #include <QToolBar>
 #include <QWidget>
-#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
 
 #include "page_document/page_document.h"
+#include "preview/preview_events.h"
 #include "qt/preview/held_input.h"
 #include "qt/preview/page_view.h"
 
-namespace td {
+class QEventLoop;
 
-// What the window calls back. No call leaves an exception behind.
-struct PreviewEvents {
-  std::function<void()> activated;  // it has got the focus, and has been drawn
-  std::function<void(std::string_view key)> buttonPressed;
-  std::function<void()> closed;
-};
+namespace td {
 
 // Most buttons have a key, which their tooltips name; Esc closes the window. The keys of the page's
 // view work wherever the focus is, and Ctrl+G asks for a page's number. All lengths of the layout
@@ -31,6 +26,15 @@ class PreviewWindow : public QWidget {
  public:
   // The document outlives the window.
   PreviewWindow(PageDocument& document, PreviewEvents events);
+
+  // Shows the window and returns when it was closed; the application's other windows take no input
+  // meanwhile.
+  void ShowModal();
+  // Hides the window. Closing it twice is no error.
+  void Close();
+
+  // What dialogs open on.
+  QWidget* Handle() { return this; }
 
   // An unknown key has no effect. Both are visible at once, in the middle of a run, too. What was
   // clicked and typed before a button is enabled does nothing if it was meant for a disabled one;
@@ -73,6 +77,7 @@ class PreviewWindow : public QWidget {
   QShortcut* zoomIn_;
   QShortcut* zoomOut_;
   HeldInput* heldInput_;
+  QEventLoop* loop_ = nullptr;  // while it is shown
   std::map<std::string, QAction*, std::less<>> buttons_;
   bool wasActivated_ = false;
 };

@@ -1,25 +1,18 @@
 // The preview window: a tool strip with the toolbar and the page text, and the page below.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "page_document/page_document.h"
+#include "preview/preview_events.h"
 #include "windows/controls/modal_loop.h"
 #include "windows/preview/held_input.h"
 #include "windows/preview/page_view.h"
 #include "windows/preview/toolbar.h"
 
 namespace td {
-
-// What the window calls back. No call leaves an exception behind.
-struct PreviewEvents {
-  std::function<void()> activated;  // it has got the focus, and has been drawn
-  std::function<void(std::string_view key)> buttonPressed;
-  std::function<void()> closed;
-};
 
 // Most buttons have a key, which their tooltips name; Esc closes the window. Page Down and Space
 // scroll, and turn the page at its end; Page Up and Shift+Space do so backwards. Home and End go to
