@@ -23,7 +23,7 @@ std::string ValueOf(const char* variable) {
 }  // namespace
 
 fs::path UserConfigFolder() {
-  if (const fs::path config = ValueOf("XDG_CONFIG_HOME"); config.is_absolute()) return config;
+  if (fs::path config = ValueOf("XDG_CONFIG_HOME"); config.is_absolute()) return config;
   const fs::path home = ValueOf("HOME");
   return home.empty() ? home : home / ".config";
 }

@@ -12,8 +12,6 @@
 namespace td {
 namespace {
 
-constexpr std::string_view kReplacementCharacter = "\xEF\xBF\xBD";
-
 void AppendUtf8(std::string& text, std::uint32_t code) {
   const auto add = [&text](std::uint32_t byte) { text.push_back(static_cast<char>(byte)); };
   if (code < 0x80) {

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "component_folder.h"
 #include "files/descriptor.h"
@@ -35,6 +36,8 @@ Descriptor OpenFolder(const fs::path& folder) {
 }  // namespace
 
 struct ComponentFolder::Mark {
+  explicit Mark(Descriptor opened) : folder(std::move(opened)) {}
+
   Descriptor folder;
 };
 

@@ -4,6 +4,7 @@
 #include <random>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "component_folder.h"
 #include "files/path_text.h"
@@ -57,6 +58,8 @@ WindowsFile MarkIn(const fs::path& folder) {
 }  // namespace
 
 struct ComponentFolder::Mark {
+  explicit Mark(WindowsFile made) : file(std::move(made)) {}
+
   WindowsFile file;
 };
 

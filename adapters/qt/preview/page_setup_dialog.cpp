@@ -165,6 +165,7 @@ bool PageSetupDialog::MayBeUsed() {
   const PageSetupChoice choice = Choice();
   if (IsKept(choice, ownSheets_)) return true;
   std::vector<std::string> printers;
+  printers.reserve(static_cast<std::size_t>(printer_->count()));
   for (int i = 0; i < printer_->count(); ++i) {
     printers.push_back(printer_->itemText(i).toStdString());
   }
