@@ -8,7 +8,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 readonly program=$(cd "$1" && pwd)/tdprint.exe
-readonly output=/var/spool/cups-pdf/qbtd
+readonly output=/var/spool/cups-pdf/$QBTD_QUEUES
 
 variable() { winepath -u "$(wine cmd /c echo "%$1%" 2>/dev/null | tr -d '\r')"; }
 user_folder=$(variable APPDATA)/qbtdprinter

@@ -22,14 +22,13 @@ if [ ! -e "$root/complete" ]; then
   touch "$root/complete"
 fi
 
-# What is inside and outside has the same path: the project, the scratch folders and the display's
-# socket in /tmp, the printing system's socket.
-mkdir -p "$root$project" "$root/run/cups" "$wrappers"
+# What is inside and outside has the same path: the project, the scratch folders in /tmp, and the
+# sockets of the display and the printing system there.
+mkdir -p "$root$project" "$wrappers"
 mount --bind /proc "$root/proc"
 mount --bind /dev "$root/dev"
 mount --bind /tmp "$root/tmp"
 mount --bind "$project" "$root$project"
-mount --bind /run/cups "$root/run/cups"
 
 for program in wine wineboot wineserver winepath; do
   cat >"$wrappers/$program" <<WRAPPER

@@ -7,7 +7,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 programs=$(cd "$1" && pwd)
-readonly programs pictures=$PWD/build/windows-pictures output=/var/spool/cups-pdf/qbtd queue=QbTd-PDF
+readonly programs pictures=$PWD/build/windows-pictures output=/var/spool/cups-pdf/$QBTD_QUEUES queue=QbTd-PDF
 shift
 resolutions=("$@")
 [ $# -gt 0 ] || resolutions=(96 192)
