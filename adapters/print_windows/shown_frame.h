@@ -19,8 +19,8 @@
 
 namespace td {
 
-// Host is the desktop's PrintHost, and Window its preview.
-template <class Host, class Window>
+// Host is the desktop's PrintHost, and Preview its window.
+template <class Host, class Preview>
 class ShownFrame : public PrintFrame {
  public:
   // `messages` outlives the frame.
@@ -84,13 +84,16 @@ class ShownFrame : public PrintFrame {
     if (window_) window_->PutPageText(text);
   }
 
+  // Null while it isn't shown; for tests.
+  [[nodiscard]] const Preview* Window() const { return window_.get(); }
+
  protected:
   // Nothing where windows can be shown.
   [[nodiscard]] virtual std::optional<Failure> WhyHidden() const = 0;
 
  private:
   void MakeWindow() {
-    window_ = std::make_unique<Window>(
+    window_ = std::make_unique<Preview>(
         document_,
         PreviewEvents{.activated = [this] { Activate(); },
                       .buttonPressed = [this](std::string_view key) { PressButton(key); },
@@ -149,7 +152,7 @@ class ShownFrame : public PrintFrame {
   PrintFrameEvents events_;
   std::map<std::string, bool, std::less<>> enabledButtons_;
   std::optional<std::string> pageText_;  // none: the window's own text stands
-  std::unique_ptr<Window> window_;       // while it is shown
+  std::unique_ptr<Preview> window_;      // while it is shown
   bool isLoaded_ = false;
   bool isUnloaded_ = false;
   bool wasActivated_ = false;
