@@ -186,6 +186,7 @@ void DialogUser::Choose(std::string_view list, const std::string& entry) {
   const auto found = std::ranges::find(entries, entry);
   ASSERT_NE(found, entries.end()) << list << " has no " << entry;
   Focus(list);
+  SetCursorPos(0, 0);  // an opened list follows a pointer that happens to lie over it
   Press(VK_DOWN, VK_MENU);
   ASSERT_TRUE(WaitFor([&] { return IsOpened(list); })) << list;
   Press(VK_HOME);
