@@ -120,9 +120,7 @@ TEST_F(DialogOfLogic, AnOpenedListHasRoomForItsLongestEntry) {
        [&](DialogUser& user) {
          const HWND list = user.Control("cmbTdBillName");
          const auto font = reinterpret_cast<HFONT>(SendMessageW(list, WM_GETFONT, 0, 0));
-         user.Focus("cmbTdBillName");
-         user.Press(VK_DOWN, VK_MENU);
-         EXPECT_TRUE(WaitFor([&] { return user.IsOpened("cmbTdBillName"); }));
+         user.OpenList("cmbTdBillName");
          COMBOBOXINFO parts{};
          parts.cbSize = sizeof parts;
          GetComboBoxInfo(list, &parts);

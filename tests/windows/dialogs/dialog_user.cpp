@@ -181,14 +181,25 @@ void DialogUser::Type(std::string_view box, const std::string& text) {
   EXPECT_TRUE(WaitFor([&] { return Text(box) == text; })) << box << ": " << Text(box);
 }
 
+void DialogUser::OpenList(std::string_view list) {
+  SetCursorPos(0, 0);  // an opened list follows a pointer that happens to lie over it
+  std::chrono::steady_clock::time_point pressed;
+  EXPECT_TRUE(WaitFor([&] {
+    if (IsOpened(list)) return true;
+    const auto now = std::chrono::steady_clock::now();
+    if (now - pressed < std::chrono::seconds(3)) return false;
+    pressed = now;
+    Focus(list);
+    Press(VK_DOWN, VK_MENU);
+    return false;
+  })) << list;
+}
+
 void DialogUser::Choose(std::string_view list, const std::string& entry) {
   const std::vector<std::string> entries = Entries(list);
   const auto found = std::ranges::find(entries, entry);
   ASSERT_NE(found, entries.end()) << list << " has no " << entry;
-  Focus(list);
-  SetCursorPos(0, 0);  // an opened list follows a pointer that happens to lie over it
-  Press(VK_DOWN, VK_MENU);
-  ASSERT_TRUE(WaitFor([&] { return IsOpened(list); })) << list;
+  OpenList(list);
   Press(VK_HOME);
   for (auto passed = entries.begin(); passed != found; ++passed) Press(VK_DOWN);
   Press(VK_RETURN);

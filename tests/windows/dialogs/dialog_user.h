@@ -33,6 +33,8 @@ class DialogUser {
   void Choose(std::string_view list, const std::string& entry);
   // The same with the mouse alone.
   void ClickEntry(std::string_view list, int index);
+  // Opens a list by its key, which is pressed again where it got lost with the focus.
+  void OpenList(std::string_view list);
   // Puts the focus there without a click.
   void Focus(std::string_view name, int option = 0);
   void Press(WORD key, WORD modifier = 0);
