@@ -29,7 +29,8 @@ class Terminal:
     """The program on a terminal of its own."""
 
     def __init__(self, *options, locale="C.UTF-8"):
-        environment = {name: os.environ[name] for name in ("PATH",) if name in os.environ}
+        passed_on = ("PATH", "ASAN_OPTIONS", "LSAN_OPTIONS")
+        environment = {name: os.environ[name] for name in passed_on if name in os.environ}
         environment |= {
             "HOME": str(folder / "home"),
             "XDG_CONFIG_HOME": str(folder / "user"),
