@@ -47,10 +47,10 @@ TEST_F(AreaPrinterDialog, SavesAndStaysOpenForTheNextCombination) {
     EXPECT_TRUE(user.IsShown());
     EXPECT_EQ(Stored(), "21,销售单,A,QbTd-PDF");
     user.Choose("cmbPrintDevice", "--------------------");
-    user.Press('S', VK_MENU);
+    user.PressWithAlt('S');
     EXPECT_TRUE(WaitForBoxes(2));
     EXPECT_EQ(Stored(), "21,销售单,A,--------------------");
-    user.Press('C', VK_MENU);
+    user.PressWithAlt('C');
     EXPECT_TRUE(user.WaitUntilClosed());
   });
   EXPECT_EQ(Boxes(), (Texts{"保存成功！", "保存成功！"}));

@@ -140,10 +140,8 @@ TEST_F(DialogOfLogic, AnOpenedListThatIsLeftKeepsWhatItHad) {
         count_ = 0;
       },
       [this](DialogUser& user) {
-        for (const WORD leave : {WORD{VK_ESCAPE}, WORD{VK_TAB}}) {
-          user.Focus("cmbTdBillName");
-          user.Press(VK_DOWN, VK_MENU);
-          EXPECT_TRUE(WaitFor([&] { return user.IsOpened("cmbTdBillName"); }));
+        for (const WPARAM leave : {WPARAM{VK_ESCAPE}, WPARAM{VK_TAB}}) {
+          user.OpenList("cmbTdBillName");
           user.Press(VK_DOWN);
           EXPECT_TRUE(WaitFor([&] { return user.Selected("cmbTdBillName") == 1; }));
           user.Press(leave);

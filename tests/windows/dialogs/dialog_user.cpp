@@ -30,37 +30,11 @@ std::vector<std::string_view> ControlNames(const DialogContents& contents) {
   return names;
 }
 
-INPUT KeyInput(WORD key, DWORD flags) {
-  INPUT input{};
-  input.type = INPUT_KEYBOARD;
-  input.ki.wVk = key;
-  input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
-  input.ki.dwFlags = flags;
-  return input;
-}
-
-INPUT CharacterInput(wchar_t character, DWORD flags) {
-  INPUT input{};
-  input.type = INPUT_KEYBOARD;
-  input.ki.wScan = static_cast<WORD>(character);
-  input.ki.dwFlags = KEYEVENTF_UNICODE | flags;
-  return input;
-}
-
-// At a place of the screen: each event bears it, as the pointer may be moved by others meanwhile.
-INPUT MouseInput(DWORD flags, POINT place) {
-  constexpr int kWholeScreen = 65536;
-  INPUT input{};
-  input.type = INPUT_MOUSE;
-  input.mi.dx = MulDiv(2 * place.x + 1, kWholeScreen, 2 * GetSystemMetrics(SM_CXSCREEN));
-  input.mi.dy = MulDiv(2 * place.y + 1, kWholeScreen, 2 * GetSystemMetrics(SM_CYSCREEN));
-  input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | flags;
-  return input;
-}
-
-template <std::size_t count>
-void Send(std::array<INPUT, count> inputs) {
-  SendInput(static_cast<UINT>(count), inputs.data(), sizeof(INPUT));
+void HoldShift(bool isHeld) {
+  std::array<BYTE, 256> keys{};
+  GetKeyboardState(keys.data());
+  keys[VK_SHIFT] = isHeld ? 0x80 : 0;
+  SetKeyboardState(keys.data());
 }
 
 std::wstring WindowText(HWND window) {
@@ -125,20 +99,20 @@ HWND DialogUser::FocusedControl() const {
   return info.hwndFocus;
 }
 
-void DialogUser::TakeForeground() const {
+void DialogUser::WaitUntilReady() const {
   EXPECT_TRUE(WaitFor([this] {
     if (IsWindowEnabled(dialog_) == FALSE) return false;
-    if (GetForegroundWindow() == dialog_ && FocusedControl() != nullptr) return true;
+    if (IsChild(dialog_, FocusedControl()) != FALSE) return true;
     SetForegroundWindow(dialog_);
     return false;
-  })) << "the dialog does not get the keyboard";
+  })) << "the dialog does not get the focus";
 }
 
 void DialogUser::ClickAt(HWND control, POINT inside) const {
-  TakeForeground();
-  ClientToScreen(control, &inside);
-  Send(
-      std::array{MouseInput(MOUSEEVENTF_LEFTDOWN, inside), MouseInput(MOUSEEVENTF_LEFTUP, inside)});
+  WaitUntilReady();
+  const LPARAM place = MAKELPARAM(inside.x, inside.y);
+  PostMessageW(control, WM_LBUTTONDOWN, MK_LBUTTON, place);
+  PostMessageW(control, WM_LBUTTONUP, 0, place);
 }
 
 void DialogUser::Click(std::string_view name, int option) {
@@ -155,44 +129,56 @@ void DialogUser::Click(std::string_view name, int option) {
 }
 
 void DialogUser::Focus(std::string_view name, int option) {
-  TakeForeground();
+  WaitUntilReady();
   const HWND control = Control(name, option);
   SendMessageW(dialog_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
   EXPECT_TRUE(WaitFor([&] { return FocusedControl() == control; })) << name;
 }
 
-void DialogUser::Press(WORD key, WORD modifier) {
-  TakeForeground();
-  if (modifier != 0) Send(std::array{KeyInput(modifier, 0)});
-  Send(std::array{KeyInput(key, 0), KeyInput(key, KEYEVENTF_KEYUP)});
-  if (modifier != 0) Send(std::array{KeyInput(modifier, KEYEVENTF_KEYUP)});
+void DialogUser::PostKey(UINT down, UINT up, WPARAM key, LPARAM context) const {
+  WaitUntilReady();
+  const HWND control = FocusedControl();
+  const auto scanCode =
+      static_cast<LPARAM>(MapVirtualKeyW(static_cast<UINT>(key), MAPVK_VK_TO_VSC));
+  const LPARAM details = 1 | scanCode << 16 | context;
+  PostMessageW(control, down, key, details);
+  PostMessageW(control, up, key, details | static_cast<LPARAM>(0xC0000000));
+}
+
+void DialogUser::Press(WPARAM key) {
+  PostKey(WM_KEYDOWN, WM_KEYUP, key, 0);
+}
+
+void DialogUser::PressWithAlt(WPARAM key) {
+  constexpr LPARAM kAltIsHeld = 1 << 29;
+  PostKey(WM_SYSKEYDOWN, WM_SYSKEYUP, key, kAltIsHeld);
+}
+
+void DialogUser::PressShiftTab() {
+  const HWND before = FocusedControl();
+  const DWORD self = GetCurrentThreadId();
+  ASSERT_TRUE(AttachThreadInput(self, thread_, TRUE)) << "to share the state of its keys";
+  HoldShift(true);
+  Press(VK_TAB);
+  EXPECT_TRUE(WaitFor([&] { return FocusedControl() != before; }));
+  HoldShift(false);
+  AttachThreadInput(self, thread_, FALSE);
 }
 
 void DialogUser::Type(std::string_view box, const std::string& text) {
   const HWND control = Control(box);
   ClickAt(control, Middle(control));
   EXPECT_TRUE(WaitFor([&] { return FocusedControl() == control; })) << box;
-  Press(VK_HOME);
-  Press(VK_END, VK_SHIFT);
+  PostMessageW(control, EM_SETSEL, 0, -1);
   Press(VK_DELETE);
-  for (const wchar_t character : ToWide(text)) {
-    Send(std::array{CharacterInput(character, 0), CharacterInput(character, KEYEVENTF_KEYUP)});
-  }
+  for (const wchar_t character : ToWide(text)) PostMessageW(control, WM_CHAR, character, 1);
   EXPECT_TRUE(WaitFor([&] { return Text(box) == text; })) << box << ": " << Text(box);
 }
 
 void DialogUser::OpenList(std::string_view list) {
-  SetCursorPos(0, 0);  // an opened list follows a pointer that happens to lie over it
-  std::chrono::steady_clock::time_point pressed;
-  EXPECT_TRUE(WaitFor([&] {
-    if (IsOpened(list)) return true;
-    const auto now = std::chrono::steady_clock::now();
-    if (now - pressed < std::chrono::seconds(3)) return false;
-    pressed = now;
-    Focus(list);
-    Press(VK_DOWN, VK_MENU);
-    return false;
-  })) << list;
+  Focus(list);
+  PressWithAlt(VK_DOWN);
+  EXPECT_TRUE(WaitFor([&] { return IsOpened(list); })) << list;
 }
 
 void DialogUser::Choose(std::string_view list, const std::string& entry) {
@@ -219,7 +205,7 @@ void DialogUser::ClickEntry(std::string_view list, int index) {
 }
 
 void DialogUser::TurnWheelOver(std::string_view name) {
-  TakeForeground();
+  WaitUntilReady();
   POINT middle = Middle(Control(name));
   ClientToScreen(Control(name), &middle);
   PostMessageW(Control(name), WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA),

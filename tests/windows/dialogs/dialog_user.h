@@ -1,5 +1,6 @@
-// A person before the component's dialogs: real keys and clicks, from a thread of its own, while
-// the thread of the dialog runs its loop.
+// A person before the component's dialogs, on a thread of its own, while the thread of the dialog
+// runs its loop. Keys and clicks are messages in the dialog's own queue: what the display or other
+// programs do meanwhile neither takes them away nor comes between them.
 #pragma once
 
 #include <functional>
@@ -33,11 +34,14 @@ class DialogUser {
   void Choose(std::string_view list, const std::string& entry);
   // The same with the mouse alone.
   void ClickEntry(std::string_view list, int index);
-  // Opens a list by its key, which is pressed again where it got lost with the focus.
+  // Opens a list by its key.
   void OpenList(std::string_view list);
   // Puts the focus there without a click.
   void Focus(std::string_view name, int option = 0);
-  void Press(WORD key, WORD modifier = 0);
+  void Press(WPARAM key);
+  void PressWithAlt(WPARAM key);
+  // Shift and Tab, until the focus has gone.
+  void PressShiftTab();
   void TurnWheelOver(std::string_view name);
 
   [[nodiscard]] std::string Text(std::string_view box) const;
@@ -53,8 +57,9 @@ class DialogUser {
   }
 
  private:
-  // The dialog has the keyboard, and no box stands before it.
-  void TakeForeground() const;
+  // The dialog has the focus, and no box stands before it.
+  void WaitUntilReady() const;
+  void PostKey(UINT down, UINT up, WPARAM key, LPARAM context) const;
   void ClickAt(HWND control, POINT inside) const;
 
   HWND dialog_;

@@ -75,7 +75,7 @@ TEST_F(SettingsDialog, TheSeparatorCanBeChosenAndSavesAsNoPrinter) {
 }
 
 TEST_F(SettingsDialog, TheKeyboardAloneConfirms) {
-  const std::vector<Use> ways = {[](DialogUser& user) { user.Press('O', VK_MENU); },
+  const std::vector<Use> ways = {[](DialogUser& user) { user.PressWithAlt('O'); },
                                  [](DialogUser& user) { user.Press(VK_RETURN); }};
   for (const Use& confirm : ways) {
     other_.Run("update TDBill set FAdjuctLeft=0");
@@ -92,7 +92,7 @@ TEST_F(SettingsDialog, NothingIsWrittenUnlessItIsConfirmed) {
   const std::vector<Use> ways = {
       [](DialogUser& user) { user.Click("cmdExit"); },
       [](DialogUser& user) { user.Press(VK_ESCAPE); },
-      [](DialogUser& user) { user.Press('C', VK_MENU); },
+      [](DialogUser& user) { user.PressWithAlt('C'); },
       [](DialogUser& user) {
         user.Focus("cmdExit");
         user.Press(VK_RETURN);
@@ -120,7 +120,7 @@ TEST_F(SettingsDialog, TheTabKeyVisitsTheControlsFromTopToBottom) {
       user.Press(VK_TAB);
       EXPECT_TRUE(WaitFor([&] { return user.FocusedControl() == user.Control(next); })) << next;
     }
-    user.Press(VK_TAB, VK_SHIFT);
+    user.PressShiftTab();
     EXPECT_TRUE(WaitFor([&] { return user.FocusedControl() == user.Control("cmdExit"); }));
   });
 }

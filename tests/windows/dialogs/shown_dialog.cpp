@@ -87,6 +87,7 @@ void ShownDialog::WhileShown(const char* dialog, const std::function<void()>& sh
   const std::wstring title = ToWide(contents.title);
   const DWORD thread = GetCurrentThreadId();
   bool isUsed = false;
+  SetCursorPos(0, 0);  // an opened list follows a pointer that happens to lie over it
   const Beside user([&] {
     for (const HWND window : ShownWindows(thread)) {
       if (!HasTitle(window, title) || IsWindowEnabled(window) == FALSE) continue;
