@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <memory>
 
+#include "render/text_layout.h"
 #include "test_tools.h"
 
 namespace td {
@@ -33,6 +35,13 @@ TEST(Fonts, LatinNamesStandForFamiliesOfTheirStyle) {
   EXPECT_EQ(First(table, "Arial"), "Liberation Sans");
   EXPECT_EQ(First(table, "Times New Roman"), "Liberation Serif");
   EXPECT_EQ(First(table, "Courier New"), "Liberation Mono");
+}
+
+TEST(Fonts, TextIsLaidOutInTheFamilyThatItsFontStandsFor) {
+  const auto font = std::make_shared<const TextFont>(TextFont{"Arial", 10, false, false});
+  const auto placed = LayOut(BoxText{"Arial", 0, 0, 3000, 300, false, TextAlignment::kLeft, font});
+  ASSERT_EQ(placed.size(), 1U);
+  EXPECT_EQ(placed[0].face->raw.familyName(), "Liberation Sans");
 }
 
 TEST(Fonts, CaseBlanksAndTheSignOfVerticalFontsMakeNoDifference) {

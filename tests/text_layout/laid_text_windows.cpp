@@ -1,0 +1,26 @@
+#include "laid_text.h"
+#include "windows/api/wide_text.h"
+#include "windows/render/text_layout.h"
+
+namespace td {
+namespace {
+
+std::vector<LaidText> ToldOf(const std::vector<PlacedText>& placed) {
+  std::vector<LaidText> told;
+  for (const PlacedText& text : placed) {
+    told.push_back({FromWide(text.text), text.x, text.y, text.width, text.advances.size()});
+  }
+  return told;
+}
+
+}  // namespace
+
+std::vector<LaidText> LaidOut(const BoxText& command) {
+  return ToldOf(LayOut(command));
+}
+
+std::vector<LaidText> LaidOut(const PointText& command) {
+  return ToldOf(LayOut(command));
+}
+
+}  // namespace td
