@@ -164,14 +164,13 @@ std::optional<int> PrintAsOneJob(const PageRefs& pages, const PrintChoice& choic
                                                   "”已不存在，或者打印系统没有响应，未打印。"));
   }
   const Page& first = *pages.front();
-  settings.PutOptions(choice.options);
+  const int times = settings.PutOptions(choice.options);
   settings.PutSheet(first.Sheet(), first.paperCode);
   settings.PutLandscape(first.landscape);
-  const int copies = settings.CopiesOfDriver() == choice.options.copies ? 1 : choice.options.copies;
 
   Job job(choice, settings, first, complain);
   if (job.IsCancelled()) return std::nullopt;
-  for (const Page* page : Repeated(pages, copies, choice.options.collated)) job.Print(*page);
+  for (const Page* page : Repeated(pages, times, choice.options.collated)) job.Print(*page);
   return job.End();
 }
 

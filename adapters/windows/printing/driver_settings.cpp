@@ -47,14 +47,16 @@ void DriverSettings::Complete() {
 
 std::optional<PaperExtent> DriverSettings::Sheet() const {
   constexpr DWORD kSides = DM_PAPERWIDTH | DM_PAPERLENGTH;
-  if ((Mode()->dmFields & DM_PAPERSIZE) != 0) {
+  const bool hasSides = (Mode()->dmFields & kSides) == kSides && Mode()->dmPaperWidth > 0 &&
+                        Mode()->dmPaperLength > 0;
+  // What a user has entered for a sheet of his own stands beside a number that drivers list, too.
+  const bool isEntered = hasSides && Mode()->dmPaperSize == DMPAPER_USER;
+  if ((Mode()->dmFields & DM_PAPERSIZE) != 0 && !isEntered) {
     for (const Form& form : FormsOf(printer_)) {
       if (form.number == Mode()->dmPaperSize) return form.sheet;
     }
     if (const auto standard = StandardPaper(Mode()->dmPaperSize)) return standard;
   }
-  const bool hasSides = (Mode()->dmFields & kSides) == kSides && Mode()->dmPaperWidth > 0 &&
-                        Mode()->dmPaperLength > 0;
   if (!hasSides) return std::nullopt;
   const double twipsPerTenth = kTwipsPerMillimetre / 10;
   return PaperExtent{Mode()->dmPaperWidth * twipsPerTenth, Mode()->dmPaperLength * twipsPerTenth};
@@ -87,10 +89,9 @@ void DriverSettings::PutLandscape(bool landscape) {
   Complete();
 }
 
-void DriverSettings::PutOptions(const JobOptions& options) {
+int DriverSettings::PutOptions(const JobOptions& options) {
   DEVMODEW& mode = Changed();
-  mode.dmFields |= DM_COPIES | DM_COLLATE;
-  mode.dmCopies = AsShort(options.copies);
+  mode.dmFields |= DM_COLLATE;
   mode.dmCollate = options.collated ? DMCOLLATE_TRUE : DMCOLLATE_FALSE;
   if (options.sides != Sides::kAsSet) {
     mode.dmFields |= DM_DUPLEX;
@@ -102,16 +103,27 @@ void DriverSettings::PutOptions(const JobOptions& options) {
     mode.dmFields |= DM_DEFAULTSOURCE;
     mode.dmDefaultSource = *options.tray;
   }
+  PutCopies(options.copies);
+  if (MakesCopies(options)) return 1;
+  PutCopies(1);  // or each of those that are sent would be multiplied
+  return options.copies;
+}
+
+void DriverSettings::PutCopies(int copies) {
+  Changed().dmFields |= DM_COPIES;
+  Changed().dmCopies = AsShort(copies);
   Complete();
 }
 
-int DriverSettings::CopiesOfDriver() const {
-  const DWORD most =
-      DeviceCapabilitiesW(ToWide(printer_).c_str(), nullptr, DC_COPIES, nullptr, nullptr);
-  const bool makesCopies = (Mode()->dmFields & DM_COPIES) != 0 && most > 1 &&
-                           most != static_cast<DWORD>(-1) &&
-                           most >= static_cast<DWORD>(Mode()->dmCopies);
-  return makesCopies ? Mode()->dmCopies : 1;
+int DriverSettings::Ability(WORD which) const {
+  return std::max(0,
+                  DeviceCapabilitiesW(ToWide(printer_).c_str(), nullptr, which, nullptr, nullptr));
+}
+
+bool DriverSettings::MakesCopies(const JobOptions& options) const {
+  const bool counts = (Mode()->dmFields & DM_COPIES) != 0 && Mode()->dmCopies == options.copies &&
+                      Ability(DC_COPIES) >= options.copies;
+  return counts && (!options.collated || Ability(DC_COLLATE) != 0);
 }
 
 }  // namespace td

@@ -39,10 +39,9 @@ class DriverSettings {
   // By the driver's own number where it has one for the sheet (FormNumber), else by its size.
   void PutSheet(const PaperExtent& sheet, std::int32_t code);
   void PutLandscape(bool landscape);
-  void PutOptions(const JobOptions& options);
-
-  // How many copies the driver makes itself, under the options.
-  [[nodiscard]] int CopiesOfDriver() const;
+  // Returns how often the pages are to be sent: once if the driver makes all copies itself, in the
+  // order that is wanted.
+  [[nodiscard]] int PutOptions(const JobOptions& options);
 
   // As JobOptions has them.
   [[nodiscard]] const std::vector<std::byte>& Bytes() const { return mode_; }
@@ -54,6 +53,10 @@ class DriverSettings {
 
  private:
   [[nodiscard]] DEVMODEW& Changed() { return *reinterpret_cast<DEVMODEW*>(mode_.data()); }
+  void PutCopies(int copies);
+  [[nodiscard]] bool MakesCopies(const JobOptions& options) const;
+  // What the driver tells of itself; 0 where it doesn't.
+  [[nodiscard]] int Ability(WORD which) const;
   // The driver completes what was changed, and takes back what it can't do.
   void Complete();
 

@@ -68,6 +68,7 @@ std::vector<Form> FormsOf(const std::string& printer) {
   if (!isRead) return {};
   std::vector<Form> forms;
   for (std::size_t i = 0; i < numbers.size(); ++i) {
+    if (sizes[i].x <= 0 || sizes[i].y <= 0) continue;  // one that a user is to enter
     forms.push_back({static_cast<std::int16_t>(numbers[i]),
                      {sizes[i].x * kTwipsPerTenth, sizes[i].y * kTwipsPerTenth}});
   }

@@ -88,7 +88,10 @@ JobOptions OptionsOf(const PRINTDLGW& answer, std::vector<std::byte> settings) {
     const auto* mode = reinterpret_cast<const DEVMODEW*>(settings.data());
     const bool counts = (mode->dmFields & DM_COPIES) != 0 && mode->dmCopies > 1;
     // Either the dialog counts them or the driver.
-    if (counts && answer.nCopies <= 1) options.copies = mode->dmCopies;
+    if (counts && answer.nCopies <= 1) {
+      options.copies = mode->dmCopies;
+      options.collated = (mode->dmFields & DM_COLLATE) == 0 || mode->dmCollate != DMCOLLATE_FALSE;
+    }
     options.settings = std::move(settings);
   }
   return options;

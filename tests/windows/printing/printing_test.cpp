@@ -151,6 +151,7 @@ class JobFile : public testing::Test {
   [[nodiscard]] std::string Printed(const std::vector<Page>& pages, const std::string& printer,
                                     const JobOptions& options = {}) {
     const fs::path file = folder_ / PathOf("job.ps");
+    fs::remove(file);
     std::vector<int> jobs;
     PrintChoice choice = ChoiceOf(printer);
     choice.file = TextOf(file);
