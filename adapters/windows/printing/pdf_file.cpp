@@ -45,13 +45,16 @@ void WritePdf(const std::vector<Page>& pages, const std::string& path, const std
   choice.printer = printer;
   choice.title = title;
   choice.file = TextOf(std::filesystem::absolute(target, error));
-  std::filesystem::remove(target, error);
+  if (DeleteFileW(SystemPath(target).c_str()) == FALSE) {
+    const FileError refused = LastFileError();
+    if (refused.Number() != ENOENT) throw NotWritten(path, refused.what());
+  }
   std::vector<int> jobs;
   // Nobody waits at a printer: the file itself shows the sheet.
   const auto ignore = [](const std::string&) {};
   if (!PrintDocument(pages, choice, jobs, ignore)) throw NotWritten(path, "打印被取消");
-  WaitForJobs(printer, jobs);
-  if (!std::filesystem::exists(target, error)) throw NotWritten(path, "打印系统没有写入文件");
+  if (!WaitForJobs(printer, jobs) || !std::filesystem::exists(target, error))
+    throw NotWritten(path, "打印系统没有写入文件");
 }
 
 }  // namespace td

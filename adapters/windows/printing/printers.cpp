@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <span>
+#include <vector>
 
 #include "windows/api/wide_text.h"
 #include "windows/printing/driver_settings.h"
@@ -40,6 +42,30 @@ class PrinterList {
   DWORD count_ = 0;
 };
 
+// What changes while the printing system is at work on a job.
+struct JobState {
+  DWORD status = 0;
+  DWORD pages = 0;
+  DWORD printedPages = 0;
+
+  bool operator==(const JobState&) const = default;
+};
+
+// Nothing if there is no such job any more.
+std::optional<JobState> StateOf(HANDLE printer, int number) {
+  constexpr DWORD kLevel = 1;
+  const auto job = static_cast<DWORD>(number);
+  std::vector<std::byte> told;
+  DWORD size = 0;
+  while (GetJobW(printer, job, kLevel, reinterpret_cast<BYTE*>(told.data()),
+                 static_cast<DWORD>(told.size()), &size) == FALSE) {
+    if (GetLastError() != ERROR_INSUFFICIENT_BUFFER) return std::nullopt;
+    told.resize(size);
+  }
+  const auto& info = *reinterpret_cast<const JOB_INFO_1W*>(told.data());
+  return JobState{info.Status, info.TotalPages, info.PagesPrinted};
+}
+
 }  // namespace
 
 std::vector<std::string> PrinterNames() {
@@ -64,19 +90,23 @@ std::string PrinterOfDriver(const std::string& driver) {
   return {};
 }
 
-void WaitForJobs(const std::string& printer, const std::vector<int>& jobs) {
-  constexpr DWORD kMilliseconds = 60'000;
+bool WaitForJobs(const std::string& printer, const std::vector<int>& jobs) {
+  constexpr DWORD kMostIdleTime = 60'000;  // milliseconds, as is the pause
   constexpr DWORD kPause = 50;
   const PrinterHandle opened = OpenPrinterOf(printer);
-  const auto isThere = [&opened](int job) {
-    DWORD size = 0;
-    return GetJobW(opened.get(), static_cast<DWORD>(job), 1, nullptr, 0, &size) != FALSE ||
-           GetLastError() == ERROR_INSUFFICIENT_BUFFER;
-  };
-  for (DWORD waited = 0; opened && waited < kMilliseconds; waited += kPause) {
-    if (std::ranges::none_of(jobs, isThere)) return;
+  if (!opened) return false;
+  std::vector<JobState> before;
+  for (DWORD idleTime = 0; idleTime < kMostIdleTime; idleTime += kPause) {
+    std::vector<JobState> states;
+    for (const int job : jobs) {
+      if (const auto state = StateOf(opened.get(), job)) states.push_back(*state);
+    }
+    if (states.empty()) return true;
+    if (states != before) idleTime = 0;
+    before = std::move(states);
     Sleep(kPause);
   }
+  return false;
 }
 
 std::string DefaultPrinter() {

@@ -11,7 +11,8 @@ namespace td {
 // The first printer that a driver serves; empty if there is none.
 [[nodiscard]] std::string PrinterOfDriver(const std::string& driver);
 
-// Returns when the jobs have left the printing system, or nothing has become of them in a minute.
-void WaitForJobs(const std::string& printer, const std::vector<int>& jobs);
+// True when the jobs have left the printing system; false if it doesn't go on with them for a
+// minute.
+[[nodiscard]] bool WaitForJobs(const std::string& printer, const std::vector<int>& jobs);
 
 }  // namespace td
