@@ -3,7 +3,9 @@
 namespace td {
 
 HDC ScreenDevice() {
-  static const DeviceOwner device(CreateCompatibleDC(nullptr));
+  static DeviceOwner device;
+  // The system takes it back when the thread that made it ends.
+  if (GetObjectType(device.get()) != OBJ_MEMDC) device.reset(CreateCompatibleDC(nullptr));
   return device.get();
 }
 

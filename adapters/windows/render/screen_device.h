@@ -7,7 +7,7 @@
 
 namespace td {
 
-// A device in memory, as fine as the screen; it lives as long as the process.
+// A device in memory, as fine as the screen; it is good as long as this thread goes on.
 [[nodiscard]] HDC ScreenDevice();
 
 struct DeviceCloser {
