@@ -116,6 +116,8 @@ prepare() {
   add "$fonts" 'Arial' 'Liberation Sans'
   add "$fonts" 'Times New Roman' 'Liberation Serif'
   add "$fonts" 'Courier New' 'Liberation Mono'
+  # A name that the system knows, and that its list of families doesn't tell.
+  add 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontSubstitutes' '别名宋体' 'AR PL UMing CN'
   # The signs on title bars, which Debian's wine doesn't find by itself.
   cp /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
   wineserver --wait

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cwctype>
 #include <map>
+#include <utility>
 
 #include "windows/api/windows_api.h"
 #include "windows/render/screen_device.h"
@@ -52,6 +53,26 @@ std::vector<InstalledFamily> ReadFamilies() {
   return families;
 }
 
+const InstalledFamily* Listed(const std::wstring& key) {
+  const auto& families = InstalledFamilies();
+  const auto found = std::ranges::find_if(
+      families, [&key](const InstalledFamily& family) { return Key(family.name) == key; });
+  return found == families.end() ? nullptr : &*found;
+}
+
+// Families have a name for each language, and the list tells one of them; the system knows all.
+const InstalledFamily* FamilyOfOtherName(const std::wstring& name) {
+  static std::map<std::wstring, InstalledFamily> known;
+  if (const auto found = known.find(name); found != known.end()) return &found->second;
+  Families meant;
+  if (!name.empty()) Enumerate(name, AddFamily, &meant);
+  if (meant.empty()) return nullptr;
+  auto& [key, family] = *meant.begin();
+  if (const InstalledFamily* listed = Listed(key)) return listed;
+  Enumerate(name, AddStyle, &family);
+  return &known.emplace(name, std::move(family)).first->second;
+}
+
 }  // namespace
 
 const std::vector<InstalledFamily>& InstalledFamilies() {
@@ -61,10 +82,8 @@ const std::vector<InstalledFamily>& InstalledFamilies() {
 
 const InstalledFamily* FindFamily(std::wstring_view name) {
   const std::wstring key = Key(name);
-  const auto& families = InstalledFamilies();
-  const auto found = std::ranges::find_if(
-      families, [&key](const InstalledFamily& family) { return Key(family.name) == key; });
-  return found == families.end() ? nullptr : &*found;
+  const InstalledFamily* listed = Listed(key);
+  return listed == nullptr ? FamilyOfOtherName(key) : listed;
 }
 
 }  // namespace td

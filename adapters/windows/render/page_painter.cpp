@@ -20,9 +20,12 @@ COLORREF ColourOf(const Colour& colour) {
   return RGB(colour.red, colour.green, colour.blue);
 }
 
-bool IsPrinter(HDC device) {
-  return GetDeviceCaps(device, TECHNOLOGY) == DT_RASPRINTER ||
-         (GetDeviceCaps(device, TECHNOLOGY) == DT_PLOTTER);
+bool IsFirstOfPair(wchar_t unit) {
+  return IS_HIGH_SURROGATE(unit);
+}
+
+char32_t CharacterOf(wchar_t first, wchar_t second) {
+  return 0x10000 + ((char32_t{first} & 0x3FFU) << 10U) + (char32_t{second} & 0x3FFU);
 }
 
 class PagePainter {
@@ -180,16 +183,43 @@ class PagePainter {
       steps[i] = next - last;
       last = next;
     }
+    if (std::ranges::any_of(text.text, IsFirstOfPair)) {
+      DrawGlyphs(*text.face, text.text, begin, steps);
+      return;
+    }
     ExtTextOutW(device_, begin.x, begin.y, ETO_IGNORELANGUAGE, nullptr, text.text.data(),
                 static_cast<UINT>(text.text.size()), steps.data());
+  }
+
+  // Devices take each half of a pair for a character: where there are any, they get the glyphs.
+  // There is a step for each unit.
+  void DrawGlyphs(const Face& face, std::wstring_view units, const POINT& at,
+                  std::vector<INT> steps) {
+    std::wstring glyphs;
+    for (std::size_t i = 0; i < units.size(); ++i) {
+      steps[glyphs.size()] = steps[i];
+      if (IsFirstOfPair(units[i])) {
+        glyphs += static_cast<wchar_t>(face.tables->GlyphOf(CharacterOf(units[i], units[i + 1])));
+        ++i;  // whose step is none
+      } else {
+        glyphs += static_cast<wchar_t>(face.tables->GlyphOf(units[i]));
+      }
+    }
+    ExtTextOutW(device_, at.x, at.y, ETO_GLYPH_INDEX, nullptr, glyphs.data(),
+                static_cast<UINT>(glyphs.size()), steps.data());
   }
 
   // A font is turned by whole tenths of a degree, and a long text would end beside its place.
   void DrawLetters(const PlacedText& text, const DeviceSpace& space, double shift) {
     double x = text.x + shift;
     for (std::size_t at = 0; at < text.text.size();) {
-      const std::size_t units = IS_HIGH_SURROGATE(text.text[at]) ? 2 : 1;
-      DrawUnits(std::wstring_view(text.text).substr(at, units), space.Nearest(x, text.y));
+      const std::size_t units = IsFirstOfPair(text.text[at]) ? 2 : 1;
+      const std::wstring_view letter = std::wstring_view(text.text).substr(at, units);
+      if (units == 2) {
+        DrawGlyphs(*text.face, letter, space.Nearest(x, text.y), {0, 0});
+      } else {
+        DrawUnits(letter, space.Nearest(x, text.y));
+      }
       x += text.advances[at];
       at += units;
     }
@@ -230,8 +260,7 @@ class PagePainter {
     const POINT begin = page_.Nearest(placed.left, placed.top);
     const POINT end = page_.Nearest(placed.left + placed.width, placed.top + placed.height);
     const RECT box{begin.x, begin.y, std::max(end.x, begin.x + 1), std::max(end.y, begin.y + 1)};
-    // Printers get all pixels.
-    if (!IsPrinter(device_)) pixels = Reduced(pixels, box.right - box.left, box.bottom - box.top);
+    pixels = Reduced(pixels, box.right - box.left, box.bottom - box.top);
     if (!pixels->IsOpaque()) {
       DrawTransparent(*pixels, box);
       return;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -49,6 +50,23 @@ TEST(FontFaces, BoldIsTheFamilysOwnOrMade) {
   EXPECT_FALSE(made.Primary()->bold);
   EXPECT_TRUE(made.Primary()->syntheticBold);
   EXPECT_GT(made.Primary()->lineThickness, 0);
+}
+
+TEST(FontFaces, AreReadAnewWhereTheSystemHasTakenTheDeviceBack) {
+  FontFaces before({"Liberation Mono", 10, false, false});
+  DeleteDC(ScreenDevice());  // as when the thread ends that made it
+  FontFaces after({"Liberation Mono", 10, true, true});
+  EXPECT_EQ(after.Glyph(U'W').advance, before.Glyph(U'W').advance);
+  EXPECT_GT(ShapedWidth(L"W", *after.Primary()), 0);
+}
+
+TEST(FontFaces, ANameThatTheListOfFamiliesDoesNotTellIsThatOfTheSystem) {
+  ASSERT_EQ(std::ranges::count(InstalledFamilies(), L"别名宋体", &InstalledFamily::name), 0);
+  ASSERT_NE(FindFamily(L"别名宋体"), nullptr);
+  EXPECT_EQ(FindFamily(L"别名宋体"), FindFamily(L"别名宋体")) << "good as long as the process";
+  EXPECT_EQ(FindFamily(L"no such font"), nullptr);
+  FontFaces faces({"别名宋体", 10, false, false});
+  EXPECT_EQ(faces.Glyph(U'套').face, faces.Primary());
 }
 
 TEST(FontFaces, AUsersTableComesBeforeAllOthers) {

@@ -76,6 +76,13 @@ TEST(PagePicture, LinesOfOnePenAreEquallyThickWhereverTheyLie) {
   }
 }
 
+TEST(PagePicture, ACharacterOfTwoUnitsIsOneLetter) {
+  const Extent ink = InkOf({Box("\U00020021", 10, 10, 60, 30, TextAlignment::kLeft,
+                                Font("宋体", 72))});  // 25.4 millimetres
+  EXPECT_GT(ink.right - ink.left, 150);
+  EXPECT_LT(ink.right - ink.left, 260);
+}
+
 TEST(PagePicture, TheThinnestLineIsStillThere) {
   EXPECT_EQ(InkOf({LineOf(20, 30, 60, 30, 0)}, 72).top,
             InkOf({LineOf(20, 30, 60, 30, 0)}, 72).bottom);
