@@ -28,6 +28,10 @@ void HeldInput::TakePending() {
         PeekMessageW(&message, window, WM_KEYFIRST, WM_MOUSELAST, PM_REMOVE) != FALSE ||
         PeekMessageW(&message, window, WM_CLOSE, WM_CLOSE, PM_REMOVE) != FALSE;
     if (!isFound) return;
+    if (message.message == WM_QUIT) {  // comes whatever is asked for; it is for the message loops
+      PostQuitMessage(static_cast<int>(message.wParam));
+      return;
+    }
     Sort(message);
   }
 }

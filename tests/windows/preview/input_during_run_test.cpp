@@ -88,6 +88,18 @@ TEST_F(PreviewDuringARun, ADialogKeepsTheRestOfTheInputFromTheWindow) {
   EXPECT_EQ(pressed_, std::vector<std::string>{"adjuct"});
 }
 
+TEST_F(PreviewDuringARun, AWishToEndTheProgramIsLeftToItsLoops) {
+  constexpr int kExitCode = 7;
+  Show([] {}, {[this] {
+         PutBusy(true);
+         PostQuitMessage(kExitCode);
+         PutBusy(false);
+       }});
+  MSG message{};
+  ASSERT_EQ(GetMessageW(&message, nullptr, 0, 0), 0);
+  EXPECT_EQ(message.wParam, static_cast<WPARAM>(kExitCode));
+}
+
 TEST_F(PreviewDuringARun, TheWheelIsForNothing) {
   Show([this] { MakeDocument(1); }, {[this] {
                                        Resize(700, 300);
