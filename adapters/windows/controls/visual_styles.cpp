@@ -1,5 +1,7 @@
 #include "windows/controls/visual_styles.h"
 
+#include <memory>
+
 // Needs the types of the system.
 #include <commctrl.h>
 
@@ -15,17 +17,27 @@ HMODULE ThisModule() {
   return module;
 }
 
-// Kept as long as the module. Invalid where the system has no such controls; the old ones do then.
+// Invalid where the system has no such controls; the old ones do then.
+HANDLE MakeStyles() {
+  ACTCTXW wanted{};
+  wanted.cbSize = sizeof wanted;
+  wanted.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
+  wanted.hModule = ThisModule();
+  wanted.lpResourceName = MAKEINTRESOURCEW(2);  // ISOLATIONAWARE_MANIFEST_RESOURCE_ID
+  return CreateActCtxW(&wanted);
+}
+
+struct StylesCloser {
+  using pointer = HANDLE;
+  void operator()(HANDLE styles) const {
+    if (styles != INVALID_HANDLE_VALUE) ReleaseActCtx(styles);
+  }
+};
+
+// Kept as long as the module.
 HANDLE Styles() {
-  static const HANDLE styles = [] {
-    ACTCTXW wanted{};
-    wanted.cbSize = sizeof wanted;
-    wanted.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
-    wanted.hModule = ThisModule();
-    wanted.lpResourceName = MAKEINTRESOURCEW(2);  // ISOLATIONAWARE_MANIFEST_RESOURCE_ID
-    return CreateActCtxW(&wanted);
-  }();
-  return styles;
+  static const std::unique_ptr<HANDLE, StylesCloser> styles(MakeStyles());
+  return styles.get();
 }
 
 }  // namespace

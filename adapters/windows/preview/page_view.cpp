@@ -217,9 +217,9 @@ void PageView::DrawDesk(HDC device, const RECT& seen) const {
 
 // Drawn in memory first, so that nothing flickers.
 void PageView::Paint() {
-  PAINTSTRUCT paint{};
-  const HDC device = BeginPaint(Handle(), &paint);
-  const RECT& seen = paint.rcPaint;
+  const Painting painting(Handle());
+  const HDC device = painting.Device();
+  const RECT& seen = painting.Seen();
   const int width = static_cast<int>(seen.right - seen.left);
   const int height = static_cast<int>(seen.bottom - seen.top);
   const DeviceOwner memory(CreateCompatibleDC(device));
@@ -232,7 +232,6 @@ void PageView::Paint() {
   } else {
     DrawDesk(device, seen);
   }
-  EndPaint(Handle(), &paint);
 }
 
 void PageView::FollowBar(int bar, int action) {

@@ -351,10 +351,8 @@ void PreviewWindow::ReportActivation() {
 }
 
 void PreviewWindow::Paint() {
-  PAINTSTRUCT paint{};
-  const HDC device = BeginPaint(Handle(), &paint);
-  FillRect(device, &paint.rcPaint, GetSysColorBrush(COLOR_3DFACE));
-  EndPaint(Handle(), &paint);
+  const Painting painting(Handle());
+  FillRect(painting.Device(), &painting.Seen(), GetSysColorBrush(COLOR_3DFACE));
 }
 
 LRESULT PreviewWindow::Receive(UINT message, WPARAM first, LPARAM second) {

@@ -107,9 +107,8 @@ LRESULT Toolbar::Receive(UINT message, WPARAM first, LPARAM second) {
 
 // The lines between the groups of buttons.
 void Toolbar::Paint() {
-  PAINTSTRUCT paint{};
-  const HDC device = BeginPaint(Handle(), &paint);
-  FillRect(device, &paint.rcPaint, GetSysColorBrush(COLOR_3DFACE));
+  const Painting painting(Handle());
+  FillRect(painting.Device(), &painting.Seen(), GetSysColorBrush(COLOR_3DFACE));
   for (std::size_t i = 0; i + 1 < buttons_.size(); ++i) {
     if (!kToolbarButtons.at(i).isLastOfGroup) continue;
     RECT box{};
@@ -117,11 +116,10 @@ void Toolbar::Paint() {
     MapWindowPoints(nullptr, Handle(), reinterpret_cast<POINT*>(&box), 2);
     const int inset = Scaled(kInset, dotsPerInch_);
     const int left = static_cast<int>(box.right) + Scaled(kSeparator, dotsPerInch_) / 2;
-    Fill(device,
+    Fill(painting.Device(),
          {left, box.top + inset, left + std::max(1, Scaled(1, dotsPerInch_)), box.bottom - inset},
          kSeparatorLine);
   }
-  EndPaint(Handle(), &paint);
 }
 
 void Toolbar::DrawButton(const DRAWITEMSTRUCT& item) const {

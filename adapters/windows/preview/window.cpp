@@ -69,7 +69,12 @@ LRESULT CALLBACK Window::Dispatch(HWND handle, UINT message, WPARAM first, LPARA
   }
   auto* window = reinterpret_cast<Window*>(GetWindowLongPtrW(handle, GWLP_USERDATA));
   if (window == nullptr) return DefWindowProcW(handle, message, first, second);
-  const LRESULT result = window->Receive(message, first, second);
+  LRESULT result = 0;
+  try {
+    result = window->Receive(message, first, second);
+  } catch (...) {  // no exception may pass through the system's code
+    result = DefWindowProcW(handle, message, first, second);
+  }
   if (message == WM_NCDESTROY) window->handle_ = nullptr;
   return result;
 }

@@ -10,6 +10,23 @@ namespace td {
 // The module that holds this code: the DLL or the program.
 [[nodiscard]] HINSTANCE OwnModule();
 
+// What a window draws at WM_PAINT.
+class Painting {
+ public:
+  explicit Painting(HWND window) : window_(window) { BeginPaint(window, &paint_); }
+  ~Painting() { EndPaint(window_, &paint_); }
+  Painting(const Painting&) = delete;
+  Painting& operator=(const Painting&) = delete;
+
+  [[nodiscard]] HDC Device() const { return paint_.hdc; }
+  // What is to be drawn anew.
+  [[nodiscard]] const RECT& Seen() const { return paint_.rcPaint; }
+
+ private:
+  HWND window_;
+  PAINTSTRUCT paint_{};
+};
+
 // Owns a window of the system. It may go before this object, with the window that it belongs to.
 class Window {
  public:
@@ -25,7 +42,7 @@ class Window {
   // `parent` is the owner of a window that is no child. Fails with kOutOfMemory.
   Window(const std::string& title, DWORD style, DWORD extendedStyle, HWND parent);
 
-  // A message for the window, from when it has been made. No exception may leave it.
+  // A message for the window, from when it has been made. What fails is left to the system.
   virtual LRESULT Receive(UINT message, WPARAM first, LPARAM second) {
     return DefWindowProcW(handle_, message, first, second);
   }
