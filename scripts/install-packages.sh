@@ -34,6 +34,8 @@ if [ "${1:-}" = windows ]; then
     g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix binutils-mingw-w64
     # what makes the type library
     mingw-w64-tools
+    # what draws the program's icon in its sizes
+    librsvg2-bin
     # what takes the sources of SQLite and zint, and makes SQLite's one file of its many
     dpkg-dev gcc libc6-dev make patch xz-utils tcl
     # what programs of Windows reach their SQLite files by

@@ -6,7 +6,7 @@
 #   - each command of tdprint.exe, and each of its windows, used with keys and mouse;
 #   - what the queues make of printers that are calibrated;
 #   - the exports of both DLLs, and that they and the programs load nothing but libraries of the system;
-#   - the version that all of them tell, and the manifest of the programs;
+#   - the version that all of them tell, and the manifest and the icon of tdprint.exe;
 #   - the zip that scripts/package-windows.sh makes, unpacked and used.
 # The programs are those that scripts/build-windows.sh has built for 64 bits; scripts/test-windows-x86.sh
 # runs those for 32 bits, since Debian's wine does that only with packages of another architecture.
@@ -35,6 +35,9 @@ check_files() {
   # The system looks for the manifest of a program under these numbers.
   grep -q '^1 24 ' <<<"$resources" && grep -q '<longPathAware' <<<"$resources" ||
     { echo "$folder/tdprint.exe has no manifest" >&2; exit 1; }
+  # Its sizes are what a group of icons lists.
+  [ "$(grep -c '^[0-9]* 3 ' <<<"$resources")" -eq 8 ] && grep -q '^1 14 ' <<<"$resources" ||
+    { echo "$folder/tdprint.exe has no icon" >&2; exit 1; }
 }
 check_files x64 x86_64-w64-mingw32
 check_files x86 i686-w64-mingw32

@@ -13,6 +13,19 @@ namespace {
 
 constexpr const wchar_t* kClassName = L"QbTdPrinter.Window";
 
+BOOL CALLBACK TakeIcon(HMODULE module, LPCWSTR, LPWSTR name, LONG_PTR taken) {
+  *reinterpret_cast<HICON*>(taken) = LoadIconW(module, name);
+  return FALSE;
+}
+
+// The program's first icon, by which its users know its windows; nothing if it has none.
+HICON IconOfProgram() {
+  HICON icon = nullptr;
+  EnumResourceNamesW(GetModuleHandleW(nullptr), RT_GROUP_ICON, TakeIcon,
+                     reinterpret_cast<LONG_PTR>(&icon));
+  return icon;
+}
+
 // Registered once, and gone with the module: its code is the windows' code.
 class WindowClass {
  public:
@@ -22,6 +35,7 @@ class WindowClass {
     description.style = CS_DBLCLKS;
     description.lpfnWndProc = procedure;
     description.hInstance = OwnModule();
+    description.hIcon = IconOfProgram();
     description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     description.lpszClassName = kClassName;
     RegisterClassExW(&description);
