@@ -10,6 +10,19 @@ step() {
   echo "== $* =="
 }
 
+# beside LOG COMMAND…: runs it while the compiler works on what follows; `finished` waits for it.
+# Tests that drive servers, queues and emulated programs wait more than they calculate.
+beside() {
+  log=$1
+  "${@:2}" >"$log" 2>&1 &
+  other=$!
+  trap 'wait "$other" || true' EXIT
+}
+finished() {
+  wait "$other" || { cat "$log"; exit 1; }
+  cat "$log"
+}
+
 step "Packages"
 scripts/install-packages.sh windows
 
@@ -39,21 +52,18 @@ scripts/fuzz.sh 10
 step "The programs and the module as they are released, with the benchmarks"
 cmake --preset release -DQBTD_TESTS=PROGRAMS -DQBTD_BENCHMARKS=ON
 cmake --build --preset release -j "$jobs"
-ctest --preset release -j "$jobs"
 
 # The tests run in 64 bits; of the 32 bits only what is handed over is built.
-step "The component for Windows"
+step "Their tests, and the component for Windows"
+beside build/test-release.log ctest --preset release -j "$jobs"
 scripts/build-windows.sh
+finished
 
-# Emulated programs wait more than they calculate: meanwhile the compiler works.
 step "Its tests under emulation, and the build with the sanitizers"
-scripts/test-windows.sh >build/test-windows.log 2>&1 &
-windows=$!
-trap 'wait "$windows" || true' EXIT
+beside build/test-windows.log scripts/test-windows.sh
 cmake --preset sanitize
 cmake --build --preset sanitize -j "$jobs"
-wait "$windows" || { cat build/test-windows.log; exit 1; }
-cat build/test-windows.log
+finished
 
 step "The tests under the sanitizers"
 ctest --preset sanitize -j "$jobs"
