@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cstddef>
 #include <initializer_list>
 #include <string_view>
@@ -99,16 +100,23 @@ std::string FromProvider(std::string_view provider, const Entries& entries) {
   return SqlServerText(entries);
 }
 
+// Drivers for SQL Server encrypt from the 18th on unless they are told not to, and want a
+// certificate then that few servers have.
+bool EncryptsUnasked(std::string_view driver) {
+  constexpr std::string_view kBegin = "ODBC Driver ";
+  constexpr int kFirst = 18;
+  if (!StartsWithWord(driver, kBegin)) return false;
+  driver.remove_prefix(kBegin.size());
+  int number = 0;
+  std::from_chars(driver.data(), driver.data() + driver.size(), number);
+  return number >= kFirst;
+}
+
 // The text for the driver under the name that it has on this machine.
 std::string OwnText(const std::string& text, const Entries& entries) {
   const std::string wanted = Find(entries, {"Driver"});
   const std::string installed = wanted.empty() ? wanted : InstalledDriver(wanted);
-  if (installed == wanted) return text;
-  std::string renamed = "Driver={" + installed + "};";
-  for (const ConnectionEntry& entry : entries) {
-    if (!EqualWords(entry.key, "Driver")) Add(renamed, entry.key, entry.value);
-  }
-  return renamed;
+  return installed == wanted ? text : TextForDriver(installed, entries);
 }
 
 // SQLite's driver waits for a lock, unless it is told otherwise, a hundred seconds; it is told in
@@ -121,6 +129,16 @@ std::string WithLockWait(std::string text, const Entries& entries) {
 }
 
 }  // namespace
+
+std::string TextForDriver(const std::string& driver, const std::vector<ConnectionEntry>& entries) {
+  std::string text = "Driver={" + driver + "};";
+  for (const ConnectionEntry& entry : entries) {
+    if (!EqualWords(entry.key, "Driver")) Add(text, entry.key, entry.value);
+  }
+  const bool wasOpen =
+      !EncryptsUnasked(Find(entries, {"Driver"})) && Find(entries, {"Encrypt"}).empty();
+  return wasOpen && EncryptsUnasked(driver) ? text + "Encrypt=no;" : text;
+}
 
 DriverText ToDriverText(const std::string& connectionText) {
   if (connectionText.find('\0') != std::string::npos) throw WrongConnectionText("含有空字符");

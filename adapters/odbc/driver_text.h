@@ -2,6 +2,9 @@
 #pragma once
 
 #include <string>
+#include <vector>
+
+#include "sql_support/connection_entries.h"
 
 namespace td {
 
@@ -27,5 +30,10 @@ struct DriverText {
 // another provider, on more than 8 KB, and, except on Windows, where the user of the operating
 // system is to log on.
 [[nodiscard]] DriverText ToDriverText(const std::string& connectionText);
+
+// The text of these entries for another driver than the one that they name. One for SQL Server that
+// would encrypt is told not to where neither the text nor the driver that it was written for did.
+[[nodiscard]] std::string TextForDriver(const std::string& driver,
+                                        const std::vector<ConnectionEntry>& entries);
 
 }  // namespace td

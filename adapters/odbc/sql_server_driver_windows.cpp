@@ -5,7 +5,7 @@ namespace td {
 
 // The provider texts come from a time when nothing was encrypted unless it was asked for.
 std::string SqlServerDriver() {
-  const std::string driver = InstalledDriver("SQL Server");
+  const std::string driver = InstalledSqlServerDriver();
   const bool encrypts = driver.starts_with("ODBC Driver ");
   return "Driver={" + driver + "};" + (encrypts ? "Encrypt=no;" : "");
 }

@@ -48,6 +48,22 @@ TEST(DriverText, TranslatesTheProviderForDrivers) {
             "Driver={X};Server=h;");
 }
 
+TEST(DriverText, EncryptsForAnotherDriverAsForTheOneThatItNames) {
+  const auto textFor = [](const std::string& driver, const std::string& text) {
+    return TextForDriver(driver, ReadConnectionEntries(text));
+  };
+  const std::string newest = "ODBC Driver 18 for SQL Server";
+  const std::string begin = "Driver={" + newest + "};Server=a;";
+  EXPECT_EQ(textFor(newest, "Driver={SQL Server};Server=a"), begin + "Encrypt=no;");
+  EXPECT_EQ(textFor(newest, "Driver=ODBC Driver 17 for SQL Server;Server=a"),
+            begin + "Encrypt=no;");
+  EXPECT_EQ(textFor(newest, "Driver={SQL Server};Server=a;encrypt=yes"), begin + "encrypt=yes;");
+  EXPECT_EQ(textFor(newest, "Driver={ODBC Driver 19 for SQL Server};Server=a"), begin)
+      << "that one encrypts, too";
+  EXPECT_EQ(textFor("PostgreSQL Unicode(x64)", "Server={a;b};Driver={PostgreSQL Unicode}"),
+            "Driver={PostgreSQL Unicode(x64)};Server={a;b};");
+}
+
 TEST(DriverText, RefusesOtherTexts) {
   for (const char* text :
        {"", "a.db", "Server=a", "Provider=Other;Data Source=a", "Provider=SQLOLEDB",

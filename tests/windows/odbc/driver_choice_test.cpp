@@ -36,6 +36,9 @@ TEST(DriverChoice, ADriverIsFoundUnderTheNameThatItHasHere) {
   EXPECT_EQ(NewestDriverLike("ODBC Driver 18 for SQL Server", installed),
             "ODBC Driver 17 for SQL Server");
   EXPECT_EQ(NewestDriverLike("sql server", installed), "sql server") << "it is there";
+  EXPECT_EQ(NewestDriverLike("SQL Server", installed), "SQL Server") << "it is there";
+  EXPECT_EQ(NewestDriverLike("SQL Server", {"ODBC Driver 18 for SQL Server"}),
+            "ODBC Driver 18 for SQL Server");
   EXPECT_EQ(NewestDriverLike("MySQL ODBC 8.0 Unicode Driver", installed),
             "MySQL ODBC 8.0 Unicode Driver");
   EXPECT_EQ(NewestDriverLike("Oracle", installed), "Oracle");
