@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstdlib>
 #include <random>
 #include <string_view>
 #include <system_error>
 
 #include "files/windows_file.h"
+#include "windows/api/environment.h"
 #include "windows/api/system_error.h"
 
 namespace td {
@@ -176,8 +176,7 @@ std::wstring SystemPath(const fs::path& path) {
 }
 
 fs::path AbsolutePathFrom(const wchar_t* variable) {
-  const wchar_t* value = _wgetenv(variable);
-  const fs::path path = value == nullptr ? L"" : value;
+  const fs::path path = EnvironmentText(variable);
   return path.is_absolute() ? path : fs::path();
 }
 

@@ -187,5 +187,18 @@ TEST(WindowsFiles, TheSettingsOfAUserLieInTheRoamingFolder) {
   EXPECT_EQ(TextOf(UserConfigFolder()), "C:\\users\\某人\\AppData\\Roaming");
 }
 
+// As programs set variables that know nothing of this file's run-time library.
+TEST(WindowsFiles, AVariableIsReadAsTheSystemHasIt) {
+  SetEnvironmentVariableW(L"APPDATA", L"D:\\别人\\Roaming");
+  EXPECT_EQ(TextOf(UserConfigFolder()), "D:\\别人\\Roaming");
+  const std::wstring longPath = L"D:\\" + std::wstring(300, L'd');
+  SetEnvironmentVariableW(L"APPDATA", longPath.c_str());
+  EXPECT_EQ(UserConfigFolder().wstring(), longPath);
+  SetEnvironmentVariableW(L"APPDATA", L"relative");
+  EXPECT_EQ(UserConfigFolder(), fs::path());
+  SetEnvironmentVariableW(L"APPDATA", nullptr);
+  EXPECT_EQ(UserConfigFolder(), fs::path());
+}
+
 }  // namespace
 }  // namespace td
