@@ -66,15 +66,35 @@ void AddUser(std::string& text, const Entries& entries) {
   Add(text, "PWD", Find(entries, {"Password", "PWD"}));
 }
 
+bool IsNo(std::string_view value) {
+  constexpr std::array<std::string_view, 4> kWords = {"no", "false", "0", "optional"};
+  return std::ranges::any_of(kWords,
+                             [value](std::string_view word) { return EqualWords(value, word); });
+}
+
+// The value of a flag in words that every driver knows; "strict" only the newest does.
+std::string AsFlag(const std::string& value) {
+  if (value.empty()) return {};
+  if (EqualWords(value, "strict")) return "strict";
+  return IsNo(value) ? "no" : "yes";
+}
+
+Encryption EncryptionIn(const Entries& entries) {
+  return {.isAsked = AsFlag(Find(entries, {"Encrypt", "Use Encryption for Data"})),
+          .trustsServer =
+              AsFlag(Find(entries, {"TrustServerCertificate", "Trust Server Certificate"}))};
+}
+
 std::string SqlServerText(const Entries& entries) {
-  const bool asSystemUser = !Find(entries, {"Integrated Security", "Trusted_Connection"}).empty();
+  const std::string integrated = Find(entries, {"Integrated Security", "Trusted_Connection"});
+  const bool asSystemUser = !integrated.empty() && !IsNo(integrated);
   if (asSystemUser && SystemUserLogOn().empty()) {
     throw WrongConnectionText("不能用操作系统的用户登录，请写明 User ID 和 Password");
   }
   const std::string server =
       Find(entries, {"Data Source", "Server", "Address", "Addr", "Network Address"});
   if (server.empty()) throw WrongConnectionText("缺少 Data Source");
-  std::string text = SqlServerDriver();
+  std::string text = SqlServerDriver(EncryptionIn(entries));
   AddServer(text, server);
   if (asSystemUser) text += SystemUserLogOn();
   AddUser(text, entries);

@@ -41,6 +41,31 @@ TEST(DriverText, TranslatesTheProvidersOfSqlServer) {
   EXPECT_EQ(serverOf("host\\SQLEXPRESS"), "Server=host\\SQLEXPRESS;");
 }
 
+TEST(DriverText, LogsOnAsTheUserOfTheSystemOnlyWhereItIsAsked) {
+  for (const char* no :
+       {"Integrated Security=False", "trusted_connection=No", "Integrated Security=0"}) {
+    const std::string text = "Provider=SQLOLEDB;Data Source=a;User ID=sa;" + std::string(no);
+    EXPECT_TRUE(ToDriverText(text).text.ends_with("UID=sa;")) << no;
+  }
+  for (const char* yes : {"Integrated Security=true", "Trusted_Connection=yes"}) {
+    const std::string text = "Provider=SQLOLEDB;Data Source=a;" + std::string(yes);
+    EXPECT_EQ(FailureOf([&] { (void)ToDriverText(text); }).Number(), kDatabaseFailed) << yes;
+  }
+}
+
+TEST(DriverText, EncryptsWhereAProviderTextAsksForIt) {
+  const auto encryptsBy = [](const std::string& entry) {
+    const std::string text = ToDriverText("Provider=MSOLEDBSQL;Data Source=a;" + entry).text;
+    return text.find("Encryption=require;") != std::string::npos;
+  };
+  for (const char* yes : {"Encrypt=yes", "Use Encryption for Data=True", "encrypt=Mandatory"}) {
+    EXPECT_TRUE(encryptsBy(yes)) << yes;
+  }
+  for (const char* no : {"", "Encrypt=no", "Use Encryption for Data=false", "Encrypt=Optional"}) {
+    EXPECT_FALSE(encryptsBy(no)) << no;
+  }
+}
+
 TEST(DriverText, TranslatesTheProviderForDrivers) {
   EXPECT_EQ(ToDriverText("Provider=MSDASQL;Data Source=shop;User ID=u;Password=p}").text,
             "DSN=shop;UID=u;PWD={p}}};");
