@@ -128,6 +128,14 @@ run 0 unregister
 says "Removed the classes"
 run 0 unregister
 says "Nothing was registered"
+mkdir "$folder/other"
+cp "$folder/QbTdPrinter.dll" "$folder/other"
+other=$(windows_path "$folder/other/QbTdPrinter.dll")
+run 0 register --module "$other"
+run 0 unregister
+says "Still registered: $other for all users of this machine"
+run 0 unregister --module "$other"
+says "Removed the classes"
 
 # The whole demo.
 run 0 demo --out "$(windows_path "$folder/演示")"
