@@ -21,45 +21,6 @@ constexpr std::size_t kRandomDigits = 16;
 constexpr int kSystemErrors = 100'000;   // numbers from here on are the system's own
 constexpr DWORD kMostBytes = 1U << 24U;  // of one call
 
-int NumberOf(DWORD error) {
-  switch (error) {
-    case ERROR_FILE_NOT_FOUND:
-    case ERROR_PATH_NOT_FOUND:
-    case ERROR_INVALID_DRIVE:
-    case ERROR_BAD_NETPATH:
-    case ERROR_BAD_NET_NAME:
-      return ENOENT;
-    case ERROR_DIRECTORY:
-      return ENOTDIR;
-    case ERROR_FILE_EXISTS:
-    case ERROR_ALREADY_EXISTS:
-      return EEXIST;
-    case ERROR_ACCESS_DENIED:
-    case ERROR_PRIVILEGE_NOT_HELD:
-      return EACCES;
-    case ERROR_WRITE_PROTECT:
-      return EROFS;
-    case ERROR_DISK_FULL:
-    case ERROR_HANDLE_DISK_FULL:
-      return ENOSPC;
-    case ERROR_FILE_TOO_LARGE:
-      return EFBIG;
-    case ERROR_FILENAME_EXCED_RANGE:
-      return ENAMETOOLONG;
-    case ERROR_BROKEN_PIPE:
-    case ERROR_NO_DATA:
-      return EPIPE;
-    case ERROR_INVALID_HANDLE:
-      return EBADF;
-    case ERROR_CRC:
-    case ERROR_IO_DEVICE:
-    case ERROR_NOT_READY:
-      return EIO;
-    default:
-      return kSystemErrors + static_cast<int>(error);
-  }
-}
-
 void Require(BOOL succeeded) {
   if (succeeded == FALSE) throw LastFileError();
 }
@@ -156,8 +117,47 @@ std::string SystemReasonOf(int number) {
                                 : SystemWords(static_cast<unsigned long>(number - kSystemErrors));
 }
 
+int NumberOfError(unsigned long error) {
+  switch (error) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_DRIVE:
+    case ERROR_BAD_NETPATH:
+    case ERROR_BAD_NET_NAME:
+      return ENOENT;
+    case ERROR_DIRECTORY:
+      return ENOTDIR;
+    case ERROR_FILE_EXISTS:
+    case ERROR_ALREADY_EXISTS:
+      return EEXIST;
+    case ERROR_ACCESS_DENIED:
+    case ERROR_PRIVILEGE_NOT_HELD:
+      return EACCES;
+    case ERROR_WRITE_PROTECT:
+      return EROFS;
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+      return ENOSPC;
+    case ERROR_FILE_TOO_LARGE:
+      return EFBIG;
+    case ERROR_FILENAME_EXCED_RANGE:
+      return ENAMETOOLONG;
+    case ERROR_BROKEN_PIPE:
+    case ERROR_NO_DATA:
+      return EPIPE;
+    case ERROR_INVALID_HANDLE:
+      return EBADF;
+    case ERROR_CRC:
+    case ERROR_IO_DEVICE:
+    case ERROR_NOT_READY:
+      return EIO;
+    default:
+      return kSystemErrors + static_cast<int>(error);
+  }
+}
+
 FileError LastFileError() {
-  return FileError(NumberOf(GetLastError()));
+  return FileError(NumberOfError(GetLastError()));
 }
 
 std::wstring SystemPath(const fs::path& path) {
