@@ -3,9 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstdint>
 #include <random>
 #include <string_view>
-#include <system_error>
+#include <vector>
 
 #include "files/windows_file.h"
 #include "windows/api/environment.h"
@@ -17,6 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::wstring_view kPrefix = L".qbtdprinter-";
+constexpr std::wstring_view kDigits = L"0123456789abcdef";
 constexpr std::size_t kRandomDigits = 16;
 constexpr int kSystemErrors = 100'000;   // numbers from here on are the system's own
 constexpr DWORD kMostBytes = 1U << 24U;  // of one call
@@ -30,28 +32,42 @@ WindowsFile OpenForWriting(const fs::path& path, DWORD disposition) {
                                  disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
+std::uint64_t TicksOf(const FILETIME& time) {
+  return (std::uint64_t{time.dwHighDateTime} << 32U) | time.dwLowDateTime;
+}
+
 std::wstring RandomName() {
-  constexpr std::wstring_view kDigits = L"0123456789abcdef";
   std::random_device random;
   std::wstring name(kPrefix);
   for (std::size_t i = 0; i < kRandomDigits; ++i) name += kDigits[random() % kDigits.size()];
   return name;
 }
 
+// The names of the drafts in a folder that nobody has written to for an hour.
+std::vector<std::wstring> OldDraftsIn(const fs::path& folder) {
+  constexpr std::uint64_t kAnHour = 36'000'000'000;  // in the system's unit
+  FILETIME now{};
+  GetSystemTimeAsFileTime(&now);
+  WIN32_FIND_DATAW found{};
+  HANDLE search = FindFirstFileW((folder / (std::wstring(kPrefix) + L"*")).c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return {};
+  std::vector<std::wstring> names;
+  do {
+    const std::wstring_view name = found.cFileName;
+    const bool isDraft = name.starts_with(kPrefix) &&
+                         name.size() == kPrefix.size() + kRandomDigits &&
+                         name.find_first_not_of(kDigits, kPrefix.size()) == name.npos;
+    const bool isOld = TicksOf(found.ftLastWriteTime) + kAnHour < TicksOf(now);
+    if (isDraft && isOld) names.emplace_back(name);
+  } while (FindNextFileW(search, &found) != FALSE);
+  FindClose(search);
+  return names;
+}
+
 // What is old and can be removed belongs to no process: a file that is being written is shared with
 // nobody.
 void SweepLeftovers(const fs::path& folder) {
-  std::error_code error;
-  const auto anHourAgo = fs::file_time_type::clock::now() - std::chrono::hours(1);
-  for (const fs::directory_entry& entry : fs::directory_iterator(SystemPath(folder), error)) {
-    const std::wstring name = entry.path().filename().wstring();
-    const bool isDraft =
-        name.starts_with(kPrefix) && name.size() == kPrefix.size() + kRandomDigits &&
-        name.find_first_not_of(L"0123456789abcdef", kPrefix.size()) == std::wstring::npos;
-    if (isDraft && entry.last_write_time(error) < anHourAgo) {
-      DeleteFileW(entry.path().c_str());
-    }
-  }
+  for (const std::wstring& name : OldDraftsIn(folder)) DeleteFileW((folder / name).c_str());
 }
 
 // A file that isn't finished, in the folder of its later name.
