@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "files/path_text.h"
 #include "files/windows_file.h"
 #include "windows/api/environment.h"
 #include "windows/api/system_error.h"
@@ -189,6 +190,11 @@ std::wstring SystemPath(const fs::path& path) {
   if (whole.starts_with(LR"(\\?\)") || whole.starts_with(LR"(\\.\)")) return whole;
   if (whole.starts_with(LR"(\\)")) return LR"(\\?\UNC)" + whole.substr(1);
   return LR"(\\?\)" + whole;
+}
+
+fs::path OpenPathOf(std::string_view utf8) {
+  const fs::path path = PathOf(utf8);
+  return path.empty() ? path : fs::path(SystemPath(path));
 }
 
 fs::path AbsolutePathFrom(const wchar_t* variable) {

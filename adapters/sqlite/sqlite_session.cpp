@@ -5,14 +5,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstddef>
-#include <filesystem>
 #include <limits>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
 #include "files/file_error.h"
-#include "files/path_text.h"
 #include "sql_support/database_failure.h"
 #include "sql_support/statement_text.h"
 #include "sqlite/connection_text.h"
@@ -97,13 +94,11 @@ void SqliteSession::Open() {
   if (!stamp) throw OpenFailure(path_, errno);
   stamp_ = *stamp;
 
-  // An absolute name has no meaning of its own to the engine, as ":memory:" would have.
-  std::error_code error;
-  const std::string name = TextOf(std::filesystem::absolute(PathOf(path_), error));
-  if (error) throw OpenFailure(path_, error.value());
+  const auto file = EngineFileOf(path_);
+  if (!file) throw OpenFailure(path_, errno);
   sqlite3* engine = nullptr;
-  const int code =
-      sqlite3_open_v2(name.c_str(), &engine, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  const int code = sqlite3_open_v2(file->name.c_str(), &engine,
+                                   SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, file->access);
   engine_.reset(engine);
   if (code != SQLITE_OK) {
     throw OpenFailure(path_, FileErrorNumber(sqlite3_system_errno(engine)), sqlite3_errstr(code));

@@ -57,7 +57,7 @@ class OptionsFile {
   OptionsFile(CLI::App& command, const std::string& path) : command_(command), path_(path) {}
 
   void Read() {
-    std::ifstream file(PathOf(path_));
+    std::ifstream file(OpenPathOf(path_));
     bool isFirst = true;
     for (std::string line; std::getline(file, line); isFirst = false) {
       if (isFirst && line.starts_with(kByteOrderMark)) line.erase(0, 3);

@@ -160,6 +160,8 @@ TEST(WindowsFiles, APathMayBeLongerThanTheOldLimit) {
   const fs::path deep = DeepFolderIn(folder);
   ReplaceWholeFile(deep / "bill.html", WriterOf("far down"));
   EXPECT_EQ(ReadWholeFile(deep / "bill.html", 100), "far down");
+  EXPECT_EQ(ContentOf(OpenPathOf(TextOf(deep / "bill.html"))), "far down");
+  EXPECT_EQ(OpenPathOf(""), fs::path());
 }
 
 TEST(WindowsFiles, WhatAnEndedProcessLeftIsRemovedLater) {
