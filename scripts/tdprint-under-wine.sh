@@ -85,6 +85,12 @@ printf '\xef\xbb\xbfdb = %s\r\ntype = 21\r\ndata = %s\r\n' "$database" "$query" 
 run 0 print --config "$(windows_path "$folder/订单.tdprint")" --html -
 says 要大朵
 
+cp "$folder/订单.tdprint" "$long"/x*/
+cp "$shop" "$long"/x*/
+run 0 print --config "$(windows_path "$(echo "$long"/x*)/订单.tdprint")" --html - \
+  --db "sqlite:$(windows_path "$(echo "$long"/x*)/shop.db")"
+says 要大朵
+
 # A print, and the log of it. The queue writes a file.
 touch "$work/before"
 run 0 "${print[@]}" --printer QbTd-Bill --log "$(windows_path "$folder/打印.log")"
@@ -96,6 +102,9 @@ done
 [ -n "$job" ] || fail "the queue has made nothing"
 pdftotext "$job" - | grep -q 要大朵 || fail "$job lacks its Chinese text"
 run 0 log --bill XD-2403-0002 "$(windows_path "$folder/打印.log")"
+says QbTd-Bill
+cp "$folder/打印.log" "$long"/x*/
+run 0 log --bill XD-2403-0002 "$(windows_path "$(echo "$long"/x*)/打印.log")"
 says QbTd-Bill
 QBTDPRINTER_LOG_FILE=$(windows_path "$folder/打印.log") run 0 log --json
 says XD-2403-0002
@@ -128,6 +137,14 @@ run 0 unregister
 says "Removed the classes"
 run 0 unregister
 says "Nothing was registered"
+mkdir "$folder/other"
+cp "$folder/QbTdPrinter.dll" "$folder/other"
+other=$(windows_path "$folder/other/QbTdPrinter.dll")
+run 0 register --module "$other"
+run 0 unregister
+says "Still registered: $other for all users of this machine"
+run 0 unregister --module "$other"
+says "Removed the classes"
 
 # The whole demo.
 run 0 demo --out "$(windows_path "$folder/演示")"

@@ -1,6 +1,7 @@
 #include "desktop/databases.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "odbc/odbc_database.h"
 #include "sql_support/connection_entries.h"
@@ -10,8 +11,11 @@
 namespace td {
 namespace {
 
-// A text that names a driver, a data source, or a provider other than the embedded one.
+// A text that names a driver, a data source, or a provider other than the embedded one. A path
+// behind the embedded one's own mark may look like such a text and names none.
 bool NamesServer(const std::string& connection) {
+  constexpr std::string_view kOwnMark = "sqlite:";
+  if (LowerCase(std::string_view(connection).substr(0, kOwnMark.size())) == kOwnMark) return false;
   try {
     const auto entries = ReadConnectionEntries(connection);
     return std::ranges::any_of(entries, [](const ConnectionEntry& entry) {

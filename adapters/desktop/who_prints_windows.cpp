@@ -1,6 +1,5 @@
-#include <cstdlib>
-
 #include "desktop/who_prints.h"
+#include "windows/api/environment.h"
 #include "windows/api/wide_text.h"
 #include "windows/api/windows_api.h"
 #include "windows/system/message_boxes.h"
@@ -29,8 +28,7 @@ std::string NameOfProgram() {
 }
 
 std::filesystem::path LogFileOfEnvironment() {
-  const wchar_t* file = _wgetenv(L"QBTDPRINTER_LOG_FILE");
-  return file == nullptr ? L"" : file;
+  return EnvironmentText(L"QBTDPRINTER_LOG_FILE");
 }
 
 }  // namespace td

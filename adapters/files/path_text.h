@@ -16,4 +16,8 @@ namespace td {
   return {utf8.begin(), utf8.end()};
 }
 
+// The same as PathOf, for the streams of the standard library: on Windows in the form that the
+// system takes whatever its length is.
+[[nodiscard]] std::filesystem::path OpenPathOf(std::string_view utf8);
+
 }  // namespace td

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstdlib>
+#include <cstdint>
 #include <random>
 #include <string_view>
-#include <system_error>
+#include <vector>
 
+#include "files/path_text.h"
 #include "files/windows_file.h"
+#include "windows/api/environment.h"
 #include "windows/api/system_error.h"
 
 namespace td {
@@ -17,48 +19,10 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::wstring_view kPrefix = L".qbtdprinter-";
+constexpr std::wstring_view kDigits = L"0123456789abcdef";
 constexpr std::size_t kRandomDigits = 16;
 constexpr int kSystemErrors = 100'000;   // numbers from here on are the system's own
 constexpr DWORD kMostBytes = 1U << 24U;  // of one call
-
-int NumberOf(DWORD error) {
-  switch (error) {
-    case ERROR_FILE_NOT_FOUND:
-    case ERROR_PATH_NOT_FOUND:
-    case ERROR_INVALID_DRIVE:
-    case ERROR_BAD_NETPATH:
-    case ERROR_BAD_NET_NAME:
-      return ENOENT;
-    case ERROR_DIRECTORY:
-      return ENOTDIR;
-    case ERROR_FILE_EXISTS:
-    case ERROR_ALREADY_EXISTS:
-      return EEXIST;
-    case ERROR_ACCESS_DENIED:
-    case ERROR_PRIVILEGE_NOT_HELD:
-      return EACCES;
-    case ERROR_WRITE_PROTECT:
-      return EROFS;
-    case ERROR_DISK_FULL:
-    case ERROR_HANDLE_DISK_FULL:
-      return ENOSPC;
-    case ERROR_FILE_TOO_LARGE:
-      return EFBIG;
-    case ERROR_FILENAME_EXCED_RANGE:
-      return ENAMETOOLONG;
-    case ERROR_BROKEN_PIPE:
-    case ERROR_NO_DATA:
-      return EPIPE;
-    case ERROR_INVALID_HANDLE:
-      return EBADF;
-    case ERROR_CRC:
-    case ERROR_IO_DEVICE:
-    case ERROR_NOT_READY:
-      return EIO;
-    default:
-      return kSystemErrors + static_cast<int>(error);
-  }
-}
 
 void Require(BOOL succeeded) {
   if (succeeded == FALSE) throw LastFileError();
@@ -69,28 +33,42 @@ WindowsFile OpenForWriting(const fs::path& path, DWORD disposition) {
                                  disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
+std::uint64_t TicksOf(const FILETIME& time) {
+  return (std::uint64_t{time.dwHighDateTime} << 32U) | time.dwLowDateTime;
+}
+
 std::wstring RandomName() {
-  constexpr std::wstring_view kDigits = L"0123456789abcdef";
   std::random_device random;
   std::wstring name(kPrefix);
   for (std::size_t i = 0; i < kRandomDigits; ++i) name += kDigits[random() % kDigits.size()];
   return name;
 }
 
+// The names of the drafts in a folder that nobody has written to for an hour.
+std::vector<std::wstring> OldDraftsIn(const fs::path& folder) {
+  constexpr std::uint64_t kAnHour = 36'000'000'000;  // in the system's unit
+  FILETIME now{};
+  GetSystemTimeAsFileTime(&now);
+  WIN32_FIND_DATAW found{};
+  HANDLE search = FindFirstFileW((folder / (std::wstring(kPrefix) + L"*")).c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return {};
+  std::vector<std::wstring> names;
+  do {
+    const std::wstring_view name = found.cFileName;
+    const bool isDraft = name.starts_with(kPrefix) &&
+                         name.size() == kPrefix.size() + kRandomDigits &&
+                         name.find_first_not_of(kDigits, kPrefix.size()) == name.npos;
+    const bool isOld = TicksOf(found.ftLastWriteTime) + kAnHour < TicksOf(now);
+    if (isDraft && isOld) names.emplace_back(name);
+  } while (FindNextFileW(search, &found) != FALSE);
+  FindClose(search);
+  return names;
+}
+
 // What is old and can be removed belongs to no process: a file that is being written is shared with
 // nobody.
 void SweepLeftovers(const fs::path& folder) {
-  std::error_code error;
-  const auto anHourAgo = fs::file_time_type::clock::now() - std::chrono::hours(1);
-  for (const fs::directory_entry& entry : fs::directory_iterator(SystemPath(folder), error)) {
-    const std::wstring name = entry.path().filename().wstring();
-    const bool isDraft =
-        name.starts_with(kPrefix) && name.size() == kPrefix.size() + kRandomDigits &&
-        name.find_first_not_of(L"0123456789abcdef", kPrefix.size()) == std::wstring::npos;
-    if (isDraft && entry.last_write_time(error) < anHourAgo) {
-      DeleteFileW(entry.path().c_str());
-    }
-  }
+  for (const std::wstring& name : OldDraftsIn(folder)) DeleteFileW((folder / name).c_str());
 }
 
 // A file that isn't finished, in the folder of its later name.
@@ -156,8 +134,47 @@ std::string SystemReasonOf(int number) {
                                 : SystemWords(static_cast<unsigned long>(number - kSystemErrors));
 }
 
+int NumberOfError(unsigned long error) {
+  switch (error) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_DRIVE:
+    case ERROR_BAD_NETPATH:
+    case ERROR_BAD_NET_NAME:
+      return ENOENT;
+    case ERROR_DIRECTORY:
+      return ENOTDIR;
+    case ERROR_FILE_EXISTS:
+    case ERROR_ALREADY_EXISTS:
+      return EEXIST;
+    case ERROR_ACCESS_DENIED:
+    case ERROR_PRIVILEGE_NOT_HELD:
+      return EACCES;
+    case ERROR_WRITE_PROTECT:
+      return EROFS;
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+      return ENOSPC;
+    case ERROR_FILE_TOO_LARGE:
+      return EFBIG;
+    case ERROR_FILENAME_EXCED_RANGE:
+      return ENAMETOOLONG;
+    case ERROR_BROKEN_PIPE:
+    case ERROR_NO_DATA:
+      return EPIPE;
+    case ERROR_INVALID_HANDLE:
+      return EBADF;
+    case ERROR_CRC:
+    case ERROR_IO_DEVICE:
+    case ERROR_NOT_READY:
+      return EIO;
+    default:
+      return kSystemErrors + static_cast<int>(error);
+  }
+}
+
 FileError LastFileError() {
-  return FileError(NumberOf(GetLastError()));
+  return FileError(NumberOfError(GetLastError()));
 }
 
 std::wstring SystemPath(const fs::path& path) {
@@ -175,9 +192,13 @@ std::wstring SystemPath(const fs::path& path) {
   return LR"(\\?\)" + whole;
 }
 
+fs::path OpenPathOf(std::string_view utf8) {
+  const fs::path path = PathOf(utf8);
+  return path.empty() ? path : fs::path(SystemPath(path));
+}
+
 fs::path AbsolutePathFrom(const wchar_t* variable) {
-  const wchar_t* value = _wgetenv(variable);
-  const fs::path path = value == nullptr ? L"" : value;
+  const fs::path path = EnvironmentText(variable);
   return path.is_absolute() ? path : fs::path();
 }
 

@@ -21,6 +21,9 @@ namespace td {
 // What an environment variable holds; empty if that is no absolute path.
 [[nodiscard]] std::filesystem::path AbsolutePathFrom(const wchar_t* variable);
 
+// The number of a FileError for an error of the system.
+[[nodiscard]] int NumberOfError(unsigned long error);
+
 // The failure that the last call of the system told.
 [[nodiscard]] FileError LastFileError();
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cstddef>
 #include <initializer_list>
 #include <string_view>
@@ -65,15 +66,35 @@ void AddUser(std::string& text, const Entries& entries) {
   Add(text, "PWD", Find(entries, {"Password", "PWD"}));
 }
 
+bool IsNo(std::string_view value) {
+  constexpr std::array<std::string_view, 4> kWords = {"no", "false", "0", "optional"};
+  return std::ranges::any_of(kWords,
+                             [value](std::string_view word) { return EqualWords(value, word); });
+}
+
+// The value of a flag in words that every driver knows; "strict" only the newest does.
+std::string AsFlag(const std::string& value) {
+  if (value.empty()) return {};
+  if (EqualWords(value, "strict")) return "strict";
+  return IsNo(value) ? "no" : "yes";
+}
+
+Encryption EncryptionIn(const Entries& entries) {
+  return {.isAsked = AsFlag(Find(entries, {"Encrypt", "Use Encryption for Data"})),
+          .trustsServer =
+              AsFlag(Find(entries, {"TrustServerCertificate", "Trust Server Certificate"}))};
+}
+
 std::string SqlServerText(const Entries& entries) {
-  const bool asSystemUser = !Find(entries, {"Integrated Security", "Trusted_Connection"}).empty();
+  const std::string integrated = Find(entries, {"Integrated Security", "Trusted_Connection"});
+  const bool asSystemUser = !integrated.empty() && !IsNo(integrated);
   if (asSystemUser && SystemUserLogOn().empty()) {
     throw WrongConnectionText("不能用操作系统的用户登录，请写明 User ID 和 Password");
   }
   const std::string server =
       Find(entries, {"Data Source", "Server", "Address", "Addr", "Network Address"});
   if (server.empty()) throw WrongConnectionText("缺少 Data Source");
-  std::string text = SqlServerDriver();
+  std::string text = SqlServerDriver(EncryptionIn(entries));
   AddServer(text, server);
   if (asSystemUser) text += SystemUserLogOn();
   AddUser(text, entries);
@@ -99,16 +120,23 @@ std::string FromProvider(std::string_view provider, const Entries& entries) {
   return SqlServerText(entries);
 }
 
+// Drivers for SQL Server encrypt from the 18th on unless they are told not to, and want a
+// certificate then that few servers have.
+bool EncryptsUnasked(std::string_view driver) {
+  constexpr std::string_view kBegin = "ODBC Driver ";
+  constexpr int kFirst = 18;
+  if (!StartsWithWord(driver, kBegin)) return false;
+  driver.remove_prefix(kBegin.size());
+  int number = 0;
+  std::from_chars(driver.data(), driver.data() + driver.size(), number);
+  return number >= kFirst;
+}
+
 // The text for the driver under the name that it has on this machine.
 std::string OwnText(const std::string& text, const Entries& entries) {
   const std::string wanted = Find(entries, {"Driver"});
   const std::string installed = wanted.empty() ? wanted : InstalledDriver(wanted);
-  if (installed == wanted) return text;
-  std::string renamed = "Driver={" + installed + "};";
-  for (const ConnectionEntry& entry : entries) {
-    if (!EqualWords(entry.key, "Driver")) Add(renamed, entry.key, entry.value);
-  }
-  return renamed;
+  return installed == wanted ? text : TextForDriver(installed, entries);
 }
 
 // SQLite's driver waits for a lock, unless it is told otherwise, a hundred seconds; it is told in
@@ -121,6 +149,16 @@ std::string WithLockWait(std::string text, const Entries& entries) {
 }
 
 }  // namespace
+
+std::string TextForDriver(const std::string& driver, const std::vector<ConnectionEntry>& entries) {
+  std::string text = "Driver={" + driver + "};";
+  for (const ConnectionEntry& entry : entries) {
+    if (!EqualWords(entry.key, "Driver")) Add(text, entry.key, entry.value);
+  }
+  const bool wasOpen =
+      !EncryptsUnasked(Find(entries, {"Driver"})) && Find(entries, {"Encrypt"}).empty();
+  return wasOpen && EncryptsUnasked(driver) ? text + "Encrypt=no;" : text;
+}
 
 DriverText ToDriverText(const std::string& connectionText) {
   if (connectionText.find('\0') != std::string::npos) throw WrongConnectionText("含有空字符");

@@ -21,4 +21,7 @@ namespace td {
 // each is kept.
 [[nodiscard]] std::string InstalledDriver(const std::string& wanted);
 
+// The newest one for SQL Server of this machine, which is one of Windows.
+[[nodiscard]] std::string InstalledSqlServerDriver();
+
 }  // namespace td

@@ -35,6 +35,9 @@ std::vector<std::string> InstalledDrivers() {
   return names;
 }
 
+// The driver for SQL Server that is a part of Windows.
+constexpr std::string_view kSystemsOwn = "SQL Server";
+
 // The number of "ODBC Driver 18 for SQL Server"; that of the driver's forerunner is below all of
 // them, and 0 is no driver for SQL Server.
 int RankOf(std::string_view name) {
@@ -75,7 +78,7 @@ std::vector<int> VersionIn(std::string_view name) {
 }  // namespace
 
 std::string NewestSqlServerDriver(const std::vector<std::string>& installed) {
-  std::string newest = "SQL Server";
+  std::string newest(kSystemsOwn);
   int best = 0;
   for (const std::string& name : installed) {
     if (RankOf(name) <= best) continue;
@@ -88,7 +91,9 @@ std::string NewestSqlServerDriver(const std::vector<std::string>& installed) {
 std::string NewestDriverLike(std::string_view wanted, const std::vector<std::string>& installed) {
   const auto isWanted = [wanted](const std::string& name) { return EqualWords(name, wanted); };
   if (std::ranges::any_of(installed, isWanted)) return std::string(wanted);
-  if (RankOf(wanted) > 0) return NewestSqlServerDriver(installed);
+  if (RankOf(wanted) > 0 || EqualWords(wanted, kSystemsOwn)) {
+    return NewestSqlServerDriver(installed);
+  }
   const auto family = std::ranges::find_if(
       kFamilies, [wanted](std::string_view beginning) { return BeginsLike(wanted, beginning); });
   if (family == kFamilies.end()) return std::string(wanted);
@@ -101,9 +106,11 @@ std::string NewestDriverLike(std::string_view wanted, const std::vector<std::str
 }
 
 std::string InstalledDriver(const std::string& wanted) {
-  const std::vector<std::string> installed = InstalledDrivers();
-  return wanted == "SQL Server" ? NewestSqlServerDriver(installed)
-                                : NewestDriverLike(wanted, installed);
+  return NewestDriverLike(wanted, InstalledDrivers());
+}
+
+std::string InstalledSqlServerDriver() {
+  return NewestSqlServerDriver(InstalledDrivers());
 }
 
 }  // namespace td

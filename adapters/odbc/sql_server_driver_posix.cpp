@@ -2,8 +2,11 @@
 
 namespace td {
 
-std::string SqlServerDriver() {
-  return "Driver=FreeTDS;TDS_Version=7.4;ClientCharset=UTF-8;";
+// FreeTDS looks at no certificate unless it is told those that it shall trust.
+std::string SqlServerDriver(const Encryption& encryption) {
+  const std::string text = "Driver=FreeTDS;TDS_Version=7.4;ClientCharset=UTF-8;";
+  const bool isAsked = !encryption.isAsked.empty() && encryption.isAsked != "no";
+  return isAsked ? text + "Encryption=require;" : text;
 }
 
 std::string SqlServerAddress(std::string_view host, std::string_view port) {

@@ -3,11 +3,18 @@
 
 namespace td {
 
-// The provider texts come from a time when nothing was encrypted unless it was asked for.
-std::string SqlServerDriver() {
-  const std::string driver = InstalledDriver("SQL Server");
-  const bool encrypts = driver.starts_with("ODBC Driver ");
-  return "Driver={" + driver + "};" + (encrypts ? "Encrypt=no;" : "");
+std::string SqlServerDriver(const Encryption& encryption) {
+  const std::string driver = InstalledSqlServerDriver();
+  std::string text = "Driver={" + driver + "};";
+  if (!encryption.isAsked.empty()) {
+    text += "Encrypt=" + encryption.isAsked + ";";
+  } else if (driver.starts_with("ODBC Driver ")) {
+    text += "Encrypt=no;";
+  }
+  if (!encryption.trustsServer.empty()) {
+    text += "TrustServerCertificate=" + encryption.trustsServer + ";";
+  }
+  return text;
 }
 
 std::string SqlServerAddress(std::string_view host, std::string_view port) {

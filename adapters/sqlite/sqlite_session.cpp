@@ -5,16 +5,15 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstddef>
-#include <filesystem>
 #include <limits>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
-#include "files/path_text.h"
+#include "files/file_error.h"
 #include "sql_support/database_failure.h"
 #include "sql_support/statement_text.h"
 #include "sqlite/connection_text.h"
+#include "sqlite/engine_file.h"
 #include "sqlite/sql_dialect.h"
 #include "sqlite/sqlite_failure.h"
 #include "sqlite/sqlite_functions.h"
@@ -25,14 +24,14 @@ namespace {
 
 constexpr int kLockWaitMilliseconds = 200;
 
-Failure OpenFailure(const std::string& path, int systemError, const std::string& engineWords) {
+// For the number of a FileError; the engine's words serve where there is none.
+Failure OpenFailure(const std::string& path, int number, const char* engineWords = "") {
   const std::string name = "“" + path + "”";
-  if (systemError == ENOENT || systemError == ENOTDIR) {
-    return DatabaseFailure("找不到数据库文件" + name);
-  }
-  if (systemError == EISDIR) return DatabaseFailure(name + "不是普通文件");
-  if (systemError == EACCES) return DatabaseFailure("没有权限打开数据库文件" + name);
-  return DatabaseFailure("打不开数据库文件" + name + "（" + engineWords + "）");
+  if (number == ENOENT || number == ENOTDIR) return DatabaseFailure("找不到数据库文件" + name);
+  if (number == EISDIR) return DatabaseFailure(name + "不是普通文件");
+  if (number == EACCES) return DatabaseFailure("没有权限打开数据库文件" + name);
+  const std::string reason = number == 0 ? engineWords : ReasonOf(number);
+  return DatabaseFailure("打不开数据库文件" + name + "（" + reason + "）");
 }
 
 // The value is taken once: each question to the statement finds it anew. Nobody else uses a session
@@ -92,19 +91,17 @@ SqliteSession::~SqliteSession() = default;
 
 void SqliteSession::Open() {
   const auto stamp = StampOf(path_);
-  if (!stamp) throw OpenFailure(path_, errno, std::generic_category().message(errno));
+  if (!stamp) throw OpenFailure(path_, errno);
   stamp_ = *stamp;
 
-  // An absolute name has no meaning of its own to the engine, as ":memory:" would have.
-  std::error_code error;
-  const std::string name = TextOf(std::filesystem::absolute(PathOf(path_), error));
-  if (error) throw OpenFailure(path_, error.value(), error.message());
+  const auto file = EngineFileOf(path_);
+  if (!file) throw OpenFailure(path_, errno);
   sqlite3* engine = nullptr;
-  const int code =
-      sqlite3_open_v2(name.c_str(), &engine, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  const int code = sqlite3_open_v2(file->name.c_str(), &engine,
+                                   SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, file->access);
   engine_.reset(engine);
   if (code != SQLITE_OK) {
-    throw OpenFailure(path_, sqlite3_system_errno(engine), sqlite3_errstr(code));
+    throw OpenFailure(path_, FileErrorNumber(sqlite3_system_errno(engine)), sqlite3_errstr(code));
   }
   sqlite3_extended_result_codes(engine, 1);
   sqlite3_busy_timeout(engine, kLockWaitMilliseconds);

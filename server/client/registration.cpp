@@ -118,7 +118,7 @@ void WriteRegistration(const std::vector<RegisteredClass>& classes) {
   ReplaceTrustedFile(CheckedRegistrationFile(), content);
 }
 
-void RemoveRegistration() {
+void RemoveRegistration(const fs::path& /*module*/) {
   const fs::path file = CheckedRegistrationFile();
   try {
     const Descriptor folder = OpenTrustedFolder(file.parent_path(), MissingFolders::kFail);

@@ -27,8 +27,10 @@ struct RegisteredClass {
 // Replaces the registration. Fails like ReadRegistration, and when others could change a module.
 void WriteRegistration(const std::vector<RegisteredClass>& classes);
 
-// Removing what isn't there is no failure.
-void RemoveRegistration();
+// Removing what isn't there is no failure. On Windows the registration of another file than the
+// module stays as long as that file is there, and so does the machine's if the user may not remove
+// it and had one of his own.
+void RemoveRegistration(const std::filesystem::path& module);
 
 // {2389511E-AE07-4A8F-BF68-F2D15542C87E}
 [[nodiscard]] std::string TextOfGuid(const TdGuid& id);

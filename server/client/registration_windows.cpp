@@ -1,12 +1,14 @@
 // The registration of Windows: for all users of the machine where its writer may do that, else for
 // the user alone.
 #include <array>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <utility>
 
 #include "client/registration.h"
 #include "client/result_failure.h"
+#include "files/windows_file.h"
 #include "windows/api/system_error.h"
 #include "windows/api/wide_text.h"
 #include "windows/api/windows_api.h"
@@ -122,9 +124,43 @@ void WriteTypeLibrary(HKEY scope, const std::filesystem::path& module) {
   }
 }
 
-void Remove(HKEY scope, const std::wstring& path) {
+// What tells a file from every other one, whatever path it is named by; nothing where there is
+// none.
+std::optional<std::array<DWORD, 3>> IdOfFile(const std::filesystem::path& path) {
+  const WindowsFile file(CreateFileW(SystemPath(path).c_str(), FILE_READ_ATTRIBUTES,
+                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                     nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  BY_HANDLE_FILE_INFORMATION state{};
+  if (!file.IsOpen() || GetFileInformationByHandle(file.Handle(), &state) == FALSE) {
+    return std::nullopt;
+  }
+  return {{state.dwVolumeSerialNumber, state.nFileIndexHigh, state.nFileIndexLow}};
+}
+
+// Whose registration is to go.
+class Owner {
+ public:
+  // Everybody's.
+  Owner() = default;
+  // That of a module; another file that is still there belongs to another program.
+  explicit Owner(std::filesystem::path module) : module_(std::move(module)) {}
+
+  [[nodiscard]] bool Owns(const std::optional<std::wstring>& registered) const {
+    if (module_.empty() || !registered || registered->empty()) return true;
+    const auto file = IdOfFile(*registered);
+    return !file || file == IdOfFile(module_);
+  }
+
+ private:
+  std::filesystem::path module_;
+};
+
+// False if there was nothing.
+bool Remove(HKEY scope, const std::wstring& path) {
   const LSTATUS error = RegDeleteTreeW(scope, path.c_str());
-  if (error != ERROR_FILE_NOT_FOUND && error != ERROR_PATH_NOT_FOUND) Require(error);
+  if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) return false;
+  Require(error);
+  return true;
 }
 
 bool ExistsInOtherView(HKEY scope, const std::wstring& path) {
@@ -138,9 +174,10 @@ bool ExistsInOtherView(HKEY scope, const std::wstring& path) {
 }
 
 // The library stays as long as the component of the other kind is registered.
-void RemoveTypeLibrary(HKEY scope) {
-  for (const Interface& one : kInterfaces) Remove(scope, InterfacePath(one.id));
+void RemoveTypeLibrary(HKEY scope, const Owner& owner) {
   const std::wstring kinds = Joined(Joined(LibraryPath(), kLibraryVersion), L"0");
+  if (!owner.Owns(ReadText(scope, Joined(kinds, kOwnKind)))) return;
+  for (const Interface& one : kInterfaces) Remove(scope, InterfacePath(one.id));
   Remove(scope, Joined(kinds, kOwnKind));
   const bool hasOther = ReadText(scope, Joined(kinds, L"win32")).has_value() ||
                         ReadText(scope, Joined(kinds, L"win64")).has_value();
@@ -168,14 +205,20 @@ std::vector<std::wstring> NamesIn(HKEY scope) {
   }
 }
 
-// The names stay as long as the component of the other kind, of 32 or 64 bits, is registered.
-void RemoveFrom(HKEY scope) {
+// The names stay as long as the component of the other kind, of 32 or 64 bits, is registered. False
+// if the owner had no class there.
+bool RemoveFrom(HKEY scope, const Owner& owner) {
+  bool hadClass = false;
   for (const std::wstring& name : NamesIn(scope)) {
     const auto id = ReadText(scope, Joined(Joined(kClasses, name), L"CLSID"));
-    if (id && !id->empty()) Remove(scope, ClassPath(*id));
+    if (id && !id->empty()) {
+      if (!owner.Owns(ReadText(scope, Joined(ClassPath(*id), L"InprocServer32")))) continue;
+      if (Remove(scope, ClassPath(*id))) hadClass = true;
+    }
     if (!id || !ExistsInOtherView(scope, ClassPath(*id))) Remove(scope, Joined(kClasses, name));
   }
-  RemoveTypeLibrary(scope);
+  RemoveTypeLibrary(scope, owner);
+  return hadClass;
 }
 
 void WriteTo(HKEY scope, const std::vector<RegisteredClass>& classes) {
@@ -194,13 +237,18 @@ void WriteRegistration(const std::vector<RegisteredClass>& classes) {
     return;
   }
   // An older one of the user's would hide it.
-  RemoveFrom(HKEY_CURRENT_USER);
+  RemoveFrom(HKEY_CURRENT_USER, Owner());
 }
 
 // The user's own first: what is registered for the machine may be none of the user's business.
-void RemoveRegistration() {
-  RemoveFrom(HKEY_CURRENT_USER);
-  RemoveFrom(HKEY_LOCAL_MACHINE);
+void RemoveRegistration(const std::filesystem::path& module) {
+  const Owner owner(module);
+  const bool wasUsers = RemoveFrom(HKEY_CURRENT_USER, owner);
+  try {
+    RemoveFrom(HKEY_LOCAL_MACHINE, owner);
+  } catch (const ResultFailure& failure) {
+    if (!wasUsers || failure.Result() != TD_NO_ACCESS) throw;
+  }
 }
 
 }  // namespace td

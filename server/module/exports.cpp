@@ -67,7 +67,7 @@ TD_EXPORT TdResult TD_CALL DllRegisterServer() {
 }
 
 TD_EXPORT TdResult TD_CALL DllUnregisterServer() {
-  return RunRegistration([] { td::RemoveRegistration(); });
+  return RunRegistration([] { td::RemoveRegistration(td::ModuleFile()); });
 }
 
 }  // extern "C"

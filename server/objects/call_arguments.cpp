@@ -8,8 +8,12 @@
 namespace td {
 namespace {
 
+// Some callers hand over each argument as a reference to a variable of theirs, also where the
+// variable tells that there is none.
 bool IsLeftOut(const TdVariant& variant) {
-  return variant.type == TD_ERROR && variant.value.error == TD_PARAMETER_NOT_FOUND;
+  const bool isVariable = variant.type == (TD_VARIANT | TD_BY_REFERENCE);
+  const auto* told = isVariable ? static_cast<const TdVariant*>(variant.value.reference) : &variant;
+  return told != nullptr && told->type == TD_ERROR && told->value.error == TD_PARAMETER_NOT_FOUND;
 }
 
 }  // namespace

@@ -41,11 +41,52 @@ TEST(DriverText, TranslatesTheProvidersOfSqlServer) {
   EXPECT_EQ(serverOf("host\\SQLEXPRESS"), "Server=host\\SQLEXPRESS;");
 }
 
+TEST(DriverText, LogsOnAsTheUserOfTheSystemOnlyWhereItIsAsked) {
+  for (const char* no :
+       {"Integrated Security=False", "trusted_connection=No", "Integrated Security=0"}) {
+    const std::string text = "Provider=SQLOLEDB;Data Source=a;User ID=sa;" + std::string(no);
+    EXPECT_TRUE(ToDriverText(text).text.ends_with("UID=sa;")) << no;
+  }
+  for (const char* yes : {"Integrated Security=true", "Trusted_Connection=yes"}) {
+    const std::string text = "Provider=SQLOLEDB;Data Source=a;" + std::string(yes);
+    EXPECT_EQ(FailureOf([&] { (void)ToDriverText(text); }).Number(), kDatabaseFailed) << yes;
+  }
+}
+
+TEST(DriverText, EncryptsWhereAProviderTextAsksForIt) {
+  const auto encryptsBy = [](const std::string& entry) {
+    const std::string text = ToDriverText("Provider=MSOLEDBSQL;Data Source=a;" + entry).text;
+    return text.find("Encryption=require;") != std::string::npos;
+  };
+  for (const char* yes : {"Encrypt=yes", "Use Encryption for Data=True", "encrypt=Mandatory"}) {
+    EXPECT_TRUE(encryptsBy(yes)) << yes;
+  }
+  for (const char* no : {"", "Encrypt=no", "Use Encryption for Data=false", "Encrypt=Optional"}) {
+    EXPECT_FALSE(encryptsBy(no)) << no;
+  }
+}
+
 TEST(DriverText, TranslatesTheProviderForDrivers) {
   EXPECT_EQ(ToDriverText("Provider=MSDASQL;Data Source=shop;User ID=u;Password=p}").text,
             "DSN=shop;UID=u;PWD={p}}};");
   EXPECT_EQ(ToDriverText("Provider=MSDASQL.1;Extended Properties=\"Driver={X};Server=h\"").text,
             "Driver={X};Server=h;");
+}
+
+TEST(DriverText, EncryptsForAnotherDriverAsForTheOneThatItNames) {
+  const auto textFor = [](const std::string& driver, const std::string& text) {
+    return TextForDriver(driver, ReadConnectionEntries(text));
+  };
+  const std::string newest = "ODBC Driver 18 for SQL Server";
+  const std::string begin = "Driver={" + newest + "};Server=a;";
+  EXPECT_EQ(textFor(newest, "Driver={SQL Server};Server=a"), begin + "Encrypt=no;");
+  EXPECT_EQ(textFor(newest, "Driver=ODBC Driver 17 for SQL Server;Server=a"),
+            begin + "Encrypt=no;");
+  EXPECT_EQ(textFor(newest, "Driver={SQL Server};Server=a;encrypt=yes"), begin + "encrypt=yes;");
+  EXPECT_EQ(textFor(newest, "Driver={ODBC Driver 19 for SQL Server};Server=a"), begin)
+      << "that one encrypts, too";
+  EXPECT_EQ(textFor("PostgreSQL Unicode(x64)", "Server={a;b};Driver={PostgreSQL Unicode}"),
+            "Driver={PostgreSQL Unicode(x64)};Server={a;b};");
 }
 
 TEST(DriverText, RefusesOtherTexts) {

@@ -97,6 +97,19 @@ TEST_F(LateBinding, OptionalArgumentsCanBeFewerOrMarkedAsLeftOut) {
   EXPECT_TRUE(PrintOk(printer_.Get()));
 }
 
+TEST_F(LateBinding, OptionalArgumentsMayBeVariablesThatAreMarkedAsLeftOut) {
+  TdVariant leftOut = TdLeftOutVariant();
+  std::vector<TdVariant> values = PrintArguments(rows_.Get());
+  values.insert(values.begin(), 2, ByReference(TD_VARIANT, &leftOut));
+  EXPECT_EQ(Invoke(printer_.Get(), u"DoPrint", TD_CALL_METHOD, values), TD_OK);
+  EXPECT_TRUE(HasPrinted("大米"));
+  values[6] = ByReference(TD_VARIANT, &leftOut);
+  EXPECT_EQ(Invoke(printer_.Get(), u"DoPrint", TD_CALL_METHOD, values), TD_ARGUMENT_NOT_OPTIONAL);
+  values[6] = PrintArguments(rows_.Get())[4];
+  values[1] = ByReference(TD_VARIANT, nullptr);
+  EXPECT_EQ(Invoke(printer_.Get(), u"DoPrint", TD_CALL_METHOD, values), TD_TYPE_MISMATCH);
+}
+
 TEST_F(LateBinding, TakesNamedArgumentsInAnyOrder) {
   const std::vector<TdVariant> inOrder = PrintArguments(rows_.Get());
   const std::vector<TdVariant> values = {inOrder[5], inOrder[0], inOrder[1],

@@ -106,11 +106,28 @@ TEST_F(OptionsFile, OfAStrangerOverwritesNothing) {
 
 TEST_F(OptionsFile, OfAStrangerLoadsNoDriverOfItsOwn) {
   const std::string rest = "\ntype=21\ndata=select 1\n";
-  for (const char* database : {"Driver=/home/me/driver.so;", "FILEDSN=../a.dsn"}) {
-    EXPECT_EQ(Parse("db=" + std::string(database) + rest), Command(ExitStatus::kWrongUsage));
+  for (const char* database :
+       {"Driver=/home/me/driver.so;", "FILEDSN=../a.dsn", "FileDSN=\\\\host\\share\\x.dsn",
+        "Driver={SQLite3 ODBC Driver};Database=a.db;LoadExt=C:\\Users\\u\\evil.dll",
+        "Driver={MySQL ODBC 8.0 Unicode Driver};Server=a;PLUGIN_DIR=C:\\plugins",
+        "Driver={SQLite3 ODBC Driver};Database=a.db;loadext=evil",
+        "Driver={SQLite3 ODBC Driver};Server={a;LoadExt=C:\\evil.dll;}",
+        "Provider=MSDASQL;Extended Properties=\"Driver=a;LoadExt=evil\"",
+        "Provider=MSDASQL;Extended Properties=\"FileDSN=C:\\a.dsn\""}) {
+    EXPECT_EQ(Parse("db=" + std::string(database) + rest), Command(ExitStatus::kWrongUsage))
+        << database;
   }
-  EXPECT_EQ(std::get<PrintArguments>(Parse("db=DSN=shop;UID=me" + rest)).database,
-            "DSN=shop;UID=me");
+}
+
+TEST_F(OptionsFile, NamesServersAndUsersAsTheyAreCalled) {
+  for (const std::string database :
+       {"DSN=shop;UID=me", "Driver={SQL Server};Server=host\\SQLEXPRESS;UID=SHOP\\me;PWD=a\\b",
+        "Provider=SQLOLEDB;data source=host\\SQLEXPRESS;User ID=sa", "sqlite:C:\\shop\\shop.db"}) {
+    const Command command = Parse("db=" + database + "\ntype=21\ndata=select 1\n");
+    const auto* print = std::get_if<PrintArguments>(&command);
+    ASSERT_NE(print, nullptr) << database;
+    EXPECT_EQ(print->database, database);
+  }
 }
 
 TEST_F(OptionsFile, ThatIsNotThereIsWrongUsage) {

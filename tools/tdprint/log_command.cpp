@@ -143,7 +143,7 @@ ExitStatus ShowLog(const LogArguments& arguments) {
   bool isRead = true;
   for (const std::string& file : files) {
     std::ifstream log;
-    if (!fs::is_directory(PathOf(file))) log.open(PathOf(file), std::ios::binary);
+    if (!fs::is_directory(PathOf(file))) log.open(OpenPathOf(file), std::ios::binary);
     if (!log.is_open()) {
       Complain("the log can't be read", file);
       isRead = false;

@@ -103,9 +103,9 @@ ExitStatus RegisterModule(const RegisterArguments& arguments) {
 ExitStatus UnregisterModule(const UnregisterArguments& arguments) {
   return Run("not unregistered", [&] {
     const fs::path module = FindModule(arguments.module);
-    const bool wasRegistered = IsRegistered(module);
+    const std::vector<std::string> before = Registrations();
     Module(module).Call("DllUnregisterServer");
-    TellRemoved(wasRegistered);
+    TellRemoved(before);
   });
 }
 

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
+#include <vector>
 
 namespace td {
 
@@ -11,10 +13,10 @@ extern const char* const kRegisterHelp;
 // On standard output: where the classes of the module stand now.
 void TellRegistered(const std::filesystem::path& module);
 
-// Whether the classes of the module are registered.
-[[nodiscard]] bool IsRegistered(const std::filesystem::path& module);
+// What is registered now: one line for each place.
+[[nodiscard]] std::vector<std::string> Registrations();
 
-// On standard output, behind a removal.
-void TellRemoved(bool wasRegistered);
+// On standard output, behind a removal: what has become of these.
+void TellRemoved(const std::vector<std::string>& before);
 
 }  // namespace td

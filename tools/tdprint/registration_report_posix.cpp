@@ -15,12 +15,14 @@ void TellRegistered(const std::filesystem::path& /*module*/) {
   }
 }
 
-bool IsRegistered(const std::filesystem::path& /*module*/) {
-  return std::filesystem::exists(RegistrationFile());
+std::vector<std::string> Registrations() {
+  const std::filesystem::path file = RegistrationFile();
+  if (!std::filesystem::exists(file)) return {};
+  return {file.string()};
 }
 
-void TellRemoved(bool wasRegistered) {
-  std::cout << (wasRegistered ? "Removed " : "Nothing was registered in ")
+void TellRemoved(const std::vector<std::string>& before) {
+  std::cout << (before.empty() ? "Nothing was registered in " : "Removed ")
             << RegistrationFile().string() << "\n";
 }
 

@@ -25,6 +25,9 @@ std::optional<std::wstring> ModuleIn(HKEY scope) {
   return module.c_str();
 }
 
+constexpr const char* kAllUsers = "all users of this machine";
+constexpr const char* kThisUser = "this user";
+
 bool IsIn(HKEY scope, const std::filesystem::path& module) {
   const std::optional<std::wstring> registered = ModuleIn(scope);
   return registered &&
@@ -38,17 +41,26 @@ const char* const kRegisterHelp =
 
 void TellRegistered(const std::filesystem::path& module) {
   std::cout << "Registered " << TextOf(module) << " for "
-            << (IsIn(HKEY_LOCAL_MACHINE, module) ? "all users of this machine" : "this user")
-            << ", and " << (sizeof(void*) == 8 ? "64" : "32") << "-bit programs\n";
+            << (IsIn(HKEY_LOCAL_MACHINE, module) ? kAllUsers : kThisUser) << ", and "
+            << (sizeof(void*) == 8 ? "64" : "32") << "-bit programs\n";
 }
 
-bool IsRegistered(const std::filesystem::path& /*module*/) {
-  return ModuleIn(HKEY_LOCAL_MACHINE) || ModuleIn(HKEY_CURRENT_USER);
+std::vector<std::string> Registrations() {
+  std::vector<std::string> lines;
+  for (const HKEY scope : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
+    if (const auto module = ModuleIn(scope)) {
+      lines.push_back(FromWide(*module) + " for " +
+                      (scope == HKEY_LOCAL_MACHINE ? kAllUsers : kThisUser));
+    }
+  }
+  return lines;
 }
 
-void TellRemoved(bool wasRegistered) {
-  std::cout << (wasRegistered ? "Removed the classes from the registry\n"
-                              : "Nothing was registered\n");
+void TellRemoved(const std::vector<std::string>& before) {
+  const std::vector<std::string> after = Registrations();
+  if (after.size() < before.size()) std::cout << "Removed the classes from the registry\n";
+  if (before.empty()) std::cout << "Nothing was registered\n";
+  for (const std::string& line : after) std::cout << "Still registered: " << line << "\n";
 }
 
 }  // namespace td

@@ -145,15 +145,23 @@ TEST(WindowsFiles, AFileThatAnotherProgramHoldsIsAFailureInTheSystemsWords) {
   EXPECT_EQ(folder.Names(), std::set<std::string>{"bill.html"});
 }
 
-TEST(WindowsFiles, APathMayBeLongerThanTheOldLimit) {
-  const TestFolder folder;
+// A folder below another one, whose path is longer than the old limit.
+fs::path DeepFolderIn(const TestFolder& folder) {
   fs::path deep = folder / "";
   for (int i = 0; i < 8; ++i) {
     deep /= std::wstring(60, L'd');
-    ASSERT_TRUE(CreateDirectoryW(SystemPath(deep).c_str(), nullptr)) << i;
+    EXPECT_TRUE(CreateDirectoryW(SystemPath(deep).c_str(), nullptr)) << i;
   }
+  return deep;
+}
+
+TEST(WindowsFiles, APathMayBeLongerThanTheOldLimit) {
+  const TestFolder folder;
+  const fs::path deep = DeepFolderIn(folder);
   ReplaceWholeFile(deep / "bill.html", WriterOf("far down"));
   EXPECT_EQ(ReadWholeFile(deep / "bill.html", 100), "far down");
+  EXPECT_EQ(ContentOf(OpenPathOf(TextOf(deep / "bill.html"))), "far down");
+  EXPECT_EQ(OpenPathOf(""), fs::path());
 }
 
 TEST(WindowsFiles, WhatAnEndedProcessLeftIsRemovedLater) {
@@ -166,6 +174,22 @@ TEST(WindowsFiles, WhatAnEndedProcessLeftIsRemovedLater) {
   for (const std::string& name : {old, others}) fs::last_write_time(folder / name, longAgo);
   EXPECT_EQ(WriteTo(folder / "bill.html", "x"), 0);
   EXPECT_EQ(folder.Names(), (std::set<std::string>{recent, others, "bill.html"}));
+}
+
+TEST(WindowsFiles, OnlyWhatIsOldIsRemovedFarDownToo) {
+  const TestFolder folder;
+  const fs::path deep = DeepFolderIn(folder);
+  const fs::path old = deep / L".qbtdprinter-0123456789abcdef";
+  const fs::path recent = deep / L".qbtdprinter-fedcba9876543210";
+  for (const fs::path& path : {old, recent}) {
+    const WindowsFile file(CreateFileW(SystemPath(path).c_str(), GENERIC_WRITE, 0, nullptr,
+                                       CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+    constexpr FILETIME kLongAgo = {0, 0x01D00000};
+    if (path == old) SetFileTime(file.Handle(), nullptr, nullptr, &kLongAgo);
+  }
+  ReplaceWholeFile(deep / L"bill.html", WriterOf("x"));
+  EXPECT_EQ(GetFileAttributesW(SystemPath(old).c_str()), INVALID_FILE_ATTRIBUTES);
+  EXPECT_NE(GetFileAttributesW(SystemPath(recent).c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
 TEST(WindowsFiles, ADeviceReceivesTheBytesAsTheyCome) {
@@ -185,6 +209,19 @@ TEST(WindowsFiles, OnlyARegularFileOfAModestSizeIsRead) {
 TEST(WindowsFiles, TheSettingsOfAUserLieInTheRoamingFolder) {
   _wputenv(L"APPDATA=C:\\users\\某人\\AppData\\Roaming");
   EXPECT_EQ(TextOf(UserConfigFolder()), "C:\\users\\某人\\AppData\\Roaming");
+}
+
+// As programs set variables that know nothing of this file's run-time library.
+TEST(WindowsFiles, AVariableIsReadAsTheSystemHasIt) {
+  SetEnvironmentVariableW(L"APPDATA", L"D:\\别人\\Roaming");
+  EXPECT_EQ(TextOf(UserConfigFolder()), "D:\\别人\\Roaming");
+  const std::wstring longPath = L"D:\\" + std::wstring(300, L'd');
+  SetEnvironmentVariableW(L"APPDATA", longPath.c_str());
+  EXPECT_EQ(UserConfigFolder().wstring(), longPath);
+  SetEnvironmentVariableW(L"APPDATA", L"relative");
+  EXPECT_EQ(UserConfigFolder(), fs::path());
+  SetEnvironmentVariableW(L"APPDATA", nullptr);
+  EXPECT_EQ(UserConfigFolder(), fs::path());
 }
 
 }  // namespace

@@ -36,6 +36,9 @@ TEST(DriverChoice, ADriverIsFoundUnderTheNameThatItHasHere) {
   EXPECT_EQ(NewestDriverLike("ODBC Driver 18 for SQL Server", installed),
             "ODBC Driver 17 for SQL Server");
   EXPECT_EQ(NewestDriverLike("sql server", installed), "sql server") << "it is there";
+  EXPECT_EQ(NewestDriverLike("SQL Server", installed), "SQL Server") << "it is there";
+  EXPECT_EQ(NewestDriverLike("SQL Server", {"ODBC Driver 18 for SQL Server"}),
+            "ODBC Driver 18 for SQL Server");
   EXPECT_EQ(NewestDriverLike("MySQL ODBC 8.0 Unicode Driver", installed),
             "MySQL ODBC 8.0 Unicode Driver");
   EXPECT_EQ(NewestDriverLike("Oracle", installed), "Oracle");
@@ -54,6 +57,23 @@ TEST(DriverChoice, AProviderTextBecomesTheDriversOwn) {
 TEST(DriverChoice, TheUserOfTheSystemLogsOn) {
   EXPECT_EQ(FromServerOn("Provider=SQLOLEDB;Data Source=a;Integrated Security=SSPI"),
             "Server=a;Trusted_Connection=yes;");
+  EXPECT_EQ(FromServerOn("Provider=SQLOLEDB;Data Source=a;Integrated Security=no;UID=sa"),
+            "Server=a;UID=sa;");
+  EXPECT_EQ(FromServerOn("Provider=SQLOLEDB;Data Source=a;Trusted_Connection=False;UID=sa"),
+            "Server=a;UID=sa;");
+}
+
+TEST(DriverChoice, AProviderTextEncryptsAsItSays) {
+  const auto beforeServer = [](const std::string& entries) {
+    const std::string text = ToDriverText("Provider=SQLOLEDB;Data Source=a;" + entries).text;
+    return text.substr(0, text.find("Server="));
+  };
+  EXPECT_TRUE(beforeServer("Encrypt=yes").ends_with("};Encrypt=yes;"));
+  EXPECT_TRUE(beforeServer("Use Encryption for Data=True;Trust Server Certificate=1")
+                  .ends_with("};Encrypt=yes;TrustServerCertificate=yes;"));
+  EXPECT_TRUE(beforeServer("Encrypt=Optional").ends_with("};Encrypt=no;"));
+  EXPECT_TRUE(beforeServer("Encrypt=strict").ends_with("};Encrypt=strict;"));
+  EXPECT_EQ(beforeServer("").find("Encrypt=yes"), std::string::npos);
 }
 
 TEST(DriverChoice, AFailedConnectionIsAFailureWithoutThePassword) {

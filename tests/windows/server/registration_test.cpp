@@ -1,17 +1,27 @@
 // Registration by the module's own functions, for the machine and for a user without its rights.
 #include <array>
+#include <filesystem>
 #include <functional>
 #include <optional>
+#include <random>
 #include <thread>
+#include <utility>
 
 #include "called_module.h"
 #include "interface/binary_interface.h"
 #include "message_pump.h"
 
+// Behind the system's other headers.
+#include <sddl.h>
+
 namespace td {
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr const wchar_t* kPrinterName = L"Software\\Classes\\QbTdPrinter.Printer\\CLSID";
+constexpr const wchar_t* kPrinterClassKey =
+    L"Software\\Classes\\CLSID\\{2389511E-AE07-4A8F-BF68-F2D15542C87E}";
 constexpr const wchar_t* kSessionServer =
     L"Software\\Classes\\CLSID\\{BEC9E21A-8357-4EC5-B261-5CEC43B82E3B}\\InprocServer32";
 constexpr const wchar_t* kPrinterInterface =
@@ -117,6 +127,110 @@ TEST_F(Registration, ForTheMachineTakesThePlaceOfTheUsers) {
   EXPECT_EQ(Run("DllRegisterServer"), S_OK);
   ExpectIn(HKEY_LOCAL_MACHINE);
   EXPECT_FALSE(Exists(HKEY_CURRENT_USER, kSessionServer)) << "it would hide that of the machine";
+}
+
+// The component of another program: the same file in another folder.
+class OthersModule {
+ public:
+  OthersModule() {
+    std::random_device random;
+    do {
+      folder_ = fs::temp_directory_path() / (L"程序-" + std::to_wstring(random()));
+    } while (!fs::create_directory(folder_));
+    fs::copy_file(QBTD_MODULE, folder_ / L"QbTdPrinter.dll");
+    module_ = LoadLibraryW((folder_ / L"QbTdPrinter.dll").c_str());
+  }
+  ~OthersModule() {
+    Remove();
+    std::error_code ignored;
+    fs::remove_all(folder_, ignored);
+  }
+  OthersModule(const OthersModule&) = delete;
+  OthersModule& operator=(const OthersModule&) = delete;
+
+  [[nodiscard]] std::wstring File() const { return (folder_ / L"QbTdPrinter.dll").wstring(); }
+  [[nodiscard]] HRESULT Run(const char* name) const {
+    using WithoutArguments = HRESULT(STDAPICALLTYPE*)();
+    return reinterpret_cast<WithoutArguments>(
+        reinterpret_cast<void*>(GetProcAddress(module_, name)))();
+  }
+  void Remove() {
+    if (module_ != nullptr) FreeLibrary(std::exchange(module_, nullptr));
+    std::error_code ignored;
+    fs::remove(File(), ignored);
+  }
+
+ private:
+  fs::path folder_;
+  HMODULE module_ = nullptr;
+};
+
+TEST_F(Registration, OfAnotherProgramStaysAsLongAsItsFile) {
+  OthersModule others;
+  ASSERT_EQ(others.Run("DllRegisterServer"), S_OK);
+  ASSERT_EQ(Text(HKEY_LOCAL_MACHINE, kSessionServer, nullptr), others.File());
+  EXPECT_EQ(Run("DllUnregisterServer"), S_OK);
+  ExpectIn(HKEY_LOCAL_MACHINE);
+  others.Remove();
+  EXPECT_EQ(Run("DllUnregisterServer"), S_OK);
+  EXPECT_FALSE(Exists(HKEY_LOCAL_MACHINE, kSessionServer)) << "nothing can load it any more";
+}
+
+TEST_F(Registration, OfTheUserGoesWhileAnotherProgramsForTheMachineStays) {
+  const OthersModule others;
+  ASSERT_EQ(others.Run("DllRegisterServer"), S_OK);
+  {
+    const PassingMachine machine;
+    ASSERT_EQ(Run("DllRegisterServer"), S_OK);
+  }
+  ASSERT_TRUE(Exists(HKEY_CURRENT_USER, kSessionServer));
+  EXPECT_EQ(Run("DllUnregisterServer"), S_OK);
+  EXPECT_FALSE(Exists(HKEY_CURRENT_USER, kSessionServer));
+  ExpectIn(HKEY_LOCAL_MACHINE);
+  EXPECT_EQ(others.Run("DllUnregisterServer"), S_OK);
+  EXPECT_FALSE(Exists(HKEY_LOCAL_MACHINE, kSessionServer));
+}
+
+// Keeps a key of the machine from being opened, and so from being removed, as for a user without
+// those rights.
+class KeptKey {
+ public:
+  explicit KeptKey(const wchar_t* path) {
+    RegOpenKeyExW(HKEY_LOCAL_MACHINE, path, 0, WRITE_DAC, &key_);
+    SetRights(L"D:P(D;;KA;;;WD)");
+  }
+  ~KeptKey() {
+    SetRights(L"D:P(A;OICI;KA;;;WD)");
+    RegCloseKey(key_);
+  }
+  KeptKey(const KeptKey&) = delete;
+  KeptKey& operator=(const KeptKey&) = delete;
+
+ private:
+  void SetRights(const wchar_t* text) {
+    PSECURITY_DESCRIPTOR rights = nullptr;
+    ConvertStringSecurityDescriptorToSecurityDescriptorW(text, SDDL_REVISION_1, &rights, nullptr);
+    RegSetKeySecurity(key_, DACL_SECURITY_INFORMATION, rights);
+    LocalFree(rights);
+  }
+
+  HKEY key_ = nullptr;
+};
+
+TEST_F(Registration, OfTheUserGoesWhereTheMachinesMayNotBeRemoved) {
+  ASSERT_EQ(Run("DllRegisterServer"), S_OK);
+  {
+    const KeptKey kept(kPrinterClassKey);
+    EXPECT_EQ(Run("DllUnregisterServer"), E_ACCESSDENIED) << "there is none of the user's";
+    {
+      const PassingMachine machine;
+      ASSERT_EQ(Run("DllRegisterServer"), S_OK);
+    }
+    ASSERT_TRUE(Exists(HKEY_CURRENT_USER, kSessionServer));
+    EXPECT_EQ(Run("DllUnregisterServer"), S_OK);
+    EXPECT_FALSE(Exists(HKEY_CURRENT_USER, kSessionServer));
+  }
+  ExpectIn(HKEY_LOCAL_MACHINE);
 }
 
 // What the component of the other kind, of 32 bits beside 64 or the other way round, has written.

@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "desktop/desktop_platform.h"
+#include "desktop/who_prints.h"
 #include "files/path_text.h"
 #include "page_document/page_document.h"
 #include "page_outputs/export_file.h"
@@ -173,6 +174,13 @@ TEST(LocalMachineTest, IsAnAddressThatStays) {
   const std::string address = machine.LocalMachineId();
   EXPECT_TRUE(std::regex_match(address, std::regex(R"(\d+\.\d+\.\d+\.\d+|[0-9a-f:]+)"))) << address;
   EXPECT_EQ(machine.LocalMachineId(), address);
+}
+
+TEST(WhoPrints, TheLogIsTheFileThatTheEnvironmentNames) {
+  SetEnvironmentVariableW(L"QBTDPRINTER_LOG_FILE", L"D:\\日志\\prints.log");
+  EXPECT_EQ(TextOf(LogFileOfEnvironment()), "D:\\日志\\prints.log");
+  SetEnvironmentVariableW(L"QBTDPRINTER_LOG_FILE", nullptr);
+  EXPECT_EQ(TextOf(LogFileOfEnvironment()), "");
 }
 
 TEST(ExportFolder, IsTheUsersOrTheOneOfTheEnvironment) {
