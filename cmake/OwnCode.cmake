@@ -1,7 +1,8 @@
 # How the project's own code is compiled.
 
-# To parse the standard library's headers is a third of the work on a file: done once for all of them.
-# Off unless it is asked for, since a file that forgets to include what it uses is then compiled, too.
+# Without optimisation, to parse the standard library's headers is a third of the work on a file: done
+# once for all of them. Off unless it is asked for, since a file that forgets to include what it uses is
+# then compiled, too.
 option(QBTD_PARSED_HEADERS "Parse the headers of the standard library once for all files" OFF)
 
 # qbtd_parse_headers(name HEADERS…): parsed with the options of this directory, for its libraries.

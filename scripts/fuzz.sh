@@ -15,20 +15,19 @@ cmake -S . -B build/fuzz -G Ninja -DQBTD_FUZZERS=ON -DQBTD_TESTS=OFF -DCMAKE_BUI
 fuzzers=(picture barcode format_value statement)
 cmake --build build/fuzz --target "${fuzzers[@]/%/_fuzzer}"
 
-for fuzzer in "${fuzzers[@]}"; do
-  echo
-  echo "== $fuzzer"
-  corpus=build/fuzz/corpus/$fuzzer
-  seeds=fuzz/seeds/$fuzzer
-  if [ "$fuzzer" = picture ]; then
+fuzz() { # fuzzer
+  local corpus=build/fuzz/corpus/$1 seeds=fuzz/seeds/$1 log=build/fuzz/$1.log
+  if [ "$1" = picture ]; then
     seeds=build/fuzz/pictures
     mkdir -p "$seeds"
     for format in png jpg bmp gif tif; do convert -size 16x12 plasma: "$seeds/seed.$format"; done
   fi
   mkdir -p "$corpus"
-  log=build/fuzz/$fuzzer.log
-  "build/fuzz/fuzz/${fuzzer}_fuzzer" -max_total_time="$seconds" -rss_limit_mb=1500 -timeout=10 \
-    -artifact_prefix="build/fuzz/$fuzzer-" "$corpus" "$seeds" >"$log" 2>&1 || { cat "$log"; exit 1; }
-  grep "^Done" "$log"
-done
+  "build/fuzz/fuzz/${1}_fuzzer" -max_total_time="$seconds" -rss_limit_mb=1500 -timeout=10 \
+    -artifact_prefix="build/fuzz/$1-" "$corpus" "$seeds" >"$log" 2>&1 || { cat "$log"; return 1; }
+  echo "$1: $(grep "^Done" "$log")"
+}
+export -f fuzz
+export seconds
+printf '%s\n' "${fuzzers[@]}" | xargs -P "$(nproc)" -I{} bash -c 'fuzz {}'
 echo "Nothing was found."

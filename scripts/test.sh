@@ -61,7 +61,7 @@ finished
 
 step "Its tests under emulation, and the build with the sanitizers"
 beside build/test-windows.log scripts/test-windows.sh
-cmake --preset sanitize
+cmake --preset sanitize -DQBTD_PARSED_HEADERS=ON
 cmake --build --preset sanitize -j "$jobs"
 finished
 
