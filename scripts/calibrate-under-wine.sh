@@ -7,6 +7,7 @@
 # A folder in QBTD_KEEP gets the files of each print, to be looked at.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+. scripts/queue-jobs.bash
 readonly program=$(cd "$1" && pwd)/tdprint.exe
 readonly output=/var/spool/cups-pdf/$QBTD_QUEUES
 
@@ -41,7 +42,7 @@ printed() {
   touch "$work/before"
   run 0 "$@"
   for _ in $(seq 100); do
-    job=$(find "$output" -name '*tdprint*.pdf' -newer "$work/before" | sort | tail -1)
+    job=$(newest_job '*tdprint*.pdf')
     if [ -n "$job" ] && pdfinfo "$job" >/dev/null 2>&1; then break; fi
     sleep 0.2
   done

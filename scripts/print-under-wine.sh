@@ -9,6 +9,7 @@
 # A folder in QBTD_KEEP gets the files of each print, to be looked at.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+. scripts/queue-jobs.bash
 readonly tdprint=$PWD/build/release/tools/tdprint/tdprint
 readonly output=/var/spool/cups-pdf/$QBTD_QUEUES
 readonly queue=QbTd-Bill
@@ -51,7 +52,7 @@ run_script() {
   timeout 120 wine cscript //nologo "tests/windows/scripts/$script" "$@" | tr -d '\r' >"$work/told"
   [ "$(<"$work/told")" = printed ] || { cat "$work/told" >&2; exit 1; }
   for _ in $(seq 100); do
-    job=$(find "$output" -name '*-cscript*.pdf' -newer "$work/before" | sort | tail -1)
+    job=$(newest_job '*-cscript*.pdf')
     if [ -n "$job" ] && pdfinfo "$job" >/dev/null 2>&1; then break; fi
     sleep 0.2
   done

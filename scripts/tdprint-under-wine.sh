@@ -4,6 +4,7 @@
 #   scripts/tdprint-under-wine.sh FOLDER    that of tdprint.exe and QbTdPrinter.dll
 set -euo pipefail
 cd "$(dirname "$0")/.."
+. scripts/queue-jobs.bash
 readonly programs=$(cd "$1" && pwd)
 readonly output=/var/spool/cups-pdf/$QBTD_QUEUES
 readonly query='select * from v_sales_order where FInterID=21002 order by FEntryID'
@@ -95,7 +96,7 @@ says 要大朵
 touch "$work/before"
 run 0 "${print[@]}" --printer QbTd-Bill --log "$(windows_path "$folder/打印.log")"
 for _ in $(seq 100); do
-  job=$(find "$output" -name '*tdprint*.pdf' -newer "$work/before" | sort | tail -1)
+  job=$(newest_job '*tdprint*.pdf')
   if [ -n "$job" ] && pdfinfo "$job" >/dev/null 2>&1; then break; fi
   sleep 0.2
 done

@@ -6,6 +6,7 @@
 #   scripts/windows-under-wine.sh FOLDER [DOTS_PER_INCH…]    that of tdprint.exe; 96 and 192 without one
 set -euo pipefail
 cd "$(dirname "$0")/.."
+. scripts/queue-jobs.bash
 programs=$(cd "$1" && pwd)
 readonly programs pictures=$PWD/build/windows-pictures output=/var/spool/cups-pdf/$QBTD_QUEUES queue=QbTd-PDF
 shift
@@ -120,7 +121,7 @@ stored() { sqlite3 "$shop" "$1"; }
 is_stored() { [ "$(stored "$1")" = "$2" ]; } # query, value
 has_printed() { # pages
   local job
-  job=$(find "$output" -name '*tdprint*.pdf' -newer "$work/before" | sort | tail -1)
+  job=$(newest_job '*tdprint*.pdf')
   [ -n "$job" ] && pdfinfo "$job" | grep -q "^Pages: *$1\$"
 }
 
