@@ -10,19 +10,6 @@ step() {
   echo "== $* =="
 }
 
-# beside LOG COMMAND…: runs it while the compiler works on what follows; `finished` waits for it.
-# Tests that drive servers, queues and emulated programs wait more than they calculate.
-beside() {
-  log=$1
-  "${@:2}" >"$log" 2>&1 &
-  other=$!
-  trap 'wait "$other" || true' EXIT
-}
-finished() {
-  wait "$other" || { cat "$log"; exit 1; }
-  cat "$log"
-}
-
 step "Packages"
 scripts/install-packages.sh windows
 
@@ -48,22 +35,25 @@ run-clang-tidy -quiet -p build/clang -j "$jobs" >build/clang-tidy.log 2>&1 ||
 step "Fuzzers, ten seconds each"
 scripts/fuzz.sh 10
 
-# What the tests of the libraries do is seen under the sanitizers; these run what is installed.
-step "The programs and the module as they are released, with the benchmarks"
-cmake --preset release -DQBTD_TESTS=PROGRAMS -DQBTD_BENCHMARKS=ON
+# All tests run under the sanitizers; what is released prints the sample.
+step "The main job with the program as it is released, the module and the benchmarks"
+scripts/demo.sh
+cmake --preset release -DQBTD_TESTS=OFF -DQBTD_BENCHMARKS=ON
 cmake --build --preset release -j "$jobs"
 
 # The tests run in 64 bits; of the 32 bits only what is handed over is built.
-step "Their tests, and the component for Windows"
-beside build/test-release.log ctest --preset release -j "$jobs"
+step "The component for Windows"
 scripts/build-windows.sh
-finished
 
+# Emulated programs wait more than they calculate: meanwhile the compiler works.
 step "Its tests under emulation, and the build with the sanitizers"
-beside build/test-windows.log scripts/test-windows.sh
+scripts/test-windows.sh >build/test-windows.log 2>&1 &
+windows=$!
+trap 'wait "$windows" || true' EXIT
 cmake --preset sanitize -DQBTD_PARSED_HEADERS=ON
 cmake --build --preset sanitize -j "$jobs"
-finished
+wait "$windows" || { cat build/test-windows.log; exit 1; }
+cat build/test-windows.log
 
 step "The tests under the sanitizers"
 ctest --preset sanitize -j "$jobs"
