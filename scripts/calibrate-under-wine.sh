@@ -41,11 +41,7 @@ printed() {
   shift
   touch "$work/before"
   run 0 "$@"
-  for _ in $(seq 100); do
-    job=$(newest_job '*tdprint*.pdf')
-    if [ -n "$job" ] && pdfinfo "$job" >/dev/null 2>&1; then break; fi
-    sleep 0.2
-  done
+  wait_for_job '*tdprint*.pdf'
   [ -n "$job" ] || fail "the queue has made nothing of $*"
   mv "$job" "$work/$name.pdf"
   [ -z "${QBTD_KEEP:-}" ] || cp "$work/$name.pdf" "$QBTD_KEEP/"

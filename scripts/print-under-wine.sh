@@ -47,15 +47,10 @@ wine regsvr32 /s "$module"
 run_script() {
   local script=$1
   shift
-  job=
   touch "$work/before"
   timeout 120 wine cscript //nologo "tests/windows/scripts/$script" "$@" | tr -d '\r' >"$work/told"
   [ "$(<"$work/told")" = printed ] || { cat "$work/told" >&2; exit 1; }
-  for _ in $(seq 100); do
-    job=$(newest_job '*-cscript*.pdf')
-    if [ -n "$job" ] && pdfinfo "$job" >/dev/null 2>&1; then break; fi
-    sleep 0.2
-  done
+  wait_for_job '*-cscript*.pdf'
   [ -n "$job" ] || { echo "The queue has made nothing of $script." >&2; exit 1; }
 }
 

@@ -95,11 +95,7 @@ says 要大朵
 # A print, and the log of it. The queue writes a file.
 touch "$work/before"
 run 0 "${print[@]}" --printer QbTd-Bill --log "$(windows_path "$folder/打印.log")"
-for _ in $(seq 100); do
-  job=$(newest_job '*tdprint*.pdf')
-  if [ -n "$job" ] && pdfinfo "$job" >/dev/null 2>&1; then break; fi
-  sleep 0.2
-done
+wait_for_job '*tdprint*.pdf'
 [ -n "$job" ] || fail "the queue has made nothing"
 pdftotext "$job" - | grep -q 要大朵 || fail "$job lacks its Chinese text"
 run 0 log --bill XD-2403-0002 "$(windows_path "$folder/打印.log")"

@@ -104,7 +104,7 @@ int DriverSettings::PutOptions(const JobOptions& options) {
     mode.dmDefaultSource = *options.tray;
   }
   PutCopies(options.copies);
-  if (MakesCopies(options)) return 1;
+  if (options.copies == 1 || MakesCopies(options)) return 1;
   PutCopies(1);  // or each of those that are sent would be multiplied
   return options.copies;
 }

@@ -62,15 +62,17 @@ const InstalledFamily* Listed(const std::wstring& key) {
 
 // Families have a name for each language, and the list tells one of them; the system knows all.
 const InstalledFamily* FamilyOfOtherName(const std::wstring& name) {
-  static std::map<std::wstring, InstalledFamily> known;
-  if (const auto found = known.find(name); found != known.end()) return &found->second;
-  Families meant;
-  if (!name.empty()) Enumerate(name, AddFamily, &meant);
+  static std::map<std::wstring, Families> known;
+  const auto [found, isNew] = known.try_emplace(name);
+  Families& meant = found->second;
+  if (isNew && !name.empty()) {
+    Enumerate(name, AddFamily, &meant);
+    for (auto& [key, family] : meant) Enumerate(name, AddStyle, &family);
+  }
   if (meant.empty()) return nullptr;
-  auto& [key, family] = *meant.begin();
-  if (const InstalledFamily* listed = Listed(key)) return listed;
-  Enumerate(name, AddStyle, &family);
-  return &known.emplace(name, std::move(family)).first->second;
+  const auto& [key, family] = *meant.begin();
+  const InstalledFamily* listed = Listed(key);
+  return listed == nullptr ? &family : listed;
 }
 
 }  // namespace

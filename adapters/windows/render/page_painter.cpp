@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "page_document/pictures.h"
+#include "windows/render/characters.h"
 #include "windows/render/picture_pixels.h"
 #include "windows/render/screen_device.h"
 #include "windows/render/text_layout.h"
@@ -22,10 +23,6 @@ COLORREF ColourOf(const Colour& colour) {
 
 bool IsFirstOfPair(wchar_t unit) {
   return IS_HIGH_SURROGATE(unit);
-}
-
-char32_t CharacterOf(wchar_t first, wchar_t second) {
-  return 0x10000 + ((char32_t{first} & 0x3FFU) << 10U) + (char32_t{second} & 0x3FFU);
 }
 
 class PagePainter {
@@ -196,15 +193,12 @@ class PagePainter {
   void DrawGlyphs(const Face& face, std::wstring_view units, const POINT& at,
                   std::vector<INT> steps) {
     std::wstring glyphs;
-    for (std::size_t i = 0; i < units.size(); ++i) {
-      steps[glyphs.size()] = steps[i];
-      if (IsFirstOfPair(units[i])) {
-        glyphs += static_cast<wchar_t>(face.tables->GlyphOf(CharacterOf(units[i], units[i + 1])));
-        ++i;  // whose step is none
-      } else {
-        glyphs += static_cast<wchar_t>(face.tables->GlyphOf(units[i]));
-      }
-    }
+    std::size_t unit = 0;
+    ForEachCharacter(units, [&](char32_t character, std::wstring_view its) {
+      steps[glyphs.size()] = steps[unit];  // the second half of a pair has none
+      glyphs += static_cast<wchar_t>(face.tables->GlyphOf(character));
+      unit += its.size();
+    });
     ExtTextOutW(device_, at.x, at.y, ETO_GLYPH_INDEX, nullptr, glyphs.data(),
                 static_cast<UINT>(glyphs.size()), steps.data());
   }
@@ -212,17 +206,16 @@ class PagePainter {
   // A font is turned by whole tenths of a degree, and a long text would end beside its place.
   void DrawLetters(const PlacedText& text, const DeviceSpace& space, double shift) {
     double x = text.x + shift;
-    for (std::size_t at = 0; at < text.text.size();) {
-      const std::size_t units = IsFirstOfPair(text.text[at]) ? 2 : 1;
-      const std::wstring_view letter = std::wstring_view(text.text).substr(at, units);
-      if (units == 2) {
+    std::size_t unit = 0;
+    ForEachCharacter(text.text, [&](char32_t, std::wstring_view letter) {
+      if (letter.size() == 2) {
         DrawGlyphs(*text.face, letter, space.Nearest(x, text.y), {0, 0});
       } else {
         DrawUnits(letter, space.Nearest(x, text.y));
       }
-      x += text.advances[at];
-      at += units;
-    }
+      x += text.advances[unit];
+      unit += letter.size();
+    });
   }
 
   // Letters in a picture that is stretched along one axis are stretched with it.

@@ -6,31 +6,11 @@
 #include "page_outputs/text_placing.h"
 #include "windows/api/wide_text.h"
 #include "windows/render/character_kinds.h"
+#include "windows/render/characters.h"
 #include "windows/render/line_breaks.h"
 
 namespace td {
 namespace {
-
-// The character at a place of a text whose pairs are whole, and how many units it takes.
-struct Character {
-  char32_t code;
-  std::size_t units;
-};
-
-Character CharacterAt(std::wstring_view text, std::size_t at) {
-  const char32_t first = text[at];
-  if (first < 0xD800 || first > 0xDBFF || at + 1 == text.size()) return {first, 1};
-  return {0x10000 + ((first & 0x3FFU) << 10U) + (text[at + 1] & 0x3FFU), 2};
-}
-
-template <typename Visit>
-void ForEachCharacter(std::wstring_view text, const Visit& visit) {
-  for (std::size_t at = 0; at < text.size();) {
-    const Character character = CharacterAt(text, at);
-    visit(character.code, text.substr(at, character.units));
-    at += character.units;
-  }
-}
 
 bool IsShaped(std::wstring_view text) {
   bool needs = false;
