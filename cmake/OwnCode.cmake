@@ -33,3 +33,13 @@ function(qbtd_own_code target)
     target_precompile_headers(${target} REUSE_FROM td_standard_headers)
   endif()
 endfunction()
+
+# qbtd_compile_as_one(target FILES…): files of a target that read the same large headers of a library,
+# which are parsed once for them. The static analysis reads each file by itself.
+function(qbtd_compile_as_one target first)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
+    return()
+  endif()
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+  set_source_files_properties(${first} ${ARGN} PROPERTIES UNITY_GROUP ${first})
+endfunction()

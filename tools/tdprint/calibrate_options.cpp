@@ -5,7 +5,7 @@
 namespace td {
 namespace {
 
-constexpr const char* kExamples =
+constexpr const char* kCalibrateExamples =
     "The test page goes to the printer first. Measure on it, with a ruler, how far the middle of "
     "three\ncrosses is from the edges of the paper, and say so:\n"
     "  --top-left X,Y     from the left edge, and from the top edge\n"
@@ -85,7 +85,7 @@ void Describe(CLI::App& command, CalibrateArguments& arguments) {
                    "Forget the calibration of the printer and the sheet");
   command.add_flag("--all-users", arguments.allUsers,
                    "Keep it, or remove it, for all users of this machine instead of for this one");
-  command.footer(std::string(kExamples) + "\n" + kCalibrateExitStatusText);
+  command.footer(std::string(kCalibrateExamples) + "\n" + kCalibrateExitStatusText);
 }
 
 }  // namespace td
