@@ -48,6 +48,9 @@ class DocumentHost {
   // The pages, the page shown in the preview or the zoom have changed. Does not throw, and does
   // not change the document.
   virtual void PreviewChanged(PageDocument& document) = 0;
+  // A page is complete, and the next begins: time for what can't wait until a long run has ended.
+  // Does not throw, and does not change the document.
+  virtual void PageCompleted() {}
   // 11 waiting, 1 arrow. Does not throw.
   virtual void PointerChanged(std::int32_t shape) = 0;
 

@@ -231,6 +231,7 @@ void PageDocument::NewPage() {
   }
   Fire(Event::kEndPage, events_.OnEndPage);
   if (state_ != State::kOpen) return;
+  host_.PageCompleted();
   BeginPage();
   Fire(Event::kNewPage, events_.OnNewPage);
 }

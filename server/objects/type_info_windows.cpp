@@ -1,8 +1,6 @@
-#include <array>
-
 #include "client/registration.h"
 #include "objects/type_info.h"
-#include "windows/api/windows_api.h"
+#include "windows/api/modules.h"
 
 // Behind the system's other headers.
 #include <oleauto.h>
@@ -10,18 +8,9 @@
 namespace td {
 namespace {
 
-// The type library lies in the module.
+// It lies in the module.
 HRESULT LoadOwnLibrary(ITypeLib** library) {
-  HMODULE module = nullptr;
-  constexpr DWORD kByAddress =
-      GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
-  if (GetModuleHandleExW(kByAddress, reinterpret_cast<const wchar_t*>(&TypeInfoOf), &module) ==
-      FALSE) {
-    return TD_NOT_IMPLEMENTED;
-  }
-  std::array<wchar_t, 32'768> file{};
-  GetModuleFileNameW(module, file.data(), static_cast<DWORD>(file.size()));
-  return LoadTypeLibEx(file.data(), REGKIND_NONE, library);
+  return LoadTypeLibEx(FileOf(OwnModule()).c_str(), REGKIND_NONE, library);
 }
 
 }  // namespace

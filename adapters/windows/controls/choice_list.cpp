@@ -1,21 +1,23 @@
 #include "windows/controls/choice_list.h"
 
-// Needs the types of the system.
-#include <commctrl.h>
-
 #include <algorithm>
 
 #include "dialogs/field_texts.h"
 #include "platform/standard_failures.h"
 #include "windows/api/wide_text.h"
+#include "windows/controls/control_making.h"
 #include "windows/controls/text_fitting.h"
 #include "windows/controls/visual_styles.h"
 
 namespace td {
 namespace {
 
-constexpr int kBesideText = 2;      // pixels on each side
+constexpr int kBesideText = 2;      // pixels on each side at 96 dots per inch
 constexpr int kMostOpenLines = 14;  // of the opened list; more are scrolled
+
+int ScaledFor(HWND window, int pixels) {
+  return Scaled(pixels, static_cast<int>(GetDpiForWindow(window)));
+}
 
 HFONT FontOf(HWND window) {
   return reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0));
@@ -39,38 +41,19 @@ std::wstring EntryText(HWND list, UINT index) {
 }
 
 void DrawSeparator(const DRAWITEMSTRUCT& item, int color) {
-  constexpr int kInset = 4;
+  const int inset = ScaledFor(item.hwndItem, 4);
   const RECT& row = item.rcItem;
   const int middle = (row.top + row.bottom) / 2;
-  const RECT line{row.left + kInset, middle, row.right - kInset, middle + 1};
+  const RECT line{row.left + inset, middle, row.right - inset, middle + 1};
   FillRect(item.hDC, &line, GetSysColorBrush(color));
-}
-
-// The tool that a tooltip of a control stands for. Its size is one that all versions know.
-TTTOOLINFOW ToolOf(HWND control) {
-  TTTOOLINFOW tool{};
-  tool.cbSize = TTTOOLINFOW_V2_SIZE;
-  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-  tool.hwnd = GetParent(control);
-  tool.uId = reinterpret_cast<UINT_PTR>(control);
-  return tool;
-}
-
-HWND MakeTooltip(HWND control) {
-  const WindowMaking making;
-  const HWND tooltip =
-      CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, 0, 0, 0, 0,
-                      GetParent(control), nullptr, GetModuleHandleW(nullptr), nullptr);
-  TTTOOLINFOW tool = ToolOf(control);
-  wchar_t none[] = L"";
-  tool.lpszText = none;
-  SendMessageW(tooltip, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-  return tooltip;
 }
 
 }  // namespace
 
-ChoiceList::ChoiceList(HWND control) : control_(control), tooltip_(MakeTooltip(control)) {}
+ChoiceList::ChoiceList(HWND control)
+    : control_(control), tooltip_(MakeToolTips(GetParent(control))) {
+  AddToolTip(tooltip_, control_, {});
+}
 
 void ChoiceList::Clear() {
   SendMessageW(control_, CB_RESETCONTENT, 0, 0);
@@ -120,8 +103,8 @@ void ChoiceList::WidenOpened() const {
   for (const std::string& entry : entries_) {
     needed = std::max(needed, TextSize(FontOf(control_), ToWide(entry)).cx);
   }
-  const int beside =
-      GetSystemMetricsForDpi(SM_CXVSCROLL, GetDpiForWindow(control_)) + 4 * kBesideText;
+  const int beside = GetSystemMetricsForDpi(SM_CXVSCROLL, GetDpiForWindow(control_)) +
+                     4 * ScaledFor(control_, kBesideText);
   MONITORINFO monitor{};
   monitor.cbSize = sizeof monitor;
   GetMonitorInfoW(MonitorFromWindow(control_, MONITOR_DEFAULTTONEAREST), &monitor);
@@ -134,14 +117,12 @@ void ChoiceList::WidenOpened() const {
 
 void ChoiceList::TellWholeEntry() {
   const int selected = Selected();
-  std::wstring text = selected < 0 ? std::wstring() : ToWide(Entry(selected));
+  std::string text = selected < 0 ? std::string() : Entry(selected);
   const RECT place = TextPlace(control_);
-  const bool isWhole =
-      TextSize(FontOf(control_), text).cx <= place.right - place.left - 2 * kBesideText;
+  const bool isWhole = TextSize(FontOf(control_), ToWide(text)).cx <=
+                       place.right - place.left - 2 * ScaledFor(control_, kBesideText);
   if (isWhole) text.clear();
-  TTTOOLINFOW tool = ToolOf(control_);
-  tool.lpszText = text.data();
-  SendMessageW(tooltip_, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+  PutToolTip(tooltip_, control_, text);
 }
 
 void ChoiceList::Draw(const DRAWITEMSTRUCT& item) {
@@ -155,7 +136,7 @@ void ChoiceList::Draw(const DRAWITEMSTRUCT& item) {
     DrawSeparator(item, isChosen ? COLOR_HIGHLIGHTTEXT : COLOR_GRAYTEXT);
   } else {
     RECT place = item.rcItem;
-    InflateRect(&place, -kBesideText, 0);
+    InflateRect(&place, -ScaledFor(item.hwndItem, kBesideText), 0);
     const std::wstring shown = WithoutMiddle(item.hDC, text, place.right - place.left);
     SetBkMode(item.hDC, TRANSPARENT);
     SetTextColor(item.hDC, GetSysColor(color));

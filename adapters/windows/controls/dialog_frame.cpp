@@ -4,9 +4,10 @@
 #include <utility>
 
 #include "platform/standard_failures.h"
+#include "windows/api/modules.h"
 #include "windows/api/system_error.h"
 #include "windows/api/wide_text.h"
-#include "windows/controls/visual_styles.h"
+#include "windows/controls/control_making.h"
 #include "windows/controls/window_font.h"
 
 namespace td {
@@ -15,7 +16,8 @@ namespace {
 constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
 constexpr DWORD kExtendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
 
-struct EmptyTemplate {
+// The system wants it where a DWORD may lie.
+struct alignas(DWORD) EmptyTemplate {
   DLGTEMPLATE dialog{kStyle, kExtendedStyle, 0, 0, 0, 0, 0};
   WORD menu = 0;
   WORD windowClass = 0;
@@ -54,7 +56,7 @@ POINT CornerInMiddle(const RECT& middle, SIZE size, const RECT& area) {
 DialogFrame::DialogFrame(const std::string& title) {
   const WindowMaking making;
   const EmptyTemplate empty;
-  window_ = CreateDialogIndirectParamW(GetModuleHandleW(nullptr), &empty.dialog, OwnerWindow(),
+  window_ = CreateDialogIndirectParamW(OwnModule(), &empty.dialog, OwnerWindow(),
                                        &DialogFrame::Procedure, reinterpret_cast<LPARAM>(this));
   if (window_ == nullptr) {
     throw Failure(kInvalidCall, "无法打开“" + title + "”窗口：" + SystemWords(GetLastError()));
@@ -72,11 +74,8 @@ DialogFrame::~DialogFrame() {
 }
 
 HWND DialogFrame::Add(const ControlKind& kind, const std::string& text, int id, DWORD moreStyle) {
-  const WindowMaking making;
-  const HWND control = CreateWindowExW(kind.extendedStyle, kind.windowClass, ToWide(text).c_str(),
-                                       WS_CHILD | WS_VISIBLE | kind.style | moreStyle, 0, 0, 0, 0,
-                                       window_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                                       GetModuleHandleW(nullptr), nullptr);
+  const HWND control =
+      MakeControl(window_, kind.windowClass, text, kind.style | moreStyle, id, kind.extendedStyle);
   SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
   return control;
 }
@@ -180,7 +179,7 @@ void DialogFrame::Fit(int dotsPerInch) {
 
 // The resolution is that of the monitor on which the owner lies.
 void DialogFrame::PlaceBeforeOwner() {
-  const WindowMaking inPixelsOfTheMonitor;
+  const DpiAwareness inPixelsOfTheMonitor;
   const HWND owner = GetWindow(window_, GW_OWNER);
   const RECT area = WorkAreaAt(owner);
   RECT middle = area;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "windows/controls/modal_loop.h"
+#include "windows/controls/visual_styles.h"
 #include "windows/render/screen_device.h"
 
 namespace td {
@@ -56,7 +57,7 @@ class DialogFrame {
   static constexpr int kFirstControl = 100;
 
   // Pixels for so many at 96 dots per inch.
-  [[nodiscard]] int Scaled(int pixels) const { return MulDiv(pixels, dotsPerInch_, 96); }
+  [[nodiscard]] int Scaled(int pixels) const { return td::Scaled(pixels, dotsPerInch_); }
   [[nodiscard]] int DotsPerInch() const { return dotsPerInch_; }
   [[nodiscard]] HFONT Font() const { return font_.get(); }
 

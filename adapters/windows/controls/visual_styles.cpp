@@ -2,27 +2,20 @@
 
 #include <memory>
 
+#include "windows/api/modules.h"
+
 // Needs the types of the system.
 #include <commctrl.h>
 
 namespace td {
 namespace {
 
-// The module that this code is linked into, which has the resource too.
-HMODULE ThisModule() {
-  HMODULE module = nullptr;
-  GetModuleHandleExW(
-      GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-      reinterpret_cast<const wchar_t*>(&ThisModule), &module);
-  return module;
-}
-
 // Invalid where the system has no such controls; the old ones do then.
 HANDLE MakeStyles() {
   ACTCTXW wanted{};
   wanted.cbSize = sizeof wanted;
   wanted.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
-  wanted.hModule = ThisModule();
+  wanted.hModule = OwnModule();
   wanted.lpResourceName = MAKEINTRESOURCEW(2);  // ISOLATIONAWARE_MANIFEST_RESOURCE_ID
   return CreateActCtxW(&wanted);
 }
@@ -42,8 +35,7 @@ HANDLE Styles() {
 
 }  // namespace
 
-WindowMaking::WindowMaking()
-    : formerAwareness_(SetThreadDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2)) {
+WindowMaking::WindowMaking() {
   if (Styles() != INVALID_HANDLE_VALUE) ActivateActCtx(Styles(), &styles_);
   constexpr INITCOMMONCONTROLSEX kUsed{sizeof kUsed, ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES};
   InitCommonControlsEx(&kUsed);
@@ -51,7 +43,6 @@ WindowMaking::WindowMaking()
 
 WindowMaking::~WindowMaking() {
   if (styles_ != 0) DeactivateActCtx(0, styles_);
-  if (formerAwareness_ != nullptr) SetThreadDpiAwarenessContext(formerAwareness_);
 }
 
 }  // namespace td

@@ -8,8 +8,10 @@
 #include <optional>
 
 #include "page_document/drawing.h"
+#include "windows/controls/control_making.h"
 #include "windows/controls/modal_loop.h"
 #include "windows/controls/text_fitting.h"
+#include "windows/controls/visual_styles.h"
 
 namespace td {
 namespace {

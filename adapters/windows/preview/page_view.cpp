@@ -8,6 +8,7 @@
 
 #include "preview/sheet_place.h"
 #include "preview/toolbar_buttons.h"
+#include "windows/controls/visual_styles.h"
 #include "windows/render/page_painter.h"
 #include "windows/render/screen_device.h"
 
@@ -28,11 +29,6 @@ COLORREF DeskUnder(int layers) {
   const double light = std::pow(0.9, layers);
   const auto part = [light](int colour) { return static_cast<BYTE>(std::lround(colour * light)); };
   return RGB(part(kDeskRed), part(kDeskGreen), part(kDeskBlue));
-}
-
-void Fill(HDC device, const RECT& box, COLORREF colour) {
-  const BrushOwner brush(CreateSolidBrush(colour));
-  FillRect(device, &box, brush.get());
 }
 
 }  // namespace
@@ -106,10 +102,9 @@ void PageView::FitScrollBars() {
   const int level = GetSystemMetricsForDpi(SM_CYHSCROLL, dpi);
   const double width = page == nullptr ? 0 : page->width * shownScale_;
   const double height = page == nullptr ? 0 : page->height * shownScale_;
-  RECT outer{};
-  GetWindowRect(Handle(), &outer);
-  const int roomX = static_cast<int>(outer.right - outer.left);
-  const int roomY = static_cast<int>(outer.bottom - outer.top);
+  const SIZE outer = OuterSize();
+  const int roomX = static_cast<int>(outer.cx);
+  const int roomY = static_cast<int>(outer.cy);
   bool isLevelNeeded = ScrollEnd(width, roomX, DeskMargin()) > 0;
   const bool isUprightNeeded =
       ScrollEnd(height, roomY - (isLevelNeeded ? level : 0), DeskMargin()) > 0;

@@ -9,11 +9,11 @@
 
 #include "text/page_text.h"
 #include "windows/api/wide_text.h"
+#include "windows/controls/control_making.h"
 #include "windows/controls/text_fitting.h"
 #include "windows/controls/visual_styles.h"
 #include "windows/controls/window_font.h"
 #include "windows/frame_layout.h"
-#include "windows/preview/page_number_dialog.h"
 #include "windows/preview/screen_reader_name.h"
 #include "windows/render/font_table.h"
 
@@ -22,17 +22,6 @@ namespace {
 
 constexpr UINT kActivated = WM_APP;
 constexpr UINT_PTR kFocusTimer = 1;
-
-void AddToolTip(HWND toolTips, HWND control, const char* text) {
-  std::wstring words = ToWide(text);
-  TTTOOLINFOW tool{};
-  tool.cbSize = TTTOOLINFOW_V2_SIZE;  // which every version of the system's controls takes
-  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-  tool.hwnd = GetParent(control);
-  tool.uId = reinterpret_cast<UINT_PTR>(control);
-  tool.lpszText = words.data();
-  SendMessageW(toolTips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-}
 
 // The same font in the family that stands for a name of a stored format.
 FontOwner InFamilyOf(const std::string& name, HFONT font) {
@@ -48,21 +37,25 @@ FontOwner InFamilyOf(const std::string& name, HFONT font) {
   return FontOwner(CreateFontIndirectW(&wanted));
 }
 
-bool IsKeyDown(int key) {
-  return GetKeyState(key) < 0;
+// A window before an owner has no button in the task bar, from which it would come back.
+DWORD StyleBefore(HWND owner) {
+  constexpr DWORD kStyle = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
+  return owner == nullptr ? kStyle : kStyle & ~static_cast<DWORD>(WS_MINIMIZEBOX);
 }
 
 }  // namespace
 
 PreviewWindow::PreviewWindow(PageDocument& document, PreviewEvents events)
-    : Window(kPreviewTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT,
-             OwnerWindow()),
+    : PreviewWindow(document, std::move(events), OwnerWindow()) {}
+
+PreviewWindow::PreviewWindow(PageDocument& document, PreviewEvents events, HWND owner)
+    : Window(kPreviewTitle, StyleBefore(owner), WS_EX_CONTROLPARENT, owner),
       document_(document),
       events_(std::move(events)),
       toolbar_(Handle(),
                [this](std::string_view key) {
                  SetFocus(view_.Handle());
-                 events_.buttonPressed(key);
+                 Press(key);
                }),
       view_(
           document, [this](bool isLarger) { Zoom(isLarger); }, Handle()),
@@ -84,10 +77,7 @@ void PreviewWindow::AddPageText() {
 }
 
 void PreviewWindow::AddToolTips() {
-  const WindowMaking making;
-  toolTips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
-                              WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, Handle(),
-                              nullptr, OwnModule(), nullptr);
+  toolTips_ = MakeToolTips(Handle(), TTS_ALWAYSTIP);
   for (const ToolbarButton& button : kToolbarButtons) {
     AddToolTip(toolTips_, toolbar_.ButtonOf(button.key), button.toolTip);
   }
@@ -121,7 +111,7 @@ SIZE PreviewWindow::PageTextSize() const {
 
 // Large enough for most of a page and for all buttons, and smaller than the monitor.
 void PreviewWindow::UseSensibleSize() {
-  const WindowMaking inPixelsOfTheMonitor;
+  const DpiAwareness inPixelsOfTheMonitor;
   const HWND owner = GetWindow(Handle(), GW_OWNER);
   MONITORINFO monitor{};
   monitor.cbSize = sizeof monitor;
@@ -140,7 +130,7 @@ void PreviewWindow::UseSensibleSize() {
       0, 0,
       std::max(std::min(part(room.right - room.left), Scaled(1100, dotsPerInch_)), forButtons),
       std::min(part(room.bottom - room.top), Scaled(900, dotsPerInch_))};
-  AdjustWindowRectExForDpi(&outer, WS_OVERLAPPEDWINDOW, FALSE, WS_EX_CONTROLPARENT,
+  AdjustWindowRectExForDpi(&outer, StyleBefore(owner), FALSE, WS_EX_CONTROLPARENT,
                            static_cast<UINT>(dotsPerInch_));
   const LONG width = std::min(outer.right - outer.left, room.right - room.left);
   const LONG height = std::min(outer.bottom - outer.top, room.bottom - room.top);
@@ -207,146 +197,13 @@ void PreviewWindow::PutPointer(std::int32_t shape) {
   view_.PutPointer(shape == kWaitingPointer ? IDC_WAIT : IDC_ARROW);
 }
 
-bool PreviewWindow::Takes(MSG& message) {
-  if (message.hwnd != Handle() && IsChild(Handle(), message.hwnd) == FALSE) return false;
-  if (heldInput_.Takes(message)) return true;
-  const bool isWheel = message.message == WM_MOUSEWHEEL || message.message == WM_MOUSEHWHEEL;
-  if (isWheel && message.hwnd != view_.Handle()) {
-    SendMessageW(view_.Handle(), message.message, message.wParam, message.lParam);
-    return true;
-  }
-  if (message.message != WM_KEYDOWN) return false;
-  const auto command = CommandIn(message);
-  if (command) Obey(*command);
-  return command.has_value();
-}
-
-// Space and Enter press the button that has the focus. A key that is held presses nothing again.
-std::optional<KeyCommand> PreviewWindow::CommandIn(const MSG& message) const {
-  constexpr LPARAM kIsRepeated = 1 << 30;
-  if (message.message != WM_KEYDOWN || IsKeyDown(VK_MENU)) return std::nullopt;
-  const PressedKey pressed{message.wParam, IsKeyDown(VK_CONTROL), IsKeyDown(VK_SHIFT)};
-  std::optional<KeyCommand> command = CommandOf(pressed);
-  const std::string_view button = toolbar_.KeyOf(message.hwnd);
-  const bool pressesFocused =
-      !button.empty() && (pressed.key == VK_SPACE || pressed.key == VK_RETURN);
-  if (pressesFocused) command = KeyCommand{KeyAction::kPress, button};
-  const bool isRepeated = (message.lParam & kIsRepeated) != 0;
-  if (command && command->action == KeyAction::kPress && isRepeated) return std::nullopt;
-  return command;
-}
-
-bool PreviewWindow::IsEnabled(const KeyCommand& command) const {
-  switch (command.action) {
-    case KeyAction::kPress:
-      return toolbar_.IsEnabled(command.button);
-    case KeyAction::kZoomIn:
-    case KeyAction::kZoomOut:
-      return toolbar_.IsEnabled("zoom");
-    default:
-      return true;
-  }
-}
-
-void PreviewWindow::Obey(const KeyCommand& command) {
-  switch (command.action) {
-    case KeyAction::kPageForward:
-      return PageForward();
-    case KeyAction::kPageBackward:
-      return PageBackward();
-    case KeyAction::kFirstPage:
-      ShowPage(1);
-      return view_.ScrollTo(PageView::Part::kStart);
-    case KeyAction::kLastPage:
-      ShowPage(document_.PageCount());
-      return view_.ScrollTo(PageView::Part::kEnd);
-    case KeyAction::kPageTop:
-      return view_.ScrollTo(PageView::Part::kStart);
-    case KeyAction::kPageEnd:
-      return view_.ScrollTo(PageView::Part::kEnd);
-    case KeyAction::kLineUp:
-    case KeyAction::kLineDown:
-      return view_.ScrollLine(SB_VERT, command.action == KeyAction::kLineDown);
-    case KeyAction::kLineLeft:
-    case KeyAction::kLineRight:
-      return view_.ScrollLine(SB_HORZ, command.action == KeyAction::kLineRight);
-    case KeyAction::kZoomIn:
-    case KeyAction::kZoomOut:
-      return Zoom(command.action == KeyAction::kZoomIn);
-    case KeyAction::kGoToPage:
-      return GoToPage();
-    case KeyAction::kClose:
-      return events_.closed();
-    case KeyAction::kNextPart:
-    case KeyAction::kPreviousPart:
-      return MoveFocus(command.action == KeyAction::kNextPart);
-    case KeyAction::kPress:
-      return Press(command.button);
-  }
-}
-
-// As a click on the button, which does nothing if it is disabled.
-void PreviewWindow::Press(std::string_view key) {
-  if (toolbar_.IsEnabled(key)) events_.buttonPressed(key);
-}
-
-void PreviewWindow::Zoom(bool isLarger) {
-  for (int presses = PressesToZoom(document_.Zoom(), isLarger); presses > 0; --presses) {
-    Press("zoom");
-  }
-}
-
-void PreviewWindow::PageForward() {
-  if (view_.IsAt(PageView::Part::kEnd)) {
-    Press("nextpage");
-  } else {
-    view_.ScrollPage(true);
-  }
-}
-
-// The page before is then shown from its end.
-void PreviewWindow::PageBackward() {
-  if (!view_.IsAt(PageView::Part::kStart)) {
-    view_.ScrollPage(false);
-    return;
-  }
-  const int number = document_.PreviewPage();
-  Press("previouspage");
-  if (document_.PreviewPage() != number) view_.ScrollTo(PageView::Part::kEnd);
-}
-
-void PreviewWindow::ShowPage(std::int16_t page) {
-  if (page < 1 || page > document_.PageCount()) return;
-  document_.PutPreviewPage(page);
-  PutPageText(PageText(page, document_.PageCount()));
-}
-
-void PreviewWindow::GoToPage() {
-  if (document_.PageCount() == 0) return;
-  if (const auto page = AskForPage(document_.PreviewPage(), document_.PageCount())) {
-    ShowPage(*page);
-  }
-}
-
-// From the page over the buttons to the page text, and round.
-void PreviewWindow::MoveFocus(bool isForward) {
-  std::vector<HWND> parts = {view_.Handle()};
-  for (const HWND button : toolbar_.Buttons()) {
-    if (IsWindowEnabled(button) != FALSE) parts.push_back(button);
-  }
-  parts.push_back(pageText_);
-  const auto found = std::ranges::find(parts, GetFocus());
-  const auto place = found == parts.end() ? 0 : static_cast<std::size_t>(found - parts.begin());
-  const std::size_t step = isForward ? 1 : parts.size() - 1;
-  SetFocus(parts[(place + step) % parts.size()]);
-}
-
 // Called from the message loop, and the window is drawn before a long run begins.
 void PreviewWindow::ReportActivation() {
   if (IsWindowVisible(Handle()) == FALSE) return;
   KillTimer(Handle(), kFocusTimer);
   wasActivated_ = true;
   RedrawWindow(Handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+  const DpiAwareness asTheProgram(programsAwareness_);
   events_.activated();
 }
 

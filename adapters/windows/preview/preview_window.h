@@ -48,6 +48,8 @@ class PreviewWindow : public Window {
   LRESULT Receive(UINT message, WPARAM first, LPARAM second) override;
 
  private:
+  PreviewWindow(PageDocument& document, PreviewEvents events, HWND owner);
+
   void AddPageText();
   void AddToolTips();
   void UseResolution(int dotsPerInch);
@@ -71,7 +73,8 @@ class PreviewWindow : public Window {
   void ReportActivation();
 
   PageDocument& document_;
-  PreviewEvents events_;
+  PreviewEvents events_;  // are called as the program reckons, whose code runs in them
+  DPI_AWARENESS_CONTEXT programsAwareness_ = GetThreadDpiAwarenessContext();
   int dotsPerInch_ = 96;  // of the monitor on which it lies
   FontOwner font_;
   FontOwner pageFont_;

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <memory>
 
+#include "windows/controls/visual_styles.h"
 #include "windows/preview/window.h"
 #include "windows/render/screen_device.h"
 
@@ -19,11 +20,6 @@ constexpr COLORREF kTextLine = RGB(190, 190, 190);
 
 LONG Rounded(double value) {
   return static_cast<LONG>(std::lround(value));
-}
-
-void Fill(HDC device, const RECT& box, COLORREF colour) {
-  const BrushOwner brush(CreateSolidBrush(colour));
-  FillRect(device, &box, brush.get());
 }
 
 void Frame(HDC device, const RECT& box, COLORREF colour, int style) {

@@ -6,7 +6,9 @@
 
 #include "preview/toolbar_icons.h"
 #include "windows/api/wide_text.h"
+#include "windows/controls/control_making.h"
 #include "windows/controls/text_fitting.h"
+#include "windows/controls/visual_styles.h"
 #include "windows/preview/toolbar_icons.h"
 
 namespace td {
@@ -22,11 +24,6 @@ constexpr COLORREF kHovered = RGB(209, 226, 242);
 constexpr COLORREF kPressed = RGB(176, 206, 236);
 constexpr COLORREF kHoveredEdge = RGB(122, 168, 214);
 constexpr COLORREF kSeparatorLine = RGB(190, 190, 190);
-
-void Fill(HDC device, const RECT& box, COLORREF colour) {
-  const BrushOwner brush(CreateSolidBrush(colour));
-  FillRect(device, &box, brush.get());
-}
 
 }  // namespace
 

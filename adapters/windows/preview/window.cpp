@@ -1,12 +1,11 @@
 #include "windows/preview/window.h"
 
 #include "platform/standard_failures.h"
+#include "windows/api/modules.h"
 #include "windows/api/wide_text.h"
 #include "windows/controls/text_fitting.h"
 #include "windows/controls/visual_styles.h"
-
-// Where this module lies in memory, a symbol of the linker's.
-extern "C" const IMAGE_DOS_HEADER __ImageBase;  // NOLINT(bugprone-reserved-identifier)
+#include "windows/render/screen_device.h"
 
 namespace td {
 namespace {
@@ -47,10 +46,6 @@ class WindowClass {
 
 }  // namespace
 
-HINSTANCE OwnModule() {
-  return reinterpret_cast<HINSTANCE>(const_cast<IMAGE_DOS_HEADER*>(&__ImageBase));
-}
-
 Window::~Window() {
   if (handle_ == nullptr) return;
   SetWindowLongPtrW(handle_, GWLP_USERDATA, 0);
@@ -58,9 +53,17 @@ Window::~Window() {
 }
 
 SIZE Window::InnerSize() const {
+  const DpiAwareness inPixelsOfTheMonitor;
   RECT inner{};
   GetClientRect(handle_, &inner);
   return {inner.right, inner.bottom};
+}
+
+SIZE Window::OuterSize() const {
+  const DpiAwareness inPixelsOfTheMonitor;
+  RECT outer{};
+  GetWindowRect(handle_, &outer);
+  return {outer.right - outer.left, outer.bottom - outer.top};
 }
 
 Window::Window(const std::string& title, DWORD style, DWORD extendedStyle, HWND parent) {
@@ -93,12 +96,9 @@ LRESULT CALLBACK Window::Dispatch(HWND handle, UINT message, WPARAM first, LPARA
   return result;
 }
 
-HWND MakeControl(HWND parent, const wchar_t* kind, const std::string& text, DWORD style, int id,
-                 DWORD extendedStyle) {
-  const WindowMaking making;
-  return CreateWindowExW(extendedStyle, kind, ToWide(text).c_str(), WS_CHILD | WS_VISIBLE | style,
-                         0, 0, 0, 0, parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                         OwnModule(), nullptr);
+void Fill(HDC device, const RECT& box, COLORREF colour) {
+  const BrushOwner brush(CreateSolidBrush(colour));
+  FillRect(device, &box, brush.get());
 }
 
 void Place(HWND window, int left, int top, int width, int height) {

@@ -7,9 +7,6 @@
 
 namespace td {
 
-// The module that holds this code: the DLL or the program.
-[[nodiscard]] HINSTANCE OwnModule();
-
 // What a window draws at WM_PAINT.
 class Painting {
  public:
@@ -36,7 +33,9 @@ class Window {
 
   // Null before it is made and when it has gone.
   [[nodiscard]] HWND Handle() const { return handle_; }
+  // In pixels of the monitor, whatever the program's awareness is.
   [[nodiscard]] SIZE InnerSize() const;
+  [[nodiscard]] SIZE OuterSize() const;
 
  protected:
   // `parent` is the owner of a window that is no child. Fails with kOutOfMemory.
@@ -53,18 +52,11 @@ class Window {
   HWND handle_ = nullptr;
 };
 
-// Makes a control of the system's as a visible child; null if that fails.
-[[nodiscard]] HWND MakeControl(HWND parent, const wchar_t* kind, const std::string& text,
-                               DWORD style, int id = 0, DWORD extendedStyle = 0);
+void Fill(HDC device, const RECT& box, COLORREF colour);
 
 void Place(HWND window, int left, int top, int width, int height);
 // Height of a text box with a frame, in which a line of a font stands in the middle.
 [[nodiscard]] int TextBoxHeight(HFONT font, int dotsPerInch);
 void PutTextInto(HWND window, const std::string& text);
-
-// A length in pixels at 96 dots per inch, as it is at a resolution.
-[[nodiscard]] inline int Scaled(int pixels, int dotsPerInch) {
-  return MulDiv(pixels, dotsPerInch, 96);
-}
 
 }  // namespace td

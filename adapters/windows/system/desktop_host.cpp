@@ -11,6 +11,15 @@
 
 namespace td {
 
+// A look at the queue, however it ends, tells the system that the window isn't hung: else it would
+// soon show one that "does not respond" in its place, and offer to end the program. It lets
+// messages of other threads in.
+void DesktopHost::PageCompleted() {
+  if (window_ == nullptr) return;
+  MSG message{};
+  PeekMessageW(&message, window_, WM_APP, WM_APP, PM_NOREMOVE);
+}
+
 void DesktopHost::PrintTo(PageDocument& document, bool withDialog, DocumentOutcome& outcome) {
   PrintChoice choice;
   choice.printer = PrinterOf(document);

@@ -20,6 +20,8 @@ class DesktopHost : public PrintHost {
     PrintHost::PutViewer(std::move(viewer));
   }
 
+  void PageCompleted() override;
+
  protected:
   void PrintTo(PageDocument& document, bool withDialog, DocumentOutcome& outcome) override;
   std::optional<std::string> AskForPageSetup(PageDocument& document) override;

@@ -1,10 +1,9 @@
 #include "windows/system/message_boxes.h"
 
-#include <filesystem>
-
 #include "files/path_text.h"
+#include "windows/api/modules.h"
 #include "windows/api/wide_text.h"
-#include "windows/api/windows_api.h"
+#include "windows/controls/modal_loop.h"
 #include "windows/controls/visual_styles.h"
 
 namespace td {
@@ -35,10 +34,7 @@ bool HasVisibleDesktop() {
 }
 
 std::string ProgramName() {
-  std::wstring file(32'768, L'\0');
-  const DWORD length = GetModuleFileNameW(nullptr, file.data(), static_cast<DWORD>(file.size()));
-  file.resize(length);
-  return TextOf(std::filesystem::path(file).stem());
+  return TextOf(FileOf(nullptr).stem());
 }
 
 bool MessageBoxes::HasDisplay() const {
@@ -47,7 +43,9 @@ bool MessageBoxes::HasDisplay() const {
 
 void MessageBoxes::ShowInBox(const std::string& text, int style) {
   const WindowMaking making;
-  MessageBoxW(GetActiveWindow(), ToWide(text).c_str(), ToWide(ProgramName()).c_str(),
+  const HWND owner = GetActiveWindow();
+  const ModalLoop others(owner);  // a box takes the input of its owner alone
+  MessageBoxW(owner, ToWide(text).c_str(), ToWide(ProgramName()).c_str(),
               MB_OK | MB_TASKMODAL | MB_SETFOREGROUND | IconOf(style));
 }
 

@@ -7,7 +7,7 @@
 
 namespace td {
 
-// A box lies in front of the thread's active window.
+// A box lies in front of the thread's active window, and none of its windows takes input meanwhile.
 class MessageBoxes : public KeptMessages {
  public:
   using KeptMessages::KeptMessages;

@@ -1,7 +1,16 @@
 // The preview window, driven by the messages that a person's input becomes.
+#include <atomic>
+#include <chrono>
+#include <limits>
+#include <thread>
+
 #include "page_document/page_document.h"
 #include "platform/failure.h"
 #include "shown_preview.h"
+#include "windows/controls/visual_styles.h"
+
+// Behind the system's other headers.
+#include <psapi.h>
 
 namespace td {
 namespace {
@@ -76,6 +85,60 @@ TEST_F(Preview, GoesWithTheProgramsWindow) {
   auto program = std::make_unique<ProgramWindow>();
   Show([] {}, {[&] { program.reset(); }});
   EXPECT_EQ(frame_.Window(), nullptr);
+}
+
+bool CanBeMinimized(const PreviewWindow& window) {
+  return (GetWindowLongW(window.Handle(), GWL_STYLE) & WS_MINIMIZEBOX) != 0;
+}
+
+TEST_F(Preview, CanBeMinimizedWhereItHasAButtonInTheTaskBar) {
+  Show([] {}, {[this] { EXPECT_TRUE(CanBeMinimized(Window())); }});
+}
+
+TEST_F(Preview, CannotBeLostByMinimizingItBeforeTheProgramsWindow) {
+  const ProgramWindow program;
+  Show([] {}, {[this] { EXPECT_FALSE(CanBeMinimized(Window())); }});
+}
+
+// The system's own question, by which it finds hung windows, comes as a message of another thread.
+TEST_F(Preview, AnswersTheSystemWhileALongRunGoesOn) {
+  std::atomic<bool> isAnswered = false;
+  std::jthread asking;
+  Show(
+      [&] {
+        const HWND window = Window().Handle();
+        surface_.StartDoc();
+        asking = std::jthread([&, window] {
+          SendMessageW(window, WM_NULL, 0, 0);
+          isAnswered = true;
+        });
+        const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(1);
+        while (!isAnswered && std::chrono::steady_clock::now() < end) {
+          if (surface_.PageCount() == std::numeric_limits<std::int16_t>::max()) surface_.StartDoc();
+          surface_.NewPage();
+        }
+        EXPECT_TRUE(isAnswered);
+        surface_.EndDoc();
+      },
+      {});
+}
+
+// What the program does in a run, it does with its own reckoning of pixels.
+TEST_F(Preview, RunsAsTheProgramReckonsPixels) {
+  const DpiAwareness program(DPI_AWARENESS_CONTEXT_UNAWARE);
+  int runs = 0;
+  const auto expectUnaware = [&runs] {
+    EXPECT_TRUE(AreDpiAwarenessContextsEqual(GetThreadDpiAwarenessContext(),
+                                             DPI_AWARENESS_CONTEXT_UNAWARE));
+    ++runs;
+  };
+  Show(expectUnaware, {[&] {
+                         frame_.Connect({.Load = nullptr,
+                                         .Activate = nullptr,
+                                         .ButtonPressed = [&](auto) { expectUnaware(); }});
+                         PostClick(Button("nextpage"));
+                       },
+                       [] { PostKey('0', true); }, [&] { EXPECT_EQ(runs, 3); }});
 }
 
 TEST_F(Preview, HasItsSevenButtonsInTheirOrder) {
@@ -253,18 +316,32 @@ TEST_F(Preview, ShowsAnEmptyDeskWithoutAPage) {
        }});
 }
 
+SIZE_T PrivateBytes() {
+  PROCESS_MEMORY_COUNTERS_EX counters{};
+  GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters),
+                       sizeof counters);
+  return counters.PrivateUsage;
+}
+
+// A page at this zoom would take some megabytes as a picture.
 TEST_F(Preview, KeepsNothingOfTheOtherPagesHoweverLongTheDocumentIs) {
   constexpr int kPages = 2000;
-  DWORD before = 0;
+  constexpr SIZE_T kFewPictures = 32 << 20;
+  DWORD objectsBefore = 0;
+  SIZE_T bytesBefore = 0;
   const auto objects = [] { return GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS); };
   Show([this] { MakeDocument(kPages); },
-       {[&] { before = objects(); },
+       {[&] {
+          objectsBefore = objects();
+          bytesBefore = PrivateBytes();
+        },
         [&] {
-          for (const int page : {2, 1000, kPages}) {
+          for (int page = 1; page <= kPages; page += 20) {
             surface_.PutPreviewPage(static_cast<std::int16_t>(page));
             UpdateWindow(View().Handle());
           }
-          EXPECT_LE(objects(), before + 2);
+          EXPECT_LE(objects(), objectsBefore + 2);
+          EXPECT_LE(PrivateBytes(), bytesBefore + kFewPictures);
         }});
 }
 

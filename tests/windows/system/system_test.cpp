@@ -141,8 +141,17 @@ TEST_F(WindowsDesktop, AnExportFileThatCantBeWrittenIsAMessageAndTheDocumentPrin
 struct SeenBox {
   bool hasUsersLook = false;
   std::string title;
+  int usableWindows = 0;  // of the program, besides
 };
 SeenBox seenBox;
+
+BOOL CALLBACK CountUsable(HWND window, LPARAM) {
+  const bool isBox = GetDlgItem(window, IDOK) != nullptr;
+  if (!isBox && IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE) {
+    ++seenBox.usableWindows;
+  }
+  return TRUE;
+}
 
 BOOL CALLBACK ConfirmBox(HWND window, LPARAM) {
   if (GetDlgItem(window, IDOK) == nullptr) return TRUE;
@@ -151,7 +160,8 @@ BOOL CALLBACK ConfirmBox(HWND window, LPARAM) {
       GetWindowTextW(window, title.data(), static_cast<int>(title.size()))));
   HANDLE controls = nullptr;  // those of which windows are made now; null: the old ones
   GetCurrentActCtx(&controls);
-  seenBox = {.hasUsersLook = controls != nullptr, .title = FromWide(title)};
+  seenBox = {.hasUsersLook = controls != nullptr, .title = FromWide(title), .usableWindows = 0};
+  EnumThreadWindows(GetCurrentThreadId(), CountUsable, 0);
   if (controls != nullptr) ReleaseActCtx(controls);
   PostMessageW(window, WM_COMMAND, IDOK, 0);
   return FALSE;
@@ -161,12 +171,32 @@ void CALLBACK LookForBox(HWND, UINT, UINT_PTR, DWORD) {
   EnumThreadWindows(GetCurrentThreadId(), ConfirmBox, 0);
 }
 
-TEST(MessageBoxesTest, ABoxHasTheUsersLookInAProgramThatAsksForTheOldOne) {
+void ShowAndConfirmBox() {
   const UINT_PTR timer = SetTimer(nullptr, 0, 20, LookForBox);
   MessageBoxes(MessageMode::kAutomatic).ShowBox("没有表", kInformationIcon);
   KillTimer(nullptr, timer);
+}
+
+TEST(MessageBoxesTest, ABoxHasTheUsersLookInAProgramThatAsksForTheOldOne) {
+  ShowAndConfirmBox();
   EXPECT_EQ(seenBox.title, ProgramName());
   EXPECT_TRUE(seenBox.hasUsersLook);
+}
+
+TEST(MessageBoxesTest, NoWindowOfTheProgramCanBeUsedBeforeABoxIsConfirmed) {
+  const auto make = [] {
+    return CreateWindowExW(0, L"Static", L"the program", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 50, 50,
+                           300, 200, nullptr, nullptr, nullptr, nullptr);
+  };
+  const HWND behind = make();
+  const HWND active = make();
+  SetActiveWindow(active);
+  seenBox.usableWindows = 2;
+  ShowAndConfirmBox();
+  EXPECT_EQ(seenBox.usableWindows, 0);
+  EXPECT_TRUE(IsWindowEnabled(behind) && IsWindowEnabled(active));
+  DestroyWindow(active);
+  DestroyWindow(behind);
 }
 
 TEST(LocalMachineTest, IsAnAddressThatStays) {
