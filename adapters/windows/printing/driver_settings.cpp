@@ -93,16 +93,6 @@ int DriverSettings::PutOptions(const JobOptions& options) {
   DEVMODEW& mode = Changed();
   mode.dmFields |= DM_COLLATE;
   mode.dmCollate = options.collated ? DMCOLLATE_TRUE : DMCOLLATE_FALSE;
-  if (options.sides != Sides::kAsSet) {
-    mode.dmFields |= DM_DUPLEX;
-    mode.dmDuplex = options.sides == Sides::kOne           ? DMDUP_SIMPLEX
-                    : options.sides == Sides::kTwoLongEdge ? DMDUP_VERTICAL
-                                                           : DMDUP_HORIZONTAL;
-  }
-  if (options.tray) {
-    mode.dmFields |= DM_DEFAULTSOURCE;
-    mode.dmDefaultSource = *options.tray;
-  }
   PutCopies(options.copies);
   if (options.copies == 1 || MakesCopies(options)) return 1;
   PutCopies(1);  // or each of those that are sent would be multiplied

@@ -12,17 +12,13 @@
 
 namespace td {
 
-enum class Sides : std::uint8_t { kAsSet, kOne, kTwoLongEdge, kTwoShortEdge };
-
 // How a document is printed; what isn't chosen is as the printer is set.
 struct JobOptions {
   int copies = 1;
   bool collated = true;
-  Sides sides = Sides::kAsSet;
-  std::optional<std::int16_t> tray;  // a number of the driver
-  // What a user has chosen in the dialogs of the system and of the driver, the driver's own choices
-  // included; empty: as the printer is set. What it says of the sheet, the copies and the
-  // orientation doesn't hold.
+  // What a user has chosen in the dialogs of the system and of the driver, the tray, the sides and
+  // the driver's own choices included; empty: as the printer is set. What it says of the sheet, the
+  // copies and the orientation doesn't hold.
   std::vector<std::byte> settings;
 };
 

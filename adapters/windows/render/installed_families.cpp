@@ -31,7 +31,6 @@ int CALLBACK AddFamily(const LOGFONTW* font, const TEXTMETRICW*, DWORD kind, LPA
 int CALLBACK AddStyle(const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM target) {
   auto& family = *reinterpret_cast<InstalledFamily*>(target);  // NOLINT(performance-no-int-to-ptr)
   if (font->lfWeight >= kLightestBold) family.hasBold = true;
-  if (font->lfItalic != 0) family.hasItalic = true;
   return 1;
 }
 

@@ -10,7 +10,6 @@ namespace td {
 struct InstalledFamily {
   std::wstring name;  // as the system spells it
   bool hasBold = false;
-  bool hasItalic = false;
 };
 
 // Read once; sorted by name.

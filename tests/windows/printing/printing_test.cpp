@@ -41,9 +41,31 @@ void ExpectNoComplaint(const std::string& words) {
   ADD_FAILURE() << words;
 }
 
-JobOptions OptionsOf(int copies, bool collated, Sides sides = Sides::kAsSet,
-                     std::optional<std::int16_t> tray = std::nullopt) {
-  return {copies, collated, sides, tray, {}};
+JobOptions OptionsOf(int copies, bool collated) {
+  return {copies, collated, {}};
+}
+
+// What the printer is set to, changed as a user does it in the driver's own dialog.
+template <typename Change>
+JobOptions ChosenInTheDialog(const std::string& printer, const Change& change) {
+  JobOptions options;
+  options.settings = DriverSettings(printer).Bytes();
+  change(*reinterpret_cast<DEVMODEW*>(options.settings.data()));
+  return options;
+}
+
+JobOptions WithSides(const std::string& printer, std::int16_t sides) {
+  return ChosenInTheDialog(printer, [sides](DEVMODEW& mode) {
+    mode.dmFields |= DM_DUPLEX;
+    mode.dmDuplex = sides;
+  });
+}
+
+JobOptions WithTray(const std::string& printer, std::int16_t tray) {
+  return ChosenInTheDialog(printer, [tray](DEVMODEW& mode) {
+    mode.dmFields |= DM_DEFAULTSOURCE;
+    mode.dmDefaultSource = tray;
+  });
 }
 
 TEST(Printers, AreThoseOfTheSystemByTheirExactNames) {
@@ -217,20 +239,23 @@ TEST_F(JobFile, OnASheetThatThePrinterHasNotIsToldOnce) {
             "打印机“QbTd-Fixed”没有 241.0 × 140.0 毫米的纸，印在 209.9 × 297.0 毫米的纸上。");
 }
 
-TEST_F(JobFile, NamesTheTrayAndTheSides) {
-  const Page page = PageOf(210, 297, {Box("甲", 10, 10, 50, 10)});
-  const std::string usual = Printed({page, page}, "QbTd-Office");
-  EXPECT_EQ(CountOf(usual, "*Duplex DuplexNoTumble"), 0U);
-  const std::int16_t second = TrayNamed(L"QbTd-Office", L"Tray 2");
-  const std::string chosen =
-      Printed({page, page}, "QbTd-Office", OptionsOf(1, true, Sides::kTwoLongEdge, second));
-  EXPECT_GT(CountOf(chosen, "*InputSlot Tray2"), 0U);
-  EXPECT_GT(CountOf(chosen, "*Duplex DuplexNoTumble"), 0U);
-  const std::string turned =
-      Printed({page}, "QbTd-Office", OptionsOf(1, true, Sides::kTwoShortEdge));
-  EXPECT_GT(CountOf(turned, "*Duplex DuplexTumble"), 0U);
-  const std::string single = Printed({page}, "QbTd-Office", OptionsOf(1, true, Sides::kOne));
-  EXPECT_EQ(CountOf(single, "*Duplex DuplexTumble") + CountOf(single, "*Duplex DuplexNoTumble"),
+TEST_F(JobFile, KeepsTheTrayAndTheSidesThatWereChosenForAnySheet) {
+  const std::string office = "QbTd-Office";
+  Page across = PageOf(297, 210, {Box("甲", 10, 10, 50, 10)});
+  across.landscape = true;
+  const std::vector<Page> pages = {PageOf(210, 297, {Box("甲", 10, 10, 50, 10)}), across};
+  EXPECT_EQ(CountOf(Printed(pages, office), "*Duplex Duplex"), 0U);
+  const std::string second =
+      Printed(pages, office, WithTray(office, TrayNamed(L"QbTd-Office", L"Tray 2")));
+  EXPECT_EQ(CountOf(second, "*InputSlot Tray2"), CountOf(second, "*PageSize A4"));
+  EXPECT_GT(CountOf(second, "*InputSlot Tray2"), 0U);
+  EXPECT_GT(
+      CountOf(Printed(pages, office, WithSides(office, DMDUP_VERTICAL)), "*Duplex DuplexNoTumble"),
+      0U);
+  EXPECT_GT(
+      CountOf(Printed(pages, office, WithSides(office, DMDUP_HORIZONTAL)), "*Duplex DuplexTumble"),
+      0U);
+  EXPECT_EQ(CountOf(Printed(pages, office, WithSides(office, DMDUP_SIMPLEX)), "*Duplex Duplex"),
             0U);
 }
 
