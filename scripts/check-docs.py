@@ -28,7 +28,7 @@ TWIN_PICTURE = ".zh-CN.png"  # of a window that speaks both languages
 ENGLISH_ONLY = {
     "CHANGELOG.md", "CONTRIBUTING.md", "SECURITY.md",
     *(f"docs/{name}.md" for name in (
-        "architecture", "decisions", "developing", "hardening", "performance", "replay")),
+        "architecture", "decisions", "developing", "hardening", "performance")),
 }
 MAN_PAGES = [("tools/tdprint/tdprint.1", "tools/tdprint/tdprint.zh_CN.1"),
              ("tools/td_replay/td_replay.1", "tools/td_replay/td_replay.zh_CN.1")]

@@ -63,6 +63,8 @@ cmake -S $examples/c -B c >/dev/null
 cmake --build c >/dev/null
 c/print_order sqlite:out/sample.db 21 销售订单三联
 expect 精制食盐 <state/订单.html
+c/order_to_pdf sqlite:out/sample.db 21 "select * from v_sales_order where FInterID=21002" by-c.pdf
+pdftotext by-c.pdf - | expect 要大朵
 
 cmake -S $examples/embed -B embed >/dev/null
 cmake --build embed >/dev/null
@@ -77,6 +79,9 @@ pdftotext again.pdf - | expect 要大朵
 sqlite3 -json out/sample.db "select * from v_sales_order where FInterID=21001" >rows.json
 $examples/python/print_bill.py sqlite:out/sample.db 21 rows.json
 expect XD-2403-0001 <state/订单.html
+# -B: nothing is left behind in the folder of the examples.
+python3 -B $examples/python/bill_to_pdf.py sqlite:out/sample.db 21 rows.json by-python.pdf
+pdftotext by-python.pdf - | expect XD-2403-0001
 NEW_USER
 
 # The servers listen on sockets of the bare system only.

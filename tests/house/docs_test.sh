@@ -52,7 +52,7 @@ plant docs/checking.md '/^<!-- not run: the form of the call -->$/d' "no note sa
 plant docs/checking.zh-CN.md 's/^<!-- exits: 1 -->/<!-- exits: 0 -->/' \
   "the notes differ from those at docs/checking.md"
 plant docs/fonts.md 's/^<!-- run:/<!-- runs:/' "is no note of a block"
-plant docs/recipes.md 's/^(<!-- before: .*)$/\1\n/' "the note isn't followed by a block of code"
+plant docs/print-log.md 's/^(<!-- before: .*)$/\1\n/' "the note isn't followed by a block of code"
 plant tools/tdprint/tdprint.zh_CN.1 's/before: log_of_a_shop/before: log_of_a_bank/' \
   "the notes differ from those at tools/tdprint/tdprint.1"
 plant CHANGELOG.md 's/^## [0-9.]+/## 99.0.0/' "the newest version is 99.0.0"

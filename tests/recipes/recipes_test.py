@@ -13,6 +13,7 @@ import json
 import os
 import pathlib
 import re
+import shlex
 import shutil
 import socket
 import sqlite3
@@ -42,8 +43,8 @@ TWIPS_PER_MM = 1440 / 25.4
 SERVER_PASSWORD = "geheim;}1"  # of tests/odbc/database-servers.sh
 
 
-def run(command, **more):
-    return subprocess.run(command, check=True, cwd=recipes, env=environment(), **more)
+def run(command, cwd=recipes, **more):
+    return subprocess.run(command, check=True, cwd=cwd, env=environment(), **more)
 
 
 def environment():
@@ -57,12 +58,14 @@ def environment():
 def setUpModule():
     shutil.rmtree(work, ignore_errors=True)
     work.mkdir(parents=True)
-    shutil.copytree(source / "examples", work / "examples")
     page = (source / "docs/recipes.md").read_text(encoding="utf-8")
+    page = page.replace("/usr/share/qbtdprinter/examples", shlex.quote(str(source / "examples")))
+    folder = work  # where the page's first commands make that of all others
     for commands in re.findall(r"^```sh\n(.*?)^```", page, re.DOTALL | re.MULTILINE):
-        done = run(["bash", "-euo", "pipefail", "-c", commands], capture_output=True, text=True)
+        done = run(["bash", "-euo", "pipefail", "-c", commands], cwd=folder, capture_output=True, text=True)
         if done.stderr:
             raise AssertionError(f"{commands}\nsays: {done.stderr}")
+        folder = recipes
 
 
 def execute(*statements):

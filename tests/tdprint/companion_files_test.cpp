@@ -1,5 +1,6 @@
-// What is installed beside tdprint: the man page, the completion, the desktop entry. They must not
-// drift apart from the program, whose own help tells what it understands.
+// What is installed beside tdprint: the man page, the completion, the desktop entries, the
+// description. They must not drift apart from the program, whose own help tells what it
+// understands.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -197,6 +198,15 @@ TEST_F(TdprintCompanions, TheDesignersDesktopEntryIsValidAndOpensIt) {
   const std::set<std::string> lines = Lines(ContentOf(kFiles / "tdprint-design.desktop"));
   EXPECT_TRUE(lines.contains("Exec=tdprint design"));
   EXPECT_TRUE(lines.contains("Name[zh_CN]=套打格式设计"));
+}
+
+TEST_F(TdprintCompanions, TheDescriptionForSoftwareCentresIsValidAndLeadsToTheDesktopEntries) {
+  const fs::path description = kFiles / "tdprint.metainfo.xml";
+  const ProgramResult result =
+      Run({"appstreamcli", "validate", "--no-net", "--strict", description});
+  EXPECT_EQ(result.status, 0) << result.out << result.err;
+  EXPECT_EQ(FirstGroups(ContentOf(description), ">([a-z-]+\\.desktop)<"),
+            (Words{"tdprint.desktop", "tdprint-design.desktop"}));
 }
 
 TEST_F(TdprintCompanions, TheDesktopKnowsFilesOfOptionsByTheirName) {
