@@ -65,6 +65,16 @@ BOOL WINAPI EnumPrintersW(DWORD kinds, LPWSTR /*server*/, DWORD level, LPBYTE li
   return TRUE;
 }
 
+HDC WINAPI CreateDCW(LPCWSTR /*system*/, LPCWSTR /*name*/, LPCWSTR /*port*/,
+                     const DEVMODEW* /*mode*/) {
+  return CreateCompatibleDC(nullptr);
+}
+
+int WINAPI StartDocW(HDC /*device*/, const DOCINFOW* /*document*/) {
+  SetLastError(td::ThePrinter().refusal);
+  return 0;
+}
+
 BOOL WINAPI OpenPrinterW(LPWSTR /*name*/, LPHANDLE opened, LPPRINTER_DEFAULTSW defaults) {
   const bool manages =
       defaults != nullptr && (defaults->DesiredAccess & PRINTER_ACCESS_ADMINISTER) != 0;

@@ -31,6 +31,7 @@ struct TestPrinter {
   DEVMODEW settings{};  // as its user has left them
   int mostCopies = 1;   // that the driver makes
   bool collates = false;
+  DWORD refusal = ERROR_ACCESS_DENIED;  // what the system tells of each job
   std::vector<InstalledPrinter> installed;
 };
 
