@@ -1,8 +1,8 @@
 #!/bin/bash
 # Has scripts of Windows create the component by its name and print bills with record sets of their
 # own, and compares what the queue made of the sample with the PDF of the other platform: the same
-# words, each within 0.2 mm. Needs the builds release and windows-x64; runs inside
-# scripts/wine-for-tests.sh.
+# words, each within 0.2 mm, and the same lines, bars and pictures. Needs the builds release and
+# windows-x64; runs inside scripts/wine-for-tests.sh.
 #   scripts/print-under-wine.sh [PRINT…]    names of examples/prints.tsv; without one, all of them
 #
 # QBTD_WINDOWS_BUILD is the folder of the component that prints: build/windows-x64 unless told.

@@ -108,6 +108,24 @@ says XD-2403-0002
 run 1 "${print[@]}" --printer QbTd-Gone
 complains QbTd-Gone
 
+# What killed runs have left goes with a later one; what stands behind a link of such a name, or in
+# it, stays, and so does what none of them makes.
+temporary=$(winepath -u "$(wine cmd /c echo %TEMP% 2>/dev/null | tr -d '\r')")
+readonly leftovers=("$temporary"/tdprint-000000000000000{1,2,3,4})
+rm -rf "${leftovers[@]}"  # of a run of this script that has failed
+mkdir -p "$work/others/picture" "${leftovers[0]}/picture" "${leftovers[2]}" "${leftovers[3]}/kept"
+for file in "$work"/others/{,picture/}mine.jpg "${leftovers[0]}"/{,picture/}goods.jpg \
+  "${leftovers[3]}/kept/mine.jpg"; do echo picture >"$file"; done
+ln -s "$work/others" "${leftovers[1]}"
+ln -s "$work/others/picture" "${leftovers[2]}/picture"
+touch -d '2 hours ago' "$work"/others{/picture,} "${leftovers[@]}"
+run 0 "${print[@]}" --html -
+[ ! -e "${leftovers[0]}" ] || fail "the folder of a killed run is still there"
+is_file "$work/others/mine.jpg"
+is_file "$work/others/picture/mine.jpg"
+is_file "${leftovers[3]}/kept/mine.jpg"
+rm -rf "${leftovers[@]}"
+
 # Formats: checked, carried over, recorded.
 run 1 check --db "$database" --type 21 --format 销售订单三联 --data "$query"
 says "“QbTd-Bill” leaves 6.4 mm there"

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <random>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 #include "files/path_text.h"
@@ -232,7 +233,7 @@ void CreateWholeFile(const fs::path& path, const FileWriter& write) {
   draft.PutUnder(path, 0);
 }
 
-std::string ReadWholeFile(const fs::path& path, std::size_t largest) {
+void ReadInParts(const fs::path& path, const ByteSink& sink) {
   const DWORD attributes = GetFileAttributesW(SystemPath(path).c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) throw LastFileError();
   if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) throw FileError(EISDIR);
@@ -241,14 +242,33 @@ std::string ReadWholeFile(const fs::path& path, std::size_t largest) {
                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!file.IsOpen()) throw LastFileError();
   if (GetFileType(file.Handle()) != FILE_TYPE_DISK) throw FileError(EINVAL);
-  std::string content;
   std::array<char, 65536> part{};
   for (DWORD count = 0;;) {
     Require(ReadFile(file.Handle(), part.data(), static_cast<DWORD>(part.size()), &count, nullptr));
-    if (count == 0) return content;
-    content.append(part.data(), count);
-    if (content.size() > largest) throw FileError(EFBIG);
+    if (count == 0) return;
+    sink({part.data(), count});
   }
+}
+
+std::string ReadWholeFile(const fs::path& path, std::size_t largest) {
+  std::string content;
+  ReadInParts(path, [&](std::string_view bytes) {
+    content += bytes;
+    if (content.size() > largest) throw FileError(EFBIG);
+  });
+  return content;
+}
+
+TemporaryFile::TemporaryFile() {
+  std::error_code error;
+  const fs::path folder = fs::temp_directory_path(error);
+  if (error) throw FileError(error.default_error_condition().value());
+  SweepLeftovers(folder);
+  path_ = folder / RandomName();
+}
+
+TemporaryFile::~TemporaryFile() {
+  DeleteFileW(path_.c_str());
 }
 
 }  // namespace td

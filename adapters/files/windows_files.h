@@ -37,4 +37,23 @@ void CreateWholeFile(const std::filesystem::path& path, const FileWriter& write)
 // The content of a regular file. EINVAL for what is none, EFBIG for more than `largest` bytes.
 [[nodiscard]] std::string ReadWholeFile(const std::filesystem::path& path, std::size_t largest);
 
+// The same of any size, part by part. What `sink` throws goes through.
+void ReadInParts(const std::filesystem::path& path, const ByteSink& sink);
+
+// A name for a file that somebody else makes, in the user's folder for temporary files, where paths
+// are short enough for every program. The file goes with the object; one that is still held then,
+// or whose process was ended, is removed like the others that were left.
+class TemporaryFile {
+ public:
+  TemporaryFile();
+  ~TemporaryFile();
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+  [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
+
+ private:
+  std::filesystem::path path_;
+};
+
 }  // namespace td

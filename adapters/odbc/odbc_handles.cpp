@@ -17,28 +17,6 @@ SQLPOINTER AsPointer(std::uintptr_t number) {
   return reinterpret_cast<SQLPOINTER>(number);  // NOLINT(performance-no-int-to-ptr)
 }
 
-class Environment {
- public:
-  Environment() {
-    SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &handle_);
-    SQLSetEnvAttr(handle_, SQL_ATTR_ODBC_VERSION, AsPointer(SQL_OV_ODBC3), 0);
-  }
-  ~Environment() { SQLFreeHandle(SQL_HANDLE_ENV, handle_); }
-  Environment(const Environment&) = delete;
-  Environment& operator=(const Environment&) = delete;
-
-  [[nodiscard]] SQLHENV Get() const { return handle_; }
-
- private:
-  SQLHENV handle_ = SQL_NULL_HENV;
-};
-
-// Lives as long as the last connection made from it.
-SQLHENV SharedEnvironment() {
-  static const Environment environment;
-  return environment.Get();
-}
-
 std::string WithoutPassword(std::string words, const std::string& password) {
   if (password.empty()) return words;
   for (auto at = words.find(password); at != std::string::npos; at = words.find(password, at + 3)) {
@@ -49,8 +27,38 @@ std::string WithoutPassword(std::string words, const std::string& password) {
 
 }  // namespace
 
-OdbcConnectionHandle::OdbcConnectionHandle(const DriverText& driver) {
-  if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_DBC, SharedEnvironment(), &handle_))) {
+// What the driver manager keeps for all connections.
+class OdbcEnvironment {
+ public:
+  OdbcEnvironment() {
+    SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &handle_);
+    SQLSetEnvAttr(handle_, SQL_ATTR_ODBC_VERSION, AsPointer(SQL_OV_ODBC3), 0);
+  }
+  ~OdbcEnvironment() { SQLFreeHandle(SQL_HANDLE_ENV, handle_); }
+  OdbcEnvironment(const OdbcEnvironment&) = delete;
+  OdbcEnvironment& operator=(const OdbcEnvironment&) = delete;
+
+  [[nodiscard]] SQLHENV Get() const { return handle_; }
+
+ private:
+  SQLHENV handle_ = SQL_NULL_HENV;
+};
+
+namespace {
+
+// Goes with the last connection: when a module is unloaded, Windows lets it call no driver manager.
+std::shared_ptr<const OdbcEnvironment> SharedEnvironment() {
+  static std::weak_ptr<const OdbcEnvironment> shared;
+  auto environment = shared.lock();
+  if (!environment) shared = environment = std::make_shared<const OdbcEnvironment>();
+  return environment;
+}
+
+}  // namespace
+
+OdbcConnectionHandle::OdbcConnectionHandle(const DriverText& driver)
+    : environment_(SharedEnvironment()) {
+  if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_DBC, environment_->Get(), &handle_))) {
     throw DatabaseFailure("驱动管理器没有可用的连接");
   }
   SQLSetConnectAttrW(handle_, SQL_ATTR_LOGIN_TIMEOUT, AsPointer(kLoginSeconds), SQL_IS_UINTEGER);

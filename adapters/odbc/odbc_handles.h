@@ -19,6 +19,8 @@ static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "the driver manager's wide t
   return reinterpret_cast<SQLWCHAR*>(const_cast<char16_t*>(text.data()));
 }
 
+class OdbcEnvironment;
+
 // A connection; disconnects when it dies, which ends an open transaction without effect. A
 // transaction is one of the driver's: drivers commit one that was begun by a statement when a
 // cursor closes.
@@ -43,6 +45,7 @@ class OdbcConnectionHandle {
   [[nodiscard]] bool EndTransaction(SQLSMALLINT completion);
 
  private:
+  std::shared_ptr<const OdbcEnvironment> environment_;
   SQLHDBC handle_ = SQL_NULL_HDBC;
 };
 

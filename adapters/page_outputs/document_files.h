@@ -15,8 +15,7 @@ namespace td {
 // A file is replaced whole or not at all, a pipe or a device receives the bytes as they come: see
 // WriteOutput. Fails with kDeviceIo, with the path and the reason in words.
 //
-// On Windows the system's PDF printer writes it, to a file alone; without one the call fails with
-// kDeviceIo.
+// On Windows the system's PDF printer makes it; without one the call fails with kDeviceIo.
 void WritePdf(const std::vector<Page>& pages, const std::string& path, const std::string& title);
 // Whether this machine can do that.
 [[nodiscard]] bool CanWritePdf();

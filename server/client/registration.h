@@ -24,7 +24,8 @@ struct RegisteredClass {
 // changed the file or when it can't be read.
 [[nodiscard]] std::vector<RegisteredClass> ReadRegistration();
 
-// Replaces the registration. Fails like ReadRegistration, and when others could change a module.
+// Replaces the registration by classes of one module. Fails like ReadRegistration, and when others
+// could change a module.
 void WriteRegistration(const std::vector<RegisteredClass>& classes);
 
 // Removing what isn't there is no failure. On Windows the registration of another file than the

@@ -1,5 +1,6 @@
 // The registration of Windows: for all users of the machine where its writer may do that, else for
 // the user alone.
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <memory>
@@ -205,14 +206,31 @@ std::vector<std::wstring> NamesIn(HKEY scope) {
   }
 }
 
+std::optional<std::wstring> IdIn(HKEY scope, const std::wstring& name) {
+  return ReadText(scope, Joined(Joined(kClasses, name), L"CLSID"));
+}
+
+std::optional<std::wstring> ModuleOf(HKEY scope, const std::wstring& id) {
+  return ReadText(scope, Joined(ClassPath(id), L"InprocServer32"));
+}
+
+bool HasClassOf(HKEY scope, const std::filesystem::path& module) {
+  const auto file = IdOfFile(module);
+  return std::ranges::any_of(NamesIn(scope), [&](const std::wstring& name) {
+    const auto id = IdIn(scope, name);
+    const auto registered = id ? ModuleOf(scope, *id) : std::nullopt;
+    return registered && IdOfFile(*registered) == file;
+  });
+}
+
 // The names stay as long as the component of the other kind, of 32 or 64 bits, is registered. False
 // if the owner had no class there.
 bool RemoveFrom(HKEY scope, const Owner& owner) {
   bool hadClass = false;
   for (const std::wstring& name : NamesIn(scope)) {
-    const auto id = ReadText(scope, Joined(Joined(kClasses, name), L"CLSID"));
+    const auto id = IdIn(scope, name);
     if (id && !id->empty()) {
-      if (!owner.Owns(ReadText(scope, Joined(ClassPath(*id), L"InprocServer32")))) continue;
+      if (!owner.Owns(ModuleOf(scope, *id))) continue;
       if (Remove(scope, ClassPath(*id))) hadClass = true;
     }
     if (!id || !ExistsInOtherView(scope, ClassPath(*id))) Remove(scope, Joined(kClasses, name));
@@ -223,32 +241,41 @@ bool RemoveFrom(HKEY scope, const Owner& owner) {
 
 void WriteTo(HKEY scope, const std::vector<RegisteredClass>& classes) {
   for (const RegisteredClass& one : classes) WriteClass(scope, one);
-  if (!classes.empty()) WriteTypeLibrary(scope, classes.front().module);
+  WriteTypeLibrary(scope, classes.front().module);
+}
+
+// What can't be done to a part of the registry, mostly for want of rights.
+template <class Change>
+std::optional<ResultFailure> FailureOf(const Change& change) {
+  try {
+    change();
+    return std::nullopt;
+  } catch (const ResultFailure& failure) {
+    return failure;
+  }
 }
 
 }  // namespace
 
 void WriteRegistration(const std::vector<RegisteredClass>& classes) {
-  try {
-    WriteTo(HKEY_LOCAL_MACHINE, classes);
-  } catch (const ResultFailure&) {
-    // Mostly for want of rights; what else is wrong shows itself again.
-    WriteTo(HKEY_CURRENT_USER, classes);
+  const std::filesystem::path& module = classes.front().module;
+  const bool wasThere = HasClassOf(HKEY_LOCAL_MACHINE, module);
+  if (!FailureOf([&] { WriteTo(HKEY_LOCAL_MACHINE, classes); })) {
+    // An older one of the user's would hide it.
+    RemoveFrom(HKEY_CURRENT_USER, Owner());
     return;
   }
-  // An older one of the user's would hide it.
-  RemoveFrom(HKEY_CURRENT_USER, Owner());
+  // Half a registration serves nobody; a whole one has got nothing but what it had.
+  if (!wasThere) (void)FailureOf([&] { RemoveFrom(HKEY_LOCAL_MACHINE, Owner(module)); });
+  WriteTo(HKEY_CURRENT_USER, classes);  // what else is wrong shows itself again
 }
 
 // The user's own first: what is registered for the machine may be none of the user's business.
 void RemoveRegistration(const std::filesystem::path& module) {
   const Owner owner(module);
   const bool wasUsers = RemoveFrom(HKEY_CURRENT_USER, owner);
-  try {
-    RemoveFrom(HKEY_LOCAL_MACHINE, owner);
-  } catch (const ResultFailure& failure) {
-    if (!wasUsers || failure.Result() != TD_NO_ACCESS) throw;
-  }
+  const auto failure = FailureOf([&] { RemoveFrom(HKEY_LOCAL_MACHINE, owner); });
+  if (failure && (!wasUsers || failure->Result() != TD_NO_ACCESS)) throw ResultFailure(*failure);
 }
 
 }  // namespace td

@@ -65,7 +65,7 @@ bool IsOfMessage(const SourceText& text) {
   static const std::regex kShown(
       R"(Failure\(|Failure\w* \w+\(|WrongText\(|WrongConnectionText\(|GiveUp\(|Ask\(|ShowBox\()"
       R"(|Complain\(|ComplainInABox\(|CancelPrint\(|WithoutBars\(|runtime_error\(|Check\(created)"
-      R"(|Require\w*\(|WrongFile\(|Fail\(|PutCoordinate\(|kLead|reason = |return \{k|const text = )");
+      R"(|Require\w*\(|WrongFile\(|Fail\(|PutCoordinate\(|kLead|reason = |return \{\w+, |const text = )");
   const bool isSentence = text.text.ends_with("。") || text.text.ends_with("！");
   return isSentence || std::regex_search(text.statement, kShown);
 }

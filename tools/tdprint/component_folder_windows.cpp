@@ -20,6 +20,7 @@ constexpr std::wstring_view kPrefix = L"tdprint-";
 constexpr std::wstring_view kDigits = L"0123456789abcdef";
 constexpr std::size_t kRandomDigits = 16;
 constexpr const wchar_t* kMarkName = L"in-use";
+constexpr const wchar_t* kPictures = L"picture";
 
 std::wstring RandomName() {
   std::random_device random;
@@ -33,6 +34,30 @@ bool IsOfThisKind(const std::wstring& name) {
          name.find_first_not_of(kDigits, kPrefix.size()) == std::wstring::npos;
 }
 
+// A folder itself, and no way to one that lies elsewhere and is somebody else's.
+bool IsFolder(const fs::path& path) {
+  const DWORD attributes = GetFileAttributesW(SystemPath(path).c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 &&
+         (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0;
+}
+
+void RemoveWithFiles(const fs::path& folder) {
+  if (!IsFolder(folder)) return;
+  std::error_code error;
+  for (fs::directory_iterator file(folder, error), end; !error && file != end;
+       file.increment(error)) {
+    DeleteFileW(SystemPath(file->path()).c_str());
+  }
+  RemoveDirectoryW(SystemPath(folder).c_str());
+}
+
+// What no program of this kind makes stays, and the folder with it.
+void Remove(const fs::path& folder) {
+  if (!IsFolder(folder)) return;
+  RemoveWithFiles(folder / kPictures);
+  RemoveWithFiles(folder);
+}
+
 // An old one without the mark of a running program belongs to nobody any more.
 void SweepLeftovers(const fs::path& parent) {
   const auto anHourAgo = fs::file_time_type::clock::now() - std::chrono::hours(1);
@@ -42,7 +67,7 @@ void SweepLeftovers(const fs::path& parent) {
     if (!IsOfThisKind(folder.filename().wstring())) continue;
     std::error_code ignored;
     const bool isOld = entry.last_write_time(ignored) < anHourAgo && !ignored;
-    if (isOld && !fs::exists(folder / kMarkName, ignored)) fs::remove_all(folder, ignored);
+    if (isOld && !fs::exists(folder / kMarkName, ignored)) Remove(folder);
   }
 }
 
@@ -73,7 +98,7 @@ ComponentFolder::ComponentFolder() {
     } while (!fs::create_directory(folder));
     path_ = TextOf(folder);
     mark_ = std::make_unique<Mark>(MarkIn(folder));
-    fs::create_directory(folder / L"picture");
+    fs::create_directory(folder / kPictures);
   } catch (const fs::filesystem_error& failure) {
     throw Failure(kPathNotFound, "no folder for temporary files can be made: " +
                                      ReasonOf(failure.code().default_error_condition().value()));
@@ -85,8 +110,7 @@ ComponentFolder::ComponentFolder() {
 
 ComponentFolder::~ComponentFolder() {
   mark_.reset();
-  std::error_code ignored;
-  fs::remove_all(PathOf(path_), ignored);
+  Remove(PathOf(path_));
 }
 
 }  // namespace td

@@ -42,6 +42,11 @@ std::string Millimetres(const PaperExtent& sheet) {
   return length(sheet.width) + " × " + length(sheet.height);
 }
 
+// In a dialog of the driver's or of the port's.
+bool IsOfCancel(DWORD error) {
+  return error == ERROR_CANCELLED || error == ERROR_PRINT_CANCELLED;
+}
+
 // A job that isn't finished is taken back.
 class Job {
  public:
@@ -64,7 +69,7 @@ class Job {
     if (!file.empty()) info.lpszOutput = file.c_str();
     SetLastError(ERROR_SUCCESS);
     number_ = StartDocW(device_.get(), &info);
-    isCancelled_ = number_ <= 0 && GetLastError() == ERROR_CANCELLED;
+    isCancelled_ = number_ <= 0 && IsOfCancel(GetLastError());
     if (number_ <= 0 && !isCancelled_) throw Refused();
   }
   ~Job() {

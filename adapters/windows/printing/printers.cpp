@@ -17,14 +17,13 @@ namespace td {
 
 namespace {
 
-// What the system tells of all printers, in the structures of a level.
+// What the system tells of all printers of some kinds, in the structures of a level.
 class PrinterList {
  public:
-  explicit PrinterList(DWORD level) {
-    constexpr DWORD kKinds = PRINTER_ENUM_LOCAL | PRINTER_ENUM_CONNECTIONS;
+  PrinterList(DWORD kinds, DWORD level) {
     DWORD size = 0;
     // The list may grow between being measured and being read.
-    while (EnumPrintersW(kKinds, nullptr, level, reinterpret_cast<BYTE*>(list_.data()),
+    while (EnumPrintersW(kinds, nullptr, level, reinterpret_cast<BYTE*>(list_.data()),
                          static_cast<DWORD>(list_.size()), &size, &count_) == FALSE) {
       count_ = 0;
       if (GetLastError() != ERROR_INSUFFICIENT_BUFFER) return;
@@ -70,7 +69,7 @@ std::optional<JobState> StateOf(HANDLE printer, int number) {
 
 std::vector<std::string> PrinterNames() {
   constexpr DWORD kNamesAlone = 4;  // the only level that asks no other machine
-  const PrinterList list(kNamesAlone);
+  const PrinterList list(PRINTER_ENUM_LOCAL | PRINTER_ENUM_CONNECTIONS, kNamesAlone);
   std::vector<std::string> names;
   for (const PRINTER_INFO_4W& printer : list.As<PRINTER_INFO_4W>()) {
     names.push_back(FromWide(printer.pPrinterName));
@@ -78,12 +77,14 @@ std::vector<std::string> PrinterNames() {
   return names;
 }
 
+// What is told of a connected printer is fetched from its server, which may be away.
 std::string PrinterOfDriver(const std::string& driver) {
   constexpr DWORD kWithDrivers = 2;
   const std::wstring wanted = ToWide(driver);
-  const PrinterList list(kWithDrivers);
+  const PrinterList list(PRINTER_ENUM_LOCAL, kWithDrivers);
   for (const PRINTER_INFO_2W& printer : list.As<PRINTER_INFO_2W>()) {
-    if (printer.pDriverName != nullptr && wanted == printer.pDriverName) {
+    if (printer.pDriverName != nullptr &&
+        CompareStringOrdinal(printer.pDriverName, -1, wanted.c_str(), -1, TRUE) == CSTR_EQUAL) {
       return FromWide(printer.pPrinterName);
     }
   }

@@ -8,7 +8,8 @@
 
 namespace td {
 
-// The first printer that a driver serves; empty if there is none.
+// The first printer of this machine that a driver serves, whose name is found in any case; empty if
+// there is none.
 [[nodiscard]] std::string PrinterOfDriver(const std::string& driver);
 
 // True when the jobs have left the printing system; false if it doesn't go on with them for a

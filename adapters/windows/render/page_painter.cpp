@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <map>
+#include <span>
 #include <string_view>
 #include <tuple>
 #include <vector>
@@ -23,6 +25,51 @@ COLORREF ColourOf(const Colour& colour) {
 
 bool IsFirstOfPair(wchar_t unit) {
   return IS_HIGH_SURROGATE(unit);
+}
+
+// Each run of the pixels in a row that are at least half opaque, where it lies on the device; row
+// by row from the top.
+std::vector<RECT> ShownParts(const Pixels& pixels, const RECT& box) {
+  const double stepX = static_cast<double>(box.right - box.left) / pixels.width;
+  const double stepY = static_cast<double>(box.bottom - box.top) / pixels.height;
+  const auto isShown = [](std::uint32_t pixel) { return (pixel >> 24U) >= 0x80; };
+  std::vector<RECT> parts;
+  for (int row = 0; row < pixels.height; ++row) {
+    const auto begin = pixels.data.begin() + std::ptrdiff_t{row} * pixels.width;
+    const auto end = begin + pixels.width;
+    for (auto first = std::find_if(begin, end, isShown); first != end;) {
+      const auto last = std::find_if_not(first, end, isShown);
+      parts.push_back({box.left + Rounded(static_cast<double>(first - begin) * stepX),
+                       box.top + Rounded(row * stepY),
+                       box.left + Rounded(static_cast<double>(last - begin) * stepX),
+                       box.top + Rounded((row + 1) * stepY)});
+      first = std::find_if(last, end, isShown);
+    }
+  }
+  return parts;
+}
+
+// A region takes in another one by being copied, and some systems make one of parts by taking in
+// each of them: so halves of equal size are joined, and few parts are made a region at once.
+RegionOwner RegionOf(std::span<const RECT> parts) {
+  constexpr std::size_t kMostAtOnce = 256;
+  if (parts.size() > kMostAtOnce) {
+    const std::size_t half = parts.size() / 2;
+    RegionOwner whole = RegionOf(parts.first(half));
+    CombineRgn(whole.get(), whole.get(), RegionOf(parts.subspan(half)).get(), RGN_OR);
+    return whole;
+  }
+  struct {
+    RGNDATAHEADER header;
+    std::array<RECT, kMostAtOnce> parts;
+  } data{};
+  data.header.dwSize = sizeof data.header;
+  data.header.iType = RDH_RECTANGLES;
+  data.header.nCount = static_cast<DWORD>(parts.size());
+  data.header.nRgnSize = static_cast<DWORD>(parts.size_bytes());
+  for (const RECT& part : parts) UnionRect(&data.header.rcBound, &data.header.rcBound, &part);
+  std::ranges::copy(parts, data.parts.begin());
+  return RegionOwner(ExtCreateRegion(nullptr, sizeof data, reinterpret_cast<RGNDATA*>(&data)));
 }
 
 class PagePainter {
@@ -305,25 +352,9 @@ class PagePainter {
   // Printers can't mix a picture with what lies below it. So a pixel that is less than half opaque
   // is left out, and any other is mixed with the paper's white.
   void DrawTransparent(const Pixels& pixels, const RECT& box) {
-    const double stepX = static_cast<double>(box.right - box.left) / pixels.width;
-    const double stepY = static_cast<double>(box.bottom - box.top) / pixels.height;
-    const RegionOwner shown(CreateRectRgn(0, 0, 0, 0));
-    for (int row = 0; row < pixels.height; ++row) {
-      const std::uint32_t* line =
-          &pixels.data[static_cast<std::size_t>(row) * static_cast<std::size_t>(pixels.width)];
-      for (int begin = 0; begin < pixels.width;) {
-        const bool isShown = (line[begin] >> 24U) >= 0x80;
-        int end = begin + 1;
-        while (end < pixels.width && ((line[end] >> 24U) >= 0x80) == isShown) ++end;
-        if (isShown) {
-          const RegionOwner run(
-              CreateRectRgn(box.left + Rounded(begin * stepX), box.top + Rounded(row * stepY),
-                            box.left + Rounded(end * stepX), box.top + Rounded((row + 1) * stepY)));
-          CombineRgn(shown.get(), shown.get(), run.get(), RGN_OR);
-        }
-        begin = end;
-      }
-    }
+    const std::vector<RECT> parts = ShownParts(pixels, box);
+    if (parts.empty()) return;
+    const RegionOwner shown = RegionOf(parts);
     std::vector<std::uint32_t> mixed(pixels.data.size());
     std::ranges::transform(pixels.data, mixed.begin(), [](std::uint32_t pixel) {
       const std::uint32_t opacity = pixel >> 24U;

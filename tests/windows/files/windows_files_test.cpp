@@ -192,6 +192,28 @@ TEST(WindowsFiles, OnlyWhatIsOldIsRemovedFarDownToo) {
   EXPECT_NE(GetFileAttributesW(SystemPath(recent).c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
+TEST(WindowsFiles, ATemporaryOneGoesWithItsOwner) {
+  fs::path path;
+  {
+    const TemporaryFile temporary;
+    path = temporary.Path();
+    EXPECT_LT(path.native().size(), std::size_t{MAX_PATH});
+    EXPECT_FALSE(fs::exists(path));
+    Put(path, "x");
+  }
+  EXPECT_FALSE(fs::exists(path));
+}
+
+TEST(WindowsFiles, ATemporaryOneThatAnEndedProcessLeftIsRemovedLater) {
+  const fs::path left = TemporaryFile().Path();
+  Put(left, "half");
+  const TemporaryFile soon;
+  EXPECT_TRUE(fs::exists(left)) << "it may still be in use";
+  fs::last_write_time(left, fs::file_time_type::clock::now() - std::chrono::hours(2));
+  const TemporaryFile later;
+  EXPECT_FALSE(fs::exists(left));
+}
+
 TEST(WindowsFiles, ADeviceReceivesTheBytesAsTheyCome) {
   EXPECT_EQ(WriteTo("NUL", "bytes"), 0);
 }

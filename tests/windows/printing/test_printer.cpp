@@ -31,10 +31,49 @@ int TellForms(WORD capability, LPWSTR output) {
   return static_cast<int>(forms.size());
 }
 
+// Those of servers are told of only where they are asked for.
+std::vector<PRINTER_INFO_2W> InstalledPrinters(bool withThoseOfServers) {
+  std::vector<PRINTER_INFO_2W> told;
+  for (InstalledPrinter& printer : ThePrinter().installed) {
+    if (printer.isOfServer && !withThoseOfServers) continue;
+    told.emplace_back();
+    told.back().pPrinterName = printer.name.data();
+    told.back().pDriverName = printer.driver.data();
+  }
+  return told;
+}
+
 }  // namespace
 }  // namespace td
 
 extern "C" {
+
+BOOL WINAPI EnumPrintersW(DWORD kinds, LPWSTR /*server*/, DWORD level, LPBYTE list, DWORD size,
+                          LPDWORD needed, LPDWORD count) {
+  if (level != 2) {
+    SetLastError(ERROR_INVALID_LEVEL);
+    return FALSE;
+  }
+  const auto told = td::InstalledPrinters((kinds & PRINTER_ENUM_CONNECTIONS) != 0);
+  *needed = static_cast<DWORD>(told.size() * sizeof(PRINTER_INFO_2W));
+  if (size < *needed) {
+    SetLastError(ERROR_INSUFFICIENT_BUFFER);
+    return FALSE;
+  }
+  std::ranges::copy(told, reinterpret_cast<PRINTER_INFO_2W*>(list));
+  *count = static_cast<DWORD>(told.size());
+  return TRUE;
+}
+
+HDC WINAPI CreateDCW(LPCWSTR /*system*/, LPCWSTR /*name*/, LPCWSTR /*port*/,
+                     const DEVMODEW* /*mode*/) {
+  return CreateCompatibleDC(nullptr);
+}
+
+int WINAPI StartDocW(HDC /*device*/, const DOCINFOW* /*document*/) {
+  SetLastError(td::ThePrinter().refusal);
+  return 0;
+}
 
 BOOL WINAPI OpenPrinterW(LPWSTR /*name*/, LPHANDLE opened, LPPRINTER_DEFAULTSW defaults) {
   const bool manages =

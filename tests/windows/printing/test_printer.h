@@ -16,6 +16,12 @@ struct AddedForm {
   RECTL printable{};
 };
 
+struct InstalledPrinter {
+  std::wstring name;
+  std::wstring driver;
+  bool isOfServer = false;
+};
+
 struct TestPrinter {
   std::vector<Form> forms;  // of the driver
   bool mayBeManaged = true;
@@ -25,6 +31,8 @@ struct TestPrinter {
   DEVMODEW settings{};  // as its user has left them
   int mostCopies = 1;   // that the driver makes
   bool collates = false;
+  DWORD refusal = ERROR_ACCESS_DENIED;  // what the system tells of each job
+  std::vector<InstalledPrinter> installed;
 };
 
 // The only one.

@@ -5,12 +5,14 @@
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
 
 #include "files/path_text.h"
 #include "page_outputs/document_files.h"
 #include "platform/failure.h"
 #include "sample_page.h"
 #include "windows/render/image_output.h"
+#include "windows/render/picture_pixels.h"
 #include "windows/render/text_layout.h"
 
 namespace td {
@@ -143,6 +145,29 @@ TEST(PagePicture, WhatLiesBelowShowsThroughAPictureThatIsOpenThere) {
   EXPECT_EQ(at(550, 320), 0xFFFFFFU) << "the paper";
   EXPECT_EQ(at(250, 320), 0U) << "the picture";
   EXPECT_GT(at(250, 400) & 0xFFU, 0x40U) << "the picture's cross on the line";
+}
+
+// Such a picture has as many separate parts as pixels.
+TEST(PagePicture, APictureIsOpenInEachPlaceWhereItIs) {
+  constexpr int kSide = 320;
+  Pixels chequered{kSide, kSide, {}};
+  for (int y = 0; y < kSide; ++y) {
+    for (int x = 0; x < kSide; ++x) chequered.data.push_back((x + y) % 2 == 0 ? 0xFF000000 : 0);
+  }
+  const Pixels page =
+      RenderPage(PageOf(100, 80,
+                        {Placed(std::make_shared<ImagePicture>(ToPng(chequered, 96), kSide, kSide),
+                                20, 30, kSide / 10.0, kSide / 10.0)}),
+                 kDotsPerInch);
+  int wrong = 0;
+  for (int y = 0; y < page.height; ++y) {
+    for (int x = 0; x < page.width; ++x) {
+      const bool isInside = x >= 200 && x < 200 + kSide && y >= 300 && y < 300 + kSide;
+      const bool isDark = IsDark(page.data[static_cast<std::size_t>(y * page.width + x)]);
+      if (isDark != (isInside && (x + y) % 2 == 0)) ++wrong;
+    }
+  }
+  EXPECT_EQ(wrong, 0);
 }
 
 TEST(PagePicture, BarsAreExactAndTheirLineStretchesWithThem) {

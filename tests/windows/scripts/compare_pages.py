@@ -1,21 +1,27 @@
 #!/usr/bin/env python3
-"""Compares two PDF files of one document, made on two platforms: texts and places.
+"""Compares two PDF files of one document, made on two platforms: texts, places and ink.
 
     compare_pages.py FIRST.pdf SECOND.pdf [MILLIMETRES]
 
 Both have the same number of pages, of the same sizes; the same words stand on each; and each word of
 one begins within so many millimetres (0.2) of the same one of the other. What the two files say of a
-font's height may differ; where that matters, the ink of the words decides.
+font's height may differ; where that matters, the ink of the words decides. And whatever ink is on one page,
+of letters, lines, bars and pictures, has some as near on the other.
 """
 
 import collections
 import functools
+import math
 import re
 import subprocess
 import sys
 
 MILLIMETRES_OF_A_POINT = 25.4 / 72
-DOTS_OF_A_MILLIMETRE = 600 / 25.4
+FINE = 600  # dots to an inch, for single words
+DOTS_OF_A_MILLIMETRE = FINE / 25.4
+COARSE = 300  # for whole pages
+INK = 192  # pale pictures, too
+TRACE = 248  # a thin stroke is paler where it falls between two rows of dots
 
 
 def output_of(*command):
@@ -52,9 +58,9 @@ def words_of(path, page):
     return words
 
 
-@functools.cache
-def picture_of(path, page):
-    command = ["pdftoppm", "-r", "600", "-gray", "-f", str(page), "-l", str(page), path]
+@functools.lru_cache(maxsize=4)
+def picture_of(path, page, resolution):
+    command = ["pdftoppm", "-r", str(resolution), "-gray", "-f", str(page), "-l", str(page), path]
     data = subprocess.run(command, check=True, capture_output=True).stdout
     _, size, _, pixels = data.split(b"\n", 3)
     return int(size.split()[0]), pixels
@@ -62,7 +68,7 @@ def picture_of(path, page):
 
 def rows_of_ink(path, page, word):
     """The first and the last row of what is dark where a word stands, in millimetres."""
-    width, pixels = picture_of(path, page)
+    width, pixels = picture_of(path, page, FINE)
     first, last = int(word.x * DOTS_OF_A_MILLIMETRE), int((word.x + word.width) * DOTS_OF_A_MILLIMETRE)
     top = int((word.y - word.height / 2 - 0.2) * DOTS_OF_A_MILLIMETRE)
     bottom = int((word.y + word.height / 2 + 0.2) * DOTS_OF_A_MILLIMETRE)
@@ -79,6 +85,37 @@ def distance(path, word, other_path, others, page, allowed):
         rows = rows_of_ink(path, page, word), rows_of_ink(other_path, page, other)
         height = max(abs(one - two) for one, two in zip(*rows))
     return max(abs(other.x - word.x), height)
+
+
+def rows_of_dots(path, page, lightest):
+    """The rows of a page from the top as numbers, with a bit from the left for each dot that is so dark."""
+    width, pixels = picture_of(path, page, COARSE)
+    digits = pixels.translate(bytes(ord("1" if shade <= lightest else "0") for shade in range(256)))
+    return [int(digits[at : at + width][::-1], 2) for at in range(0, len(digits), width)]
+
+
+def widened(rows, dots):
+    """What is near a dot, too."""
+    for _ in range(dots):
+        rows = [row | row << 1 | row >> 1 for row in rows]
+    for _ in range(dots):
+        rows = [above | row | below for above, row, below in zip([0, *rows], rows, [*rows[1:], 0])]
+    return rows
+
+
+def complaint_of_ink(path, other_path, page, allowed):
+    """What is on a page of one file alone; nothing if all of it is on both."""
+    near = widened(rows_of_dots(other_path, page, TRACE), math.ceil(allowed * COARSE / 25.4))
+    ink = rows_of_dots(path, page, INK)
+    lonely = [(row & ~around, y) for y, (row, around) in enumerate(zip(ink, near)) if row & ~around]
+    if not lonely:
+        return None
+    bits, y = lonely[0]
+    x = (bits & -bits).bit_length() - 1
+    return (
+        f"page {page}: {sum(row.bit_count() for row, _ in lonely)} dots of {path} have nothing near them, "
+        f"the first one is that of {x * 25.4 / COARSE:.1f}, {y * 25.4 / COARSE:.1f} mm"
+    )
 
 
 def main():
@@ -105,6 +142,9 @@ def main():
                 worst = max(worst, way)
                 if way > allowed:
                     complaints.append(f"page {page}: {text} is {way:.3f} mm from {word.x}, {word.y}")
+        for paths in ((first, second), (second, first)):
+            if complaint := complaint_of_ink(*paths, page, allowed):
+                complaints.append(complaint)
     print(f"{len(sizes[0])} pages, at most {worst:.3f} mm apart")
     if complaints:
         sys.exit("\n".join(complaints))

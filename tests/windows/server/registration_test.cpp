@@ -28,6 +28,8 @@ constexpr const wchar_t* kPrinterInterface =
     L"Software\\Classes\\Interface\\{136F0717-EE88-4E14-BE20-17F115F0DCAB}";
 constexpr const wchar_t* kTypeLibrary =
     L"Software\\Classes\\TypeLib\\{FB0C9C6E-63A5-4F1D-9C52-6E3C7E2B5D40}";
+constexpr const wchar_t* kLibraryVersion =
+    L"Software\\Classes\\TypeLib\\{FB0C9C6E-63A5-4F1D-9C52-6E3C7E2B5D40}\\1.0";
 
 std::optional<std::wstring> Text(HKEY scope, const std::wstring& path, const wchar_t* name) {
   std::array<wchar_t, 1024> text{};
@@ -229,6 +231,39 @@ TEST_F(Registration, OfTheUserGoesWhereTheMachinesMayNotBeRemoved) {
     ASSERT_TRUE(Exists(HKEY_CURRENT_USER, kSessionServer));
     EXPECT_EQ(Run("DllUnregisterServer"), S_OK);
     EXPECT_FALSE(Exists(HKEY_CURRENT_USER, kSessionServer));
+  }
+  ExpectIn(HKEY_LOCAL_MACHINE);
+}
+
+// A key of somebody else's at a place that the component's type library has.
+class OthersTypeLibrary {
+ public:
+  OthersTypeLibrary() {
+    HKEY key = nullptr;
+    RegCreateKeyExW(HKEY_LOCAL_MACHINE, kLibraryVersion, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
+                    &key, nullptr);
+    RegCloseKey(key);
+  }
+  ~OthersTypeLibrary() { RegDeleteTreeW(HKEY_LOCAL_MACHINE, kTypeLibrary); }
+  OthersTypeLibrary(const OthersTypeLibrary&) = delete;
+  OthersTypeLibrary& operator=(const OthersTypeLibrary&) = delete;
+};
+
+TEST_F(Registration, ForTheMachineIsNotLeftHalfDone) {
+  const OthersTypeLibrary others;
+  const KeptKey kept(kLibraryVersion);
+  EXPECT_EQ(Run("DllRegisterServer"), S_OK);
+  EXPECT_FALSE(Exists(HKEY_LOCAL_MACHINE, kSessionServer));
+  EXPECT_FALSE(Exists(HKEY_LOCAL_MACHINE, kPrinterName));
+  ExpectIn(HKEY_CURRENT_USER);
+}
+
+TEST_F(Registration, ForTheMachineStaysWholeWhereItCantBeRepeated) {
+  ASSERT_EQ(Run("DllRegisterServer"), S_OK);
+  {
+    const KeptKey kept(kLibraryVersion);
+    EXPECT_EQ(Run("DllRegisterServer"), S_OK);
+    ExpectIn(HKEY_CURRENT_USER);
   }
   ExpectIn(HKEY_LOCAL_MACHINE);
 }
