@@ -73,8 +73,13 @@ install(FILES
   ${PROJECT_BINARY_DIR}/QbTdPrinterConfigVersion.cmake
   DESTINATION ${package_folder})
 
-# The same for programs that are built without CMake.
-list(TRANSFORM libraries PREPEND "-l" OUTPUT_VARIABLE qbtd_linked)
-list(JOIN qbtd_linked " " qbtd_linked)
+# The same for programs that are built without CMake. What is headers alone has no archive.
+set(qbtd_linked)
+foreach(library ${libraries})
+  get_target_property(type ${library} TYPE)
+  if(NOT type STREQUAL INTERFACE_LIBRARY)
+    string(APPEND qbtd_linked " -l${library}")
+  endif()
+endforeach()
 configure_file(cmake/qbtdprinter.pc.in ${PROJECT_BINARY_DIR}/qbtdprinter.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/qbtdprinter.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
