@@ -302,6 +302,16 @@ TEST_F(DocumentProperties, NumbersThatAreNoLengthsAreRefusedAndChangeNothing) {
   EXPECT_EQ(document.PaperSize(), 9);
 }
 
+TEST_F(DocumentProperties, TheHostHearsOfEachPageBehindWhichAnotherBegins) {
+  document.StartDoc();
+  EXPECT_EQ(host.completedPages, 0);
+  document.NewPage();
+  document.NewPage();
+  EXPECT_EQ(host.completedPages, 2);
+  document.EndDoc();
+  EXPECT_EQ(host.completedPages, 2);
+}
+
 TEST_F(DocumentProperties, TheHostHearsOfThePreviewAndThePointer) {
   document.PutZoom(50);
   document.PutPreviewPage(1);

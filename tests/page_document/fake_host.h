@@ -50,6 +50,7 @@ class FakeHost : public DocumentHost {
                     (document.GetState() == PageDocument::State::kClosed ? " closed" : ""));
   }
   void PreviewChanged(PageDocument&) override { ++previewChanges; }
+  void PageCompleted() override { ++completedPages; }
   void PointerChanged(std::int32_t shape) override { pointer = shape; }
   void Complain(const std::string& text) override { complaints.push_back(text); }
 
@@ -61,6 +62,7 @@ class FakeHost : public DocumentHost {
   std::vector<std::string> calls;
   bool confirms = true;
   int previewChanges = 0;
+  int completedPages = 0;
   std::int32_t pointer = 0;
 };
 
